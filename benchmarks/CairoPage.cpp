@@ -1,0 +1,197 @@
+// The peer: the table page on cairo's SVG surface, written to memory. Each call draws what the same call of a
+// surface means; hatches are six repeated tiles, made once for the page.
+#include "TablePage.h"
+
+#include <array>
+#include <memory>
+#include <numbers>
+#include <stdexcept>
+
+#include <cairo-svg.h>
+#include <cairo.h>
+
+namespace {
+
+template <auto destroy>
+struct Release {
+    template <class Resource>
+    void operator()(Resource* resource) const
+    {
+        destroy(resource);
+    }
+};
+using Surface = std::unique_ptr<cairo_surface_t, Release<cairo_surface_destroy>>;
+using Context = std::unique_ptr<cairo_t, Release<cairo_destroy>>;
+using Pattern = std::unique_ptr<cairo_pattern_t, Release<cairo_pattern_destroy>>;
+
+cairo_status_t appendBytes(void* page, const unsigned char* bytes, unsigned int count)
+{
+    static_cast<std::string*>(page)->append(reinterpret_cast<const char*>(bytes), count);
+    return CAIRO_STATUS_SUCCESS;
+}
+
+void setColor(cairo_t* cairo, unsigned long color)
+{
+    const auto part = [color](int shift) {
+        return static_cast<double>(color >> shift & 0xFF) / 255.0;
+    };
+    cairo_set_source_rgb(cairo, part(0), part(8), part(16));
+}
+
+void addPath(cairo_t* cairo, const RECT* rect)
+{
+    cairo_rectangle(cairo, rect->left, rect->top, rect->right - rect->left, rect->bottom - rect->top);
+}
+
+void addPath(cairo_t* cairo, const POINT* points, unsigned int count)
+{
+    for (const POINT* point = points; point != points + count; ++point) {
+        cairo_line_to(cairo, point->x, point->y);
+    }
+}
+
+Pattern makeHatch(std::size_t index)
+{
+    constexpr cairo_rectangle_t extents{0, 0, 9, 9};
+    constexpr int lines[4][4] = {{0, 4, 9, 4}, {4, 0, 4, 9}, {0, 0, 9, 9}, {9, 0, 0, 9}};
+    constexpr bool linesOfHatch[hatchCount][4] = {{true, false, false, false}, {false, true, false, false},
+                                                  {false, false, true, false}, {false, false, false, true},
+                                                  {true, true, false, false},  {false, false, true, true}};
+    const Surface tile(cairo_recording_surface_create(CAIRO_CONTENT_COLOR_ALPHA, &extents));
+    const Context cairo(cairo_create(tile.get()));
+    setColor(cairo.get(), hatchColors[index]);
+    cairo_set_line_width(cairo.get(), 1);
+    for (int line = 0; line < 4; ++line) {
+        if (linesOfHatch[index][line]) {
+            cairo_move_to(cairo.get(), lines[line][0], lines[line][1]);
+            cairo_line_to(cairo.get(), lines[line][2], lines[line][3]);
+        }
+    }
+    cairo_stroke(cairo.get());
+    Pattern pattern(cairo_pattern_create_for_surface(tile.get()));
+    cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_REPEAT);
+    return pattern;
+}
+
+// Stands in for a surface in drawTable.
+class CairoPage {
+public:
+    explicit CairoPage(cairo_t* cairo) : m_cairo(cairo)
+    {
+        cairo_set_line_cap(cairo, CAIRO_LINE_CAP_ROUND);
+        cairo_set_line_join(cairo, CAIRO_LINE_JOIN_ROUND);
+        for (std::size_t index = 0; index < m_hatches.size(); ++index) {
+            m_hatches[index] = makeHatch(index);
+        }
+    }
+
+    void setPen(unsigned long color, int style, int width)
+    {
+        m_penColor = color;
+        cairo_set_line_width(m_cairo, width);
+        const double dashes[] = {3.0 * width, 1.0 * width};
+        cairo_set_dash(m_cairo, dashes, style == dashedPen ? 2 : 0, 0);
+    }
+
+    void setBrush(unsigned long color, int style)
+    {
+        m_brushColor = color;
+        m_brushStyle = style;
+    }
+
+    void drawRectangle(const RECT* rect)
+    {
+        addPath(m_cairo, rect);
+        fillAndStroke();
+    }
+
+    void drawLine(int x1, int y1, int x2, int y2)
+    {
+        cairo_move_to(m_cairo, x1, y1);
+        cairo_line_to(m_cairo, x2, y2);
+        stroke(m_penColor);
+    }
+
+    void drawSolidRectangle(const RECT* rect, unsigned long color)
+    {
+        addPath(m_cairo, rect);
+        setColor(m_cairo, color);
+        cairo_fill(m_cairo);
+    }
+
+    void frameRect(const RECT* rect, unsigned long color)
+    {
+        addPath(m_cairo, rect);
+        stroke(color);
+    }
+
+    void ellipse(const RECT* rect)
+    {
+        const double rx = (rect->right - rect->left) / 2.0;
+        const double ry = (rect->bottom - rect->top) / 2.0;
+        cairo_save(m_cairo);
+        cairo_translate(m_cairo, rect->left + rx, rect->top + ry);
+        cairo_scale(m_cairo, rx, ry);
+        cairo_new_sub_path(m_cairo);
+        cairo_arc(m_cairo, 0, 0, 1, 0, 2 * std::numbers::pi);
+        cairo_close_path(m_cairo);
+        cairo_restore(m_cairo);
+        fillAndStroke();
+    }
+
+    void polygon(const POINT* points, unsigned int count)
+    {
+        addPath(m_cairo, points, count);
+        cairo_close_path(m_cairo);
+        fillAndStroke();
+    }
+
+    void polyline(const POINT* points, unsigned int count)
+    {
+        addPath(m_cairo, points, count);
+        stroke(m_penColor);
+    }
+
+private:
+    void stroke(unsigned long color)
+    {
+        setColor(m_cairo, color);
+        cairo_stroke(m_cairo);
+    }
+
+    void fillAndStroke()
+    {
+        if (m_brushStyle == solidBrush) {
+            setColor(m_cairo, m_brushColor);
+            cairo_fill_preserve(m_cairo);
+        } else if (m_brushStyle >= firstHatch) {
+            cairo_set_source(m_cairo, m_hatches[static_cast<std::size_t>(m_brushStyle - firstHatch)].get());
+            cairo_fill_preserve(m_cairo);
+        }
+        stroke(m_penColor);
+    }
+
+    cairo_t* m_cairo;
+    std::array<Pattern, hatchCount> m_hatches;
+    unsigned long m_penColor = 0;
+    unsigned long m_brushColor = 0;
+    int m_brushStyle = hollowBrush;
+};
+
+} // namespace
+
+void makeCairoPage(int rows, std::string& page)
+{
+    page.clear();
+    const RECT bounds = tableBounds(rows);
+    const Surface surface(
+        cairo_svg_surface_create_for_stream(appendBytes, &page, bounds.right, bounds.bottom));
+    const Context cairo(cairo_create(surface.get()));
+    CairoPage canvas(cairo.get());
+    drawTable(canvas, rows);
+    cairo_surface_finish(surface.get());
+    if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS ||
+        cairo_status(cairo.get()) != CAIRO_STATUS_SUCCESS) {
+        throw std::runtime_error("cairo did not write the page");
+    }
+}

@@ -1,0 +1,221 @@
+// The least that the table page can cost: its bytes, appended piece by piece in the order of the document to
+// one string. There is no surface, no buffer beside the string, and no decision but those on pen and brush.
+// benchmarks.cpp checks that the result is the surface's page byte for byte.
+#include "TablePage.h"
+
+#include <charconv>
+#include <string_view>
+
+namespace {
+
+// More than any row writes, its pattern included.
+constexpr std::size_t roomPerRow = 3000;
+constexpr std::size_t roomForHead = 3000;
+
+struct Rgb {
+    unsigned long color;
+};
+
+// Appends pieces, and stands in for a surface in drawTable.
+class FloorPage {
+public:
+    explicit FloorPage(std::string& page) : m_page(page) {}
+
+    template <class... Pieces>
+    void write(const Pieces&... pieces)
+    {
+        (append(pieces), ...);
+    }
+
+    void setPen(unsigned long color, int style, int width)
+    {
+        m_penColor = color;
+        m_penStyle = style;
+        m_penWidth = width;
+    }
+
+    void setBrush(unsigned long color, int style)
+    {
+        m_brushColor = color;
+        m_brushStyle = style;
+    }
+
+    void drawRectangle(const RECT* rect)
+    {
+        writePlace("<rect", rect);
+        write("'");
+        writeFill();
+        writePen();
+        write(" />\n");
+    }
+
+    void drawLine(int x1, int y1, int x2, int y2)
+    {
+        write("<line x1='", x1, "' y1='", y1, "' x2='", x2, "' y2='", y2, "'");
+        writePen();
+        write(" />\n");
+    }
+
+    void drawSolidRectangle(const RECT* rect, unsigned long color)
+    {
+        writePlace("<use", rect);
+        write("' xlink:href='#SolidRect' fill='", Rgb{color}, "'/>\n");
+    }
+
+    void frameRect(const RECT* rect, unsigned long color)
+    {
+        writePlace("<use", rect);
+        write("' xlink:href='#FrameRect' stroke='", Rgb{color}, "'/>\n");
+    }
+
+    void ellipse(const RECT* rect)
+    {
+        const int rx = (rect->right - rect->left) / 2;
+        const int ry = (rect->bottom - rect->top) / 2;
+        write("<ellipse cx='", rect->left + rx, "' cy='", rect->top + ry, "' rx='", rx, "' ry='", ry, "' ");
+        writeFill();
+        writePen();
+        write(" />\n");
+    }
+
+    void polygon(const POINT* points, unsigned int count)
+    {
+        writePoints("<polygon points='", points, count);
+        writePen();
+        writeFill();
+        write(" />");
+    }
+
+    void polyline(const POINT* points, unsigned int count)
+    {
+        writePoints("<polyline points='", points, count);
+        writePen();
+        write(" />");
+    }
+
+private:
+    void append(std::string_view literal) { m_page.append(literal); }
+
+    void append(int number)
+    {
+        char digits[12];
+        m_page.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
+    }
+
+    void append(Rgb rgb)
+    {
+        const auto part = [rgb](int shift) {
+            return static_cast<int>(rgb.color >> shift & 0xFF);
+        };
+        write("rgb(", part(0), ",", part(8), ",", part(16), ")");
+    }
+
+    void writePlace(std::string_view tag, const RECT* rect)
+    {
+        write(tag, " x='", rect->left, "' y='", rect->top, "' width='", rect->right - rect->left,
+              "' height='", rect->bottom - rect->top);
+    }
+
+    void writePoints(std::string_view head, const POINT* points, unsigned int count)
+    {
+        write(head);
+        for (const POINT* point = points; point != points + count; ++point) {
+            write(point->x, ",", point->y, " ");
+        }
+        write("'");
+    }
+
+    void writePen()
+    {
+        write(" tovo:penStyle='", m_penStyle, "' ", " stroke='", Rgb{m_penColor}, "' stroke-width='",
+              m_penWidth, "' ");
+        if (m_penStyle == dashedPen) {
+            write("stroke-dasharray='", 3 * m_penWidth, ",", m_penWidth, "' ");
+        } else {
+            write("stroke-linecap='round' ", "stroke-linejoin='round' ");
+        }
+    }
+
+    void writeFill()
+    {
+        if (m_brushStyle == solidBrush) {
+            write(" fill='", Rgb{m_brushColor}, "' ");
+        } else if (m_brushStyle == hollowBrush) {
+            write(" fill='none' ");
+        } else {
+            write(" fill='url(#pattern", ++m_patternsUsed, ")' ");
+        }
+    }
+
+    std::string& m_page;
+    unsigned long m_penColor = 0;
+    int m_penStyle = solidPen;
+    int m_penWidth = 1;
+    unsigned long m_brushColor = 0;
+    int m_brushStyle = hollowBrush;
+    int m_patternsUsed = 0;
+};
+
+constexpr std::string_view hatchNames[hatchCount] = {"HatchHorizontal", "HatchVertical", "HatchFDiagonal",
+                                                     "HatchBDiagonal",  "HatchCross",    "HatchDiagCross"};
+
+constexpr std::string_view headBeforeSizes = "<?xml version='1.0' encoding='UTF-8' standalone='no'?>\n"
+                                             "<!DOCTYPE svg PUBLIC '-//W3C//DTD SVG 20010904//EN' "
+                                             "'http://www.w3.org/TR/2001/REC-SVG-20010904/DTD/svg10.dtd'>\n"
+                                             "<!-- Created by Tovo " SURFACE_VERSION " -->\n\n";
+
+constexpr std::string_view namespaces = "xmlns='http://www.w3.org/2000/svg' "
+                                        "xmlns:xlink='http://www.w3.org/1999/xlink' "
+                                        "xmlns:tovo='urn:tovo:surface'";
+
+constexpr std::string_view symbols =
+    "\t<symbol id='FrameRect'><rect x='0' y='0' width='100%' height='100%' fill='none' stroke-width='1'/>"
+    "</symbol>\n"
+    "\t<symbol id='SolidRect'><rect x='0' y='0' width='100%' height='100%'/></symbol>\n";
+
+// In the order of hatchNames.
+constexpr std::string_view hatchLines[hatchCount] = {
+    "\t<line x1='0' y1='4' x2='9' y2='4'/>",
+    "\t<line x1='4' y1='0' x2='4' y2='9'/>",
+    "\t<line x1='0' y1='0' x2='9' y2='9'/>",
+    "\t<line x1='9' y1='0' x2='0' y2='9'/>",
+    "\t<line x1='0' y1='4' x2='9' y2='4'/>\t<line x1='4' y1='0' x2='4' y2='9'/>",
+    "\t<line x1='0' y1='0' x2='9' y2='9'/>\t<line x1='9' y1='0' x2='0' y2='9'/>",
+};
+
+void writeHead(FloorPage& out, int rows)
+{
+    constexpr RECT paper = pageMillimetres;
+    const RECT bounds = tableBounds(rows);
+    out.write(headBeforeSizes, "<svg width='", paper.right, "mm' height='", paper.bottom, "mm' viewBox='0 0 ",
+              bounds.right, " ", bounds.bottom, "' ", namespaces, ">\n\n");
+}
+
+void writeDefinitions(FloorPage& out, int rows)
+{
+    out.write("<defs>\n");
+    for (int row = 0; row < rows; ++row) {
+        out.write("<pattern id='pattern", row + 1, "' stroke='", Rgb{hatchColor(row)}, "' xlink:href='#",
+                  hatchNames[row % hatchCount], "'></pattern>\n");
+    }
+    out.write("\n", symbols);
+    for (int hatch = 0; hatch < hatchCount; ++hatch) {
+        out.write("<pattern id='", hatchNames[hatch],
+                  "' patternUnits='userSpaceOnUse' x='0' y='0' width='9' height='9' stroke-width='1'>\n",
+                  hatchLines[hatch], "\n</pattern>\n");
+    }
+    out.write("</defs>\n\n");
+}
+
+} // namespace
+
+void makeFloorPage(int rows, std::string& page)
+{
+    page.clear();
+    page.reserve(roomForHead + static_cast<std::size_t>(rows) * roomPerRow);
+    FloorPage out(page);
+    writeHead(out, rows);
+    writeDefinitions(out, rows);
+    drawTable(out, rows);
+    out.write("</svg>\n\n");
+}

@@ -1,0 +1,19 @@
+# What every target of the project is compiled with.
+add_library(surface_settings INTERFACE)
+target_compile_features(surface_settings INTERFACE cxx_std_20)
+target_compile_options(surface_settings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Werror)
+
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+if(SURFACE_SANITIZE)
+    # float-cast-overflow is no part of "undefined": a page's numbers reach such casts, so it is named.
+    set(sanitizers address,undefined,float-cast-overflow)
+    target_compile_options(surface_settings INTERFACE
+        -fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(surface_settings INTERFACE -fsanitize=${sanitizers})
+endif()

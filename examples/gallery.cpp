@@ -1,0 +1,99 @@
+// The gallery's HTML; see gallery.h. Its texts are the program's own, so nothing in them needs escaping.
+#include "gallery.h"
+
+#include <fstream>
+#include <ostream>
+
+#include "reportPages.h"
+
+namespace {
+
+constexpr const char* head = R"(<!DOCTYPE html>
+<html lang="en">
+<head>
+<meta charset="utf-8">
+<meta name="viewport" content="width=device-width, initial-scale=1">
+<title>surface: an energy report, drawn and replayed</title>
+<style>
+:root { color-scheme: light dark; --text: #23334a; --soft: #5d6b7e; --ground: #f2f5f8; --card: #fff;
+        --line: #d5dce4; --good: #1d7a4b; --bad: #b3261e; }
+@media (prefers-color-scheme: dark) {
+  :root { --text: #e3e9f0; --soft: #9dabbc; --ground: #14191f; --card: #1d242c; --line: #35404c;
+          --good: #6fd3a0; --bad: #ff9a90; }
+}
+body { margin: 0 auto; max-width: 84rem; padding: 2rem 1.25rem 4rem; background: var(--ground);
+       color: var(--text); font: 1rem/1.55 system-ui, sans-serif; }
+h1 { margin: 0; font-size: 1.7rem; }
+h2 { margin: 0; font-size: 1.2rem; }
+p { margin: .3rem 0 0; max-width: 62rem; color: var(--soft); }
+section { margin-top: 1.75rem; padding: 1.25rem; background: var(--card); border: 1px solid var(--line);
+          border-radius: .6rem; }
+.columns { display: grid; grid-template-columns: repeat(auto-fit, minmax(20rem, 1fr)); gap: 1.25rem;
+           margin-top: 1rem; }
+figure { margin: 0; }
+/* The pages have no ground of their own: they are printed on paper. */
+figure img { display: block; width: 100%; aspect-ratio: 210 / 297; background: #fff;
+             border: 1px solid var(--line); }
+figcaption { display: flex; flex-wrap: wrap; gap: .1rem .9rem; margin-top: .5rem; color: var(--soft);
+             font-size: .9rem; }
+figcaption b { color: var(--text); }
+.verdict { font-weight: 600; color: var(--good); }
+.verdict.differs { color: var(--bad); }
+a { color: inherit; }
+</style>
+</head>
+<body>
+<h1>An energy report, drawn and replayed</h1>
+<p>Each page was drawn through <code>CSurface</code>, stored as bytes, and played from those bytes on a second
+surface. Both pages were then played once more on a surface that only writes down its calls, and the two lists
+were compared.</p>
+)";
+
+constexpr const char* foot = R"(<section>
+<h2>What a viewer shows differently</h2>
+<p>Hatch fills look empty here. A fill refers to a small pattern that holds only the colour, and that one refers
+to a hatch pattern that all colours share; viewers do not let the lines of the shared pattern inherit the colour
+from the pattern that refers to it. Bars with a hatch therefore stand on a light ground of their own.</p>
+<p>Polylines look filled, and black: the page gives them no fill, and black is the fill that a viewer then
+takes.</p>
+<p>Both are part of the page format, which stands: the pages are made to be played, and a player gives the
+hatches and open lines back as they were drawn.</p>
+</section>
+</body>
+</html>
+)";
+
+void writeFigure(std::ostream& out, const GalleryEntry& entry, const GalleryFigure& figure)
+{
+    const std::string svg = fileOf(*entry.page, *figure.column, ".svg");
+    const std::string png = fileOf(*entry.page, *figure.column, ".png");
+    out << "<figure>\n<a href=\"" << svg << "\"><img src=\"" << svg << "\" alt=\"" << entry.page->title
+        << ": " << figure.column->title << "\"></a>\n<figcaption><b>" << figure.column->title << "</b><span>"
+        << figure.bytes << " bytes</span><span>" << figure.calls << " calls</span><a href=\"" << png
+        << "\">PNG</a></figcaption>\n</figure>\n";
+}
+
+} // namespace
+
+std::string fileOf(const ReportPage& page, const GalleryColumn& column, const char* extension)
+{
+    return std::string(page.name) + column.suffix + extension;
+}
+
+bool writeGallery(const std::filesystem::path& file, const std::vector<GalleryEntry>& entries)
+{
+    std::ofstream out(file);
+    out << head;
+    for (const GalleryEntry& entry : entries) {
+        out << "<section>\n<h2>" << entry.page->title << "</h2>\n<p>" << entry.page->caption
+            << "</p>\n<p class=\"verdict" << (entry.agrees ? "" : " differs") << "\">" << entry.verdict
+            << "</p>\n<div class=\"columns\">\n";
+        for (const GalleryFigure& figure : entry.figures) {
+            writeFigure(out, entry, figure);
+        }
+        out << "</div>\n</section>\n";
+    }
+    out << foot;
+    out.close();
+    return out.good();
+}

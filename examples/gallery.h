@@ -1,0 +1,36 @@
+// The demo's gallery: one HTML file that shows the pages themselves, a column for each way they were made.
+//
+// Called by the run (report.cpp) when all pages are there. The file refers to the pages by their names and to
+// nothing outside its folder.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+struct ReportPage;
+
+// A way to make a page: the heading of its column, and what stands between page name and extension.
+struct GalleryColumn {
+    const char* title;
+    const char* suffix;
+};
+
+struct GalleryFigure {
+    const GalleryColumn* column;
+    std::size_t bytes;
+    std::size_t calls; // that a player makes of the page
+};
+
+struct GalleryEntry {
+    const ReportPage* page;
+    std::vector<GalleryFigure> figures;
+    bool agrees;
+    std::string verdict; // in words, plain text
+};
+
+std::string fileOf(const ReportPage& page, const GalleryColumn& column, const char* extension);
+
+// False when the file could not be written.
+bool writeGallery(const std::filesystem::path& file, const std::vector<GalleryEntry>& entries);

@@ -1,0 +1,146 @@
+// The report's pages of groups: transforms alone, then clips, and fonts, clips and transforms nested.
+//
+// Groups open in the order font, clip, transform and close in the opposite one, so that each end closes what
+// it means to close. The pages of plain drawing stand in reportPages.cpp.
+#include <cmath>
+#include <iterator>
+#include <numbers>
+
+#include "chartParts.h"
+#include "energyFigures.h"
+#include "reportPages.h"
+
+namespace {
+
+void turnAbout(CSurface& surface, POINT centre, double degrees)
+{
+    const double angle = degrees * std::numbers::pi / 180;
+    const float cosine = static_cast<float>(std::cos(angle));
+    const float sine = static_cast<float>(std::sin(angle));
+    surface.setTransform(cosine, sine, -sine, cosine, static_cast<float>(centre.x),
+                         static_cast<float>(centre.y));
+}
+
+// One rounded bar a month, each drawn upright and turned to its place on the dial.
+void drawMonthDial(CSurface& surface, POINT centre)
+{
+    surface.setBrush(0, HollowBrush);
+    surface.setPen(rule, DotPen, 1);
+    for (int radius = 70; radius <= 220; radius += 50) {
+        RECT circle = around(centre, radius);
+        surface.ellipse(&circle);
+    }
+    for (int month = 0; month < monthCount; ++month) {
+        turnAbout(surface, centre, 30.0 * month);
+        int inner = -70;
+        for (const EnergyUse& use : energyUses) {
+            const int outer = inner - use.month[month] / 3;
+            fillBox(surface, {-12, outer, 12, inner}, use.colour);
+            inner = outer;
+        }
+        RECT whole = {-15, inner - 3, 15, -67};
+        surface.setPen(ink, SolidPen, 1);
+        surface.setBrush(0, HollowBrush);
+        surface.drawRoundedRectangle(&whole, 5, 5);
+    }
+    surface.clearTransform();
+    drawDot(surface, centre, 40, accent);
+}
+
+// A column of three faces: each face is a rectangle, sheared by its own transform.
+void drawColumn(CSurface& surface, POINT foot, int height, unsigned long colour)
+{
+    constexpr int width = 40;
+    struct Face {
+        float m11, m12, m21, m22;
+        RECT box;
+        unsigned long colour;
+    };
+    const Face faces[] = {
+        {0.87F, 0.5F, 0, 1, {-width, 0, 0, height}, colour},
+        {0.87F, -0.5F, 0, 1, {0, 0, width, height}, tint(colour, 25)},
+        {0.87F, -0.5F, -0.87F, -0.5F, {0, 0, width, width}, tint(colour, 55)},
+    };
+    for (Face face : faces) {
+        surface.setTransform(face.m11, face.m12, face.m21, face.m22, static_cast<float>(foot.x),
+                             static_cast<float>(foot.y - height));
+        surface.setPen(white, SolidPen, 1);
+        surface.setBrush(face.colour, SolidBrush);
+        surface.drawRectangle(&face.box);
+    }
+    surface.clearTransform();
+}
+
+void drawDayCurves(CSurface& surface, const Plot& plot)
+{
+    drawAxes(surface, plot, 7);
+    surface.setPen(accent, SolidPen, 2);
+    drawCurve(surface, plot.curve(summerDay, hourCount));
+    surface.setPen(energyUses[2].colour, SolidPen, 2);
+    drawCurve(surface, plot.curve(winterDay, hourCount));
+    surface.setPen(warning, DashDotPen, 1);
+    surface.drawLine(plot.area.left, plot.y(contractedLoad), plot.area.right, plot.y(contractedLoad));
+}
+
+// The same curves twice: as a whole, and three times enlarged behind a clip that shows the framed detail.
+void drawDetail(CSurface& surface)
+{
+    constexpr RECT detail = {178, 778, 278, 858};
+    RECT window = {427, 784, 727, 1024};
+    const Plot plot = {{72, 748, 367, 1040}, hourCount - 1, 700};
+    drawPanel(surface, {48, 724, 387, 1064});
+    drawDayCurves(surface, plot);
+    RECT frame = detail;
+    surface.setPen(ink, DotPen, 1);
+    surface.setBrush(0, HollowBrush);
+    surface.drawRectangle(&frame);
+
+    drawPanel(surface, {407, 724, 746, 1064});
+    surface.setClippingRegion(&window);
+    surface.setTransform(3, 0, 0, 3, static_cast<float>(window.left - 3 * detail.left),
+                         static_cast<float>(window.top - 3 * detail.top));
+    drawDayCurves(surface, plot);
+    surface.clearTransform();
+    surface.drawFocusRect(&window);
+    surface.setClippingRegion(nullptr);
+}
+
+// A whole page in a tile. The font shows only in the page's groups: nothing here writes text.
+void drawMiniature(CSurface& surface, RECT tile, double scale, double degrees, void (*page)(CSurface&))
+{
+    surface.setClippingRegion(&tile);
+    turnAbout(surface, {tile.left, tile.top}, degrees, scale);
+    page(surface);
+    surface.clearTransform();
+    surface.setClippingRegion(nullptr);
+    surface.setPen(ink, SolidPen | MiterJoin, 1);
+    surface.setBrush(0, HollowBrush);
+    surface.drawRectangle(&tile);
+}
+
+} // namespace
+
+void drawGroups(CSurface& surface)
+{
+    drawFurniture(surface, 4, static_cast<int>(reportPages().size()));
+    drawPanel(surface, {48, 84, 387, 704});
+    drawMonthDial(surface, {217, 394});
+    drawPanel(surface, {407, 84, 746, 704});
+    for (int use = 0; use < useCount; ++use) {
+        drawColumn(surface, {124 + use * 109, 1010}, yearOf(energyUses[use]) / 4, energyUses[use].colour);
+    }
+    drawDetail(surface);
+}
+
+void drawSheet(CSurface& surface)
+{
+    drawFurniture(surface, 5, static_cast<int>(reportPages().size()));
+    char upperFace[] = "Arial";
+    char lowerFace[] = "Courier";
+    surface.setFont(upperFace, 10, true, false, false, false);
+    drawMiniature(surface, {48, 84, 382, 556}, 0.42, 0, drawOverview);
+    drawMiniature(surface, {412, 84, 746, 556}, 0.42, 0, drawShares);
+    surface.setFont(lowerFace, 8.5F, false, true, false, true);
+    drawMiniature(surface, {48, 592, 382, 1064}, 0.42, 0, drawCurves);
+    drawMiniature(surface, {412, 592, 746, 1064}, 0.8, -24, drawShares);
+}

@@ -1,0 +1,302 @@
+// The report's pages of plain drawing: overview, shares and load curves.
+//
+// Pages of clips and transforms stand in reportGroupPages.cpp, the parts of both in chartParts.h.
+#include "reportPages.h"
+
+#include <algorithm>
+
+#include "chartParts.h"
+#include "energyFigures.h"
+
+namespace {
+
+constexpr ReportPage pages[] = {
+    {"overview", "The year at a glance",
+     "Shares of four uses, the months in a table with bars in its cells, and each use against the year "
+     "before (grey) and its target (red). The bars carry the six hatches over a light ground.",
+     drawOverview},
+    {"shares", "Shares, levels and gauges",
+     "The year by use as pie and ring, the months as sectors of a rose, gauges made of arcs, and storage "
+     "tanks filled to a chord.",
+     drawShares},
+    {"curves", "Load curves and pens",
+     "A winter and a summer day against the contracted load; every line style, end cap and join; and the "
+     "months of each use as a polyline.",
+     drawCurves},
+    {"groups", "Turned, sheared, enlarged",
+     "Months turned round a centre, columns of three sheared faces, and a detail enlarged behind a clip.",
+     drawGroups},
+    {"sheet", "Contact sheet",
+     "Whole pages drawn once more, each nested in a font, a clip and a transform. The last one is turned and "
+     "leaves its clip on all sides.",
+     drawSheet},
+};
+
+void drawShareTile(CSurface& surface, int left, const EnergyUse& use)
+{
+    drawPanel(surface, {left, 84, left + 164, 176});
+    fillBox(surface, {left + 12, 84, left + 152, 87}, use.colour);
+
+    const POINT centre = {left + 40, 132};
+    RECT ring = around(centre, 22);
+    surface.setBrush(0, HollowBrush);
+    surface.setPen(rule, SolidPen, 8);
+    surface.ellipse(&ring);
+    surface.setPen(use.colour, SolidPen | FlatCap, 8);
+    drawSweep(surface, centre, 22, 90, 360.0 * yearOf(use) / siteYear());
+
+    const Plot spark = {{left + 78, 108, left + 150, 156},
+                        monthCount - 1,
+                        *std::max_element(std::begin(use.month), std::end(use.month))};
+    const std::vector<POINT> points = spark.curve(use.month, monthCount);
+    surface.setPen(rule, SolidPen, 1);
+    surface.drawLine(spark.area.left, spark.area.bottom, spark.area.right, spark.area.bottom);
+    surface.setPen(use.colour, SolidPen, 2);
+    drawCurve(surface, points);
+    drawDot(surface, points.back(), 4, use.colour);
+}
+
+void drawMonthTable(CSurface& surface)
+{
+    constexpr RECT frame = {48, 196, 746, 508};
+    constexpr int rowHeight = 24;
+    constexpr int firstColumn = 62;
+    constexpr int columnWidth = 91;
+    fillBox(surface, frame, white);
+    fillBox(surface, {frame.left, frame.top, frame.right, frame.top + rowHeight}, tint(ink, 20));
+    for (int month = 0; month < monthCount; ++month) {
+        const int top = frame.top + rowHeight * (month + 1);
+        const auto cell = [&](int column, int length, unsigned long colour) {
+            const int left = frame.left + firstColumn + columnWidth * column + 7;
+            fillBox(surface, {left, top + 7, left + 1 + length, top + 17}, colour);
+        };
+        drawDot(surface, {frame.left + 31, top + 12}, 3 + siteIn(month) / 80, accent);
+        for (int use = 0; use < useCount; ++use) {
+            cell(use, energyUses[use].month[month] * 76 / 212, energyUses[use].colour);
+        }
+        cell(useCount, siteIn(month) * 76 / 450, ink);
+    }
+    surface.setPen(rule, SolidPen | FlatCap, 1);
+    for (int row = 1; row <= monthCount; ++row) {
+        const int y = frame.top + rowHeight * row;
+        surface.drawLine(frame.left, y, frame.right, y);
+    }
+    for (int column = 0; column <= useCount; ++column) {
+        const int x = frame.left + firstColumn + columnWidth * column;
+        surface.drawLine(x, frame.top, x, frame.bottom);
+    }
+}
+
+void drawUseBars(CSurface& surface)
+{
+    drawPanel(surface, {48, 528, 746, 1064});
+    const Plot plot = {{84, 556, 722, 996}, useCount, 1400};
+    drawAxes(surface, plot, 7);
+    for (int i = 0; i < useCount; ++i) {
+        const EnergyUse& use = energyUses[i];
+        const int left = plot.x(i);
+        fillBox(surface, {left + 16, plot.y(use.yearBefore), left + 44, plot.area.bottom}, rule);
+        RECT bar = {left + 48, plot.y(yearOf(use)), left + 88, plot.area.bottom};
+        fillBox(surface, bar, tint(use.colour, 55));
+        surface.setPen(use.colour, SolidPen | MiterJoin, 2);
+        surface.setBrush(use.colour, use.hatch);
+        surface.drawRectangle(&bar);
+
+        surface.setPen(warning, DashPen, 2);
+        surface.drawLine(left + 10, plot.y(use.target), left + 96, plot.y(use.target));
+
+        RECT key = {left + 30, 1016, left + 74, 1044};
+        surface.setPen(use.colour, SolidPen, 2);
+        surface.drawRoundedRectangle(&key, 6, 6);
+    }
+}
+
+void drawYearShares(CSurface& surface)
+{
+    drawPanel(surface, {48, 84, 746, 388});
+    constexpr POINT pie = {210, 236};
+    constexpr POINT ring = {560, 236};
+    double start = 90;
+    for (const EnergyUse& use : energyUses) {
+        const double sweep = 360.0 * yearOf(use) / siteYear();
+        surface.setPen(white, SolidPen, 2);
+        surface.setBrush(use.colour, SolidBrush);
+        drawSector(surface, pie, 124, start, sweep);
+        surface.setBrush(tint(use.colour, 45), SolidBrush);
+        drawSector(surface, ring, 124, start, sweep);
+        surface.setPen(use.colour, SolidPen, 1);
+        surface.setBrush(use.colour, use.hatch);
+        drawSector(surface, ring, 124, start, sweep);
+        start -= sweep;
+    }
+    drawDot(surface, ring, 66, white);
+    surface.setPen(accent, SolidPen | FlatCap, 10);
+    drawSweep(surface, ring, 48, 90, 252);
+}
+
+void drawMonthRose(CSurface& surface)
+{
+    drawPanel(surface, {48, 408, 387, 748});
+    constexpr POINT centre = {217, 578};
+    for (int month = 0; month < monthCount; ++month) {
+        surface.setPen(white, SolidPen, 2);
+        surface.setBrush(tint(ink, 70 - siteIn(month) / 7), SolidBrush);
+        drawSector(surface, centre, siteIn(month) / 3, 90 - 30.0 * month, 30);
+    }
+    surface.setBrush(0, HollowBrush);
+    surface.setPen(rule, DotPen, 1);
+    for (int radius = 50; radius <= 150; radius += 50) {
+        RECT circle = around(centre, radius);
+        surface.ellipse(&circle);
+    }
+}
+
+void drawGauge(CSurface& surface, POINT centre, int percent, unsigned long colour)
+{
+    surface.setPen(tint(rule, 50), SolidPen | FlatCap, 14);
+    drawSweep(surface, centre, 50, 225, 270);
+    surface.setPen(colour, SolidPen | FlatCap, 14);
+    drawSweep(surface, centre, 50, 225, 270.0 * percent / 100);
+    const POINT tip = towards(centre, 225 - 270.0 * percent / 100);
+    surface.setPen(ink, SolidPen, 3);
+    surface.drawLine(centre.x, centre.y, centre.x + (tip.x - centre.x) * 36 / 1000,
+                     centre.y + (tip.y - centre.y) * 36 / 1000);
+    drawDot(surface, centre, 6, ink);
+}
+
+void drawTank(CSurface& surface, POINT centre, int degrees, unsigned long colour)
+{
+    RECT tank = around(centre, 72);
+    surface.setPen(rule, SolidPen, 6);
+    surface.setBrush(mist, SolidBrush);
+    surface.ellipse(&tank);
+    // The level is the chord between two directions as far left and right of straight down.
+    const POINT from = towards(centre, 270.0 - degrees);
+    const POINT to = towards(centre, 270.0 + degrees);
+    RECT filled = around(centre, 66);
+    surface.setPen(colour, SolidPen, 1);
+    surface.setBrush(tint(colour, 30), SolidBrush);
+    surface.drawChord(&filled, from.x, from.y, to.x, to.y);
+}
+
+void drawDayLoad(CSurface& surface)
+{
+    drawPanel(surface, {48, 84, 746, 470});
+    const Plot plot = {{84, 112, 718, 436}, hourCount - 1, 700};
+    // The ground line first: the area takes its outline from the pen that the last shape left.
+    const unsigned long shade = tint(accent, 70);
+    surface.setPen(shade, SolidPen, 1);
+    surface.drawLine(plot.area.left, plot.area.bottom, plot.area.right, plot.area.bottom);
+    std::vector<POINT> area = plot.curve(summerDay, hourCount);
+    area.push_back({plot.area.right, plot.area.bottom});
+    area.push_back({plot.area.left, plot.area.bottom});
+    surface.solidPolygon(area.data(), static_cast<unsigned int>(area.size()), shade);
+
+    drawAxes(surface, plot, 7);
+    surface.setPen(accent, SolidPen, 3);
+    drawCurve(surface, plot.curve(summerDay, hourCount));
+    surface.setPen(energyUses[2].colour, SolidPen, 3);
+    const std::vector<POINT> winter = plot.curve(winterDay, hourCount);
+    drawCurve(surface, winter);
+    for (const POINT& hour : winter) {
+        drawDot(surface, hour, 4, energyUses[2].colour);
+    }
+    surface.setPen(warning, DashDotPen, 2);
+    surface.drawLine(plot.area.left, plot.y(contractedLoad), plot.area.right, plot.y(contractedLoad));
+}
+
+void drawLineStyles(CSurface& surface)
+{
+    drawPanel(surface, {48, 490, 387, 790});
+    constexpr int widths[] = {1, 3, 6};
+    for (int style = SolidPen; style <= 6; ++style) {
+        const int y = 523 + style * 39;
+        surface.setPen(rule, SolidPen, 1);
+        surface.drawLine(64, y + 12, 371, y + 12);
+        for (int column = 0; column < 3; ++column) {
+            const int left = 70 + column * 103;
+            surface.setPen(ink, style, widths[column]);
+            surface.drawLine(left, y, left + 88, y);
+        }
+    }
+}
+
+void drawCapsAndJoins(CSurface& surface)
+{
+    drawPanel(surface, {407, 490, 746, 790});
+    constexpr int caps[] = {SolidPen, SquareCap, FlatCap};
+    constexpr int joins[] = {SolidPen, BevelJoin, MiterJoin};
+    surface.setBrush(0, HollowBrush);
+    for (int i = 0; i < 3; ++i) {
+        const int y = 528 + i * 36;
+        surface.setPen(tint(ink, 40), caps[i], 18);
+        surface.drawLine(452, y, 702, y);
+        surface.setPen(white, SolidPen | FlatCap, 1);
+        surface.drawLine(452, y, 702, y);
+
+        const int left = 441 + i * 100;
+        POINT corner[] = {{left, 750}, {left + 36, 662}, {left + 72, 750}};
+        surface.setPen(energyUses[i].colour, joins[i], 14);
+        surface.polygon(corner, 3);
+    }
+}
+
+void drawProfiles(CSurface& surface)
+{
+    drawPanel(surface, {48, 810, 746, 1064});
+    for (int i = 0; i < useCount; ++i) {
+        const EnergyUse& use = energyUses[i];
+        const Plot plot = {{72 + i * 111, 850, 167 + i * 111, 1024}, monthCount - 1, 220};
+        // From the ground line up and back to it: viewers, which fill a polyline, show the same silhouette.
+        std::vector<POINT> profile = plot.curve(use.month, monthCount);
+        profile.insert(profile.begin(), {plot.area.left, plot.area.bottom});
+        profile.push_back({plot.area.right, plot.area.bottom});
+        surface.setPen(use.colour, SolidPen, 4);
+        surface.polyline(profile.data(), static_cast<unsigned int>(profile.size()));
+        surface.setPen(rule, SolidPen, 1);
+        surface.drawLine(plot.area.left, 1034, plot.area.right, 1034);
+    }
+}
+
+} // namespace
+
+std::span<const ReportPage> reportPages()
+{
+    return pages;
+}
+
+void drawOverview(CSurface& surface)
+{
+    drawFurniture(surface, 1, static_cast<int>(std::size(pages)));
+    for (int tile = 0; tile < 4; ++tile) {
+        drawShareTile(surface, 48 + tile * 178, energyUses[tile]);
+    }
+    drawMonthTable(surface);
+    drawUseBars(surface);
+}
+
+void drawShares(CSurface& surface)
+{
+    drawFurniture(surface, 2, static_cast<int>(std::size(pages)));
+    drawYearShares(surface);
+    drawMonthRose(surface);
+    drawPanel(surface, {407, 408, 746, 748});
+    drawGauge(surface, {492, 492}, 84, energyUses[3].colour);
+    drawGauge(surface, {662, 492}, 62, energyUses[2].colour);
+    drawGauge(surface, {492, 658}, 38, energyUses[1].colour);
+    drawGauge(surface, {662, 658}, 97, warning);
+    drawPanel(surface, {48, 768, 746, 1064});
+    constexpr int levels[] = {128, 101, 74, 43};
+    for (int tank = 0; tank < 4; ++tank) {
+        drawTank(surface, {136 + tank * 174, 916}, levels[tank], energyUses[tank].colour);
+    }
+}
+
+void drawCurves(CSurface& surface)
+{
+    drawFurniture(surface, 3, static_cast<int>(std::size(pages)));
+    drawDayLoad(surface);
+    drawLineStyles(surface);
+    drawCapsAndJoins(surface);
+    drawProfiles(surface);
+}

@@ -1,0 +1,29 @@
+// The pages of the demo's energy report, as a table of drawings.
+//
+// Used by the run (report.cpp) and the gallery. A drawing sees a CSurface and nothing of its back end. Pages
+// are A4 upright in logical units of 1/96 inch.
+#pragma once
+
+#include <span>
+
+class CSurface;
+
+inline constexpr int pageMillimetresWide = 210;
+inline constexpr int pageMillimetresHigh = 297;
+inline constexpr int logicalWidth = 794;
+inline constexpr int logicalHeight = 1123;
+
+struct ReportPage {
+    const char* name; // of its files
+    const char* title;
+    const char* caption;
+    void (*draw)(CSurface& surface);
+};
+
+std::span<const ReportPage> reportPages();
+
+void drawOverview(CSurface& surface);
+void drawShares(CSurface& surface);
+void drawCurves(CSurface& surface);
+void drawGroups(CSurface& surface);
+void drawSheet(CSurface& surface);

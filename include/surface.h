@@ -1,0 +1,199 @@
+// CSurface: the one interface everything draws on.
+//
+// Called by the report and printing layer and by the metafile players; implemented by one back end per kind
+// of page: CSurfaceSVG (a page of SVG text), CSurfacePSPrinter (a page of PostScript), CSurfaceGDI with its
+// subclasses CSurfaceEMF (a metafile being recorded) and CSurfaceHdc (a device context of the caller).
+//
+// Coordinates are whole numbers in the surface's logical units, y grows downward. Colours are 32-bit with red
+// in the low byte. Angles are whole degrees, font sizes points. Drawing operations return nothing; trouble
+// that a caller cannot act on goes to the log and the drawing goes on. A null text, rectangle, point list or
+// attribute draws nothing and changes nothing, unless an operation says otherwise. Exhausted memory throws
+// KrnException, and nothing else is thrown.
+//
+// Life of a surface: construct, set attributes and draw in any order, closeSurface, getDataLength and
+// getData, destroy. One surface is one page, and belongs to one thread at a time.
+#pragma once
+
+#include <cstddef>
+
+#include <windows.h>
+
+#include "surfaceAttributes.h"
+#include "surfaceTextChunk.h"
+#include "sys/surfaceExport.h"
+#include "sys/tovoarray.h"
+#include "sys/tovostr.h"
+
+// The platform's parameter record through which loadFonts hands out its text.
+struct DskParam;
+
+class SURFACE_API CSurface {
+public:
+    CSurface();
+    CSurface(const CSurface& other);
+    CSurface& operator=(const CSurface& other);
+
+    // Behind each operation stands what CSurface itself does: a default that back ends inherit, or "required".
+
+    virtual ~CSurface();
+
+    // Copies the finished page; `size` is the room on entry and the bytes copied on return. Required.
+    virtual void getData(unsigned char* buffer, unsigned int& size) = 0;
+    // Bytes of the finished page. Required.
+    virtual int getDataLength() = 0;
+    // Finishes the page; 0 on success. Nothing more is drawn after it. Required.
+    virtual int closeSurface() = 0;
+    // A player begins a page and has set the size fields below. Default: nothing.
+    virtual void prepareSurface();
+    // 1 CSurfaceEMF, 2 CSurfaceGDI, 3 CSurfaceHdc, 5 CSurfacePSPrinter, 6 CSurfaceSVG. Required.
+    virtual int getSurfaceType() = 0;
+    // The device context on which a metafile can be played, or null. Default: null.
+    virtual HDC getEMFPlayerDestination();
+    // The surface's device context, or null. Default: null.
+    virtual HDC getHDC();
+    // Default: false.
+    virtual bool canDrawFormattedText();
+    // One string in a rectangle; `flags` are those of the Windows DrawText. Required.
+    virtual void drawString(const char* text, RECT* rect, unsigned int flags) = 0;
+    // Formatted text without rotation; true when drawn. Default: false.
+    virtual bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags, float, float);
+    // Formatted text, turned by the rotation of the text style; true when drawn. Required.
+    virtual bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags) = 0;
+    // The picture type the surface wants for an image that the caller holds as `picType`: 1 Windows bitmap,
+    // 3 and 5 icon, 6 TIFF, 7 JPEG, 8 PNG, 9 GIF. Default: `picType`.
+    virtual int requiredPictureType(int picType);
+    // Gives the surface the bytes of an image under the number `id`, with its size in pixels. Required.
+    virtual void includeImage(unsigned int id, unsigned char* data, int size, int width, int height,
+                              int picType) = 0;
+    // Draws a held image. Mode 0: at its own size from offset (x, y); 1: scaled to the rectangle; 2: tiled
+    // over the rectangle with its origin at offset (x, y). Required.
+    virtual void drawImage(RECT* rect, unsigned int id, int mode, int x, int y) = 0;
+    // Ends the transform. Default: forgets it.
+    virtual void clearTransform();
+    // Text with its base line at (x, y). `options` are those of the Windows ExtTextOut, of which 4 makes
+    // `rect` the clip; `length` -1 means the whole text. Required.
+    virtual void drawTextOnBaseLine(int x, int y, unsigned int options, RECT* rect, char* text,
+                                    int length) = 0;
+    // Part of the ellipse in `rect`, counter-clockwise from the direction of (x1, y1) to that of (x2, y2),
+    // seen from its centre. Required.
+    virtual void drawArc(RECT* rect, int x1, int y1, int x2, int y2) = 0;
+    // As drawArc, closed by a straight line and filled. Required.
+    virtual void drawChord(RECT* rect, int x1, int y1, int x2, int y2) = 0;
+    // Required.
+    virtual void drawFocusRect(RECT* rect) = 0;
+    // A line with the pen. Required.
+    virtual void drawLine(int x1, int y1, int x2, int y2) = 0;
+    // Outlined with the pen, filled with the brush. Required.
+    virtual void drawRectangle(RECT* rect) = 0;
+    // As drawRectangle, the corners rounded by an ellipse of the given width and height. Required.
+    virtual void drawRoundedRectangle(RECT* rect, unsigned int width, unsigned int height) = 0;
+    // Filled with `color`; neither pen nor brush is touched. Required.
+    virtual void drawSolidRectangle(RECT* rect, unsigned long color) = 0;
+    // Text by the rules of the Windows DrawText. Required.
+    virtual void drawText(const char* text, RECT* rect, unsigned int flags) = 0;
+    // Text from a point. Required.
+    virtual void drawTextAt(const char* text, POINT* point, unsigned int flags) = 0;
+    // drawString with the angles for this one call. Default: nothing; only CSurfaceGDI draws here.
+    virtual void drawStringRotated(const char* text, RECT* rect, unsigned int flags, int charAngle,
+                                   int textAngle);
+    // The ellipse inscribed in `rect`, outlined and filled. Required.
+    virtual void ellipse(RECT* rect) = 0;
+    // A polygon filled with `color`. Required.
+    virtual void solidPolygon(POINT* points, unsigned int count, unsigned long color) = 0;
+    // Required; nothing on the text back ends.
+    virtual void floodFill(int x, int y, unsigned long color, unsigned int type) = 0;
+    // A frame one unit wide. Required.
+    virtual void frameRect(RECT* rect, unsigned long color) = 0;
+    // Reports the fonts of the device; 0: nothing was reported. Required.
+    virtual int loadFonts(DskParam* param) = 0;
+    // As drawArc, closed through the centre and filled. Required.
+    virtual void drawPie(RECT* rect, int x1, int y1, int x2, int y2) = 0;
+    // Closed, outlined and filled. Required.
+    virtual void polygon(POINT* points, unsigned int count) = 0;
+    // Open. Required.
+    virtual void polyline(POINT* points, unsigned int count) = 0;
+    // The next text is the N of M page number, stamped once the total is known. Required.
+    virtual void printerNofMMarker(POINT point) = 0;
+    // Required; nothing on the text back ends.
+    virtual void resetBrushOrg(POINT* point, int size) = 0;
+    // Puts back the brush that stood before the surface's own. Required; nothing on the text back ends.
+    virtual void restoreBrush() = 0;
+    virtual void restoreFont() = 0;
+    virtual void restorePen() = 0;
+    // Clips later drawing to `rect`; null ends the clip. Required.
+    virtual void setClippingRegion(RECT* rect) = 0;
+    // Default: stores the colour.
+    virtual void setBackColor(unsigned long color);
+    // Required; nothing on the text back ends.
+    virtual void setBackMode(int mode) = 0;
+    // Default: copies the brush.
+    virtual void setBrush(CSurfaceBrush* brush);
+    // Default: copies the font.
+    virtual void setFont(CSurfaceFont* font);
+    // Default: copies the pen.
+    virtual void setPen(CSurfacePen* pen);
+    // The text style is about to change to `style`; m_textStyle still holds the old one. Required.
+    virtual void newTextStyle(CTextStyle* style) = 0;
+    // Default: stores the colour in the text style, then calls setForeColor.
+    virtual void setTextColor(unsigned long color);
+    // Default: stores the angles; newTextStyle is not called.
+    virtual void setTextRotation(int charAngle, int textAngle);
+    // Transform of all later drawing, in the element order of the Windows XFORM. Default: stores it.
+    virtual void setTransform(float m11, float m12, float m21, float m22, float dx, float dy);
+    // Default: stores the colour.
+    virtual void setForeColor(unsigned long color);
+    // Default: stores both; nothing here applies them.
+    virtual void setViewportOrigin(int x, int y);
+
+    unsigned long getForeColor() const { return m_foreColor; }
+    int getWidth() const { return m_width; }
+    int getHeight() const { return m_height; }
+
+    // These build the attribute and call the virtual operation of the same name.
+    void setBrush(unsigned long color, int style);
+    void setPen(unsigned long color, int style, int width);
+    void setFont(char* faceName, float size, bool bold, bool italic, bool strikethru, bool underline);
+
+    // Tells the back end by newTextStyle, then takes the style over. An equal style does nothing at all.
+    void setTextStyle(CTextStyle* style);
+
+    // A map from the caller's own image ids to small numbers. Nothing in the module calls these two.
+    // Appends `id`, seen before or not, and gives its 1-based index.
+    unsigned int addImageIndx(unsigned int id);
+    // The 1-based index of the first entry equal to `id`; 0xFFFFFFFF when there is none.
+    unsigned int getImageIndx(unsigned int id);
+
+    // Reports a failed assertion of a surface.
+    void AssertFailed(const char* expression, const char* file, int line);
+
+    // The five XML special characters as entities, and back. Every other byte passes untouched.
+    static TovoTextString toXML(TovoTextString text);
+    static TovoTextString fromXML(TovoTextString text);
+
+    static void* operator new(std::size_t size) noexcept;
+    static void operator delete(void* block) noexcept;
+
+    // The state all back ends share. A player writes the six sizes before prepareSurface.
+    int m_width; // logical units: the extent of the coordinate space
+    int m_height;
+    int m_pageWidth; // millimetres
+    int m_pageHeight;
+    int m_outputWidth; // right and bottom of the rectangle a player draws in
+    int m_outputHeight;
+    int m_drawMode; // of the PostScript back end
+    unsigned long m_foreColor;
+    unsigned long m_backColor;
+    CSurfaceBrush m_brush;
+    CSurfacePen m_pen;
+    CSurfaceFont m_font;
+    CTextStyle m_textStyle;
+    RECT m_clipRegion; // of the PostScript back end
+    int m_viewportOriginX;
+    int m_viewportOriginY;
+    float m_transform[6]; // in the order of setTransform; means something only while m_hasTransform is set
+    bool m_hasTransform;
+    Vector<unsigned int, 10> m_imageIds;
+
+private:
+    unsigned int mapUserImageId(unsigned int id);
+};

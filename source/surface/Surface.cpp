@@ -1,0 +1,176 @@
+#include "surface.h"
+
+#include "surface/color.h"
+#include "surface/moduleHeap.h"
+
+CSurface::CSurface()
+    : m_width(0), m_height(0), m_pageWidth(0), m_pageHeight(0), m_outputWidth(0), m_outputHeight(0),
+      m_drawMode(0), m_foreColor(0), m_backColor(0), m_clipRegion{}, m_viewportOriginX(0),
+      m_viewportOriginY(0), m_transform{}, m_hasTransform(false)
+{
+}
+
+CSurface::CSurface(const CSurface& other) = default;
+
+CSurface& CSurface::operator=(const CSurface& other) = default;
+
+CSurface::~CSurface() = default;
+
+void CSurface::prepareSurface() {}
+
+HDC CSurface::getEMFPlayerDestination()
+{
+    return nullptr;
+}
+
+HDC CSurface::getHDC()
+{
+    return nullptr;
+}
+
+bool CSurface::canDrawFormattedText()
+{
+    return false;
+}
+
+bool CSurface::drawString(Array<CSurfaceTextChunk, 2>* /*chunks*/, RECT* /*rect*/, int /*flags*/, float,
+                          float)
+{
+    return false;
+}
+
+int CSurface::requiredPictureType(int picType)
+{
+    return picType;
+}
+
+void CSurface::clearTransform()
+{
+    m_hasTransform = false;
+}
+
+void CSurface::drawStringRotated(const char* /*text*/, RECT* /*rect*/, unsigned int /*flags*/,
+                                 int /*charAngle*/, int /*textAngle*/)
+{
+}
+
+void CSurface::setBackColor(unsigned long color)
+{
+    m_backColor = cutColor(color);
+}
+
+void CSurface::setBrush(CSurfaceBrush* brush)
+{
+    if (brush != nullptr) {
+        m_brush = *brush;
+    }
+}
+
+void CSurface::setFont(CSurfaceFont* font)
+{
+    if (font != nullptr) {
+        m_font = *font;
+    }
+}
+
+void CSurface::setPen(CSurfacePen* pen)
+{
+    if (pen != nullptr) {
+        m_pen = *pen;
+    }
+}
+
+void CSurface::setTextColor(unsigned long color)
+{
+    m_textStyle =
+        CTextStyle(color, m_textStyle.getStyle(), m_textStyle.getCharAngle(), m_textStyle.getTextAngle());
+    setForeColor(color);
+}
+
+void CSurface::setTextRotation(int charAngle, int textAngle)
+{
+    m_textStyle.setRotation(charAngle, textAngle);
+}
+
+void CSurface::setTransform(float m11, float m12, float m21, float m22, float dx, float dy)
+{
+    const float elements[] = {m11, m12, m21, m22, dx, dy};
+    for (int i = 0; i < 6; ++i) {
+        m_transform[i] = elements[i];
+    }
+    m_hasTransform = true;
+}
+
+void CSurface::setForeColor(unsigned long color)
+{
+    m_foreColor = cutColor(color);
+}
+
+void CSurface::setViewportOrigin(int x, int y)
+{
+    m_viewportOriginX = x;
+    m_viewportOriginY = y;
+}
+
+void CSurface::setBrush(unsigned long color, int style)
+{
+    CSurfaceBrush brush(color, style);
+    setBrush(&brush);
+}
+
+void CSurface::setPen(unsigned long color, int style, int width)
+{
+    CSurfacePen pen(color, style, width);
+    setPen(&pen);
+}
+
+void CSurface::setFont(char* faceName, float size, bool bold, bool italic, bool strikethru, bool underline)
+{
+    CSurfaceFont font(faceName, size, bold, italic, strikethru, underline);
+    setFont(&font);
+}
+
+void CSurface::setTextStyle(CTextStyle* style)
+{
+    if (style != nullptr && *style != m_textStyle) {
+        newTextStyle(style);
+        m_textStyle = *style;
+    }
+}
+
+unsigned int CSurface::addImageIndx(unsigned int id)
+{
+    m_imageIds.add(id);
+    return m_imageIds.size();
+}
+
+unsigned int CSurface::getImageIndx(unsigned int id)
+{
+    return mapUserImageId(id);
+}
+
+unsigned int CSurface::mapUserImageId(unsigned int id)
+{
+    constexpr unsigned int NotFound = 0xFFFFFFFF;
+    for (unsigned int i = 0; i < m_imageIds.size(); ++i) {
+        if (m_imageIds[i] == id) {
+            return i + 1;
+        }
+    }
+    return NotFound;
+}
+
+void CSurface::AssertFailed(const char* expression, const char* file, int line)
+{
+    kosAssertFail("Tovo.exe Assertion failed", expression, "surface", file, line);
+}
+
+void* CSurface::operator new(std::size_t size) noexcept
+{
+    return allocateFromModuleHeap(size);
+}
+
+void CSurface::operator delete(void* block) noexcept
+{
+    freeToModuleHeap(block);
+}

@@ -1,0 +1,5 @@
+// The version string that documents carry in their first comment.
+#pragma once
+
+// Four numbers with points between them.
+const char* moduleVersionText();

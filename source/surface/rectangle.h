@@ -1,0 +1,16 @@
+// Widths and heights of a RECT. A reversed rectangle has negative ones; nothing is normalised here.
+#pragma once
+
+#include <windows.h>
+
+#include "surface/wrappingInt.h"
+
+constexpr int widthOf(const RECT& rect)
+{
+    return wrapSubtract(rect.right, rect.left);
+}
+
+constexpr int heightOf(const RECT& rect)
+{
+    return wrapSubtract(rect.bottom, rect.top);
+}

@@ -1,0 +1,190 @@
+// Construction, the walk over the page, and its <svg> elements.
+#include "metaFilePlayerSVG.h"
+
+#include "surface.h"
+#include "surface/moduleHeap.h"
+#include "surface/wrappingInt.h"
+#include "svg/PageCursor.h"
+#include "svg/SvgDialect.h"
+#include "svg/SvgRecord.h"
+#include "svg/SvgWalkMemory.h"
+#include "svg/ValueDuring.h"
+
+namespace {
+
+constexpr int DeepestNesting = 1000;
+
+// Reads "viewBox='a b c d'" as far as it goes and gives how many numbers that was; the others stay.
+int readViewBox(const char* attribute, RECT& viewBox)
+{
+    int numbers[4] = {viewBox.left, viewBox.top, viewBox.right, viewBox.bottom};
+    const int count = intlSscanNumeric(attribute, "viewBox='%d %d %d %d'", &numbers[0], &numbers[1],
+                                       &numbers[2], &numbers[3]);
+    viewBox = RECT{numbers[0], numbers[1], numbers[2], numbers[3]};
+    return count;
+}
+
+} // namespace
+
+CMetaFilePlayerSVG::CMetaFilePlayerSVG(unsigned char* page, unsigned int length)
+    : m_pageText(nullptr), m_surface(nullptr), m_svgSeen(false), m_viewport(nullptr), m_groupClip(false),
+      m_memory(nullptr)
+{
+    // Both are owned by plain pointers, so the first goes again when the second gets no memory.
+    m_pageText = makeInModuleHeap<TovoTextString>(page, length);
+    try {
+        m_memory = makeInModuleHeap<SvgWalkMemory>();
+        if (m_pageText == nullptr || m_memory == nullptr) {
+            krnOutOfMemory();
+        }
+    } catch (...) {
+        destroyInModuleHeap(m_memory);
+        destroyInModuleHeap(m_pageText);
+        throw;
+    }
+    m_viewport = &m_memory->pageViewport;
+}
+
+CMetaFilePlayerSVG::~CMetaFilePlayerSVG()
+{
+    destroyInModuleHeap(m_memory);
+    destroyInModuleHeap(m_pageText);
+}
+
+int CMetaFilePlayerSVG::metaFileFormat()
+{
+    return 2;
+}
+
+int CMetaFilePlayerSVG::play(CSurface* surface, RECT* rect)
+{
+    if (surface == nullptr || rect == nullptr) {
+        return 0;
+    }
+    m_surface = surface;
+    m_surface->m_outputWidth = rect->right;
+    m_surface->m_outputHeight = rect->bottom;
+    try {
+        const int error = play();
+        if (error != 0) {
+            moduleLog.log("CMetaFilePlayerSVG::player - Error during SVG playback, error number=%d", error);
+            return 0;
+        }
+    } catch (KrnException& exception) {
+        moduleLog.log("CMetaFilePlayerSVG::player - Exception during SVG playback, exception number=%d",
+                      exception.number());
+        return 0;
+    }
+    return 1;
+}
+
+int CMetaFilePlayerSVG::play()
+{
+    char* const text = m_pageText->text();
+    m_memory->walkEnd = text + m_pageText->length();
+    return processElements(text);
+}
+
+int CMetaFilePlayerSVG::processElements(char* text)
+{
+    char* cursor = text;
+    int type = RecordUnknown;
+    while (getNextElement(&cursor, type)) {
+        // Remembered now: handling the element writes further zero bytes into it.
+        char* const next = m_memory->elementEnd + 1;
+        processElement(cursor, type);
+        cursor = next;
+    }
+    return 0;
+}
+
+int CMetaFilePlayerSVG::processElement(char* element, int type)
+{
+    switch (type) {
+    case RecordProlog:
+    case RecordComment:
+        return 0;
+    case RecordSvg:
+        return m_svgSeen ? processSVGSubElement(&element) : processSVGElement(&element);
+    case RecordDefs:
+        return processDefsElement(&element);
+    case RecordGroup:
+        return processGroupElement(&element);
+    case RecordGroupEnd:
+        return processGroupEnd(element);
+    case RecordText:
+        return processTextElement(&element);
+    case RecordPath:
+        return processPathElement(element);
+    case RecordRect:
+        return processRectElement(&element);
+    case RecordEllipse:
+        return processEllipseElement(&element);
+    case RecordLine:
+        return processLineElement(&element);
+    case RecordPolygon:
+        return processPolygonElement(element);
+    case RecordPolyline:
+        return processPolylineElement(element);
+    case RecordUse:
+        return processUseElement(&element);
+    default:
+        reportUnexpectedElement(__LINE__);
+        return -1;
+    }
+}
+
+void CMetaFilePlayerSVG::reportUnexpectedElement(int line)
+{
+    kosAssertFail("Assertion failed", "false", "surface", "MetaFilePlayerSVG", line);
+}
+
+int CMetaFilePlayerSVG::processSVGElement(char** element)
+{
+    m_svgSeen = true;
+    if (const char* const width = findKey(*element, "width=")) {
+        intlSscanNumeric(width, "width='%d'", &m_surface->m_pageWidth);
+    }
+    if (const char* const height = findKey(*element, "height=")) {
+        intlSscanNumeric(height, "height='%d'", &m_surface->m_pageHeight);
+    }
+    if (const char* const attribute = findKey(*element, ViewBoxKey)) {
+        RECT& viewBox = m_viewport->viewBox;
+        const int count = readViewBox(attribute, viewBox);
+        m_surface->m_width = count > 2 ? viewBox.right : m_surface->m_width;
+        m_surface->m_height = count > 3 ? viewBox.bottom : m_surface->m_height;
+    }
+    m_surface->prepareSurface();
+    const ValueDuring<char*> inside(m_memory->walkEnd, m_memory->elementEnd);
+    return processElements(*element + 1);
+}
+
+int CMetaFilePlayerSVG::processSVGSubElement(char** element)
+{
+    if (m_memory->depth >= DeepestNesting) {
+        moduleLog.log("CMetaFilePlayerSVG::player - <svg> elements nested deeper than %d are passed over",
+                      DeepestNesting);
+        return -1;
+    }
+    SvgViewport viewport;
+    char* const end = m_memory->elementEnd;
+    if (const char* const x = m_memory->x.find(*element, end)) {
+        intlSscanNumeric(x, "x='%d'", &viewport.x);
+    }
+    if (const char* const y = m_memory->y.find(*element, end)) {
+        intlSscanNumeric(y, "y='%d'", &viewport.y);
+    }
+    if (const char* const width = m_memory->width.find(*element, end)) {
+        intlSscanNumeric(width, "width='%d'", &viewport.width);
+    }
+    if (const char* const height = m_memory->height.find(*element, end)) {
+        intlSscanNumeric(height, "height='%d'", &viewport.height);
+    }
+    if (const char* const viewBox = m_memory->viewBox.find(*element, end)) {
+        readViewBox(viewBox, viewport.viewBox);
+    }
+    const ValueDuring<SvgViewport*> viewportInForce(m_viewport, &viewport);
+    const ValueDuring<char*> inside(m_memory->walkEnd, end);
+    const ValueDuring<int> deeper(m_memory->depth, m_memory->depth + 1);
+    return processElements(*element + 1);
+}

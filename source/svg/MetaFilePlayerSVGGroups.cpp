@@ -1,0 +1,111 @@
+// Groups: state of the surface that stays in force for the elements behind their start tag.
+//
+// There is no stack. A group's end tag does not know which start it belongs to: it ends a transform when one
+// is in force, else a clip, else nothing.
+#include "metaFilePlayerSVG.h"
+
+#include "surface.h"
+#include "surface/wrappingInt.h"
+#include "svg/PageCursor.h"
+#include "svg/SvgDialect.h"
+#include "svg/SvgWalkMemory.h"
+
+namespace {
+
+// A number has to begin with a digit, a point or a sign, behind blanks.
+bool beginsNumber(const char* text)
+{
+    while (isBlank(*text)) {
+        ++text;
+    }
+    return *text != '\0' && std::strchr("0123456789.+-", *text) != nullptr;
+}
+
+} // namespace
+
+int CMetaFilePlayerSVG::processGroupElement(char** element)
+{
+    if (findKey(*element, ClipPathKey) != nullptr) {
+        return processClipGroup(*element);
+    }
+    if (findKey(*element, TransformWord) != nullptr) {
+        return processTransformGroup(*element);
+    }
+    return processFontGroup(*element);
+}
+
+int CMetaFilePlayerSVG::processClipGroup(char* element)
+{
+    char* const number = findBehind(findKey(element, ClipPathKey), "#clip");
+    RECT* const clip = number != nullptr ? clipOfNumber(integerAt(number)) : nullptr;
+    if (clip == nullptr) {
+        return -1;
+    }
+    intersectRect(clip, clip, &m_viewport->viewBox);
+    m_surface->setClippingRegion(clip);
+    m_groupClip = true;
+    return 0;
+}
+
+int CMetaFilePlayerSVG::processTransformGroup(char* element)
+{
+    char* number = findBehind(findKey(element, TransformWord), MatrixWord);
+    float numbers[6] = {};
+    for (int i = 0; i < 6; ++i) {
+        if (i > 0) {
+            // The comma is sought from the number in front of it; the first number has at least four
+            // characters.
+            number = findBehind(i == 1 ? stepOver(number, 4) : number, ",");
+        }
+        if (number == nullptr || !beginsNumber(number)) {
+            return -1;
+        }
+        numbers[i] = saturateToFloat(intlStringToDoubleFixed(number));
+    }
+    m_surface->setTransform(numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]);
+    return 0;
+}
+
+int CMetaFilePlayerSVG::processFontGroup(char* element)
+{
+    char* const faceName = findBehind(element, FontFamilyKey);
+    if (faceName == nullptr) {
+        return -1;
+    }
+    char* const size = findBehind(endValue(faceName), FontSizeKey);
+    char* const style = findBehind(size, FontStyleKey);
+    if (style == nullptr) {
+        return -1;
+    }
+    char* const weight = findBehind(endValue(style), FontWeightKey);
+    if (weight == nullptr) {
+        return -1;
+    }
+    char* const decoration = findBehind(endValue(weight), TextDecorationKey);
+    m_surface->setFont(faceName, saturateToFloat(intlStringToDoubleFixed(size)),
+                       findKey(weight, BoldWord) != nullptr, findKey(style, ItalicWord) != nullptr,
+                       findKey(decoration, LineThroughWord) != nullptr,
+                       findKey(decoration, UnderlineWord) != nullptr);
+    return 0;
+}
+
+int CMetaFilePlayerSVG::processGroupEnd(char* /*element*/)
+{
+    if (m_surface->m_hasTransform) {
+        m_surface->clearTransform();
+    } else if (m_groupClip) {
+        m_surface->setClippingRegion(&m_viewport->viewBox);
+        m_groupClip = false;
+    }
+    return 0;
+}
+
+RECT* CMetaFilePlayerSVG::clipOfNumber(int number) const
+{
+    return number > 0 ? m_clipRects.at(static_cast<unsigned int>(number)) : nullptr;
+}
+
+bool CMetaFilePlayerSVG::intersectRect(RECT* result, RECT* a, RECT* b)
+{
+    return IntersectRect(result, a, b) != FALSE;
+}

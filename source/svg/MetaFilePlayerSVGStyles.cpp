@@ -1,0 +1,77 @@
+// Stroke, fill and style attributes of shapes.
+#include "metaFilePlayerSVG.h"
+
+#include "surfaceAttributes.h"
+#include "svg/PageCursor.h"
+#include "svg/SvgColor.h"
+#include "svg/SvgDialect.h"
+#include "svg/SvgWalkMemory.h"
+
+int CMetaFilePlayerSVG::processStrokeAttribute(char* text, CSurfacePen* pen)
+{
+    int style = 0;
+    if (const char* const stroke = findBehind(text, StrokeKey)) {
+        unsigned long color = 0;
+        if (!beginsWith(stroke, RgbWord)) {
+            style = PenWithoutLine;
+        } else if (readColor(stroke, color)) {
+            pen->setColor(color);
+        } else {
+            return -1;
+        }
+    }
+    int width = pen->getWidth();
+    if (const char* const attribute = findBehind(text, StrokeWidthKey)) {
+        intlSscanNumeric(attribute, "%d", &width);
+    }
+    // The style word of the pen has the last say; the dashes, cap and join beside it follow from it.
+    if (const char* const attribute = findBehind(text, PenStyleKey)) {
+        intlSscanNumeric(attribute, "%d", &style);
+    }
+    pen->setWidth(width);
+    pen->setStyle(style);
+    return 0;
+}
+
+int CMetaFilePlayerSVG::processFillAttribute(char* text, CSurfaceBrush* brush)
+{
+    const char* const fill = findBehind(text, FillKey);
+    if (fill == nullptr) {
+        return 0;
+    }
+    if (beginsWith(fill, RgbWord)) {
+        unsigned long color = 0;
+        if (!readColor(fill, color)) {
+            return -1;
+        }
+        brush->set(color, SolidBrush);
+        return 0;
+    }
+    if (beginsWith(fill, "url")) {
+        int number = 0;
+        intlSscanNumeric(fill, "url(#pattern%d)", &number);
+        return usePattern(number, brush);
+    }
+    brush->set(0, HollowBrush);
+    return 0;
+}
+
+int CMetaFilePlayerSVG::processStyleAttribute(char** value, RECT** clip, unsigned long* fillColor,
+                                              unsigned long* strokeColor, bool* hasFill, bool* hasStroke)
+{
+    if (char* const number = findBehind(*value, "#clip")) {
+        *clip = clipOfNumber(integerAt(number));
+    }
+    const char* const stroke = findBehind(*value, "stroke:");
+    const char* const fill = findBehind(*value, "fill:");
+    if (stroke == nullptr || fill == nullptr) {
+        return -1;
+    }
+    *hasStroke = beginsWith(stroke, RgbWord);
+    *hasFill = beginsWith(fill, RgbWord);
+    if ((*hasStroke && !readColor(stroke, *strokeColor)) || (*hasFill && !readColor(fill, *fillColor))) {
+        return -1;
+    }
+    *value += std::strlen(*value) + 1;
+    return 0;
+}

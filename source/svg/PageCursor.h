@@ -1,0 +1,62 @@
+// Stepping through the text of a page in place.
+//
+// The walk ends each element with a zero byte, and that byte is what bounds everything here: no function looks
+// behind it. A null pointer stands for "not there"; searches from null give null, so that a chain of them
+// needs one test at its end.
+#pragma once
+
+#include <cstring>
+
+inline bool beginsWith(const char* text, const char* prefix)
+{
+    return std::strncmp(text, prefix, std::strlen(prefix)) == 0;
+}
+
+inline bool isBlank(char character)
+{
+    return character == ' ' || (character >= '\t' && character <= '\r');
+}
+
+// Where `key` stands next; null when it does not.
+inline char* findKey(char* from, const char* key)
+{
+    return from != nullptr ? std::strstr(from, key) : nullptr;
+}
+
+// The place `count` characters on, or the end of the text when that is nearer.
+inline char* stepOver(char* from, int count)
+{
+    for (; count > 0 && *from != '\0'; --count) {
+        ++from;
+    }
+    return from;
+}
+
+// The place behind the next `key`.
+inline char* findBehind(char* from, const char* key)
+{
+    char* const found = findKey(from, key);
+    return found != nullptr ? found + std::strlen(key) : nullptr;
+}
+
+// A value that begins at `value` and runs to the next apostrophe, which a zero byte replaces, or else to the
+// end of the element. Gives the place behind it.
+inline char* endValue(char* value)
+{
+    char* const quote = std::strchr(value, '\'');
+    if (quote == nullptr) {
+        return value + std::strlen(value);
+    }
+    *quote = '\0';
+    return quote + 1;
+}
+
+// A whole number as strtol reads it in the "C" locale, base 0 telling the base from the number's own prefix.
+// What is beyond 32 bits becomes the nearest int; no number gives 0 and leaves the cursor where it is, else it
+// moves behind the digits.
+int readInteger(char*& at, int base = 10);
+
+inline int integerAt(char* at, int base = 10)
+{
+    return readInteger(at, base);
+}

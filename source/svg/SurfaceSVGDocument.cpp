@@ -1,0 +1,97 @@
+// The document around a page's content: head, shared definitions, end pieces.
+#include "surfaceSVG.h"
+
+#include "surface/moduleVersion.h"
+#include "surface/pageText.h"
+#include "svg/SvgDialect.h"
+
+namespace {
+
+constexpr char Prolog[] = "<?xml version='1.0' encoding='UTF-8' standalone='no'?>\n"
+                          "<!DOCTYPE svg PUBLIC '-//W3C//DTD SVG 20010904//EN' "
+                          "'http://www.w3.org/TR/2001/REC-SVG-20010904/DTD/svg10.dtd'>\n";
+
+constexpr char Namespaces[] = " xmlns='http://www.w3.org/2000/svg'"
+                              " xmlns:xlink='http://www.w3.org/1999/xlink'"
+                              " xmlns:tovo='urn:tovo:surface'";
+
+// A numbered definitions buffer, with a line feed behind it when there is anything in it.
+void appendSection(TovoTextString& head, const TovoTextString& definitions)
+{
+    if (!definitions.isEmpty()) {
+        head.append(definitions);
+        head.append("\n", 1);
+    }
+}
+
+void appendSymbol(TovoTextString& head, std::string_view name, std::string_view style)
+{
+    appendPieces(head, "\t<symbol id='", name, "'><rect x='0' y='0' width='100%' height='100%'", style,
+                 "/></symbol>\n");
+}
+
+void appendHatches(TovoTextString& head)
+{
+    for (const SvgHatch& hatch : SvgHatches) {
+        appendPieces(head, "<pattern id='", std::string_view(hatch.name),
+                     "' patternUnits='userSpaceOnUse' x='0' y='0' width='9' height='9' stroke-width='1'>\n",
+                     std::string_view(hatch.tile), "\n</pattern>\n");
+    }
+}
+
+} // namespace
+
+int CSurfaceSVG::closeSurface()
+{
+    TovoTextString head;
+    appendPieces(head, Prolog, "<!-- Created by Tovo ", std::string_view(moduleVersionText()), " -->\n\n",
+                 "<svg width='", m_pageWidth, "mm' height='", m_pageHeight, "mm' ", ViewBoxKey, "0 0 ",
+                 m_width, " ", m_height, "'", Namespaces, ">\n\n");
+    appendDefinitions(head);
+    m_body = head + m_body;
+
+    if (m_hasTransform) {
+        writeEndGroup();
+        m_hasTransform = false;
+    }
+    if (m_currentClip > 0) {
+        writeEndGroup();
+        m_currentClip = 0;
+    }
+    if (m_fontGroupOpen) {
+        m_fontGroupOpen = false;
+        writeEndGroup();
+    }
+    m_body.append("</svg>\n\n");
+    return 0;
+}
+
+void CSurfaceSVG::appendDefinitions(TovoTextString& head)
+{
+    const bool anyDefinition = !m_imageDefs.isEmpty() || !m_clipDefs.isEmpty() || !m_patternDefs.isEmpty() ||
+                               !m_textPathDefs.isEmpty();
+    if (!anyDefinition && m_symbolsUsed == 0) {
+        return;
+    }
+    head.append("<defs>\n");
+    appendSection(head, m_clipDefs);
+    appendSection(head, m_textPathDefs);
+    appendSection(head, m_imageDefs);
+    appendSection(head, m_patternDefs);
+    if ((m_symbolsUsed & FrameRectUsed) != 0) {
+        appendSymbol(head, FrameRectSymbol, " fill='none' stroke-width='1'");
+    }
+    if ((m_symbolsUsed & FocusRectUsed) != 0) {
+        appendSymbol(head, FocusRectSymbol, " fill='none' stroke-width='1' stroke-dasharray='1,1'");
+    }
+    if ((m_symbolsUsed & SolidRectUsed) != 0) {
+        appendSymbol(head, SolidRectSymbol, "");
+    }
+    if ((m_symbolsUsed & HatchUsed) != 0) {
+        appendHatches(head);
+    }
+    if ((m_symbolsUsed & TiledImageUsed) != 0) {
+        appendSymbol(head, TiledImageSymbol, " stroke-width='0'");
+    }
+    head.append("</defs>\n\n");
+}

@@ -1,0 +1,129 @@
+// Font, clip and transform groups.
+//
+// An end tag is anonymous and the writer keeps no stack, only whether a transform, a clip and a font group
+// are open. In the usual order, font outermost and transform innermost, each operation closes what it means
+// to close; otherwise the tags still balance, but a group can end sooner than its state says.
+#include "surfaceSVG.h"
+
+#include <algorithm>
+
+#include "surface/pageText.h"
+#include "svg/SvgDialect.h"
+
+namespace {
+
+// Rooms, terminator counted, that bound the text of extreme numbers.
+constexpr int TransformRoom = 12;
+constexpr int FontSizeRoom = 49;
+
+FixedNumber transformNumber(float value)
+{
+    return FixedNumber{value, 2, TransformRoom};
+}
+
+// An apostrophe would end the attribute, so a face name loses its apostrophes.
+void appendFaceName(TovoTextString& out, const char* faceName)
+{
+    std::string_view rest(faceName != nullptr ? faceName : "");
+    while (!rest.empty()) {
+        const std::size_t length = std::min(rest.find('\''), rest.size());
+        appendPieces(out, rest.substr(0, length));
+        rest.remove_prefix(std::min(length + 1, rest.size()));
+    }
+}
+
+} // namespace
+
+void CSurfaceSVG::writeEndGroup()
+{
+    m_body.append("</g>\n");
+}
+
+void CSurfaceSVG::setFont(CSurfaceFont* font)
+{
+    if (font == nullptr) {
+        return;
+    }
+    m_font = *font;
+    newFont(font->getFaceName(), font->getSize(), font->getBold(), font->getItalic(), font->getStrikethru(),
+            font->getUnderline());
+}
+
+void CSurfaceSVG::newFont(char* faceName, float size, bool bold, bool italic, bool strikethru, bool underline)
+{
+    writeFont(faceName, size, bold, italic, strikethru, underline);
+}
+
+void CSurfaceSVG::writeFont(char* faceName, float size, bool bold, bool italic, bool strikethru,
+                            bool underline)
+{
+    // A clip group stands inside the font group and must not outlive it.
+    const bool clipOpen = m_currentClip > 0;
+    if (clipOpen) {
+        writeEndGroup();
+    }
+    if (m_fontGroupOpen) {
+        writeEndGroup();
+    }
+    TovoTextString element(TextRoom{200});
+    appendPieces(element, "<g ", FontFamilyKey);
+    appendFaceName(element, faceName);
+    appendPieces(element, "' ", FontSizeKey, FixedNumber{size, 2, FontSizeRoom}, "pt' ", FontStyleKey,
+                 std::string_view(italic ? ItalicWord : "normal"), "' ", FontWeightKey,
+                 std::string_view(bold ? BoldWord : "normal"), "'");
+    if (underline || strikethru) {
+        appendPieces(element, " ", TextDecorationKey, std::string_view(underline ? UnderlineWord : ""),
+                     std::string_view(underline && strikethru ? " " : ""),
+                     std::string_view(strikethru ? LineThroughWord : ""), "'");
+    }
+    appendPieces(element, ">\n");
+    m_fontGroupOpen = true;
+    m_body.append(element);
+    if (clipOpen) {
+        writeClippingRegion();
+    }
+}
+
+void CSurfaceSVG::setClippingRegion(RECT* rect)
+{
+    if (m_currentClip > 0) {
+        writeEndGroup();
+    }
+    if (rect == nullptr) {
+        m_currentClip = 0;
+        return;
+    }
+    makeClipDef(rect);
+    m_currentClip = m_clipCount;
+    writeClippingRegion();
+}
+
+void CSurfaceSVG::writeClippingRegion()
+{
+    appendPieces(m_body, "<g ", ClipPathKey, "url(#", ClipId, m_currentClip, ")'>\n");
+}
+
+void CSurfaceSVG::setTransform(float m11, float m12, float m21, float m22, float dx, float dy)
+{
+    if (m_hasTransform) {
+        writeEndGroup();
+    }
+    CSurface::setTransform(m11, m12, m21, m22, dx, dy);
+    writeTransform();
+}
+
+void CSurfaceSVG::writeTransform()
+{
+    appendPieces(m_body, "<g ", TransformWord, "='", MatrixWord, transformNumber(m_transform[0]), ",",
+                 transformNumber(m_transform[1]), ",", transformNumber(m_transform[2]), ",",
+                 transformNumber(m_transform[3]), ",", transformNumber(m_transform[4]), ",",
+                 transformNumber(m_transform[5]), ")'>\n");
+}
+
+void CSurfaceSVG::clearTransform()
+{
+    if (m_hasTransform) {
+        writeEndGroup();
+    }
+    m_hasTransform = false;
+}

@@ -1,0 +1,153 @@
+// The attributes that shapes share: colour, pen, fill, clip and path; and the definitions they refer to.
+//
+// Blanks stand as the page format has them: the pen style begins and ends with one, so two of them meet in
+// front of the stroke.
+#include "surfaceSVG.h"
+
+#include "surface/pageText.h"
+#include "svg/SvgDialect.h"
+
+namespace {
+
+// Dashes by the pen's line style (the low bits of its style word), in pen widths; 0 ends a row. A row that
+// begins with 0 has none.
+constexpr int DashLengths[][6] = {
+    {0}, {3, 1}, {1, 1}, {3, 1, 1, 1}, {3, 1, 1, 1, 1, 1},
+};
+constexpr int DashedStyles = static_cast<int>(sizeof(DashLengths) / sizeof(DashLengths[0]));
+
+constexpr int InsideFrame = 6;
+
+constexpr std::string_view Caps[] = {
+    "stroke-linecap='round' ",
+    "stroke-linecap='square' ",
+    "stroke-linecap='butt' ",
+};
+
+constexpr std::string_view Joins[] = {
+    "stroke-linejoin='round' ",
+    "stroke-linejoin='bevel' ",
+    "stroke-linejoin='miter' ",
+};
+
+// The text for one four-bit field of a pen's style word; none for a value the table does not have.
+template <std::size_t N>
+std::string_view textOfField(const std::string_view (&texts)[N], int style, unsigned int firstBit)
+{
+    const std::size_t value = (static_cast<unsigned int>(style) >> firstBit) & 0xFU;
+    return value < N ? texts[value] : std::string_view();
+}
+
+// True when there is a dash text; caps and joins are written only without one.
+bool appendDashes(TovoTextString& out, int lineStyle, int width)
+{
+    if (lineStyle == InsideFrame) {
+        appendPieces(out, "stroke-dasharray='none' ");
+        return true;
+    }
+    if (lineStyle >= DashedStyles || DashLengths[lineStyle][0] == 0) {
+        return false;
+    }
+    appendPieces(out, "stroke-dasharray='");
+    const char* separator = "";
+    for (const int length : DashLengths[lineStyle]) {
+        if (length == 0) {
+            break;
+        }
+        appendPieces(out, std::string_view(separator), wrapMultiply(length, width));
+        separator = ",";
+    }
+    appendPieces(out, "' ");
+    return true;
+}
+
+} // namespace
+
+void CSurfaceSVG::appendRGBColor(TovoTextString& out, unsigned long color)
+{
+    appendPieces(out, RgbColor{color});
+}
+
+void CSurfaceSVG::appendPenStyle(TovoTextString& out)
+{
+    const int style = m_pen.getStyle();
+    const int lineStyle = style & PenLineMask;
+    appendPieces(out, " ", PenStyleKey, style, "' ");
+    if (lineStyle == PenWithoutLine) {
+        appendPieces(out, " ", StrokeKey, "none' ");
+        return;
+    }
+    appendPieces(out, " ", StrokeKey, RgbColor{m_pen.getColor()}, "' ", StrokeWidthKey, m_pen.getWidth(),
+                 "' ");
+    if (!appendDashes(out, lineStyle, m_pen.getWidth())) {
+        appendPieces(out, textOfField(Caps, style, 8), textOfField(Joins, style, 12));
+    }
+}
+
+void CSurfaceSVG::appendFillStyle(TovoTextString& out)
+{
+    switch (m_brush.getStyle()) {
+    case SolidBrush:
+        appendPieces(out, " ", FillKey, RgbColor{m_brush.getColor()}, "' ");
+        break;
+    case HollowBrush:
+        appendPieces(out, " ", FillKey, "none' ");
+        break;
+    default:
+        makePatternDef();
+        appendPieces(out, " ", FillKey, "url(#", PatternId, m_patternCount, ")' ");
+        break;
+    }
+}
+
+void CSurfaceSVG::appendClipStyle(TovoTextString& out, RECT* rect)
+{
+    if (rect->left == 0 && rect->top == 0 && rect->right == 0 && rect->bottom == 0) {
+        return;
+    }
+    makeClipDef(rect);
+    appendPieces(out, " ", ClipPathKey, "url(#", ClipId, m_clipCount, ")' ");
+}
+
+void CSurfaceSVG::appendPath(TovoTextString& out, RECT* rect)
+{
+    const int left = rect->left;
+    const int top = rect->top;
+    const int right = rect->right;
+    const int bottom = rect->bottom;
+    appendPieces(out, " d='M", left, " ", top, "L", right, " ", top, "L", right, " ", bottom, "L", left, " ",
+                 bottom, "z'");
+}
+
+void CSurfaceSVG::appendPath(TovoTextString& out, POINT* points, unsigned int count)
+{
+    appendPieces(out, " d='M");
+    for (unsigned int i = 0; i < count; ++i) {
+        appendPieces(out, std::string_view(i > 0 ? "L" : ""), int{points[i].x}, " ", int{points[i].y});
+    }
+    appendPieces(out, "z'");
+}
+
+void CSurfaceSVG::makeClipDef(RECT* rect)
+{
+    ++m_clipCount;
+    appendPieces(m_clipDefs, "<clipPath id='", ClipId, m_clipCount, "'><path ");
+    appendPath(m_clipDefs, rect);
+    appendPieces(m_clipDefs, " /></clipPath>\n");
+}
+
+void CSurfaceSVG::makePatternDef()
+{
+    const int style = m_brush.getStyle();
+    if (style == PictureBrush) {
+        makePatternDef(m_brush.getPicture());
+        return;
+    }
+    const int hatch = wrapSubtract(style, FirstHatchBrush);
+    const bool known = hatch >= 0 && hatch < SvgHatchCount;
+    ++m_patternCount;
+    appendPieces(m_patternDefs, "<pattern id='", PatternId, m_patternCount, "' ", StrokeKey,
+                 RgbColor{m_brush.getColor()}, "' ", HrefKey, "#",
+                 std::string_view(known ? SvgHatches[hatch].name : ""), "'></pattern>\n");
+    m_symbolsUsed |= HatchUsed;
+}

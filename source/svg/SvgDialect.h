@@ -1,0 +1,72 @@
+// The words of the page format that its writer and its player share.
+//
+// The writer puts these texts into a page and the player looks for them literally, so each is named once. Keys
+// of attributes hold the opening quote: the value begins right behind them.
+#pragma once
+
+// Symbols that a <use> names in its xlink:href, behind "#".
+inline constexpr char FrameRectSymbol[] = "FrameRect";
+inline constexpr char FocusRectSymbol[] = "FocusRect";
+inline constexpr char SolidRectSymbol[] = "SolidRect";
+inline constexpr char TiledImageSymbol[] = "TiledImage";
+
+// Ids of numbered definitions: the word and a number from 1 on; images have the caller's number.
+inline constexpr char ClipId[] = "clip";
+inline constexpr char PatternId[] = "pattern";
+inline constexpr char ImageId[] = "image";
+
+inline constexpr char ClipPathKey[] = "clip-path='";
+inline constexpr char FillKey[] = "fill='";
+inline constexpr char HrefKey[] = "xlink:href='";
+inline constexpr char PointsKey[] = "points='";
+inline constexpr char StrokeKey[] = "stroke='";
+inline constexpr char StrokeWidthKey[] = "stroke-width='";
+inline constexpr char ViewBoxKey[] = "viewBox='";
+
+// The pen's whole style word, of which SVG's own attributes are a consequence.
+inline constexpr char PenStyleKey[] = "tovo:penStyle='";
+
+// The arguments of an arc call stand in an attribute of this prefix and one of these names.
+inline constexpr char TovoPrefix[] = "tovo:";
+inline constexpr char ArcName[] = "arc";
+inline constexpr char ChordName[] = "chord";
+inline constexpr char PieName[] = "pie";
+
+inline constexpr char TransformWord[] = "transform";
+inline constexpr char MatrixWord[] = "matrix(";
+
+inline constexpr char FontFamilyKey[] = "font-family='";
+inline constexpr char FontSizeKey[] = "font-size='";
+inline constexpr char FontStyleKey[] = "font-style='";
+inline constexpr char FontWeightKey[] = "font-weight='";
+inline constexpr char TextDecorationKey[] = "text-decoration='";
+inline constexpr char BoldWord[] = "bold";
+inline constexpr char ItalicWord[] = "italic";
+inline constexpr char UnderlineWord[] = "underline";
+inline constexpr char LineThroughWord[] = "line-through";
+
+// Numbers of the format, as the caller's brush and pen words have them.
+inline constexpr int SolidBrush = 0;
+inline constexpr int HollowBrush = 1;
+inline constexpr int FirstHatchBrush = 2;
+inline constexpr int PictureBrush = 99;
+inline constexpr int PenLineMask = 0xF;
+inline constexpr int PenWithoutLine = 5;
+
+// The shared hatch patterns in the order of the brush styles from FirstHatchBrush on, each with the lines of
+// its 9 by 9 tile.
+struct SvgHatch {
+    const char* name;
+    const char* tile;
+};
+
+inline constexpr SvgHatch SvgHatches[] = {
+    {"HatchHorizontal", "\t<line x1='0' y1='4' x2='9' y2='4'/>"},
+    {"HatchVertical", "\t<line x1='4' y1='0' x2='4' y2='9'/>"},
+    {"HatchFDiagonal", "\t<line x1='0' y1='0' x2='9' y2='9'/>"},
+    {"HatchBDiagonal", "\t<line x1='9' y1='0' x2='0' y2='9'/>"},
+    {"HatchCross", "\t<line x1='0' y1='4' x2='9' y2='4'/>\t<line x1='4' y1='0' x2='4' y2='9'/>"},
+    {"HatchDiagCross", "\t<line x1='0' y1='0' x2='9' y2='9'/>\t<line x1='9' y1='0' x2='0' y2='9'/>"},
+};
+inline constexpr int SvgHatchCount = static_cast<int>(sizeof(SvgHatches) / sizeof(SvgHatches[0]));
+static_assert(SvgHatchCount == 6, "one hatch for each of the brush styles 2 to 7");

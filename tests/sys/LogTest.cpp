@@ -1,0 +1,109 @@
+// The log, the assertions, and what of the platform several threads use at once.
+#include "sys/krnos.h"
+#include "sys/tovostr.h"
+
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class Log : public testing::Test {
+protected:
+    void TearDown() override
+    {
+        krnSetLogSink(nullptr, nullptr);
+        kosSetAssertHandler(nullptr, nullptr);
+    }
+
+    void keepLines() { krnSetLogSink(keepLine, &_lines); }
+
+    KrnLog _log{"surface", nullptr, true, true};
+    std::vector<std::string> _lines;
+
+private:
+    static void keepLine(const char* line, void* context)
+    {
+        static_cast<std::vector<std::string>*>(context)->emplace_back(line);
+    }
+};
+
+TEST_F(Log, GoesToTheSinkBareAndToStandardErrorNamed)
+{
+    testing::internal::CaptureStderr();
+    std::string expected;
+    for (std::size_t length = 490; length < 520; ++length) {
+        const std::string text(length, 'x');
+        EXPECT_EQ(_log.log("%s", text.c_str()), static_cast<int>(length));
+        expected += "surface: " + text + '\n';
+        keepLines();
+        _log.log("%s", text.c_str());
+        krnSetLogSink(nullptr, nullptr);
+        EXPECT_EQ(_lines.back(), text);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), expected);
+}
+
+TEST_F(Log, IsOneLineWhateverTheTextHolds)
+{
+    keepLines();
+    _log.log("page %.1f\r\n%s", 0.5, "surface: forged");
+    EXPECT_EQ(_lines, std::vector<std::string>{"page 0.5  surface: forged"});
+}
+
+TEST_F(Log, TellsOfAssertionsOnlyWithoutAHandler)
+{
+    keepLines();
+    kosAssertFail("Assertion failed", "a == b", "surface", "source\\X", 12);
+    EXPECT_EQ(_lines, std::vector<std::string>{"Assertion failed: a == b (source\\X, line 12)"});
+
+    std::string heard;
+    kosSetAssertHandler(
+        [](const char* caption, const char* expression, const char* module, const char* file, int line,
+           void* context) {
+            *static_cast<std::string*>(context) = std::string(caption) + '|' + expression + '|' + module +
+                                                  '|' + file + '|' + std::to_string(line);
+        },
+        &heard);
+    kosAssertFail("Assertion failed", "false", "surface", nullptr, 3);
+    EXPECT_EQ(heard, "Assertion failed|false|surface||3");
+    EXPECT_EQ(_lines.size(), 1U);
+}
+
+TEST_F(Log, StandsWithHeapAndStringsInManyThreads)
+{
+    keepLines();
+    XHeap heap("SRF", 0, 65535, true, 768, 0);
+    const auto work = [this, &heap](int number) {
+        TovoTextString text;
+        char piece[32];
+        for (int round = 0; round < 500; ++round) {
+            void* const block = heap.alloc(0, false);
+            intlSprintf(piece, "%d:%.2f,", number, 0.25);
+            text.append(piece);
+            heap.free(block);
+            heap.free(nullptr);
+        }
+        _log.log("%s", text.text());
+    };
+    std::vector<std::thread> threads;
+    for (int number = 0; number < 4; ++number) {
+        threads.emplace_back(work, number);
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(heap.blocksInUse(), 0U);
+    ASSERT_EQ(_lines.size(), 4U);
+    for (const std::string& line : _lines) {
+        std::string expected;
+        for (int round = 0; round < 500; ++round) {
+            expected += line.substr(0, 7);
+        }
+        EXPECT_EQ(line, expected);
+    }
+}
+
+} // namespace
