@@ -17,3 +17,8 @@ if(SURFACE_SANITIZE)
         -fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(surface_settings INTERFACE -fsanitize=${sanitizers})
 endif()
+
+if(SURFACE_FUZZ)
+    # The library reports its coverage to libFuzzer.
+    target_compile_options(surface_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()

@@ -12,11 +12,12 @@
 
 namespace {
 
-void turnAbout(CSurface& surface, POINT centre, double degrees)
+// Turned clockwise and scaled about `centre`, which becomes the origin.
+void turnAbout(CSurface& surface, POINT centre, double degrees, double scale)
 {
     const double angle = degrees * std::numbers::pi / 180;
-    const float cosine = static_cast<float>(std::cos(angle));
-    const float sine = static_cast<float>(std::sin(angle));
+    const float cosine = static_cast<float>(scale * std::cos(angle));
+    const float sine = static_cast<float>(scale * std::sin(angle));
     surface.setTransform(cosine, sine, -sine, cosine, static_cast<float>(centre.x),
                          static_cast<float>(centre.y));
 }
@@ -26,31 +27,31 @@ void drawMonthDial(CSurface& surface, POINT centre)
 {
     surface.setBrush(0, HollowBrush);
     surface.setPen(rule, DotPen, 1);
-    for (int radius = 70; radius <= 220; radius += 50) {
+    for (int radius = 60; radius <= 150; radius += 30) {
         RECT circle = around(centre, radius);
         surface.ellipse(&circle);
     }
     for (int month = 0; month < monthCount; ++month) {
-        turnAbout(surface, centre, 30.0 * month);
-        int inner = -70;
+        turnAbout(surface, centre, 30.0 * month, 1);
+        int inner = -36;
         for (const EnergyUse& use : energyUses) {
-            const int outer = inner - use.month[month] / 3;
-            fillBox(surface, {-12, outer, 12, inner}, use.colour);
+            const int outer = inner - use.month[month] / 4;
+            fillBox(surface, {-8, outer, 8, inner}, use.colour);
             inner = outer;
         }
-        RECT whole = {-15, inner - 3, 15, -67};
+        RECT whole = {-12, inner - 4, 12, -32};
         surface.setPen(ink, SolidPen, 1);
         surface.setBrush(0, HollowBrush);
         surface.drawRoundedRectangle(&whole, 5, 5);
     }
     surface.clearTransform();
-    drawDot(surface, centre, 40, accent);
+    drawDot(surface, centre, 24, accent);
 }
 
 // A column of three faces: each face is a rectangle, sheared by its own transform.
 void drawColumn(CSurface& surface, POINT foot, int height, unsigned long colour)
 {
-    constexpr int width = 40;
+    constexpr int width = 25;
     struct Face {
         float m11, m12, m21, m22;
         RECT box;
@@ -85,17 +86,16 @@ void drawDayCurves(CSurface& surface, const Plot& plot)
 // The same curves twice: as a whole, and three times enlarged behind a clip that shows the framed detail.
 void drawDetail(CSurface& surface)
 {
-    constexpr RECT detail = {178, 778, 278, 858};
-    RECT window = {427, 784, 727, 1024};
-    const Plot plot = {{72, 748, 367, 1040}, hourCount - 1, 700};
-    drawPanel(surface, {48, 724, 387, 1064});
+    RECT detail = {297, 490, 513, 575};
+    RECT window = {72, 786, 720, 1041};
+    const Plot plot = {{72, 472, 720, 716}, hourCount - 1, 700};
+    drawPanel(surface, {48, 444, 746, 744});
     drawDayCurves(surface, plot);
-    RECT frame = detail;
-    surface.setPen(ink, DotPen, 1);
+    surface.setPen(ink, DashPen, 1);
     surface.setBrush(0, HollowBrush);
-    surface.drawRectangle(&frame);
+    surface.drawRectangle(&detail);
 
-    drawPanel(surface, {407, 724, 746, 1064});
+    drawPanel(surface, {48, 764, 746, 1064});
     surface.setClippingRegion(&window);
     surface.setTransform(3, 0, 0, 3, static_cast<float>(window.left - 3 * detail.left),
                          static_cast<float>(window.top - 3 * detail.top));
@@ -123,11 +123,11 @@ void drawMiniature(CSurface& surface, RECT tile, double scale, double degrees, v
 void drawGroups(CSurface& surface)
 {
     drawFurniture(surface, 4, static_cast<int>(reportPages().size()));
-    drawPanel(surface, {48, 84, 387, 704});
-    drawMonthDial(surface, {217, 394});
-    drawPanel(surface, {407, 84, 746, 704});
+    drawPanel(surface, {48, 84, 387, 424});
+    drawMonthDial(surface, {217, 254});
+    drawPanel(surface, {407, 84, 746, 424});
     for (int use = 0; use < useCount; ++use) {
-        drawColumn(surface, {124 + use * 109, 1010}, yearOf(energyUses[use]) / 4, energyUses[use].colour);
+        drawColumn(surface, {448 + use * 51, 400}, yearOf(energyUses[use]) / 5, energyUses[use].colour);
     }
     drawDetail(surface);
 }

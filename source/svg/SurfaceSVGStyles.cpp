@@ -5,6 +5,7 @@
 #include "surfaceSVG.h"
 
 #include "surface/pageText.h"
+#include "surface/wrappingInt.h"
 #include "svg/SvgDialect.h"
 
 namespace {
