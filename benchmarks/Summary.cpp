@@ -43,19 +43,20 @@ void printNumber(std::ostream& out, int width, int decimals, double value)
 
 void Summary::ReportRuns(const std::vector<Run>& runs)
 {
-    std::vector<Run> medians;
+    std::vector<Run> shown;
     for (const Run& run : runs) {
-        if (run.error_occurred || run.aggregate_name == "median") {
-            medians.push_back(run);
+        const bool counts = run.aggregate_name == "median" || run.repetitions == 1;
+        if (run.error_occurred || counts) {
+            shown.push_back(run);
         }
         const auto calls = run.counters.find(callsCounter);
         const auto bytes = run.counters.find("bytes_per_second");
-        if (run.aggregate_name == "median" && calls != run.counters.end() && bytes != run.counters.end()) {
+        if (counts && calls != run.counters.end() && bytes != run.counters.end()) {
             m_medians[run.run_name.function_name + '/' + run.run_name.args] = {calls->second.value,
                                                                                bytes->second.value};
         }
     }
-    ConsoleReporter::ReportRuns(medians);
+    ConsoleReporter::ReportRuns(shown);
 }
 
 void Summary::print(std::ostream& out) const

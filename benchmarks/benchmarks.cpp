@@ -7,10 +7,12 @@
 //
 // Before anything is measured, the pages are compared: the floor must be the surface's page byte for byte, and
 // a replay on another CSurfaceSVG must give the page again. Otherwise the program says where they part and
-// ends with 1. Google Benchmark's own options apply, but for the number of repetitions.
+// ends with 1. Google Benchmark's own options apply.
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -27,8 +29,10 @@
 
 namespace {
 
-constexpr int repetitions = 9;
-constexpr double secondsPerRepetition = 0.1;
+// Options that stand before the caller's own. Repetitions of all benchmarks take turns, so that a slow moment
+// of the machine hits each alike.
+constexpr const char* defaultOptions[] = {"--benchmark_repetitions=9", "--benchmark_min_time=0.1",
+                                          "--benchmark_enable_random_interleaving=true"};
 
 // Whether a page finds the memory of the one before it, or none.
 enum class Memory { kept, fresh };
@@ -130,8 +134,6 @@ void registerBenchmark(const char* name, Measure measure, Arguments... arguments
     benchmark::RegisterBenchmark(name, measure, arguments...)
         ->Arg(smallTable)
         ->Arg(largeTable)
-        ->Repetitions(repetitions)
-        ->MinTime(secondsPerRepetition)
         ->Unit(benchmark::kMicrosecond);
 }
 
@@ -139,14 +141,15 @@ void registerBenchmark(const char* name, Measure measure, Arguments... arguments
 
 int main(int argc, char** argv)
 {
-    // Repetitions of all benchmarks take turns, so that a slow moment of the machine hits each alike.
-    std::string interleaving = "--benchmark_enable_random_interleaving=true";
+    std::vector<std::string> options(std::begin(defaultOptions), std::end(defaultOptions));
     std::vector<char*> arguments(argv, argv + argc);
-    arguments.insert(arguments.begin() + 1, interleaving.data());
-    int count = static_cast<int>(arguments.size());
+    for (std::string& option : options) {
+        arguments.insert(arguments.begin() + 1, option.data());
+    }
+    int argumentCount = static_cast<int>(arguments.size());
     arguments.push_back(nullptr);
-    benchmark::Initialize(&count, arguments.data());
-    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
+    benchmark::Initialize(&argumentCount, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments.data())) {
         return 1;
     }
     if (!pagesAgree(smallTable) || !pagesAgree(largeTable)) {

@@ -56,7 +56,9 @@ to a hatch pattern that all colours share; viewers do not let the lines of the s
 from the pattern that refers to it. Bars with a hatch therefore stand on a light ground of their own.</p>
 <p>Polylines look filled, and black: the page gives them no fill, and black is the fill that a viewer then
 takes.</p>
-<p>Both are part of the page format, which stands: the pages are made to be played, and a player gives the
+<p>The PNG pictures are painted by librsvg, which gives solid rectangles, frames and focus rectangles the size of
+the page instead of their own: a focus rectangle shows its upper left corner only. Browsers show it whole.</p>
+<p>The page format stands: the pages are made to be played, and a player gives the
 hatches and open lines back as they were drawn.</p>
 </section>
 </body>

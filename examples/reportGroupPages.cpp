@@ -86,7 +86,7 @@ void drawDayCurves(CSurface& surface, const Plot& plot)
 // The same curves twice: as a whole, and three times enlarged behind a clip that shows the framed detail.
 void drawDetail(CSurface& surface)
 {
-    RECT detail = {297, 490, 513, 575};
+    RECT detail = {297, 480, 513, 565};
     RECT window = {72, 786, 720, 1041};
     const Plot plot = {{72, 472, 720, 716}, hourCount - 1, 700};
     drawPanel(surface, {48, 444, 746, 744});
@@ -101,7 +101,8 @@ void drawDetail(CSurface& surface)
                          static_cast<float>(window.top - 3 * detail.top));
     drawDayCurves(surface, plot);
     surface.clearTransform();
-    surface.drawFocusRect(&window);
+    RECT chosen = {window.left + 4, window.top + 4, window.right - 4, window.bottom - 4};
+    surface.drawFocusRect(&chosen);
     surface.setClippingRegion(nullptr);
 }
 

@@ -62,7 +62,10 @@ void drawMonthTable(CSurface& surface)
     constexpr int rowHeight = 24;
     constexpr int firstColumn = 62;
     constexpr int columnWidth = 91;
-    fillBox(surface, frame, white);
+    RECT outline = frame;
+    surface.setPen(rule, SolidPen, 1);
+    surface.setBrush(white, SolidBrush);
+    surface.drawRectangle(&outline);
     fillBox(surface, {frame.left, frame.top, frame.right, frame.top + rowHeight}, tint(ink, 20));
     for (int month = 0; month < monthCount; ++month) {
         const int top = frame.top + rowHeight * (month + 1);

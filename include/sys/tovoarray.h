@@ -122,15 +122,18 @@ protected:
     unsigned int _growBy = 0;
 
 private:
+    // Of a pointer, where elements are pointers. NOLINTNEXTLINE(bugprone-sizeof-expression)
+    static constexpr std::size_t elementSize = sizeof(Element);
+
     static void* bytes(Element* element) noexcept { return element; }
-    static std::size_t bytesOf(unsigned int count) noexcept { return count * sizeof(Element); }
+    static std::size_t bytesOf(unsigned int count) noexcept { return count * elementSize; }
 
     static Element* newBlock(unsigned int count)
     {
         if (count == 0) {
             return nullptr;
         }
-        const std::uint64_t size = std::uint64_t{count} * sizeof(Element);
+        const std::uint64_t size = std::uint64_t{count} * elementSize;
         if (size > UINT32_MAX) {
             krnOutOfMemory();
         }

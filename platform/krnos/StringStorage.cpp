@@ -46,7 +46,7 @@ std::size_t usableSizeFor(std::size_t size) noexcept
         return size;
     }
     const std::size_t step = std::bit_floor(size - 1) / 4;
-    return (size + step - 1) / step * step;
+    return (size + step - 1) & ~(step - 1);
 }
 
 BlockHeader* headerOf(void* block) noexcept
