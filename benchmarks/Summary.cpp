@@ -7,21 +7,21 @@ namespace {
 
 struct Ratio {
     const char* name;
-    int rows;
     const char* baseName;
+    int rows;
     int baseRows;
     double limit; // 0: none
 };
 
 constexpr Ratio ratios[] = {
-    {surfaceName, smallTable, floorName, smallTable, 3.0},
-    {surfaceName, largeTable, floorName, largeTable, 3.0},
-    {cairoName, smallTable, surfaceName, smallTable, 0},
-    {cairoName, largeTable, surfaceName, largeTable, 0},
-    {surfaceName, largeTable, surfaceName, smallTable, 1.2},
-    {freshSurfaceName, largeTable, freshSurfaceName, smallTable, 1.2},
-    {replayName, largeTable, replayName, smallTable, 1.2},
-    {floorName, largeTable, floorName, smallTable, 0},
+    {surfaceName, floorName, smallTable, smallTable, 3.0},
+    {surfaceName, floorName, largeTable, largeTable, 3.0},
+    {cairoName, surfaceName, smallTable, smallTable, 0},
+    {cairoName, surfaceName, largeTable, largeTable, 0},
+    {surfaceName, surfaceName, largeTable, smallTable, 1.2},
+    {freshSurfaceName, freshSurfaceName, largeTable, smallTable, 1.2},
+    {replayName, replayName, largeTable, smallTable, 1.2},
+    {floorName, floorName, largeTable, smallTable, 0},
 };
 
 std::string key(const std::string& name, int rows)

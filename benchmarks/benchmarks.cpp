@@ -162,7 +162,8 @@ int main(int argc, char** argv)
     registerBenchmark(freshSurfaceName, measurePage, makeSurfacePage, Memory::fresh);
     registerBenchmark(cairoName, measurePage, makeCairoPage, Memory::kept);
     registerBenchmark(replayName, measureReplay);
-    std::cout << "Measuring for about half a minute; all lines come at the end." << std::endl;
+    std::cout << "Measuring; the lines come together at the end, all of them after about half a minute."
+              << std::endl;
     Summary summary;
     benchmark::RunSpecifiedBenchmarks(&summary);
     summary.print(std::cout);

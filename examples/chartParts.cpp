@@ -19,6 +19,7 @@ unsigned long tint(unsigned long colour, int percent)
 std::vector<POINT> Plot::curve(const int* values, int count) const
 {
     std::vector<POINT> points;
+    points.reserve(static_cast<std::size_t>(count));
     for (int slot = 0; slot < count; ++slot) {
         points.push_back({x(slot), y(values[slot])});
     }

@@ -56,10 +56,11 @@ to a hatch pattern that all colours share; viewers do not let the lines of the s
 from the pattern that refers to it. Bars with a hatch therefore stand on a light ground of their own.</p>
 <p>Polylines look filled, and black: the page gives them no fill, and black is the fill that a viewer then
 takes.</p>
-<p>The PNG pictures are painted by librsvg, which gives solid rectangles, frames and focus rectangles the size of
-the page instead of their own: a focus rectangle shows its upper left corner only. Browsers show it whole.</p>
-<p>The page format stands: the pages are made to be played, and a player gives the
-hatches and open lines back as they were drawn.</p>
+<p>Focus rectangles do not show: the symbol that they share has no colour of its own.</p>
+<p>librsvg, which paints the PNG pictures, gives solid rectangles and frames the size of the page instead of
+their own. The report uses them only where that makes no difference.</p>
+<p>The page format stands: pages are made to be played, and a player gives back hatches, open lines, focus
+rectangles and frames as they were drawn.</p>
 </section>
 </body>
 </html>

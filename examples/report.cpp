@@ -10,10 +10,12 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -32,8 +34,15 @@ using Page = std::vector<unsigned char>;
 using Calls = std::vector<std::string>;
 namespace fs = std::filesystem;
 
-constexpr GalleryColumn drawnColumn = {"Drawn on CSurfaceSVG", ""};
-constexpr GalleryColumn replayedColumn = {"Replayed on CSurfaceSVG", "-replay"};
+// The ways to make a page. One more way is a line in both lists and its bytes in makePage.
+enum Column { Drawn, Replayed, ColumnCount };
+constexpr GalleryColumn columns[] = {
+    {"Drawn on CSurfaceSVG", ""},
+    {"Replayed on CSurfaceSVG", "-replay"},
+};
+static_assert(std::size(columns) == ColumnCount);
+
+using PageByColumn = std::array<Page, ColumnCount>;
 
 RECT wholePage()
 {
@@ -145,37 +154,43 @@ bool writePictures(const fs::path& folder, const ReportPage& page, const Gallery
     return true;
 }
 
-// Draws, stores, replays and compares one page. The calls of both must agree, and without clips the bytes too.
-GalleryEntry makePage(const ReportPage& page, Page& drawn, Page& replayed)
+// Draws, stores and replays one page.
+PageByColumn makePage(const ReportPage& page)
 {
+    PageByColumn made;
     CSurfaceSVG original = emptyPage();
     page.draw(original);
-    drawn = stored(original);
+    made[Drawn] = stored(original);
     CSurfaceSVG copy = emptyPage();
-    const bool played = playOn(copy, drawn);
-    replayed = stored(copy);
-
-    const Calls drawnCalls = callsOf(drawn);
-    const Calls replayedCalls = callsOf(replayed);
-    const Calls first = withoutWholePageClips(drawnCalls);
-    const Calls second = withoutWholePageClips(replayedCalls);
-    const bool sameCalls = played && !first.empty() && first == second;
-    const bool clips = hasClips(drawn);
-    const bool sameBytes = drawn == replayed;
-
-    const char* verdict = !sameCalls  ? "The replay differs."
-                          : sameBytes ? "The replay is the same page, byte for byte."
-                          : clips     ? "The calls agree; clips of the whole page are left out."
-                                      : "The calls agree, the bytes differ.";
-    std::printf("%-10s %7zu bytes %5zu calls   %s\n", page.name, drawn.size(), drawnCalls.size(), verdict);
-    if (!sameCalls) {
-        showDifference(first, second);
+    if (playOn(copy, made[Drawn])) {
+        made[Replayed] = stored(copy);
     }
-    return {&page,
-            {{&drawnColumn, drawn.size(), drawnCalls.size()},
-             {&replayedColumn, replayed.size(), replayedCalls.size()}},
-            sameCalls && (sameBytes || clips),
-            verdict};
+    return made;
+}
+
+// The calls of the drawn and of the replayed page must agree, and without clips the bytes as well.
+GalleryEntry compare(const ReportPage& page, PageByColumn& made)
+{
+    GalleryEntry entry = {&page, {}, false, {}};
+    for (std::size_t column = 0; column < ColumnCount; ++column) {
+        entry.figures.push_back({&columns[column], made[column].size(), callsOf(made[column]).size()});
+    }
+    const Calls drawn = withoutWholePageClips(callsOf(made[Drawn]));
+    const Calls replayed = withoutWholePageClips(callsOf(made[Replayed]));
+    const bool sameCalls = !drawn.empty() && drawn == replayed;
+    const bool sameBytes = made[Drawn] == made[Replayed];
+    const bool clips = hasClips(made[Drawn]);
+    entry.agrees = sameCalls && (sameBytes || clips);
+    entry.verdict = !sameCalls  ? "The replay differs."
+                    : sameBytes ? "The replay is the same page, byte for byte."
+                    : clips     ? "The calls agree; clips of the whole page are left out."
+                                : "The calls agree, the bytes differ.";
+    std::printf("%-10s %7zu bytes %5zu calls   %s\n", page.name, made[Drawn].size(),
+                entry.figures[Drawn].calls, entry.verdict.c_str());
+    if (!sameCalls) {
+        showDifference(drawn, replayed);
+    }
+    return entry;
 }
 
 bool makeReport(const fs::path& folder)
@@ -184,12 +199,12 @@ bool makeReport(const fs::path& folder)
     bool good = true;
     std::vector<GalleryEntry> entries;
     for (const ReportPage& page : reportPages()) {
-        Page drawn;
-        Page replayed;
-        entries.push_back(makePage(page, drawn, replayed));
+        PageByColumn made = makePage(page);
+        entries.push_back(compare(page, made));
         good &= entries.back().agrees;
-        good &= writePictures(folder, page, drawnColumn, drawn);
-        good &= writePictures(folder, page, replayedColumn, replayed);
+        for (std::size_t column = 0; column < ColumnCount; ++column) {
+            good &= writePictures(folder, page, columns[column], made[column]);
+        }
         std::fflush(stdout);
     }
     const fs::path index = folder / "index.html";

@@ -3,7 +3,6 @@
 // Groups open in the order font, clip, transform and close in the opposite one, so that each end closes what
 // it means to close. The pages of plain drawing stand in reportPages.cpp.
 #include <cmath>
-#include <iterator>
 #include <numbers>
 
 #include "chartParts.h"
@@ -48,30 +47,6 @@ void drawMonthDial(CSurface& surface, POINT centre)
     drawDot(surface, centre, 24, accent);
 }
 
-// A column of three faces: each face is a rectangle, sheared by its own transform.
-void drawColumn(CSurface& surface, POINT foot, int height, unsigned long colour)
-{
-    constexpr int width = 25;
-    struct Face {
-        float m11, m12, m21, m22;
-        RECT box;
-        unsigned long colour;
-    };
-    const Face faces[] = {
-        {0.87F, 0.5F, 0, 1, {-width, 0, 0, height}, colour},
-        {0.87F, -0.5F, 0, 1, {0, 0, width, height}, tint(colour, 25)},
-        {0.87F, -0.5F, -0.87F, -0.5F, {0, 0, width, width}, tint(colour, 55)},
-    };
-    for (Face face : faces) {
-        surface.setTransform(face.m11, face.m12, face.m21, face.m22, static_cast<float>(foot.x),
-                             static_cast<float>(foot.y - height));
-        surface.setPen(white, SolidPen, 1);
-        surface.setBrush(face.colour, SolidBrush);
-        surface.drawRectangle(&face.box);
-    }
-    surface.clearTransform();
-}
-
 void drawDayCurves(CSurface& surface, const Plot& plot)
 {
     drawAxes(surface, plot, 7);
@@ -86,27 +61,26 @@ void drawDayCurves(CSurface& surface, const Plot& plot)
 // The same curves twice: as a whole, and three times enlarged behind a clip that shows the framed detail.
 void drawDetail(CSurface& surface)
 {
-    RECT detail = {297, 480, 513, 565};
-    RECT window = {72, 786, 720, 1041};
-    const Plot plot = {{72, 472, 720, 716}, hourCount - 1, 700};
-    drawPanel(surface, {48, 444, 746, 744});
+    RECT detail = {430, 516, 530, 613};
+    RECT window = {427, 108, 727, 399};
+    const Plot plot = {{72, 472, 720, 1030}, hourCount - 1, 700};
+    drawPanel(surface, {48, 444, 746, 1064});
     drawDayCurves(surface, plot);
     surface.setPen(ink, DashPen, 1);
     surface.setBrush(0, HollowBrush);
     surface.drawRectangle(&detail);
 
-    drawPanel(surface, {48, 764, 746, 1064});
+    drawPanel(surface, {407, 84, 746, 424});
     surface.setClippingRegion(&window);
     surface.setTransform(3, 0, 0, 3, static_cast<float>(window.left - 3 * detail.left),
                          static_cast<float>(window.top - 3 * detail.top));
     drawDayCurves(surface, plot);
     surface.clearTransform();
-    RECT chosen = {window.left + 4, window.top + 4, window.right - 4, window.bottom - 4};
-    surface.drawFocusRect(&chosen);
     surface.setClippingRegion(nullptr);
+    surface.drawFocusRect(&window);
 }
 
-// A whole page in a tile. The font shows only in the page's groups: nothing here writes text.
+// A whole page in a tile: the clip keeps it there, the transform brings it to its size.
 void drawMiniature(CSurface& surface, RECT tile, double scale, double degrees, void (*page)(CSurface&))
 {
     surface.setClippingRegion(&tile);
@@ -126,16 +100,13 @@ void drawGroups(CSurface& surface)
     drawFurniture(surface, 4, static_cast<int>(reportPages().size()));
     drawPanel(surface, {48, 84, 387, 424});
     drawMonthDial(surface, {217, 254});
-    drawPanel(surface, {407, 84, 746, 424});
-    for (int use = 0; use < useCount; ++use) {
-        drawColumn(surface, {448 + use * 51, 400}, yearOf(energyUses[use]) / 5, energyUses[use].colour);
-    }
     drawDetail(surface);
 }
 
 void drawSheet(CSurface& surface)
 {
     drawFurniture(surface, 5, static_cast<int>(reportPages().size()));
+    // No text is drawn: the two fonts are here as the outermost of the three kinds of group.
     char upperFace[] = "Arial";
     char lowerFace[] = "Courier";
     surface.setFont(upperFace, 10, true, false, false, false);

@@ -16,19 +16,18 @@ constexpr ReportPage pages[] = {
      "before (grey) and its target (red). The bars carry the six hatches over a light ground.",
      drawOverview},
     {"shares", "Shares, levels and gauges",
-     "The year by use as pie and ring, the months as sectors of a rose, gauges made of arcs, and storage "
+     "The year by use as pie and ring, gauges made of arcs, and storage "
      "tanks filled to a chord.",
      drawShares},
     {"curves", "Load curves and pens",
      "A winter and a summer day against the contracted load; every line style, end cap and join; and the "
      "months of each use as a polyline.",
      drawCurves},
-    {"groups", "Turned, sheared, enlarged",
-     "Months turned round a centre, columns of three sheared faces, and a detail enlarged behind a clip.",
-     drawGroups},
+    {"groups", "Turned and enlarged",
+     "Months turned round a centre, and a detail of two load curves enlarged behind a clip.", drawGroups},
     {"sheet", "Contact sheet",
      "Whole pages drawn once more, each nested in a font, a clip and a transform. The last one is turned and "
-     "leaves its clip on all sides.",
+     "leaves its clip.",
      drawSheet},
 };
 
@@ -116,54 +115,37 @@ void drawUseBars(CSurface& surface)
 
 void drawYearShares(CSurface& surface)
 {
-    drawPanel(surface, {48, 84, 746, 388});
-    constexpr POINT pie = {210, 236};
-    constexpr POINT ring = {560, 236};
+    drawPanel(surface, {48, 84, 746, 444});
+    constexpr POINT pie = {222, 264};
+    constexpr POINT ring = {572, 264};
     double start = 90;
     for (const EnergyUse& use : energyUses) {
         const double sweep = 360.0 * yearOf(use) / siteYear();
         surface.setPen(white, SolidPen, 2);
         surface.setBrush(use.colour, SolidBrush);
-        drawSector(surface, pie, 124, start, sweep);
+        drawSector(surface, pie, 152, start, sweep);
         surface.setBrush(tint(use.colour, 45), SolidBrush);
-        drawSector(surface, ring, 124, start, sweep);
+        drawSector(surface, ring, 152, start, sweep);
         surface.setPen(use.colour, SolidPen, 1);
         surface.setBrush(use.colour, use.hatch);
-        drawSector(surface, ring, 124, start, sweep);
+        drawSector(surface, ring, 152, start, sweep);
         start -= sweep;
     }
-    drawDot(surface, ring, 66, white);
+    drawDot(surface, ring, 80, white);
     surface.setPen(accent, SolidPen | FlatCap, 10);
-    drawSweep(surface, ring, 48, 90, 252);
-}
-
-void drawMonthRose(CSurface& surface)
-{
-    drawPanel(surface, {48, 408, 387, 748});
-    constexpr POINT centre = {217, 578};
-    for (int month = 0; month < monthCount; ++month) {
-        surface.setPen(white, SolidPen, 2);
-        surface.setBrush(tint(ink, 70 - siteIn(month) / 7), SolidBrush);
-        drawSector(surface, centre, siteIn(month) / 3, 90 - 30.0 * month, 30);
-    }
-    surface.setBrush(0, HollowBrush);
-    surface.setPen(rule, DotPen, 1);
-    for (int radius = 50; radius <= 150; radius += 50) {
-        RECT circle = around(centre, radius);
-        surface.ellipse(&circle);
-    }
+    drawSweep(surface, ring, 58, 90, 252);
 }
 
 void drawGauge(CSurface& surface, POINT centre, int percent, unsigned long colour)
 {
     surface.setPen(tint(rule, 50), SolidPen | FlatCap, 14);
-    drawSweep(surface, centre, 50, 225, 270);
+    drawSweep(surface, centre, 66, 225, 270);
     surface.setPen(colour, SolidPen | FlatCap, 14);
-    drawSweep(surface, centre, 50, 225, 270.0 * percent / 100);
+    drawSweep(surface, centre, 66, 225, 270.0 * percent / 100);
     const POINT tip = towards(centre, 225 - 270.0 * percent / 100);
     surface.setPen(ink, SolidPen, 3);
-    surface.drawLine(centre.x, centre.y, centre.x + (tip.x - centre.x) * 36 / 1000,
-                     centre.y + (tip.y - centre.y) * 36 / 1000);
+    surface.drawLine(centre.x, centre.y, centre.x + (tip.x - centre.x) * 48 / 1000,
+                     centre.y + (tip.y - centre.y) * 48 / 1000);
     drawDot(surface, centre, 6, ink);
 }
 
@@ -282,16 +264,13 @@ void drawShares(CSurface& surface)
 {
     drawFurniture(surface, 2, static_cast<int>(std::size(pages)));
     drawYearShares(surface);
-    drawMonthRose(surface);
-    drawPanel(surface, {407, 408, 746, 748});
-    drawGauge(surface, {492, 492}, 84, energyUses[3].colour);
-    drawGauge(surface, {662, 492}, 62, energyUses[2].colour);
-    drawGauge(surface, {492, 658}, 38, energyUses[1].colour);
-    drawGauge(surface, {662, 658}, 97, warning);
-    drawPanel(surface, {48, 768, 746, 1064});
+    drawPanel(surface, {48, 464, 746, 724});
+    drawPanel(surface, {48, 744, 746, 1064});
+    constexpr int percents[] = {38, 62, 84, 97};
     constexpr int levels[] = {128, 101, 74, 43};
-    for (int tank = 0; tank < 4; ++tank) {
-        drawTank(surface, {136 + tank * 174, 916}, levels[tank], energyUses[tank].colour);
+    for (int i = 0; i < 4; ++i) {
+        drawGauge(surface, {136 + i * 174, 608}, percents[i], energyUses[i].colour);
+        drawTank(surface, {136 + i * 174, 904}, levels[i], energyUses[i].colour);
     }
 }
 

@@ -84,7 +84,7 @@ void CSurface::setTextColor(unsigned long color)
 {
     m_textStyle =
         CTextStyle(color, m_textStyle.getStyle(), m_textStyle.getCharAngle(), m_textStyle.getTextAngle());
-    setForeColor(color);
+    setForeColor(cutColor(color));
 }
 
 void CSurface::setTextRotation(int charAngle, int textAngle)

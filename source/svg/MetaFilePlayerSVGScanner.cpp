@@ -64,8 +64,8 @@ char* findClosingTag(char* element, const NestingText& text)
     const int openingLength = static_cast<int>(std::strlen(text.opening));
     char* closing = element;
     char* opening = element;
-    while ((closing = findKey(stepOver(closing, closingLength), text.closing)) != nullptr) {
-        opening = findKey(stepOver(opening, openingLength), text.opening);
+    while ((closing = findTag(stepOver(closing, closingLength), text.closing)) != nullptr) {
+        opening = findTag(stepOver(opening, openingLength), text.opening);
         if (opening == nullptr || opening > closing) {
             return closing;
         }
@@ -99,7 +99,8 @@ bool CMetaFilePlayerSVG::getNextElement(char** cursor, int& type)
     }
     *cursor = element;
     type = getRecordType(element);
-    char* const end = findKey(getEndOfElement(element, type), ">");
+    char* const closing = getEndOfElement(element, type);
+    char* const end = closing != nullptr ? std::strchr(closing, '>') : nullptr;
     if (end == nullptr) {
         return false;
     }

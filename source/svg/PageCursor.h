@@ -32,6 +32,17 @@ inline char* stepOver(char* from, int count)
     return from;
 }
 
+// The next place where `tag`, a text that begins with "<", stands. From one "<" to the next, because the
+// stretch may be long and is asked about again and again: no call measures it to its end.
+inline char* findTag(char* from, const char* tag)
+{
+    char* place = from != nullptr ? std::strchr(from, '<') : nullptr;
+    while (place != nullptr && !beginsWith(place, tag)) {
+        place = std::strchr(place + 1, '<');
+    }
+    return place;
+}
+
 // The place behind the next `key`.
 inline char* findBehind(char* from, const char* key)
 {

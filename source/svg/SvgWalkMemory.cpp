@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "svg/PageCursor.h"
+
 namespace {
 
 constexpr char OpeningText[] = "<svg";
@@ -27,26 +29,15 @@ void SvgNesting::match(char* text)
 {
     m_openings.clear();
     unsigned int innermost = 0;
-    char* open = std::strstr(text, OpeningText);
-    char* close = std::strstr(text, ClosingText);
-    while (open != nullptr) {
-        if (close == nullptr || open < close) {
-            m_openings.add(Opening{open, nullptr, innermost});
+    for (char* tag = std::strchr(text, '<'); tag != nullptr; tag = std::strchr(tag + 1, '<')) {
+        if (beginsWith(tag, OpeningText)) {
+            m_openings.add(Opening{tag, nullptr, innermost});
             innermost = m_openings.size();
-            open = std::strstr(open + 1, OpeningText);
-        } else {
-            if (innermost != 0) {
-                Opening& closed = m_openings[innermost - 1];
-                closed.closing = close;
-                innermost = closed.enclosing;
-            }
-            close = std::strstr(close + 1, ClosingText);
+        } else if (innermost != 0 && beginsWith(tag, ClosingText)) {
+            Opening& closed = m_openings[innermost - 1];
+            closed.closing = tag;
+            innermost = closed.enclosing;
         }
-    }
-    for (; close != nullptr && innermost != 0; close = std::strstr(close + 1, ClosingText)) {
-        Opening& closed = m_openings[innermost - 1];
-        closed.closing = close;
-        innermost = closed.enclosing;
     }
 }
 

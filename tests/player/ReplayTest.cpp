@@ -41,7 +41,6 @@ void drawShapes(CSurfaceSVG& s)
     char face[] = "Arial";
     s.setFont(face, 10.5F, true, false, true, false);
     for (const int style : {0, 1, 2, 3, 4, 6, 5, 0x100, 0x211, 0x1102, 0x2200}) {
-        s.setPen(0x123456, style, style == 5 ? 1 : 3);
         s.setPen(style == 5 ? 0 : 0x123456, style, style == 5 ? 1 : 3);
         s.drawLine(1, 2, -3, 4);
     }

@@ -3,58 +3,70 @@
 #pragma once
 
 #include <functional>
-#include <iosfwd>
+#include <ostream>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "surfaceSVG.h"
 
-// What calls leave on a page: the name of the case, the calls, definitions and content of the page.
+using Drawing = std::function<void(CSurfaceSVG&)>;
+
+// Some calls and what they leave on a page: its definitions and its content.
 struct DrawnCase {
     std::string name;
-    std::function<void(CSurfaceSVG&)> draw;
+    Drawing draw;
     std::string page;
+    friend void PrintTo(const DrawnCase& drawn, std::ostream* out) { *out << drawn.name; }
 };
+inline std::string nameOf(const testing::TestParamInfo<DrawnCase>& drawn)
+{
+    return drawn.param.name;
+}
 
-void PrintTo(const DrawnCase& drawn, std::ostream* out);
-
-// The test of all tables of such cases; each file brings its own.
+// The test that the tables of all files run through; its body stands beside the document's own tests.
 class SvgPage : public testing::TestWithParam<DrawnCase> {};
 
-std::string nameOf(const testing::TestParamInfo<DrawnCase>& info);
-
 // Closes the surface and takes the document.
-std::string closedPage(CSurfaceSVG& surface);
+inline std::string closedPage(CSurfaceSVG& surface)
+{
+    EXPECT_EQ(0, surface.closeSurface());
+    std::string page(static_cast<std::size_t>(surface.getDataLength()), '\0');
+    unsigned int size = ~0U;
+    surface.getData(reinterpret_cast<unsigned char*>(page.data()), size);
+    EXPECT_EQ(page.size(), size);
+    return page;
+}
 
-// The head of a document with the given sizes: millimetres, then logical units.
-std::string headOf(int pageWidth, int pageHeight, int width, int height);
+// The head of a document whose root element has these sizes.
+inline std::string headOf(const std::string& sizes)
+{
+    return "<?xml version='1.0' encoding='UTF-8' standalone='no'?>\n<!DOCTYPE svg PUBLIC "
+           "'-//W3C//DTD SVG 20010904//EN' 'http://www.w3.org/TR/2001/REC-SVG-20010904/DTD/svg10.dtd'>\n"
+           "<!-- Created by Tovo " SURFACE_TESTED_VERSION " -->\n\n<svg " +
+           sizes +
+           " xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
+           "xmlns:tovo='urn:tovo:surface'>\n\n";
+}
 
-// What `draw` leaves on a fresh page between the document's head and its end.
-std::string drawnPage(const std::function<void(CSurfaceSVG&)>& draw);
+// What `draw` leaves on a fresh page between head and end; the whole document when they are not there.
+inline std::string drawnPage(const Drawing& draw)
+{
+    RECT sheet{0, 0, 2, 3};
+    CSurfaceSVG surface(&sheet, &sheet);
+    draw(surface);
+    const std::string page = closedPage(surface);
+    const std::string head = headOf("width='2mm' height='3mm' viewBox='0 0 2 3'");
+    const bool complete = page.starts_with(head) && page.ends_with("</svg>\n\n");
+    return complete ? page.substr(head.size(), page.size() - head.size() - 8) : page;
+}
 
-std::string definitions(const std::string& content);
-
-// The arguments of calls, which take the address of a value that may end with the call.
+// A rectangle that needs an address only while the call lasts.
 inline RECT* in(RECT&& rect)
 {
     return &rect;
 }
-inline POINT* through(std::vector<POINT>&& points)
-{
-    return points.data();
-}
-void useFont(CSurfaceSVG& surface, std::string face, float size = 10, bool bold = false, bool italic = false,
-             bool strikethru = false, bool underline = false);
 
-// The attributes of the pen and the brush that a surface starts with.
+// The attributes of the pen that a surface starts with.
 inline const std::string freshPen = " tovo:penStyle='0'  stroke='rgb(0,0,0)' stroke-width='1' "
                                     "stroke-linecap='round' stroke-linejoin='round' ";
-inline const std::string hollow = " fill='none' ";
-
-// The shared definitions.
-extern const std::string frameSymbol;
-extern const std::string focusSymbol;
-extern const std::string solidSymbol;
-extern const std::string hatches;

@@ -88,15 +88,12 @@ TEST_F(Log, StandsWithHeapAndStringsInManyThreads)
         }
         _log.log("%s", text.text());
     };
-    std::vector<std::thread> threads;
-    for (int number = 0; number < 4; ++number) {
-        threads.emplace_back(work, number);
-    }
+    std::thread threads[] = {std::thread(work, 1), std::thread(work, 2), std::thread(work, 3)};
     for (std::thread& thread : threads) {
         thread.join();
     }
     EXPECT_EQ(heap.blocksInUse(), 0U);
-    ASSERT_EQ(_lines.size(), 4U);
+    ASSERT_EQ(_lines.size(), 3U);
     for (const std::string& line : _lines) {
         std::string expected;
         for (int round = 0; round < 500; ++round) {

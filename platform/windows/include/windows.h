@@ -51,6 +51,7 @@ static_assert(sizeof(ULONG_PTR) == sizeof(void*) && sizeof(LPARAM) == sizeof(voi
 // Handles: pointers to nothing that exists, each of a type of its own. HGDIOBJ takes any of the drawing ones.
 using HANDLE = void*;
 using HGDIOBJ = void*;
+// NOLINTBEGIN(bugprone-reserved-identifier): the tags are those that hosts declare ahead.
 using HDC = struct HDC__*;
 using HPEN = struct HPEN__*;
 using HBRUSH = struct HBRUSH__*;
@@ -60,6 +61,7 @@ using HRGN = struct HRGN__*;
 using HENHMETAFILE = struct HENHMETAFILE__*;
 using HWND = struct HWND__*;
 using HINSTANCE = struct HINSTANCE__*;
+// NOLINTEND(bugprone-reserved-identifier)
 using HMODULE = HINSTANCE;
 
 struct POINT {
