@@ -161,6 +161,5 @@ double intlStringToDoubleFixed(const char* text)
     if (std::from_chars(first, end, number).ec == std::errc::result_out_of_range) {
         number = isTooLarge(first, end) ? DBL_MAX : 0;
     }
-    number = std::min(number, DBL_MAX);
     return negative ? -number : number;
 }

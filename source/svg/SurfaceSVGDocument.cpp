@@ -1,6 +1,8 @@
 // The document around a page's content: head, shared definitions, end pieces.
 #include "surfaceSVG.h"
 
+#include <cstring>
+
 #include "surface/moduleVersion.h"
 #include "surface/pageText.h"
 #include "svg/SvgDialect.h"
@@ -39,6 +41,15 @@ void appendHatches(TovoTextString& head)
     }
 }
 
+// In place, since the page may be large and its buffer mostly has the room.
+void putInFront(TovoTextString& page, const TovoTextString& head)
+{
+    page.room(head.length());
+    std::memmove(page.text() + head.length(), page.text(), page.length());
+    std::memcpy(page.text(), head.text(), head.length());
+    page.grow(head.length());
+}
+
 } // namespace
 
 int CSurfaceSVG::closeSurface()
@@ -48,7 +59,7 @@ int CSurfaceSVG::closeSurface()
                  "<svg width='", m_pageWidth, "mm' height='", m_pageHeight, "mm' ", ViewBoxKey, "0 0 ",
                  m_width, " ", m_height, "'", Namespaces, ">\n\n");
     appendDefinitions(head);
-    m_body = head + m_body;
+    putInFront(m_body, head);
 
     if (m_hasTransform) {
         writeEndGroup();

@@ -1,7 +1,7 @@
-// Telling a page's format from its bytes, and the operations on pages that are of none.
+// The way into a player: telling a page's format from its bytes, and what happens when nothing can be played.
 #include "PlayedPage.h"
 
-#include "metaFilePlayer.h"
+#include "metaFilePlayerSVG.h"
 
 #include <algorithm>
 #include <memory>
@@ -10,91 +10,93 @@ using namespace std::string_literals;
 
 namespace {
 
-const std::string metafileHead = "\1\0\0\0"s + std::string(36, 'x') + " EMF";
-
-struct FormatCase {
-    std::string page;
-    int format;
-};
-
-const FormatCase formats[] = {
-    {"", 0},
-    {metafileHead, 1},
-    {metafileHead + "<?xml<!DOCTYPE svg", 1},
-    {metafileHead.substr(0, 43), 0}, // a head that ends before its signature does
-    {"\1\0\0\0"s, 0},
-    {"\1\0\0\0<?xml<!DOCTYPE svg"s, 2},
-    {metafileHead.substr(0, 40) + "EMF <!DOCTYPE svg<?xml", 2},
-    {"<?xml version='1.0'?><!DOCTYPE svg PUBLIC>", 2},
-    {"<!DOCTYPE svg<?xml", 2},          // wherever the marks stand
-    {"\0\0<?xml\0\0<!DOCTYPE svg"s, 2}, // zero bytes do not end the search
-    {"<?xml\0<!DOCTYPE\0svg"s, 0},
-    {"<?xml version='1.0'?>", 0},
-    {"<!DOCTYPE svg>", 0},
-    {"<?xml<!doctype svg", 0},
-    {"<?xml<!DOCTYPE sv", 0}, // the last byte is missing: nothing stands behind the buffer
-};
+const std::string metafile = "\1\0\0\0"s + std::string(36, 'x') + " EMF";
+const std::string bothMarks = "<?xml ?><!DOCTYPE svg";
 
 TEST(PageFormat, IsToldByTheBytes)
 {
-    for (const FormatCase& expected : formats) {
-        const auto bytes = std::make_unique<unsigned char[]>(expected.page.size());
-        std::copy(expected.page.begin(), expected.page.end(), bytes.get());
-        const auto length = static_cast<unsigned int>(expected.page.size());
-        EXPECT_EQ(CMetaFilePlayer::getMetaFileFormat(bytes.get(), length), expected.format) << expected.page;
+    const std::pair<std::string, int> formats[] = {
+        {"", 0},
+        {metafile + bothMarks, 1},
+        {metafile.substr(0, 43), 0}, // a head that ends before its signature does
+        {metafile.substr(0, 4) + bothMarks, 2},
+        {metafile.substr(0, 40) + "EMF " + bothMarks, 2},
+        {"<!DOCTYPE svg<?xml", 2},        // wherever the marks stand
+        {"\0<?xml\0\0<!DOCTYPE svg"s, 2}, // zero bytes do not end the search
+        {"<?xml<!DOCTYPE\0svg"s, 0},
+        {"<?xml<!doctype svg", 0},
+        {"<!DOCTYPE svg", 0},
+        {"<?xml<!DOCTYPE sv", 0}, // nothing stands behind the buffer
+    };
+    for (const auto& [page, format] : formats) {
+        const auto bytes = std::make_unique<unsigned char[]>(page.size());
+        std::copy(page.begin(), page.end(), bytes.get());
+        const auto length = static_cast<unsigned int>(page.size());
+        EXPECT_EQ(CMetaFilePlayer::getMetaFileFormat(bytes.get(), length), format) << page;
     }
-}
-
-TEST(PageFormat, IsUnknownForNoPage)
-{
     unsigned char page[] = "<?xml<!DOCTYPE svg";
-    EXPECT_EQ(CMetaFilePlayer::getMetaFileFormat(nullptr, 18), 0);
     for (const unsigned int length :
          {0U, 0x80000000U, 0xFFFFFFFFU}) { // as signed numbers 0 and negative ones
         EXPECT_EQ(CMetaFilePlayer::getMetaFileFormat(page, length), 0);
     }
-}
-
-TEST(PageFormat, MakesThePlayerOfASvgPage)
-{
-    std::string page = "<?xml?><!DOCTYPE svg>" + framed("");
-    const std::unique_ptr<CMetaFilePlayer> player(CMetaFilePlayer::createPlayer(
-        reinterpret_cast<unsigned char*>(page.data()), static_cast<unsigned int>(page.size())));
-    ASSERT_NE(player, nullptr);
-    EXPECT_EQ(player->metaFileFormat(), 2);
+    EXPECT_EQ(CMetaFilePlayer::getMetaFileFormat(nullptr, sizeof page), 0);
 }
 
 TEST(PageFormat, UnknownPagesAreRefusedWithALogLine)
 {
     const CaughtReports reports;
     unsigned char page[] = "no page";
-    unsigned int width = 7;
-    unsigned int height = 7;
-    unsigned int position = 1;
-    unsigned int offset = 2;
+    unsigned int numbers[] = {1, 2, 3, 4, 5};
     unsigned char* found = page;
-    unsigned int foundLength = 3;
-    int x = 4;
-    int y = 5;
-
+    int x = 6;
+    int y = 7;
     EXPECT_EQ(CMetaFilePlayer::createPlayer(page, 7), nullptr);
     EXPECT_FALSE(CMetaFilePlayer::insertPageCount(page, 7, 1, 2));
-    CMetaFilePlayer::getImageSize(page, 7, width, height);
-    EXPECT_EQ(CMetaFilePlayer::searchPageForString(page, 7, "page", true, true, position, offset, found,
-                                                   foundLength, x, y),
+    CMetaFilePlayer::getImageSize(page, 7, numbers[0], numbers[1]);
+    EXPECT_EQ(CMetaFilePlayer::searchPageForString(page, 7, "page", true, true, numbers[2], numbers[3], found,
+                                                   numbers[4], x, y),
               0);
-
     EXPECT_STREQ(reinterpret_cast<char*>(page), "no page");
-    EXPECT_EQ(std::vector({width, height}), std::vector({0U, 0U}));
-    EXPECT_EQ(std::vector({position, offset, foundLength}), std::vector({1U, 2U, 3U}));
-    EXPECT_EQ(found, page);
-    EXPECT_EQ(std::vector({x, y}), std::vector({4, 5}));
-    EXPECT_EQ(reports.log, std::vector<std::string>({
-                               "CMetaFilePlayer::createPlayer Unknown meta file format 0",
-                               "CMetaFilePlayer::insertPageCount Unknown meta file format 0",
-                               "CMetaFilePlayer::getImageSize Unknown meta file format 0",
-                               "CMetaFilePlayer::searchPageForString Unknown meta file format 0",
-                           }));
+    EXPECT_EQ(std::vector(std::begin(numbers), std::end(numbers)), std::vector({0U, 0U, 3U, 4U, 5U}));
+    EXPECT_TRUE(found == page && x == 6 && y == 7);
+    std::vector<std::string> expected;
+    for (const char* operation : {"createPlayer", "insertPageCount", "getImageSize", "searchPageForString"}) {
+        expected.push_back("CMetaFilePlayer::"s + operation + " Unknown meta file format 0");
+    }
+    EXPECT_EQ(reports.log, expected);
+}
+
+TEST(Playback, NeedsMemoryASurfaceAndARectangle)
+{
+    const CaughtReports reports;
+    std::string page = bothMarks + ">" + framed(mark(1));
+    const auto bytes = reinterpret_cast<unsigned char*>(page.data());
+    const auto length = static_cast<unsigned int>(page.size());
+    RecordingSurface surface;
+    RECT rect{};
+    kstr_setFailure(0);
+    EXPECT_THROW(CMetaFilePlayer::createPlayer(bytes, length), KrnException);
+    kstr_setFailure(-1);
+    const std::unique_ptr<CMetaFilePlayer> player(CMetaFilePlayer::createPlayer(bytes, length));
+    ASSERT_NE(player, nullptr);
+    EXPECT_EQ(player->metaFileFormat(), 2);
+    EXPECT_EQ(player->play(nullptr, &rect), 0);
+    EXPECT_EQ(player->play(&surface, nullptr), 0);
+    EXPECT_EQ(CMetaFilePlayerSVG(nullptr, length).play(&surface, &rect), 1);
+    EXPECT_EQ(surface.text(), "");
+}
+
+TEST(Playback, ExhaustedMemoryEndsThePage)
+{
+    class ExhaustedSurface : public RecordingSurface {
+        void drawFocusRect(RECT*) override { krnOutOfMemory(); }
+    };
+    const CaughtReports reports;
+    ExhaustedSurface surface;
+    EXPECT_EQ(playOn(surface, "<polyline points='' />" + mark(1) + "<polyline points='' />"), 0);
+    EXPECT_EQ(surface.text(), "setPen rgb(0,0,0) style 0 width 1\npolyline []\n");
+    EXPECT_EQ(reports.log, std::vector({"CMetaFilePlayerSVG::player - Exception during SVG playback, "
+                                        "exception number=-100"s}));
 }
 
 } // namespace

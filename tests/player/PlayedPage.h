@@ -1,5 +1,4 @@
-// What happens when a page is played, and the two parameterised tests that the tables of this folder feed: a
-// page or a piece of one goes in, and the whole list of calls must come out.
+// Playing a page as the tests of this folder do: a page goes in, the exact list of calls comes out.
 #pragma once
 
 #include "support/RecordingSurface.h"
@@ -22,41 +21,44 @@ public:
 };
 
 struct PlayedPage {
-    int result;
-    std::vector<std::string> calls;
+    std::string calls; // one after the other, "; " between them
     std::vector<std::string> log;
     std::vector<std::string> assertions;
 };
 
-// Plays on a recording surface in the rectangle (5, 6, 50, 60). The player gets a buffer of exactly the
-// page's length, so that a sanitizer sees every read beyond it.
-PlayedPage playPage(const std::string& page);
-// The same on any surface; gives the result of `play`.
+// Plays in the rectangle (5, 6, 50, 60), from a buffer of exactly the page's length, so that a sanitizer sees
+// every read beyond it. Gives the result of `play`.
 int playOn(CSurface& surface, const std::string& page);
+// The same on a recording surface; the page must count as played.
+PlayedPage playPage(const std::string& page);
 
-// The content as a page of 210 by 297 millimetres and 100 by 200 units, and the call that begins its replay.
+// The content as a page of 210 by 297 millimetres and 100 by 200 units, the call that begins its replay, and
+// the one that ends a clip.
 std::string framed(const std::string& content);
-inline constexpr const char* framePrepared = "prepareSurface 100x200 210x297 50x60";
-inline constexpr const char* frameClip = "setClippingRegion (0, 0, 100, 200)";
+inline const std::string prepared = "prepareSurface 100x200 210x297 50x60; ";
+inline const std::string unclipped = "setClippingRegion (0, 0, 100, 200)";
 
-// An element that draws whatever stands around it, and its call: tells how far a walk came.
+// The attributes that a shape has when its element gives none.
+inline const std::string plainPen = "setPen rgb(0,0,0) style 0 width 1; ";
+inline const std::string plain = "setBrush rgb(0,0,0) style 1 picture 0; " + plainPen;
+
+// A small element that needs nothing around it; it gives drawFocusRect (number, 0, number, 0).
 std::string mark(int number);
-std::string marked(int number);
 
-// The attributes that a shape has before its own are read.
-inline constexpr const char* plainBrush = "setBrush rgb(0,0,0) style 1 picture 0";
-inline constexpr const char* plainPen = "setPen rgb(0,0,0) style 0 width 1";
-
+// A page as it stands, or the content of a framed one: then `calls` are those behind prepareSurface. Elements
+// that the walk does not take are counted by the assertions that report them.
 struct PageCase {
     const char* name;
     std::string page;
-    std::vector<std::string> calls;
+    std::string calls;
     std::size_t assertions = 0;
 };
-void PrintTo(const PageCase& pageCase, std::ostream* out);
-std::string nameOf(const testing::TestParamInfo<PageCase>& info);
 
-// The page as it stands.
+inline std::string nameOf(const testing::TestParamInfo<PageCase>& info)
+{
+    return info.param.name;
+}
+
+// Declared by each table's file with INSTANTIATE_TEST_SUITE_P.
 class WholePage : public testing::TestWithParam<PageCase> {};
-// The page is the content of `framed`; the calls are those behind prepareSurface.
 class PageContent : public testing::TestWithParam<PageCase> {};

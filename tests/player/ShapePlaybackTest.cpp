@@ -1,121 +1,156 @@
-// Shapes: an element in, its calls out.
+// Shapes, their attributes, and the symbols and patterns that they refer to: elements in, their calls out.
 #include "PlayedPage.h"
 
 namespace {
 
-constexpr const char* noPen = "setPen rgb(0,0,0) style 5 width 1";
-const std::string rect = "<rect x='1' y='2' width='3' height='4'";
-const std::string line = "<line x1='1' y1='2' x2='3' y2='4'";
-const std::string arc = "<path d='M0 0A5 5 0 0 0 1 1' ";
+const std::string noPen = "setPen rgb(0,0,0) style 5 width 1; ";
+const std::string rect = "<rect x='1' y='2' width='3' height='4' ";
+const std::string line = "<line x1='1' y1='2' x2='3' y2='4' ";
+const std::string use = "<use x='1' y='2' width='3' height='4' ";
 
-const PageCase rectangles[] = {
-    {"Rect",
-     rect + " fill='rgb(1,2,3)'  tovo:penStyle='257'  stroke='rgb(4,5,6)' stroke-width='7' />",
-     {"setBrush rgb(1,2,3) style 0 picture 0", "setPen rgb(4,5,6) style 257 width 7",
-      "drawRectangle (1, 2, 4, 6)"}},
-    {"RectSolid",
-     rect + " fill='rgb(255,0,0)'  tovo:penStyle='261'  stroke='none' />",
-     {"drawSolidRectangle (1, 2, 4, 6) rgb(255,0,0)"}},
-    {"RectInvisible",
-     rect + " fill='none'  tovo:penStyle='5'  stroke='none' />",
-     {plainBrush, noPen, "drawRectangle (1, 2, 4, 6)"}},
+const PageCase shapes[] = {
+    {"Rectangle", rect + "fill='rgb(1,2,3)'  tovo:penStyle='257'  stroke='rgb(4,5,6)' stroke-width='7' />",
+     "setBrush rgb(1,2,3) style 0 picture 0; setPen rgb(4,5,6) style 257 width 7; drawRectangle (1, 2, 4, "
+     "6)"},
+    {"RectangleWithoutOutline", rect + "fill='rgb(255,0,0)'  tovo:penStyle='261'  stroke='none' />",
+     "drawSolidRectangle (1, 2, 4, 6) rgb(255,0,0)"},
+    {"RectangleUnseen", rect + "fill='none'  tovo:penStyle='5'  stroke='none' />",
+     "setBrush rgb(0,0,0) style 1 picture 0; " + noPen + "drawRectangle (1, 2, 4, 6)"},
     // The pen style of a rectangle counts only beside a stroke.
-    {"RectWithoutStroke",
-     rect + " tovo:penStyle='2' stroke-width='5' />",
-     {plainBrush, plainPen, "drawRectangle (1, 2, 4, 6)"}},
-    {"RectSquare", rect + " rx='0' ry='0' />", {plainBrush, plainPen, "drawRectangle (1, 2, 4, 6)"}},
-    {"RectRounded", rect + " rx='3' />", {plainBrush, plainPen, "drawRoundedRectangle (1, 2, 4, 6) 3 0"}},
-    {"RectRoundedOtherWay",
-     rect + " ry='3' fill='rgb(0,0,9)' stroke='none' />",
-     {"drawSolidRectangle (1, 2, 4, 6) rgb(0,0,9)"}},
+    {"RectangleWithoutStroke", rect + "tovo:penStyle='2' stroke-width='5' />",
+     plain + "drawRectangle (1, 2, 4, 6)"},
+    {"RectangleCorners", rect + "rx='0' ry='0' />" + rect + "rx='3' />" + rect + "ry='3' />",
+     plain + "drawRectangle (1, 2, 4, 6); " + plain + "drawRoundedRectangle (1, 2, 4, 6) 3 0; " + plain +
+         "drawRoundedRectangle (1, 2, 4, 6) 0 3"},
     // Reading goes on behind each radius.
-    {"RectRadiiOutOfOrder",
-     rect + " fill='rgb(1,2,3)' ry='5' rx='4' />",
-     {plainBrush, plainPen, "drawRoundedRectangle (1, 2, 4, 6) 4 0"}},
-    {"RectStyleIsReadAndDropped",
-     rect + " style='fill:rgb(1,2,3); stroke:none' stroke='none' fill='rgb(9,9,9)' />",
-     {plainBrush, plainPen, "drawRectangle (1, 2, 4, 6)"}},
-    {"RectStyleWithoutStroke", rect + " style='fill:rgb(1,2,3)' />", {}},
-    {"RectWraps",
-     "<rect x='2147483647' y='-99999999999' width='1' height='-1' />",
-     {plainBrush, plainPen, "drawRectangle (2147483647, -2147483648, -2147483648, 2147483647)"}},
-    {"RectHeadsThatCannotBeUsed",
+    {"RectangleRadiiOutOfOrder", rect + "fill='rgb(1,2,3)' ry='5' rx='4' />",
+     plain + "drawRoundedRectangle (1, 2, 4, 6) 4 0"},
+    {"RectangleStyleIsReadAndDropped",
+     rect + "style='fill:rgb(1,2,3); stroke:none' stroke='none' fill='rgb(9,9,9)' />" + rect +
+         "style='fill:red' />",
+     plain + "drawRectangle (1, 2, 4, 6)"},
+    {"Ellipse", "<ellipse cx='10' cy='20' rx='3' ry='4'  fill='rgb(1,2,3)'  tovo:penStyle='5' />",
+     "setBrush rgb(1,2,3) style 0 picture 0; " + noPen + "ellipse (7, 16, 13, 24)"},
+    {"CoordinatesSaturateAndWrap",
+     "<rect x='2147483647' y='-99999999999' width='1' height='-1' />"
+     "<ellipse cx='-2147483648' cy='0' rx='1' ry='-2' />"
+     "<use x='2147483647' y='99999999999' width='1' height='2' xlink:href='#FocusRect'/>",
+     plain + "drawRectangle (2147483647, -2147483648, -2147483648, 2147483647); " + plain +
+         "ellipse (2147483647, 2, -2147483647, -2); "
+         "drawFocusRect (2147483647, 2147483647, -2147483648, -2147483647)"},
+    {"HeadsThatCannotBeUsed",
      "<rect y='2' x='1' width='3' height='4' /><rect x='1' y='2' width='3' /><rect  x='1' y='2' width='3' "
-     "height='4' /><rect\tx='1' y='2' width='3' height='4' /><rect x=\"1\" y='2' width='3' height='4' "
-     "/><rect />",
-     {}},
-};
-
-const PageCase ellipsesAndLines[] = {
-    {"Ellipse",
-     "<ellipse cx='10' cy='20' rx='3' ry='4'  fill='rgb(1,2,3)'  tovo:penStyle='5'  stroke='none'  />",
-     {"setBrush rgb(1,2,3) style 0 picture 0", noPen, "ellipse (7, 16, 13, 24)"}},
-    {"EllipseWraps",
-     "<ellipse cx='-2147483648' cy='0' rx='1' ry='-2' />",
-     {plainBrush, plainPen, "ellipse (2147483647, 2, -2147483647, -2)"}},
-    {"EllipseHalfRead", "<ellipse cx='10' cy='20' rx='3' />", {}},
-    {"Line",
-     line + " tovo:penStyle='0'  stroke='rgb(0,0,255)' stroke-width='2' />",
-     {"setPen rgb(0,0,255) style 0 width 2", "drawLine 1 2 3 4"}},
-    {"LineWithoutStroke",
-     line + " tovo:penStyle='2' stroke-width='99999999999' />",
-     {"setPen rgb(0,0,0) style 2 width 2147483647", "drawLine 1 2 3 4"}},
+     "height='4' />"
+     "<rect\tx='1' y='2' width='3' height='4' /><rect x=\"1\" y='2' width='3' height='4' /><rect />"
+     "<ellipse cx='10' cy='20' rx='3' /><line x1='1' y1='2' x2='3' />",
+     ""},
     // The style word has the last word; the dashes beside it are for viewers.
-    {"LinePenStyleGoesBeforeStroke",
-     line + " tovo:penStyle='4' stroke='none' stroke-dasharray='3,1' />",
-     {"setPen rgb(0,0,0) style 4 width 1", "drawLine 1 2 3 4"}},
-    {"LineColourByteByByte",
-     line + " stroke='rgb(256,-1,511)' />",
-     {"setPen rgb(0,255,255) style 0 width 1", "drawLine 1 2 3 4"}},
-    {"LineColourHalfRead", line + " stroke='rgb(1,2)' />", {}},
-    {"LineHalfRead", "<line x1='1' y1='2' x2='3' />", {}},
-};
-
-const PageCase pointLists[] = {
-    {"Polygon",
-     "<polygon points='1,2 3,4 5,6 ' tovo:penStyle='5'  stroke='none'  fill='none'  />",
-     {plainBrush, noPen, "polygon [(1, 2) (3, 4) (5, 6)]"}},
-    {"PolygonSolid",
-     "<polygon points='1,2 3,4 ' tovo:penStyle='0'  stroke='rgb(0,0,255)' fill='rgb(255,0,0)'  />",
-     {"solidPolygon rgb(255,0,0) [(1, 2) (3, 4)]"}},
-    // Attributes are sought from the end of the list on.
-    {"PolygonFillTooEarly",
-     "<polygon fill='rgb(1,2,3)' points='1,2 ' />",
-     {plainBrush, plainPen, "polygon [(1, 2)]"}},
-    {"PolylineTakesNoBrush",
-     "<polyline points='-1,-2 99999999999,4 ' fill='rgb(1,2,3)' stroke='none' />",
-     {noPen, "polyline [(-1, -2) (2147483647, 4)]"}},
-    {"EmptyLists",
+    {"LinePens",
+     line + "tovo:penStyle='4' stroke='none' stroke-dasharray='3,1' />" + line + "stroke='none' />" + line +
+         "stroke='rgb(256,-1,511)' stroke-width='99999999999' />",
+     "setPen rgb(0,0,0) style 4 width 1; drawLine 1 2 3 4; " + noPen +
+         "drawLine 1 2 3 4; setPen rgb(0,255,255) style 0 width 2147483647; drawLine 1 2 3 4"},
+    {"ColourHalfRead", line + "stroke='rgb(1,2)' />" + rect + "fill='rgb(1,2)' />", ""},
+    {"Polygons",
+     "<polygon points='1,2 3,4 5,6 ' tovo:penStyle='5'  stroke='none'  fill='none'  />"
+     "<polygon points='-1,-2 ' tovo:penStyle='0'  stroke='rgb(0,0,255)' fill='rgb(255,0,0)'  />",
+     "setBrush rgb(0,0,0) style 1 picture 0; " + noPen +
+         "polygon [(1, 2) (3, 4) (5, 6)]; solidPolygon rgb(255,0,0) [(-1, -2)]"},
+    // Attributes are sought from the end of the list on; a polyline takes no brush.
+    {"PointListAttributes",
+     "<polygon fill='rgb(1,2,3)' points='1,2 ' /><polyline points='3,99999999999 ' fill='rgb(1,2,3)' "
+     "stroke='none' />"
      "<polygon points='' /><polyline points='' />",
-     {plainBrush, plainPen, "polygon []", plainPen, "polyline []"}},
-    {"ListsWithoutTheirLastBlank",
-     "<polygon points='1,2 3,4'/><polyline points='1,2 3,4'/><polyline points='1,2 3,4' stroke='none' />",
-     {}},
-    {"NoList", "<polygon fill='none' /><polyline stroke='none' />", {}},
-};
-
-const PageCase arcs[] = {
-    {"Arc",
-     arc + "fill='none'  tovo:penStyle='1'  stroke='rgb(1,2,3)' stroke-width='4' tovo:arc='0 0 10 20 1 2 -3 "
-           "4' />",
-     {plainBrush, "setPen rgb(1,2,3) style 1 width 4", "drawArc (0, 0, 10, 20) 1 2 -3 4"}},
-    {"Chord",
-     arc + " tovo:penStyle='5'  stroke='none'  fill='rgb(1,2,3)' tovo:chord='0 0 10 20 1 2 3 4' />",
-     {"setBrush rgb(1,2,3) style 0 picture 0", noPen, "drawChord (0, 0, 10, 20) 1 2 3 4"}},
-    {"PieWithoutStroke",
-     arc + "tovo:penStyle='2' tovo:pie='0 0 10 20 1 2 3 99999999999' />",
-     {plainBrush, plainPen, "drawPie (0, 0, 10, 20) 1 2 3 2147483647"}},
-    {"NamesByPrefix",
-     "<path tovo:a='1' tovo:archer='1 2 3 4 5 6 7 8' tovo:pie='0 0 0 0 0 0 0 0' />",
-     {plainBrush, plainPen, "drawArc (1, 2, 3, 4) 5 6 7 8"}},
+     plain + "polygon [(1, 2)]; " + noPen + "polyline [(3, 2147483647)]; " + plain + "polygon []; " +
+         plainPen + "polyline []"},
+    {"PointListsThatCannotBeUsed",
+     "<polygon points='1,2 3,4'/><polyline points='1,2 3,4'/><polyline points='1,2 3,4' stroke='none' />"
+     "<polygon fill='none' /><polyline stroke='none' />",
+     ""},
+    // Other tovo: attributes may stand first; names go by prefix.
+    {"Arcs",
+     "<path d='M0 0A5 5 0 0 0 1 1' fill='none'  tovo:penStyle='1'  stroke='rgb(1,2,3)' tovo:arc='0 0 9 8 1 2 "
+     "-3 4' />"
+     "<path d='M0 0z'  tovo:penStyle='5'  stroke='none'  fill='rgb(1,2,3)' tovo:chop='0 0 9 8 1 2 3 "
+     "99999999999' />"
+     "<path tovo:penStyle='2' tovo:pie='0 0 9 8 1 2 3 4' />",
+     "setBrush rgb(0,0,0) style 1 picture 0; setPen rgb(1,2,3) style 1 width 1; drawArc (0, 0, 9, 8) 1 2 -3 "
+     "4; "
+     "setBrush rgb(1,2,3) style 0 picture 0; " +
+         noPen + "drawChord (0, 0, 9, 8) 1 2 3 2147483647; " + plain + "drawPie (0, 0, 9, 8) 1 2 3 4"},
     {"PathsForViewersOnly",
-     arc + "/><path d='M0 0z' tovo:penStyle='0'  stroke='rgb(0,0,0)' /><path tovo:arc='1 2 3 4 5 6 7' />",
-     {}},
+     "<path d='M0 0z' /><path tovo:penStyle='0'  stroke='rgb(0,0,0)' /><path tovo:arc='1 2 3 4 5 6 7' />",
+     ""},
+    {"Symbols",
+     use + "xlink:href='#SolidRect' fill='rgb(1,2,3)'/>" + use +
+         "xlink:href='#FrameRect' stroke='rgb(4,5,6)'/>"
+         "<use  x='7'\ty='8' xlink:href = \"#FocusRect\" />",
+     "drawSolidRectangle (1, 2, 4, 6) rgb(1,2,3); frameRect (1, 2, 4, 6) rgb(4,5,6); drawFocusRect (7, 8, 7, "
+     "8)"},
+    {"SymbolsThatCannotBeUsed",
+     use + "xlink:href='#FrameRect2' stroke='rgb(1,2,3)'/>" + use + "xlink:href=''/>" + use +
+         "xlink:href />" + use + "xlink:href='#FrameRect'/>" + use +
+         "xlink:href='#FrameRect' stroke='red'/>" + use + "fill='rgb(1,2,3)' xlink:href='#SolidRect'/>" +
+         use +
+         "xlink:href='#SolidRect' fill='rgb(1,2'/>"
+         "<use y='2' xlink:href='#FocusRect'/><use x='1' xlink:href='#FocusRect'/><use x='1' y='2' />",
+     ""},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rectangles, PageContent, testing::ValuesIn(rectangles), nameOf);
-INSTANTIATE_TEST_SUITE_P(EllipsesAndLines, PageContent, testing::ValuesIn(ellipsesAndLines), nameOf);
-INSTANTIATE_TEST_SUITE_P(PointLists, PageContent, testing::ValuesIn(pointLists), nameOf);
-INSTANTIATE_TEST_SUITE_P(Arcs, PageContent, testing::ValuesIn(arcs), nameOf);
+std::string pattern(const std::string& id, const std::string& name)
+{
+    return "<pattern id='" + id + "' stroke='rgb(1,2,3)' xlink:href='#" + name + "'></pattern>\n";
+}
+
+// A shape for each fill.
+std::string filled(std::initializer_list<const char*> fills)
+{
+    std::string elements;
+    for (const std::string fill : fills) {
+        elements += rect + "fill='" + fill + "' />";
+    }
+    return elements;
+}
+
+std::string hatched(std::initializer_list<int> styles)
+{
+    std::string calls;
+    for (const int style : styles) {
+        calls += "setBrush rgb(1,2,3) style " + std::to_string(style) + " picture 0; " + plainPen +
+                 "drawRectangle (1, 2, 4, 6); ";
+    }
+    return calls;
+}
+
+const std::string hatches = "<defs>" + pattern("pattern1", "HatchHorizontal") +
+                            pattern("pattern2", "HatchVertical") + pattern("pattern3", "HatchFDiagonal") +
+                            pattern("pattern4", "HatchBDiagonal") + pattern("pattern5", "HatchCrossing") +
+                            pattern("pattern6", "HatchDiagCross") + pattern("pattern7", "Hatch");
+
+const PageCase patterns[] = {
+    {"Hatches",
+     hatches + "</defs>" +
+         filled({"url(#pattern1)", "url(#pattern2)", "url(#pattern3)", "url(#pattern4)", "url(#pattern5)",
+                 "url(#pattern6)", "url(#pattern7)"}),
+     hatched({2, 3, 4, 5, 6, 7, 2})},
+    // Octal and hexadecimal where they are defined, decimal where they are used.
+    {"Numbers",
+     hatches + pattern("pattern08", "HatchVertical") + pattern("pattern010", "HatchCross") +
+         pattern("pattern0x9", "HatchDiagCross") + "</defs>" +
+         filled({"url(#pattern8)", "url(#pattern010)", "url(#pattern09)"}),
+     hatched({6, 7})},
+    // The shared patterns have names for ids; "id" is found inside "width" as well.
+    {"WithoutEntry",
+     "<defs>" + pattern("HatchCross", "a") +
+         "<pattern></pattern><pattern width='9' id='pattern1'></pattern></defs>" +
+         filled({"url(#pattern1)", "url(#pattern0)", "url(#pattern-1)", "url(#pattern)", "url(#HatchCross)"}),
+     ""},
+    {"NothingInIt", "<defs><pattern id = \"pattern1\"></pattern></defs>" + filled({"url(#pattern1)", "red"}),
+     "setBrush rgb(0,0,0) style 2 picture 0; " + plainPen + "drawRectangle (1, 2, 4, 6); " + plain +
+         "drawRectangle (1, 2, 4, 6)"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Shapes, PageContent, testing::ValuesIn(shapes), nameOf);
+INSTANTIATE_TEST_SUITE_P(Patterns, PageContent, testing::ValuesIn(patterns), nameOf);
 
 } // namespace

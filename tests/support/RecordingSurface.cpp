@@ -2,24 +2,22 @@
 // pattern has a text.
 #include "support/RecordingSurface.h"
 
-#include <algorithm>
-#include <array>
-#include <charconv>
 #include <cstdint>
 #include <cstring>
 
 namespace {
 
-template <typename Number, typename... Base>
-std::string digits(Number number, Base... base)
+template <typename... Pieces>
+std::string joined(const Pieces&... pieces)
 {
-    std::array<char, 64> buffer{};
-    return {buffer.data(), std::to_chars(buffer.begin(), buffer.end(), number, base...).ptr};
+    std::string text;
+    (text.append(pieces), ...);
+    return text;
 }
 
-std::string flag(bool set, const char* name)
+const char* flag(bool set, const char* name)
 {
-    return set ? std::string(" ") + name : std::string();
+    return set ? name : "";
 }
 
 } // namespace
@@ -28,57 +26,45 @@ std::string RecordingSurface::text() const
 {
     std::string lines;
     for (const std::string& call : m_calls) {
-        lines += call + "\n";
+        lines.append(call).append("\n");
     }
     return lines;
-}
-
-std::string RecordingSurface::shown(int number)
-{
-    return digits(number);
-}
-
-std::string RecordingSurface::shown(unsigned int number)
-{
-    return digits(number);
-}
-
-std::string RecordingSurface::shown(float number)
-{
-    return digits(number);
 }
 
 std::string RecordingSurface::shown(unsigned long color)
 {
     if (color > 0xFFFFFF) {
-        return "0x" + digits(color, 16);
+        return "0x" + shown<unsigned long>(color, 16);
     }
-    return "rgb(" + digits(color & 0xFF) + "," + digits(color >> 8 & 0xFF) + "," + digits(color >> 16) + ")";
+    const auto part = [color](int shift) {
+        return shown(static_cast<unsigned int>(color >> shift & 0xFF));
+    };
+    return joined("rgb(", part(0), ",", part(8), ",", part(16), ")");
 }
 
 std::string RecordingSurface::shown(const RECT& rect)
 {
-    return "(" + digits(rect.left) + ", " + digits(rect.top) + ", " + digits(rect.right) + ", " +
-           digits(rect.bottom) + ")";
+    return joined("(", shown(rect.left), ", ", shown(rect.top), ", ", shown(rect.right), ", ",
+                  shown(rect.bottom), ")");
 }
 
 std::string RecordingSurface::shown(const POINT& point)
 {
-    return "(" + digits(point.x) + ", " + digits(point.y) + ")";
+    return joined("(", shown(point.x), ", ", shown(point.y), ")");
 }
 
 std::string RecordingSurface::shown(const SIZE& size)
 {
-    return digits(size.cx) + "x" + digits(size.cy);
+    return joined(shown(size.cx), "x", shown(size.cy));
 }
 
 std::string RecordingSurface::shown(const Points& points)
 {
     std::string list;
     for (unsigned int index = 0; points.first != nullptr && index < points.count; ++index) {
-        list += (list.empty() ? "" : " ") + shown(points.first[index]);
+        list.append(flag(index > 0, " ")).append(shown(points.first[index]));
     }
-    return "[" + list + "]";
+    return joined("[", list, "]");
 }
 
 std::string RecordingSurface::shown(const Bytes& bytes)
@@ -87,7 +73,7 @@ std::string RecordingSurface::shown(const Bytes& bytes)
     for (int index = 0; bytes.data != nullptr && index < bytes.size; ++index) {
         hash = (hash ^ bytes.data[index]) * 0x01000193;
     }
-    return digits(bytes.size) + ":" + digits(hash, 16);
+    return joined(shown(bytes.size), ":", shown(hash, 16));
 }
 
 std::string RecordingSurface::shown(const std::string& text)
@@ -95,63 +81,59 @@ std::string RecordingSurface::shown(const std::string& text)
     std::string quoted;
     for (const char character : text) {
         const unsigned int byte = static_cast<unsigned char>(character);
-        const bool plain = byte >= 0x20 && byte < 0x7F && character != '"' && character != '\\';
-        quoted += plain ? std::string(1, character) : (byte < 0x10 ? "\\x0" : "\\x") + digits(byte, 16);
+        if (byte >= 0x20 && byte < 0x7F && character != '"' && character != '\\') {
+            quoted.push_back(character);
+        } else {
+            quoted.append(byte < 0x10 ? "\\x0" : "\\x").append(shown(byte, 16));
+        }
     }
-    return "\"" + quoted + "\"";
-}
-
-std::string RecordingSurface::shown(const char* text)
-{
-    return shown(Piece{text, -1});
+    return joined("\"", quoted, "\"");
 }
 
 std::string RecordingSurface::shown(const Piece& piece)
 {
-    if (piece.text == nullptr) {
-        return "null";
-    }
-    return shown(std::string(piece.text, strnlen(piece.text, static_cast<std::size_t>(piece.length))));
+    const auto room = static_cast<std::size_t>(piece.length);
+    return piece.text == nullptr ? "null" : shown(std::string(piece.text, strnlen(piece.text, room)));
 }
 
 std::string RecordingSurface::shown(const CSurfaceTextChunk& chunk)
 {
-    return "{" + shown(std::string(chunk.m_text.text(), chunk.m_text.length())) + " " +
-           shown(chunk.m_position) + " length " + digits(chunk.m_textLength) + " find " +
-           digits(chunk.m_findPosition[0]) + " " + digits(chunk.m_findPosition[1]) +
-           flag(chunk.m_isNewLine, "newline") + flag(chunk.m_followsPrevious, "follows") +
-           flag(chunk.m_underline, "underline") + "}";
+    return joined("{", shown(std::string(chunk.m_text.text(), chunk.m_text.length())), " ",
+                  shown(chunk.m_position), " length ", shown(chunk.m_textLength), " find ",
+                  shown(chunk.m_findPosition[0]), " ", shown(chunk.m_findPosition[1]),
+                  flag(chunk.m_isNewLine, " newline"), flag(chunk.m_followsPrevious, " follows"),
+                  flag(chunk.m_underline, " underline"), "}");
 }
 
-std::string RecordingSurface::shown(const Array<CSurfaceTextChunk, 2>& chunks)
+std::string RecordingSurface::shown(const Chunks& chunks)
 {
     std::string list;
     for (unsigned int index = 0; index < chunks.size(); ++index) {
-        list += (list.empty() ? "" : " ") + shown(chunks.atGet(index));
+        list.append(flag(index > 0, " ")).append(shown(chunks.atGet(index)));
     }
-    return "[" + list + "]";
+    return joined("[", list, "]");
 }
 
 std::string RecordingSurface::shown(const CSurfaceBrush& brush)
 {
-    return shown(brush.getColor()) + " style " + digits(brush.getStyle()) + " picture " +
-           digits(brush.getPicture());
+    return joined(shown(brush.getColor()), " style ", shown(brush.getStyle()), " picture ",
+                  shown(brush.getPicture()));
 }
 
 std::string RecordingSurface::shown(CSurfaceFont font)
 {
-    return shown(font.getFaceName()) + " " + digits(font.getSize()) + flag(font.getBold(), "bold") +
-           flag(font.getItalic(), "italic") + flag(font.getUnderline(), "underline") +
-           flag(font.getStrikethru(), "strikethru");
+    return joined(shown(font.getFaceName()), " ", shown(font.getSize()), flag(font.getBold(), " bold"),
+                  flag(font.getItalic(), " italic"), flag(font.getUnderline(), " underline"),
+                  flag(font.getStrikethru(), " strikethru"));
 }
 
 std::string RecordingSurface::shown(const CSurfacePen& pen)
 {
-    return shown(pen.getColor()) + " style " + digits(pen.getStyle()) + " width " + digits(pen.getWidth());
+    return joined(shown(pen.getColor()), " style ", shown(pen.getStyle()), " width ", shown(pen.getWidth()));
 }
 
 std::string RecordingSurface::shown(const CTextStyle& style)
 {
-    return shown(style.getColor()) + " style " + digits(style.getStyle()) + " angles " +
-           digits(style.getCharAngle()) + " " + digits(style.getTextAngle());
+    return joined(shown(style.getColor()), " style ", shown(style.getStyle()), " angles ",
+                  shown(style.getCharAngle()), " ", shown(style.getTextAngle()));
 }

@@ -17,15 +17,21 @@
 
 #include "surface.h"
 
+#include <charconv>
+#include <iterator>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
-// The operations stand as a table with their bodies: each records, then calls what CSurface does itself.
+// The operations stand as a table with their bodies: each records, then does what CSurface does itself.
 class RecordingSurface : public CSurface {
 public:
     using CSurface::setBrush;
     using CSurface::setFont;
     using CSurface::setPen;
+
+    using Chunks = Array<CSurfaceTextChunk, 2>;
 
     const std::vector<std::string>& calls() const { return m_calls; }
     // The calls, each with a line feed.
@@ -42,100 +48,57 @@ public:
         CSurface::prepareSurface();
     }
     int getSurfaceType() override { return record("getSurfaceType"), 0; }
-    HDC getEMFPlayerDestination() override
-    {
-        record("getEMFPlayerDestination");
-        return CSurface::getEMFPlayerDestination();
-    }
-    HDC getHDC() override { return record("getHDC"), CSurface::getHDC(); }
-    bool canDrawFormattedText() override
-    {
-        return record("canDrawFormattedText"), CSurface::canDrawFormattedText();
-    }
+    HDC getEMFPlayerDestination() override { return record("getEMFPlayerDestination"), nullptr; }
+    HDC getHDC() override { return record("getHDC"), nullptr; }
+    bool canDrawFormattedText() override { return record("canDrawFormattedText"), false; }
 
-    void drawString(const char* text, RECT* rect, unsigned int flags) override
+    void drawString(const char* s, RECT* r, UINT flags) override { record("drawString", s, r, flags); }
+    bool drawString(Chunks* chunks, RECT* r, int flags, float a, float b) override
     {
-        record("drawString", text, rect, flags);
+        return record("drawString", chunks, r, flags, a, b), CSurface::drawString(chunks, r, flags, a, b);
     }
-    bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags, float a, float b) override
+    bool drawString(Chunks* c, RECT* r, int flags) override
     {
-        record("drawString", chunks, rect, flags, a, b);
-        return CSurface::drawString(chunks, rect, flags, a, b);
+        return record("drawString", c, r, flags), true;
     }
-    bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags) override
+    void drawText(const char* s, RECT* r, UINT flags) override { record("drawText", s, r, flags); }
+    void drawTextAt(const char* s, POINT* p, UINT flags) override { record("drawTextAt", s, p, flags); }
+    void drawTextOnBaseLine(int x, int y, UINT options, RECT* r, char* text, int length) override
     {
-        return record("drawString", chunks, rect, flags), true;
+        record("drawTextOnBaseLine", x, y, options, r, Piece{text, length}, length);
     }
-    void drawText(const char* text, RECT* rect, unsigned int flags) override
+    void drawStringRotated(const char* s, RECT* r, UINT flags, int charAngle, int textAngle) override
     {
-        record("drawText", text, rect, flags);
-    }
-    void drawTextAt(const char* text, POINT* point, unsigned int flags) override
-    {
-        record("drawTextAt", text, point, flags);
-    }
-    void drawTextOnBaseLine(int x, int y, unsigned int options, RECT* rect, char* text, int length) override
-    {
-        record("drawTextOnBaseLine", x, y, options, rect, Piece{text, length}, length);
-    }
-    void drawStringRotated(const char* text, RECT* rect, unsigned int flags, int charAngle,
-                           int textAngle) override
-    {
-        record("drawStringRotated", text, rect, flags, charAngle, textAngle);
-        CSurface::drawStringRotated(text, rect, flags, charAngle, textAngle);
+        record("drawStringRotated", s, r, flags, charAngle, textAngle);
+        CSurface::drawStringRotated(s, r, flags, charAngle, textAngle);
     }
     void printerNofMMarker(POINT point) override { record("printerNofMMarker", &point); }
     int loadFonts(DskParam*) override { return record("loadFonts"), 0; }
 
-    int requiredPictureType(int picType) override
+    int requiredPictureType(int type) override { return record("requiredPictureType", type), type; }
+    void includeImage(UINT id, unsigned char* data, int size, int width, int height, int type) override
     {
-        return record("requiredPictureType", picType), CSurface::requiredPictureType(picType);
+        record("includeImage", id, Bytes{data, size}, SIZE{width, height}, type);
     }
-    void includeImage(unsigned int id, unsigned char* data, int size, int width, int height,
-                      int picType) override
+    void drawImage(RECT* r, UINT id, int mode, int x, int y) override
     {
-        record("includeImage", id, Bytes{data, size}, SIZE{width, height}, picType);
-    }
-    void drawImage(RECT* rect, unsigned int id, int mode, int x, int y) override
-    {
-        record("drawImage", rect, id, mode, x, y);
+        record("drawImage", r, id, mode, x, y);
     }
 
-    void drawArc(RECT* rect, int x1, int y1, int x2, int y2) override
-    {
-        record("drawArc", rect, x1, y1, x2, y2);
-    }
-    void drawChord(RECT* rect, int x1, int y1, int x2, int y2) override
-    {
-        record("drawChord", rect, x1, y1, x2, y2);
-    }
-    void drawPie(RECT* rect, int x1, int y1, int x2, int y2) override
-    {
-        record("drawPie", rect, x1, y1, x2, y2);
-    }
+    void drawArc(RECT* r, int a, int b, int c, int d) override { record("drawArc", r, a, b, c, d); }
+    void drawChord(RECT* r, int a, int b, int c, int d) override { record("drawChord", r, a, b, c, d); }
+    void drawPie(RECT* r, int a, int b, int c, int d) override { record("drawPie", r, a, b, c, d); }
     void drawFocusRect(RECT* rect) override { record("drawFocusRect", rect); }
     void drawLine(int x1, int y1, int x2, int y2) override { record("drawLine", x1, y1, x2, y2); }
     void drawRectangle(RECT* rect) override { record("drawRectangle", rect); }
-    void drawRoundedRectangle(RECT* rect, unsigned int width, unsigned int height) override
-    {
-        record("drawRoundedRectangle", rect, width, height);
-    }
-    void drawSolidRectangle(RECT* rect, unsigned long color) override
-    {
-        record("drawSolidRectangle", rect, color);
-    }
+    void drawRoundedRectangle(RECT* r, UINT w, UINT h) override { record("drawRoundedRectangle", r, w, h); }
+    void drawSolidRectangle(RECT* r, unsigned long c) override { record("drawSolidRectangle", r, c); }
     void ellipse(RECT* rect) override { record("ellipse", rect); }
     void frameRect(RECT* rect, unsigned long color) override { record("frameRect", rect, color); }
-    void polygon(POINT* points, unsigned int count) override { record("polygon", Points{points, count}); }
-    void polyline(POINT* points, unsigned int count) override { record("polyline", Points{points, count}); }
-    void solidPolygon(POINT* points, unsigned int count, unsigned long color) override
-    {
-        record("solidPolygon", color, Points{points, count});
-    }
-    void floodFill(int x, int y, unsigned long color, unsigned int type) override
-    {
-        record("floodFill", x, y, color, type);
-    }
+    void polygon(POINT* points, UINT count) override { record("polygon", Points{points, count}); }
+    void polyline(POINT* points, UINT count) override { record("polyline", Points{points, count}); }
+    void solidPolygon(POINT* p, UINT n, unsigned long c) override { record("solidPolygon", c, Points{p, n}); }
+    void floodFill(int x, int y, unsigned long c, UINT type) override { record("floodFill", x, y, c, type); }
 
     void resetBrushOrg(POINT* point, int size) override { record("resetBrushOrg", point, size); }
     void restoreBrush() override { record("restoreBrush"); }
@@ -152,20 +115,17 @@ public:
     void setTextColor(unsigned long c) override { record("setTextColor", c), CSurface::setTextColor(c); }
     void setTextRotation(int charAngle, int textAngle) override
     {
-        record("setTextRotation", charAngle, textAngle);
-        CSurface::setTextRotation(charAngle, textAngle);
+        record("setTextRotation", charAngle, textAngle), CSurface::setTextRotation(charAngle, textAngle);
     }
-    void setTransform(float m11, float m12, float m21, float m22, float dx, float dy) override
+    void setTransform(float a, float b, float c, float d, float dx, float dy) override
     {
-        record("setTransform", m11, m12, m21, m22, dx, dy);
-        CSurface::setTransform(m11, m12, m21, m22, dx, dy);
+        record("setTransform", a, b, c, d, dx, dy), CSurface::setTransform(a, b, c, d, dx, dy);
     }
     void clearTransform() override { record("clearTransform"), CSurface::clearTransform(); }
     void setForeColor(unsigned long c) override { record("setForeColor", c), CSurface::setForeColor(c); }
     void setViewportOrigin(int x, int y) override
     {
-        record("setViewportOrigin", x, y);
-        CSurface::setViewportOrigin(x, y);
+        record("setViewportOrigin", x, y), CSurface::setViewportOrigin(x, y);
     }
 
 private:
@@ -190,15 +150,19 @@ private:
         m_calls.push_back(std::move(line));
     }
 
+    template <typename Number>
+    requires std::is_arithmetic_v<Number>
+    static std::string shown(Number number, auto... base)
+    {
+        char digits[64];
+        return {digits, std::to_chars(digits, std::end(digits), number, base...).ptr};
+    }
     template <typename Value>
     static std::string shown(const Value* value)
     {
         return value == nullptr ? "null" : shown(*value);
     }
-
-    static std::string shown(int number);
-    static std::string shown(unsigned int number);
-    static std::string shown(float number);
+    static std::string shown(const char* text) { return shown(Piece{text, -1}); }
     static std::string shown(unsigned long color);
     static std::string shown(const RECT& rect);
     static std::string shown(const POINT& point);
@@ -206,10 +170,9 @@ private:
     static std::string shown(const Points& points);
     static std::string shown(const Bytes& bytes);
     static std::string shown(const std::string& text);
-    static std::string shown(const char* text);
     static std::string shown(const Piece& piece);
     static std::string shown(const CSurfaceTextChunk& chunk);
-    static std::string shown(const Array<CSurfaceTextChunk, 2>& chunks);
+    static std::string shown(const Chunks& chunks);
     static std::string shown(const CSurfaceBrush& brush);
     static std::string shown(CSurfaceFont font);
     static std::string shown(const CSurfacePen& pen);

@@ -10,8 +10,9 @@ DrawnCase arc(const char* name, RECT rect, POINT from, POINT to, const std::stri
 {
     std::string numbers;
     for (const int number : {rect.left, rect.top, rect.right, rect.bottom, from.x, from.y, to.x, to.y}) {
-        numbers += (numbers.empty() ? "" : " ") + std::to_string(number);
+        numbers.append(std::to_string(number)).append(" ");
     }
+    numbers.pop_back();
     const auto draw = [=](CSurfaceSVG& s) {
         RECT r = rect;
         s.setBrush(0, 0);

@@ -2,10 +2,8 @@
 // the sequences pin which end tag each call writes; the last ones of a page come from closing it.
 #include "SvgPage.h"
 
-#include <algorithm>
 #include <cfloat>
 #include <cmath>
-#include <functional>
 #include <map>
 
 namespace {
@@ -50,13 +48,16 @@ const std::map<char, std::string> lineOf = {
 
 DrawnCase sequence(const char* name, const std::string& calls, const std::string& lines)
 {
+    const auto draw = [calls](CSurfaceSVG& s) {
+        for (const char call : calls) {
+            perform(s, call);
+        }
+    };
     std::string page;
     for (const char line : lines) {
         page += lineOf.at(line);
     }
-    return {name,
-            [calls](CSurfaceSVG& s) { std::ranges::for_each(calls, std::bind_front(perform, std::ref(s))); },
-            page};
+    return {name, draw, page};
 }
 
 DrawnCase font(const char* name, const char* face, float size, int flags, const std::string& attributes)

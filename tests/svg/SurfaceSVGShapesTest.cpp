@@ -63,6 +63,13 @@ const DrawnCase cases[] = {
      },
      "<polygon points='1,2 3,4 ' tovo:penStyle='5'  stroke='none'  fill='rgb(1,2,3)'  />"
      "<path  d='M1 2L3 2L3 4L1 4z' tovo:penStyle='5'  stroke='none'  />\n"},
+    // The definitions hold what the page needs and no more.
+    {"SolidRectangleAlone",
+     [](CSurfaceSVG& s) {
+         s.drawSolidRectangle(in({4, 6, 1, 2}), 0x030201);
+     },
+     "<defs>\n\t<symbol id='SolidRect'><rect x='0' y='0' width='100%' height='100%'/></symbol>\n</defs>\n\n"
+     "<use x='4' y='6' width='-3' height='-4' xlink:href='#SolidRect' fill='rgb(1,2,3)'/>\n"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Shapes, SvgPage, testing::ValuesIn(cases), nameOf);

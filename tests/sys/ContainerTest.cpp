@@ -60,6 +60,7 @@ TEST(Vector, StoresPastTheEndWithZerosBetween)
     EXPECT_EQ(values.size(), 9U);
     EXPECT_EQ(roomOf(values), (std::vector<int>{0, 0, 0, 0, 7, 0, 0, 0, 8}));
     values.reSize(5);
+    EXPECT_EQ(values.size(), 5U);
     values.atPut(6, 9);
     EXPECT_EQ(roomOf(values), (std::vector<int>{0, 0, 0, 0, 7, 0, 9}));
 
@@ -107,6 +108,7 @@ TEST(Array, SharesPointersAndTakesExactlyTheirRoom)
 
     Array<int, 10> assigned;
     assigned = source;
+    assigned = *&assigned;
     EXPECT_EQ(roomOf(assigned), (std::vector<int*>{&numbers[0], nullptr, &numbers[1]}));
     assigned = Array<int, 10>();
     EXPECT_EQ(assigned.capacity(), 0U);

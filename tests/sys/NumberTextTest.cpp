@@ -74,8 +74,13 @@ TEST_P(NumberText, FloatsAreFixedAndFitTheirBuffer)
 TEST_P(NumberText, FormatsAsInTheNeutralLocale)
 {
     char buffer[80];
+    std::string logged;
     EXPECT_EQ(intlSprintf(buffer, "%d %ld|%s|%x|%.2f|%.2x", -1, 1234567L, "t", 255U, 1234.5, 10U), 26);
     EXPECT_STREQ(buffer, "-1 1234567|t|ff|1234.50|0a");
+    krnSetLogSink([](const char* line, void* target) { *static_cast<std::string*>(target) = line; }, &logged);
+    KrnLog("surface", nullptr, true, true).log("%.2f", 1234.5);
+    krnSetLogSink(nullptr, nullptr);
+    EXPECT_EQ(logged, "1234.50");
 }
 
 TEST_P(NumberText, DoublesAreReadWithAPoint)
