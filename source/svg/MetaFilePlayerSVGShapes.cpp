@@ -53,8 +53,8 @@ bool readPoints(char*& cursor, PointList& points)
         if (count == 0) {
             return true;
         }
-        char* const blank = std::strchr(pair, ' ');
-        if (count != 2 || blank == nullptr) {
+        char* const blank = std::strpbrk(pair, " '");
+        if (count != 2 || blank == nullptr || *blank != ' ') {
             return false;
         }
         for (; repeats > 0; --repeats) {

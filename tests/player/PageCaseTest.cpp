@@ -91,7 +91,8 @@ const PageCase elements[] = {
          "<rectangle x='1' y='2' width='3' height='4' /><polygons points='1,2 ' /><ellipsepath />",
      clipped + marked(1) + unclipped},
     {"ElementsOutOfPlace",
-     "<image /><tspan></tspan><textPath></textPath><pattern></pattern><symbol></symbol><clipPath></clipPath>"
+     "<image /><tspan ></tspan><textPath ></textPath><pattern ></pattern><symbol ></symbol><clipPath "
+     "></clipPath>"
      "<circle /></circle><?xml ?><!DOCTYPE svg></svg ><!---->" +
          mark(1),
      marked(1), 8},

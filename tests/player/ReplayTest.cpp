@@ -131,6 +131,7 @@ TEST(Replay, ClippedPageKeepsItsOtherCalls)
 {
     const auto callsWithoutEnds = [](std::string calls) {
         const std::string end = unclipped + "; ";
+        calls += "; ";
         for (std::size_t place = 0; (place = calls.find(end, place)) != std::string::npos;) {
             calls.erase(place, end.size());
         }
