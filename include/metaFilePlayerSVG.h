@@ -15,6 +15,7 @@
 
 class CSurfaceBrush;
 class CSurfacePen;
+class CSurfaceTextChunk;
 struct SvgViewport;
 struct SvgWalkMemory;
 
@@ -34,6 +35,8 @@ public:
                                    unsigned char*& foundPage, unsigned int& foundLength, int& x, int& y);
 
 private:
+    struct TextElement;
+
     int play();
 
     // The scanner.
@@ -62,6 +65,14 @@ private:
     int processTextElement(char** element);
 
     int processRectStyle(char* text, CSurfacePen* pen, CSurfaceBrush* brush);
+    int processTSpanElement(char* element, CSurfaceTextChunk* chunk);
+    int processTextRect(char* element, RECT* rect);
+    int processClipPath(char* element, RECT** rect);
+    int processTextStyleAttributes(char* text, unsigned long* color, unsigned int* options, int* charAngle,
+                                   int* textAngle);
+    int drawPlainText(TextElement& text, char* body);
+    int drawRuns(TextElement& text, char* body);
+
     int processStrokeAttribute(char* text, CSurfacePen* pen);
     int processFillAttribute(char* text, CSurfaceBrush* brush);
     int processStyleAttribute(char** value, RECT** clip, unsigned long* fillColor, unsigned long* strokeColor,

@@ -102,6 +102,13 @@ private:
         TiledImageUsed = 16
     };
 
+    // How the runs of a formatted text are turned.
+    struct TextRotation {
+        int textAngle = 0; // of the line, 0 to 359 degrees
+        int charAngle = 0; // of the characters against their line
+        float shift = 0;   // of the base line, em
+    };
+
     void appendRGBColor(TovoTextString& out, unsigned long color);
     void appendPenStyle(TovoTextString& out);
     void appendFillStyle(TovoTextString& out);
@@ -109,10 +116,22 @@ private:
     void appendPath(TovoTextString& out, RECT* rect);
     void appendPath(TovoTextString& out, POINT* points, unsigned int count);
     void appendDefinitions(TovoTextString& head);
+    void appendTextStyle(TovoTextString& out, RECT* rect, int flags);
+    void appendTextStyle(TovoTextString& out, int flags);
+    void appendTextHead(TovoTextString& out, RECT* rect, int flags, const char* spaceAttribute);
+    void appendChunk(TovoTextString& out, const CSurfaceTextChunk& chunk, int top,
+                     const TextRotation& rotation);
+    void appendGlyphRotation(TovoTextString& out, int angle, unsigned int characters);
+    bool writeChunks(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags,
+                     const TextRotation& rotation);
+    int glyphOrientation(int angle);
+    void createTextPath(TovoTextString& out, int x, int y, int angle);
 
     void makeClipDef(RECT* rect);
     void makePatternDef();
     void makePatternDef(int image);
+    int convertImage(unsigned char* data, int size, int picType, char*& text, int& textLength);
+    const POINT* sizeOfImage(int id) const;
 
     void newFont(char* faceName, float size, bool bold, bool italic, bool strikethru, bool underline);
     void writeFont(char* faceName, float size, bool bold, bool italic, bool strikethru, bool underline);
@@ -136,4 +155,5 @@ private:
     bool m_fontGroupOpen;
     TovoTextString m_textPathDefs; // paths that rotated text refers to
     int m_textPathCount;
+    Vector<bool, 10> m_imagesIncluded; // by number: whether m_imageSizes holds an image there or a gap
 };

@@ -1,5 +1,5 @@
-// What the module needs of its operating-system layer from the first line on: heaps, string storage, the
-// log, assertions, and numbers as text in a form that no locale changes.
+// What the module needs of its operating-system layer: heaps, string storage, the log, assertions, a lock,
+// error texts, and numbers and characters converted in a form that no locale changes.
 //
 // Called by everything; knows nobody. The strings of tovostr.h stand on the string storage, the containers
 // of tovoarray.h on the default heap. Every operation here may be called from any thread.
@@ -7,6 +7,8 @@
 
 #include <atomic>
 #include <cstddef>
+#include <mutex>
+#include <thread>
 
 #include "sys/surfaceExport.h"
 
@@ -135,3 +137,42 @@ SURFACE_API char* intlFloatToStringFixed(char* buffer, int size, float value, in
 // is none (null, words, hexadecimal digits behind the 0); beyond the range of double the largest finite
 // value with the number's sign.
 SURFACE_API double intlStringToDoubleFixed(const char* text);
+
+// Text from 16-bit to 8-bit characters, those of code page 1252 in every locale, and back, up to the first zero.
+// `size` is that of the target in characters, the terminator among them: what does not fit is cut, and a target
+// of at least 1 is always terminated. A 16-bit character without an 8-bit form becomes "?", one for each half of
+// a pair, so that positions in both texts agree. Give the characters converted, without the terminator; a null
+// source counts as empty.
+SURFACE_API int intlUnicodeToCString(const unsigned short* source, char* target, int size);
+SURFACE_API int intlCStringToUnicode(const char* source, unsigned short* target, int size);
+
+// The text of a Windows error number, in `buffer` of `size` bytes, cut and terminated; without a buffer a
+// constant text, which nobody writes to. Never null: a number that has no text is named in words.
+SURFACE_API char* kosGetErrorText(int error, char* buffer, unsigned int size);
+
+// A named lock between the threads of the process. The thread that holds it may acquire it again, and lets go
+// once it relinquished as often as it acquired.
+class SURFACE_API ThreadMutex__ { // NOLINT(bugprone-reserved-identifier): the platform's name for it.
+public:
+    // The name is for whoever looks at the lock: two locks of one name are two locks. It is kept as a pointer
+    // and must outlive the lock.
+    explicit ThreadMutex__(const char* name) noexcept;
+    ~ThreadMutex__();
+
+    ThreadMutex__(const ThreadMutex__&) = delete;
+    ThreadMutex__& operator=(const ThreadMutex__&) = delete;
+
+    const char* name() const noexcept { return _name; }
+
+    // Blocks until the lock is held. True.
+    bool acquire();
+
+    // False, and nothing happens, when the calling thread does not hold the lock.
+    bool relinquish();
+
+private:
+    const char* _name;
+    std::mutex _mutex;
+    std::atomic<std::thread::id> _holder{};
+    unsigned int _depth = 0;
+};

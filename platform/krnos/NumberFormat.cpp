@@ -5,7 +5,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdarg>
-#include <cstdint>
 #include <cstdio>
 
 #include "NeutralLocale.h"

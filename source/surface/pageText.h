@@ -100,10 +100,9 @@ inline char* putPiece(char* at, RgbColor color)
 
 inline char* putPiece(char* at, FixedNumber number)
 {
-    const char* text = intlFloatToStringFixed(at, number.room, number.value, number.decimals);
-    const std::size_t length = std::strlen(text);
-    std::memmove(at, text, length); // the conversion may begin anywhere in its buffer
-    return at + length;
+    const std::string_view text = intlFloatToStringFixed(at, number.room, number.value, number.decimals);
+    std::memmove(at, text.data(), text.size()); // the conversion may begin anywhere in its buffer
+    return at + text.size();
 }
 
 template <typename... Pieces>

@@ -194,19 +194,12 @@ int CMetaFilePlayerSVG::usePattern(int number, CSurfaceBrush* brush)
 
 int CMetaFilePlayerSVG::processUseElement(char** element)
 {
-    constexpr int QuotedKeyLength = 3; // "x='"
-    char* cursor = findKey(*element, "x=");
+    int x = 0;
+    int y = 0;
+    char* const cursor = readCoordinate(readCoordinate(*element, "x=", x), "y=", y);
     if (cursor == nullptr) {
         return -1;
     }
-    cursor = stepOver(cursor, QuotedKeyLength);
-    const int x = readInteger(cursor);
-    cursor = findKey(cursor, "y=");
-    if (cursor == nullptr) {
-        return -1;
-    }
-    cursor = stepOver(cursor, QuotedKeyLength);
-    const int y = readInteger(cursor);
     char* const width = findKey(cursor, "width=");
     char* const height = findKey(cursor, "height=");
     const RECT rect{x, y, wrapAdd(x, width != nullptr ? integerAt(stepOver(width, 7)) : 0),

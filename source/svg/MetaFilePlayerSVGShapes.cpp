@@ -76,17 +76,6 @@ char* readPointList(char* element, const char* name, PointList& points)
     return readPoints(cursor, points) ? cursor : nullptr;
 }
 
-// A corner radius "key='n'": the number, and the cursor behind it, when the key stands there.
-int readRadius(char*& cursor, const char* key)
-{
-    char* const attribute = findKey(cursor, key);
-    if (attribute == nullptr) {
-        return 0;
-    }
-    cursor = stepOver(attribute, static_cast<int>(std::strlen(key)) + 1);
-    return readInteger(cursor);
-}
-
 } // namespace
 
 int CMetaFilePlayerSVG::processRectElement(char** element)
@@ -101,8 +90,14 @@ int CMetaFilePlayerSVG::processRectElement(char** element)
         return -1;
     }
     RECT rect{x, y, wrapAdd(x, width), wrapAdd(y, height)};
-    const int rx = readRadius(cursor, "rx=");
-    const int ry = readRadius(cursor, "ry=");
+    int rx = 0;
+    int ry = 0;
+    if (char* const behindRx = readCoordinate(cursor, "rx=", rx)) {
+        cursor = behindRx;
+    }
+    if (char* const behindRy = readCoordinate(cursor, "ry=", ry)) {
+        cursor = behindRy;
+    }
     CSurfacePen pen;
     CSurfaceBrush brush;
     if (processRectStyle(cursor, &pen, &brush) < 0) {

@@ -31,7 +31,7 @@ int takePrefix(char*& at)
 
 } // namespace
 
-int readInteger(char*& at, int base)
+IntegerRead readInteger(char* at, int base)
 {
     constexpr long long Beyond = 1LL + INT_MAX; // the magnitude of the least int
     char* cursor = at;
@@ -46,12 +46,11 @@ int readInteger(char*& at, int base)
         base = takePrefix(cursor);
     }
     if (digitOf(*cursor) >= base) {
-        return 0;
+        return {0, at};
     }
     long long magnitude = 0;
     for (; digitOf(*cursor) < base; ++cursor) {
         magnitude = std::min(magnitude * base + digitOf(*cursor), Beyond);
     }
-    at = cursor;
-    return static_cast<int>(negative ? -magnitude : std::min<long long>(magnitude, INT_MAX));
+    return {static_cast<int>(negative ? -magnitude : std::min<long long>(magnitude, INT_MAX)), cursor};
 }

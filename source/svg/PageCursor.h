@@ -62,12 +62,29 @@ inline char* endValue(char* value)
     return quote + 1;
 }
 
+struct IntegerRead {
+    int value;
+    char* end; // the place behind the digits; where the reading began when there is no number
+};
+
 // A whole number as strtol reads it in the "C" locale, base 0 telling the base from the number's own prefix.
-// What is beyond 32 bits becomes the nearest int; no number gives 0 and leaves the cursor where it is, else it
-// moves behind the digits.
-int readInteger(char*& at, int base = 10);
+// What is beyond 32 bits becomes the nearest int; no number gives 0.
+IntegerRead readInteger(char* at, int base = 10);
 
 inline int integerAt(char* at, int base = 10)
 {
-    return readInteger(at, base);
+    return readInteger(at, base).value;
+}
+
+// The number of an attribute whose `key` ends in "=", behind one character for the quote. Gives the place behind
+// the number; null, and the number as it was, when the key is not there.
+inline char* readCoordinate(char* from, const char* key, int& number)
+{
+    char* const quote = findBehind(from, key);
+    if (quote == nullptr) {
+        return nullptr;
+    }
+    const IntegerRead read = readInteger(stepOver(quote, 1));
+    number = read.value;
+    return read.end;
 }

@@ -87,17 +87,15 @@ void CSurfaceSVG::appendPenStyle(TovoTextString& out)
 
 void CSurfaceSVG::appendFillStyle(TovoTextString& out)
 {
-    switch (m_brush.getStyle()) {
-    case SolidBrush:
+    const int style = m_brush.getStyle();
+    const bool withoutPicture = style == PictureBrush && sizeOfImage(m_brush.getPicture()) == nullptr;
+    if (style == SolidBrush) {
         appendPieces(out, " ", FillKey, RgbColor{m_brush.getColor()}, "' ");
-        break;
-    case HollowBrush:
+    } else if (style == HollowBrush || withoutPicture) {
         appendPieces(out, " ", FillKey, "none' ");
-        break;
-    default:
+    } else {
         makePatternDef();
         appendPieces(out, " ", FillKey, "url(#", PatternId, m_patternCount, ")' ");
-        break;
     }
 }
 

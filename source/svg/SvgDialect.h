@@ -32,6 +32,25 @@ inline constexpr char ArcName[] = "arc";
 inline constexpr char ChordName[] = "chord";
 inline constexpr char PieName[] = "pie";
 
+// The caller's picture type of an image, also when the page holds other bytes than the caller gave.
+inline constexpr char PictureTypeKey[] = "tovo:picType='";
+
+// Text: the flags and the rectangle of the call, its rotation, and the classes of its special forms.
+inline constexpr char TextRectKey[] = "tovo:textRect='";
+inline constexpr char DrawOptionsKey[] = "tovo:drawOptions='";
+inline constexpr char TextFlagsKey[] = "TovoFlags:";
+inline constexpr char CharAngleKey[] = "tovo:charAngle='";
+inline constexpr char TextAngleKey[] = "tovo:textAngle='";
+inline constexpr char TextLengthKey[] = "textLength='";
+inline constexpr char BaseLineClass[] = "BLT";
+inline constexpr char PageCountClass[] = "nofm";
+
+// What a search marks in its copy of a page: start and length of the found part of a run.
+inline constexpr char FindKey[] = "tovo:find=";
+
+// Paths that rotated text stands on, numbered from 1 on.
+inline constexpr char TextPathId[] = "textPath";
+
 inline constexpr char TransformWord[] = "transform";
 inline constexpr char MatrixWord[] = "matrix(";
 
@@ -52,6 +71,12 @@ inline constexpr int FirstHatchBrush = 2;
 inline constexpr int PictureBrush = 99;
 inline constexpr int PenLineMask = 0xF;
 inline constexpr int PenWithoutLine = 5;
+inline constexpr int NaturalMode = 0; // of drawImage
+inline constexpr int ScaledMode = 1;
+inline constexpr int TiledMode = 2;
+inline constexpr int GreatestImageId = 65535; // a table by ids must not grow because a page says so
+inline constexpr int WholeText = -1;          // as a length of text
+inline constexpr int NoTextLength = -1;       // as a width to fit a run to
 
 // The shared hatch patterns in the order of the brush styles from FirstHatchBrush on, each with the lines of
 // its 9 by 9 tile.

@@ -107,7 +107,7 @@ std::string filled(std::initializer_list<const char*> fills)
 {
     std::string elements;
     for (const std::string fill : fills) {
-        elements += rect + "fill='" + fill + "' />";
+        elements.append(rect).append("fill='").append(fill).append("' />");
     }
     return elements;
 }

@@ -110,6 +110,37 @@ struct XFORM {
 };
 static_assert(sizeof(XFORM) == 24);
 
+// Bitmaps without a device: header, colour table, pixels ([MS-WMF] 2.2.2.20, 2.2.2.3, 2.2.2.9).
+struct RGBQUAD {
+    BYTE rgbBlue;
+    BYTE rgbGreen;
+    BYTE rgbRed;
+    BYTE rgbReserved;
+};
+static_assert(sizeof(RGBQUAD) == 4);
+
+// A height above 0 means that the bottom row comes first.
+struct BITMAPINFOHEADER {
+    DWORD biSize;
+    LONG biWidth;
+    LONG biHeight;
+    WORD biPlanes;
+    WORD biBitCount;
+    DWORD biCompression;
+    DWORD biSizeImage;
+    LONG biXPelsPerMeter;
+    LONG biYPelsPerMeter;
+    DWORD biClrUsed;
+    DWORD biClrImportant;
+};
+static_assert(sizeof(BITMAPINFOHEADER) == 40);
+
+struct BITMAPINFO {
+    BITMAPINFOHEADER bmiHeader;
+    RGBQUAD bmiColors[1];
+};
+static_assert(sizeof(BITMAPINFO) == 44);
+
 extern "C" {
 
 // Strings of 8-bit characters. Letters and case are those of code page 1252. A null pointer is answered,

@@ -1,0 +1,32 @@
+// ThreadMutex__: a lock between the threads of the process, which its holder may take again.
+//
+// Called where the module serialises a drawing call across all threads.
+#include "sys/krnos.h"
+
+ThreadMutex__::ThreadMutex__(const char* name) noexcept : _name(name) {}
+
+ThreadMutex__::~ThreadMutex__() = default;
+
+// The holder is compared before the lock is held: no other thread ever writes the id of this one there.
+bool ThreadMutex__::acquire()
+{
+    const std::thread::id self = std::this_thread::get_id();
+    if (_holder.load(std::memory_order_relaxed) != self) {
+        _mutex.lock();
+        _holder.store(self, std::memory_order_relaxed);
+    }
+    ++_depth;
+    return true;
+}
+
+bool ThreadMutex__::relinquish()
+{
+    if (_holder.load(std::memory_order_relaxed) != std::this_thread::get_id()) {
+        return false;
+    }
+    if (--_depth == 0) {
+        _holder.store(std::thread::id(), std::memory_order_relaxed);
+        _mutex.unlock();
+    }
+    return true;
+}

@@ -1,0 +1,307 @@
+// FreeImageDesc: images decoded, converted and encoded by FreeImage, with the care that bytes from strangers ask
+// for.
+//
+// Called by the surfaces that take images in. The functions of the library come from ImageLibrary.h.
+#include "sys/krnutil.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+
+#include "ImageLibrary.h"
+#include "ImageReader.h"
+#include "ImageSize.h"
+
+namespace {
+
+constexpr std::uint64_t mostPixelBytes = std::uint64_t{256} << 20;
+
+// FreeImage is C++ behind a C interface: what its decoders do not catch, exhausted memory above all, comes
+// through, and counts as a failure here.
+template <typename Result, typename Call>
+Result guarded(Result failure, Call call) noexcept
+{
+    try {
+        return call();
+    } catch (...) {
+        return failure;
+    }
+}
+
+// An empty stream to write to, closed at the end.
+class MemoryStream {
+public:
+    explicit MemoryStream(const ImageLibrary& library)
+        : _library(library), _memory(library.openMemory(nullptr, 0))
+    {
+    }
+    ~MemoryStream() { _library.closeMemory(_memory); }
+
+    MemoryStream(const MemoryStream&) = delete;
+    MemoryStream& operator=(const MemoryStream&) = delete;
+
+    FIMEMORY* get() const noexcept { return _memory; }
+
+private:
+    const ImageLibrary& _library;
+    FIMEMORY* _memory;
+};
+
+// A bitmap that is unloaded at the end, unless it was handed on.
+class OwnedBitmap {
+public:
+    OwnedBitmap(const ImageLibrary& library, FIBITMAP* bitmap) noexcept : _library(library), _bitmap(bitmap)
+    {
+    }
+    ~OwnedBitmap() { reset(nullptr); }
+
+    OwnedBitmap(const OwnedBitmap&) = delete;
+    OwnedBitmap& operator=(const OwnedBitmap&) = delete;
+
+    FIBITMAP* get() const noexcept { return _bitmap; }
+
+    void reset(FIBITMAP* bitmap)
+    {
+        if (_bitmap != nullptr) {
+            _library.unload(_bitmap);
+        }
+        _bitmap = bitmap;
+    }
+
+    FIBITMAP* release() noexcept
+    {
+        FIBITMAP* const bitmap = _bitmap;
+        _bitmap = nullptr;
+        return bitmap;
+    }
+
+private:
+    const ImageLibrary& _library;
+    FIBITMAP* _bitmap;
+};
+
+// How bitmaps that Windows has no form for become ones that it has; `fromBits` 0 stands for any. One bit per
+// pixel is among them because so small a colour table leaves a gap before the pixels, and 16 bits because of
+// the colour masks there.
+struct Reduction {
+    PixelKind kind;
+    unsigned int fromBits;
+    unsigned int toBits;
+    FIBITMAP* (*convert)(const ImageLibrary& library, FIBITMAP* bitmap);
+};
+
+FIBITMAP* toneMapped(const ImageLibrary& library, FIBITMAP* bitmap)
+{
+    constexpr int adaptiveLogarithmic = 0;
+    return library.toneMapping(bitmap, adaptiveLogarithmic, 0, 0);
+}
+
+FIBITMAP* to8Bits(const ImageLibrary& library, FIBITMAP* bitmap)
+{
+    return library.convertTo8Bits(bitmap);
+}
+
+FIBITMAP* to24Bits(const ImageLibrary& library, FIBITMAP* bitmap)
+{
+    return library.convertTo24Bits(bitmap);
+}
+
+FIBITMAP* to32Bits(const ImageLibrary& library, FIBITMAP* bitmap)
+{
+    return library.convertTo32Bits(bitmap);
+}
+
+constexpr Reduction reductions[] = {
+    {PixelKind::standard, 1, 8, to8Bits},      {PixelKind::standard, 16, 24, to24Bits},
+    {PixelKind::uint16, 0, 8, to8Bits},        {PixelKind::rgb16, 0, 24, to24Bits},
+    {PixelKind::rgba16, 0, 32, to32Bits},      {PixelKind::rgbFloat, 0, 24, toneMapped},
+    {PixelKind::rgbaFloat, 0, 24, toneMapped},
+};
+
+// All other kinds are numbers without a range of their own, shown from their darkest to their brightest.
+constexpr Reduction stretched = {PixelKind::standard, 0, 8,
+                                 [](const ImageLibrary& library, FIBITMAP* bitmap) {
+                                     return library.convertToStandardType(bitmap, TRUE);
+                                 }};
+
+const BITMAPINFOHEADER& headerOf(const ImageLibrary& library, FIBITMAP* bitmap)
+{
+    return library.getInfo(bitmap)->bmiHeader;
+}
+
+// Null when the bitmap can stay as it is.
+const Reduction* reductionFor(const ImageLibrary& library, FIBITMAP* bitmap)
+{
+    const PixelKind kind = library.getImageType(bitmap);
+    const unsigned int bits = headerOf(library, bitmap).biBitCount;
+    for (const Reduction& reduction : reductions) {
+        if (reduction.kind == kind && (reduction.fromBits == 0 || reduction.fromBits == bits)) {
+            return &reduction;
+        }
+    }
+    return kind == PixelKind::standard ? nullptr : &stretched;
+}
+
+bool fits(const ImageLibrary& library, FIBITMAP* bitmap, unsigned int bits)
+{
+    const BITMAPINFOHEADER& header = headerOf(library, bitmap);
+    const auto width = static_cast<std::uint64_t>(std::int64_t{header.biWidth});
+    const auto height = static_cast<std::uint64_t>(std::int64_t{header.biHeight});
+    constexpr std::uint64_t longest = INT32_MAX;
+    return bits != 0 && width <= longest && height <= longest &&
+           (width == 0 || height <= mostPixelBytes * 8 / bits / width);
+}
+
+// Whether there is room for the pixels as they are and as they become.
+bool fitsReduced(const ImageLibrary& library, FIBITMAP* bitmap)
+{
+    const Reduction* const reduction = reductionFor(library, bitmap);
+    return fits(library, bitmap, headerOf(library, bitmap).biBitCount) &&
+           (reduction == nullptr || fits(library, bitmap, reduction->toBits));
+}
+
+bool isFormat(const ImageLibrary& library, FREE_IMAGE_FORMAT format)
+{
+    return format > FIF_UNKNOWN && format < library.getFIFCount();
+}
+
+FIBITMAP* load(const ImageLibrary& library, FREE_IMAGE_FORMAT format, ImageReader& reader, int flags)
+{
+    ImageReaderFunctions functions = ImageReader::functions();
+    reader.rewind();
+    return library.loadFromHandle(format, &functions, &reader, flags);
+}
+
+FREE_IMAGE_FORMAT actualFormat(const ImageLibrary& library, FREE_IMAGE_FORMAT stated, ImageReader& reader)
+{
+    ImageReaderFunctions functions = ImageReader::functions();
+    if (isFormat(library, stated) && library.validateFromHandle(stated, &functions, &reader) != 0) {
+        return stated;
+    }
+    reader.rewind();
+    return library.getFileTypeFromHandle(&functions, &reader, 0);
+}
+
+// Before anything of the image's size is allocated.
+bool statesUsableSize(const ImageLibrary& library, FREE_IMAGE_FORMAT format, ImageReader& reader)
+{
+    if (library.fifSupportsNoPixels(format) == 0) {
+        return statedPixelBytes(format, reader.data(), reader.size()) <= mostPixelBytes;
+    }
+    const OwnedBitmap header(library, load(library, format, reader, loadNoPixels));
+    return header.get() != nullptr && fitsReduced(library, header.get());
+}
+
+FIBITMAP* decoded(const ImageLibrary& library, FREE_IMAGE_FORMAT stated, const unsigned char* data,
+                  unsigned int size)
+{
+    ImageReader reader(data, size);
+    const FREE_IMAGE_FORMAT format = actualFormat(library, stated, reader);
+    if (!isFormat(library, format) || !statesUsableSize(library, format, reader)) {
+        return nullptr;
+    }
+    OwnedBitmap bitmap(library, load(library, format, reader, 0));
+    if (bitmap.get() == nullptr || !fitsReduced(library, bitmap.get())) {
+        return nullptr;
+    }
+    if (const Reduction* const reduction = reductionFor(library, bitmap.get()); reduction != nullptr) {
+        bitmap.reset(reduction->convert(library, bitmap.get()));
+    }
+    return bitmap.release();
+}
+
+bool encoded(const ImageLibrary& library, FREE_IMAGE_FORMAT format, FIBITMAP* bitmap,
+             fiio_mem_handle_s* handle)
+{
+    const MemoryStream stream(library);
+    BYTE* bytes = nullptr;
+    DWORD size = 0;
+    if (stream.get() == nullptr || library.saveToMemory(format, bitmap, stream.get(), 0) == 0 ||
+        library.acquireMemory(stream.get(), &bytes, &size) == 0 || size == 0) {
+        return false;
+    }
+    void* const block = std::malloc(size);
+    if (block == nullptr) {
+        return false;
+    }
+    std::memcpy(block, bytes, size);
+    handle->datalen = static_cast<long>(size);
+    handle->data = block;
+    return true;
+}
+
+} // namespace
+
+FreeImageDesc::FreeImageDesc(bool) : _library(currentImageLibrary()) {}
+
+FreeImageDesc::~FreeImageDesc() = default;
+
+bool FreeImageDesc::isProcLoaded() const
+{
+    return _library != nullptr;
+}
+
+FIMEMORY* FreeImageDesc::imageOpenMemory(unsigned char* data, int size)
+{
+    if (_library == nullptr || data == nullptr || size <= 0) {
+        return nullptr;
+    }
+    return guarded<FIMEMORY*>(nullptr,
+                              [=, this] { return _library->openMemory(data, static_cast<DWORD>(size)); });
+}
+
+FREE_IMAGE_FORMAT FreeImageDesc::imageGetFileTypeFromMemory(FIMEMORY* memory, int size)
+{
+    if (_library == nullptr || memory == nullptr) {
+        return FIF_UNKNOWN;
+    }
+    return guarded(FIF_UNKNOWN, [=, this] { return _library->getFileTypeFromMemory(memory, size); });
+}
+
+void FreeImageDesc::imageCloseMemory(FIMEMORY* memory)
+{
+    if (_library != nullptr && memory != nullptr) {
+        _library->closeMemory(memory);
+    }
+}
+
+FIBITMAP* FreeImageDesc::imageLoadFromMem(FREE_IMAGE_FORMAT format, unsigned char* data, unsigned int size)
+{
+    if (_library == nullptr || data == nullptr || size == 0) {
+        return nullptr;
+    }
+    return guarded<FIBITMAP*>(nullptr, [=, this] { return decoded(*_library, format, data, size); });
+}
+
+BITMAPINFO* FreeImageDesc::imageGetInfo(FIBITMAP* bitmap)
+{
+    return _library != nullptr && bitmap != nullptr ? _library->getInfo(bitmap) : nullptr;
+}
+
+unsigned char* FreeImageDesc::imageGetBits(FIBITMAP* bitmap)
+{
+    return _library != nullptr && bitmap != nullptr ? _library->getBits(bitmap) : nullptr;
+}
+
+FIBITMAP* FreeImageDesc::imageConvertTo24Bits(FIBITMAP* bitmap)
+{
+    if (_library == nullptr || bitmap == nullptr || !fits(*_library, bitmap, 24)) {
+        return nullptr;
+    }
+    return guarded<FIBITMAP*>(nullptr, [=, this] { return _library->convertTo24Bits(bitmap); });
+}
+
+void FreeImageDesc::imageUnload(FIBITMAP* bitmap)
+{
+    if (_library != nullptr && bitmap != nullptr) {
+        _library->unload(bitmap);
+    }
+}
+
+bool FreeImageDesc::imageSaveToMem(FREE_IMAGE_FORMAT format, FIBITMAP* bitmap, fiio_mem_handle_s* handle)
+{
+    if (_library == nullptr || bitmap == nullptr || handle == nullptr || !isFormat(*_library, format)) {
+        return false;
+    }
+    return guarded(false, [=, this] { return encoded(*_library, format, bitmap, handle); });
+}

@@ -1,0 +1,211 @@
+// Loads FreeImage, once for each place that it is set to.
+#include "ImageLibrary.h"
+
+#include <cstdarg>
+#include <cstddef>
+#include <memory>
+#include <mutex>
+#include <new>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include <cinttypes>
+#include <cwchar>
+#include <dlfcn.h>
+
+#include "sys/krnos.h"
+
+// FreeImage's header declares Windows types under their own names, so it gets a namespace to do that in. The
+// system headers that it asks for stand above and are not read again.
+namespace freeImage {
+#include <FreeImage.h>
+} // namespace freeImage
+
+static_assert(sizeof(::BITMAPINFO) == sizeof(freeImage::BITMAPINFO));
+static_assert(offsetof(::BITMAPINFO, bmiColors) == offsetof(freeImage::BITMAPINFO, bmiColors));
+static_assert(offsetof(::BITMAPINFOHEADER, biBitCount) == offsetof(freeImage::BITMAPINFOHEADER, biBitCount));
+static_assert(offsetof(::BITMAPINFOHEADER, biClrUsed) == offsetof(freeImage::BITMAPINFOHEADER, biClrUsed));
+static_assert(offsetof(::RGBQUAD, rgbRed) == offsetof(freeImage::RGBQUAD, rgbRed));
+static_assert(int{::FIF_UNKNOWN} == int{freeImage::FIF_UNKNOWN} && int{::FIF_BMP} == int{freeImage::FIF_BMP});
+static_assert(int{::FIF_ICO} == int{freeImage::FIF_ICO} && int{::FIF_JPEG} == int{freeImage::FIF_JPEG});
+static_assert(int{::FIF_PNG} == int{freeImage::FIF_PNG} && int{::FIF_TIFF} == int{freeImage::FIF_TIFF});
+static_assert(int{::FIF_GIF} == int{freeImage::FIF_GIF} && loadNoPixels == FIF_LOAD_NOPIXELS);
+static_assert(sizeof(ImageReaderFunctions) == sizeof(freeImage::FreeImageIO));
+static_assert(offsetof(ImageReaderFunctions, read) == offsetof(freeImage::FreeImageIO, read_proc));
+static_assert(offsetof(ImageReaderFunctions, seek) == offsetof(freeImage::FreeImageIO, seek_proc));
+static_assert(offsetof(ImageReaderFunctions, tell) == offsetof(freeImage::FreeImageIO, tell_proc));
+static_assert(int{freeImage::FIT_BITMAP} == static_cast<int>(PixelKind::standard));
+static_assert(int{freeImage::FIT_UINT16} == static_cast<int>(PixelKind::uint16));
+static_assert(int{freeImage::FIT_RGB16} == static_cast<int>(PixelKind::rgb16));
+static_assert(int{freeImage::FIT_RGBA16} == static_cast<int>(PixelKind::rgba16));
+static_assert(int{freeImage::FIT_RGBF} == static_cast<int>(PixelKind::rgbFloat));
+static_assert(int{freeImage::FIT_RGBAF} == static_cast<int>(PixelKind::rgbaFloat));
+
+namespace {
+
+template <typename Ours, typename Theirs>
+constexpr bool passedAlike = std::is_pointer_v<Ours> ==
+                                 std::is_pointer_v<Theirs>&& std::is_floating_point_v<Ours> ==
+                                 std::is_floating_point_v<Theirs> &&
+                             sizeof(Ours) == sizeof(Theirs);
+template <>
+constexpr bool passedAlike<void, void> = true;
+
+template <typename Ours, typename Theirs>
+constexpr bool calledAlike = false;
+template <typename OurResult, typename... Ours, typename TheirResult, typename... Theirs>
+requires(sizeof...(Ours) ==
+         sizeof...(Theirs)) constexpr bool calledAlike<OurResult(Ours...), TheirResult(Theirs...)> =
+    passedAlike<OurResult, TheirResult> && (passedAlike<Ours, Theirs> && ...);
+
+// Declared is the function as FreeImage's header has it.
+template <typename Declared, typename Function>
+bool find(void* handle, const char* name, Function*& function) noexcept
+{
+    static_assert(calledAlike<Function, Declared>);
+    function = reinterpret_cast<Function*>(dlsym(handle, name));
+    return function != nullptr;
+}
+
+bool findStreams(void* handle, ImageLibrary& library) noexcept
+{
+    using namespace freeImage;
+    return find<decltype(FreeImage_OpenMemory)>(handle, "FreeImage_OpenMemory", library.openMemory) &&
+           find<decltype(FreeImage_CloseMemory)>(handle, "FreeImage_CloseMemory", library.closeMemory) &&
+           find<decltype(FreeImage_AcquireMemory)>(handle, "FreeImage_AcquireMemory",
+                                                   library.acquireMemory) &&
+           find<decltype(FreeImage_GetFileTypeFromMemory)>(handle, "FreeImage_GetFileTypeFromMemory",
+                                                           library.getFileTypeFromMemory) &&
+           find<decltype(FreeImage_SaveToMemory)>(handle, "FreeImage_SaveToMemory", library.saveToMemory) &&
+           find<decltype(FreeImage_GetFileTypeFromHandle)>(handle, "FreeImage_GetFileTypeFromHandle",
+                                                           library.getFileTypeFromHandle) &&
+           find<decltype(FreeImage_ValidateFromHandle)>(handle, "FreeImage_ValidateFromHandle",
+                                                        library.validateFromHandle) &&
+           find<decltype(FreeImage_LoadFromHandle)>(handle, "FreeImage_LoadFromHandle",
+                                                    library.loadFromHandle) &&
+           find<decltype(FreeImage_FIFSupportsNoPixels)>(handle, "FreeImage_FIFSupportsNoPixels",
+                                                         library.fifSupportsNoPixels) &&
+           find<decltype(FreeImage_GetFIFCount)>(handle, "FreeImage_GetFIFCount", library.getFIFCount);
+}
+
+bool findBitmaps(void* handle, ImageLibrary& library) noexcept
+{
+    using namespace freeImage;
+    return find<decltype(FreeImage_Unload)>(handle, "FreeImage_Unload", library.unload) &&
+           find<decltype(FreeImage_GetInfo)>(handle, "FreeImage_GetInfo", library.getInfo) &&
+           find<decltype(FreeImage_GetBits)>(handle, "FreeImage_GetBits", library.getBits) &&
+           find<decltype(FreeImage_GetImageType)>(handle, "FreeImage_GetImageType", library.getImageType) &&
+           find<decltype(FreeImage_ConvertTo8Bits)>(handle, "FreeImage_ConvertTo8Bits",
+                                                    library.convertTo8Bits) &&
+           find<decltype(FreeImage_ConvertTo24Bits)>(handle, "FreeImage_ConvertTo24Bits",
+                                                     library.convertTo24Bits) &&
+           find<decltype(FreeImage_ConvertTo32Bits)>(handle, "FreeImage_ConvertTo32Bits",
+                                                     library.convertTo32Bits) &&
+           find<decltype(FreeImage_ConvertToStandardType)>(handle, "FreeImage_ConvertToStandardType",
+                                                           library.convertToStandardType) &&
+           find<decltype(FreeImage_ToneMapping)>(handle, "FreeImage_ToneMapping", library.toneMapping);
+}
+
+// Damaged images are a matter of course here and nothing for the process's standard error. The library itself
+// is silent when nobody listens to it, which a null handler says without leaving a pointer into this module
+// behind; the TIFF library under it speaks up unless it is told not to.
+void silence(void* handle) noexcept
+{
+    using TiffHandler = void(const char* module, const char* format, std::va_list arguments);
+    using SetTiffHandler = TiffHandler*(TiffHandler*);
+    void (*setOutputMessage)(freeImage::FreeImage_OutputMessageFunction) = nullptr;
+    if (find<decltype(freeImage::FreeImage_SetOutputMessage)>(handle, "FreeImage_SetOutputMessage",
+                                                              setOutputMessage)) {
+        setOutputMessage(nullptr);
+    }
+    for (const char* const name : {"TIFFSetErrorHandler", "TIFFSetWarningHandler"}) {
+        SetTiffHandler* setHandler = nullptr;
+        if (find<SetTiffHandler>(handle, name, setHandler)) {
+            setHandler(nullptr);
+        }
+    }
+}
+
+class ImageLibraries {
+public:
+    void setPath(const char* path)
+    {
+        std::string copy = path != nullptr ? path : defaultName;
+        const std::lock_guard lock(_mutex);
+        _path = std::move(copy);
+        _tried = false;
+    }
+
+    const ImageLibrary* current()
+    {
+        const std::lock_guard lock(_mutex);
+        if (!_tried) {
+            _current = load(_path.c_str());
+            _tried = true;
+        }
+        return _current;
+    }
+
+private:
+    struct Loaded {
+        void* handle;
+        std::unique_ptr<const ImageLibrary> library;
+    };
+
+    const ImageLibrary* load(const char* path)
+    {
+        void* const handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
+        if (handle == nullptr) {
+            return nullptr;
+        }
+        for (const Loaded& loaded : _loaded) {
+            if (loaded.handle == handle) {
+                dlclose(handle);
+                return loaded.library.get();
+            }
+        }
+        auto library = std::make_unique<ImageLibrary>();
+        if (!findStreams(handle, *library) || !findBitmaps(handle, *library)) {
+            dlclose(handle);
+            return nullptr;
+        }
+        silence(handle);
+        return _loaded.emplace_back(Loaded{handle, std::move(library)}).library.get();
+    }
+
+    static constexpr char defaultName[] = "libfreeimage.so.3";
+
+    std::mutex _mutex;
+    std::string _path = defaultName;
+    bool _tried = false;
+    const ImageLibrary* _current = nullptr;
+    std::vector<Loaded> _loaded;
+};
+
+// Never destroyed: objects that end with the process may still hold a bitmap.
+ImageLibraries& imageLibraries()
+{
+    static ImageLibraries* const libraries = new ImageLibraries;
+    return *libraries;
+}
+
+} // namespace
+
+const ImageLibrary* currentImageLibrary()
+{
+    try {
+        return imageLibraries().current();
+    } catch (const std::bad_alloc&) {
+        krnOutOfMemory();
+    }
+}
+
+void krnSetImageLibrary(const char* path)
+{
+    try {
+        imageLibraries().setPath(path);
+    } catch (const std::bad_alloc&) {
+        krnOutOfMemory();
+    }
+}

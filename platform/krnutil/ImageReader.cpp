@@ -1,0 +1,46 @@
+// The reader behind a decoder.
+#include "ImageReader.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+unsigned int ImageReader::read(void* buffer, unsigned int size, unsigned int count) noexcept
+{
+    const std::size_t wanted = std::size_t{size} * count;
+    const auto left = static_cast<std::size_t>(std::max(_size - _position, 0L));
+    const std::size_t given = std::min(wanted, left);
+    if (given != 0) {
+        std::memcpy(buffer, _data + _position, given);
+        _position += static_cast<long>(given);
+    }
+    if (given != wanted) {
+        std::memset(static_cast<char*>(buffer) + given, 0, wanted - given);
+    }
+    return size != 0 ? static_cast<unsigned int>(given / size) : 0;
+}
+
+int ImageReader::seek(long offset, int origin) noexcept
+{
+    const long base = origin == SEEK_CUR ? _position : origin == SEEK_END ? _size : 0;
+    long target = 0;
+    if (__builtin_add_overflow(base, offset, &target) || target < 0) {
+        return -1;
+    }
+    _position = target;
+    return 0;
+}
+
+ImageReaderFunctions ImageReader::functions() noexcept
+{
+    return {[](void* buffer, unsigned int size, unsigned int count, void* handle) {
+                return static_cast<ImageReader*>(handle)->read(buffer, size, count);
+            },
+            [](void*, unsigned int, unsigned int, void*) { return 0U; },
+            [](void* handle, long offset, int origin) {
+                return static_cast<ImageReader*>(handle)->seek(offset, origin);
+            },
+            [](void* handle) {
+                return static_cast<ImageReader*>(handle)->_position;
+            }};
+}

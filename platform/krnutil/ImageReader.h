@@ -1,0 +1,44 @@
+// How FreeImage reads the bytes of an image here: a view of them with a position, and the four functions that
+// work on it.
+//
+// Used by FreeImageDesc.cpp. FreeImage's own memory streams leave a buffer as it was where the data ends, and
+// many decoders do not ask how much they got: they go on with sizes that are whatever the memory held. This
+// reader gives them zeros.
+#pragma once
+
+#include <cstddef>
+
+// The functions as FreeImage calls them (FreeImageIO of its header), each with the reader as its handle.
+#pragma pack(push, 1)
+struct ImageReaderFunctions {
+    unsigned int (*read)(void* buffer, unsigned int size, unsigned int count, void* handle);
+    unsigned int (*write)(void* buffer, unsigned int size, unsigned int count, void* handle);
+    int (*seek)(void* handle, long offset, int origin);
+    long (*tell)(void* handle);
+};
+#pragma pack(pop)
+
+class ImageReader {
+public:
+    ImageReader(const unsigned char* data, std::size_t size) noexcept
+        : _data(data), _size(static_cast<long>(size))
+    {
+    }
+
+    static ImageReaderFunctions functions() noexcept;
+
+    const unsigned char* data() const noexcept { return _data; }
+    std::size_t size() const noexcept { return static_cast<std::size_t>(_size); }
+    void rewind() noexcept { _position = 0; }
+
+private:
+    // `count` items of `size` bytes; gives the number of whole items. What is missing is zero.
+    unsigned int read(void* buffer, unsigned int size, unsigned int count) noexcept;
+
+    // As fseek: 0, or -1 for a place before the start. Behind the end there is nothing to read.
+    int seek(long offset, int origin) noexcept;
+
+    const unsigned char* _data;
+    long _size;
+    long _position = 0;
+};

@@ -1,0 +1,87 @@
+// Images: definitions go to the surface at once, uses draw them by their number.
+#include "metaFilePlayerSVG.h"
+
+#include <memory>
+
+#include "surface.h"
+#include "surface/wrappingInt.h"
+#include "svg/PageCursor.h"
+#include "svg/SvgDialect.h"
+#include "svg/SvgWalkMemory.h"
+#include "sys/krnutil.h"
+
+namespace {
+
+// What the writer leaves of an image that it could not convert decodes to this many bytes at most.
+constexpr int LongestNoImage = 10;
+
+struct FreeDecoded {
+    void operator()(unsigned char* data) const { base64Free(data); }
+};
+
+RECT rectOf(const SvgViewport& viewport)
+{
+    return RECT{viewport.x, viewport.y, wrapAdd(viewport.x, viewport.width),
+                wrapAdd(viewport.y, viewport.height)};
+}
+
+} // namespace
+
+int CMetaFilePlayerSVG::processImageDefinition(char* element)
+{
+    constexpr int IdOffset = 8; // past the "image" of the element's own name
+    char* const number = findBehind(stepOver(element, IdOffset), ImageId);
+    if (number == nullptr) {
+        return -1;
+    }
+    const auto [id, cursor] = readInteger(number);
+    const char* const size = findKey(cursor, "width=");
+    char* const typeText = findBehind(cursor, PictureTypeKey);
+    char* const data = findBehind(cursor, "base64,");
+    if (typeText == nullptr || data == nullptr) {
+        return -1;
+    }
+    int width = 0;
+    int height = 0;
+    if (size == nullptr || intlSscanNumeric(size, "width='%d' height='%d'", &width, &height) != 2) {
+        return 0;
+    }
+    const int picType = integerAt(typeText);
+    char* const text = stepOver(data, 1); // the line feed behind the comma
+    endValue(text);
+    unsigned char* decoded = nullptr;
+    int decodedSize = 0;
+    base64Decode(text, decoded, decodedSize);
+    const std::unique_ptr<unsigned char, FreeDecoded> owner(decoded);
+    if (decodedSize > LongestNoImage && id >= 0 && id <= GreatestImageId) {
+        m_surface->includeImage(static_cast<unsigned int>(id), decoded, decodedSize, width, height, picType);
+    }
+    return 0;
+}
+
+int CMetaFilePlayerSVG::processImageUse(char* element, const char* name, int x, int y)
+{
+    if (m_memory->depth == 0) {
+        return 0; // outside a nested <svg> there is no frame to draw in
+    }
+    RECT frame = rectOf(*m_viewport);
+    if (beginsWith(name, ImageId)) {
+        // The frame of a scaled image has the viewBox of the image's own size.
+        const RECT& viewBox = m_viewport->viewBox;
+        const bool ownSize = m_viewport->width == viewBox.right && m_viewport->height == viewBox.bottom;
+        const int number = integerAt(const_cast<char*>(name) + std::strlen(ImageId));
+        m_surface->drawImage(&frame, static_cast<unsigned int>(number), ownSize ? NaturalMode : ScaledMode, x,
+                             y);
+    } else if (beginsWith(name, TiledImageSymbol)) {
+        char* const number = findBehind(element, PatternId);
+        CSurfaceBrush brush;
+        if (number == nullptr) {
+            return 0;
+        }
+        if (usePattern(integerAt(number, 0), &brush) < 0) {
+            return -1;
+        }
+        m_surface->drawImage(&frame, static_cast<unsigned int>(brush.getPicture()), TiledMode, x, y);
+    }
+    return 0;
+}

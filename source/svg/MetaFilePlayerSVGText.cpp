@@ -1,0 +1,256 @@
+// Text elements: each becomes the text call that made it.
+//
+// A plain text came from drawString, drawText or drawTextAt, one of class BLT from drawTextOnBaseLine, and one
+// with runs from formatted text; each run of rotated text stands in a text path. Layout stays with the surface:
+// nothing is measured and no alignment is read.
+#include "metaFilePlayerSVG.h"
+
+#include <climits>
+#include <string_view>
+
+#include "surface.h"
+#include "surface/moduleHeap.h"
+#include "surface/wrappingInt.h"
+#include "svg/PageCursor.h"
+#include "svg/SvgColor.h"
+#include "svg/SvgDialect.h"
+#include "svg/SvgRecord.h"
+#include "svg/SvgWalkMemory.h"
+#include "svg/ValueDuring.h"
+
+namespace {
+
+constexpr int NoPosition = INT_MAX;
+
+// The runs of one element, deleted with it.
+class ChunkList {
+public:
+    ChunkList() = default;
+    ~ChunkList()
+    {
+        for (unsigned int i = 0; i < m_chunks.size(); ++i) {
+            delete m_chunks[i];
+        }
+    }
+    ChunkList(const ChunkList&) = delete;
+    ChunkList& operator=(const ChunkList&) = delete;
+
+    Array<CSurfaceTextChunk, 2>* chunks() { return &m_chunks; }
+    CSurfaceTextChunk* first() { return m_chunks.atGet(0); }
+    CSurfaceTextChunk* last() { return m_chunks.size() > 0 ? m_chunks[m_chunks.size() - 1] : nullptr; }
+
+    // A new chunk at the end of the list. Throws KrnException without memory.
+    CSurfaceTextChunk* add()
+    {
+        auto* const chunk = new CSurfaceTextChunk;
+        if (chunk == nullptr) {
+            krnOutOfMemory();
+        }
+        try {
+            m_chunks.add(chunk);
+        } catch (...) {
+            delete chunk;
+            throw;
+        }
+        return chunk;
+    }
+
+private:
+    Array<CSurfaceTextChunk, 2> m_chunks;
+};
+
+// Ends an element's head at its first `>` and gives the place behind it; null without one.
+char* endHead(char* element)
+{
+    char* const end = std::strchr(element, '>');
+    if (end == nullptr) {
+        return nullptr;
+    }
+    *end = '\0';
+    return end + 1;
+}
+
+void dropTrailingBlanks(TovoTextString& text)
+{
+    int blanks = 0;
+    for (unsigned int i = text.length(); i > 0 && text.text()[i - 1] == ' '; --i) {
+        ++blanks;
+    }
+    text.truncate(blanks);
+}
+
+void readNumberBehind(char* text, const char* key, int& number)
+{
+    if (char* const value = findBehind(text, key)) {
+        number = integerAt(value);
+    }
+}
+
+} // namespace
+
+// What the head of a text element says.
+struct CMetaFilePlayerSVG::TextElement {
+    POINT position{};
+    RECT ownRect{};
+    RECT* rect = nullptr; // ownRect, or an entry of the clip table
+    unsigned long color = 0;
+    unsigned int options = 0;
+    int charAngle = 0;
+    int textAngle = 0;
+    const char* className = nullptr;
+};
+
+int CMetaFilePlayerSVG::processTextElement(char** element)
+{
+    char* const body = endHead(*element);
+    int x = 0;
+    int y = 0;
+    char* const behindX = readCoordinate(*element, "x=", x);
+    char* const cursor = readCoordinate(behindX, "y=", y);
+    if (body == nullptr || cursor == nullptr) {
+        return -1;
+    }
+    TextElement text;
+    text.position = POINT{x, y};
+    text.ownRect = RECT{x, y, 0, 0};
+    text.rect = &text.ownRect;
+    if (processTextRect(*element, &text.ownRect) < 0) {
+        processClipPath(*element, &text.rect);
+    }
+    processTextStyleAttributes(cursor, &text.color, &text.options, &text.charAngle, &text.textAngle);
+    // Read last: the zero byte behind the value hides what stands there.
+    char* className = nullptr;
+    if (char* const attribute = findKey(cursor, "class=")) {
+        getAttributeValue(attribute, &className);
+    }
+    text.className = className;
+    return findKey(body, "<tspan") != nullptr ? drawRuns(text, body) : drawPlainText(text, body);
+}
+
+int CMetaFilePlayerSVG::drawPlainText(TextElement& text, char* body)
+{
+    char* const end = findKey(body, "</text");
+    if (end == nullptr) {
+        return 0;
+    }
+    *end = '\0';
+    TovoTextString content = CSurface::fromXML(TovoTextString(body, static_cast<unsigned int>(end - body)));
+    m_surface->setTextColor(text.color);
+    const std::string_view className(text.className != nullptr ? text.className : "");
+    if (className == BaseLineClass) {
+        m_surface->drawTextOnBaseLine(text.position.x, text.position.y, text.options,
+                                      text.options != 0 ? text.rect : nullptr, content.text(), WholeText);
+        return 0;
+    }
+    if (className == PageCountClass) {
+        dropTrailingBlanks(content); // what is left of a longer placeholder
+    }
+    if (text.rect->right == 0 && text.rect->bottom == 0) {
+        m_surface->drawTextAt(content.text(), &text.position, text.options);
+    } else {
+        m_surface->drawText(content.text(), text.rect, text.options);
+    }
+    return 0;
+}
+
+int CMetaFilePlayerSVG::drawRuns(TextElement& text, char* body)
+{
+    ChunkList runs;
+    const ValueDuring<char*> inside(m_memory->walkEnd, m_memory->elementEnd);
+    char* cursor = body;
+    int type = RecordUnknown;
+    while (getNextElement(&cursor, type)) {
+        char* const next = m_memory->elementEnd + 1;
+        if (type == RecordTSpan) {
+            const CSurfaceTextChunk* const previous = runs.last();
+            CSurfaceTextChunk* const run = runs.add();
+            processTSpanElement(cursor, run);
+            if (run->m_followsPrevious && previous != nullptr) {
+                run->m_position.y = previous->m_position.y;
+            }
+        } else if (type == RecordTextPath) {
+            char* inner = cursor + 1;
+            if (getNextElement(&inner, type) && type == RecordTSpan) {
+                CSurfaceTextChunk* const run = runs.add();
+                processTSpanElement(inner, run);
+                run->m_position.y = wrapAdd(run->m_position.y, text.rect->top); // it counts from the path
+            }
+        }
+        cursor = next;
+    }
+    m_surface->setTextColor(text.color);
+    if (text.className != nullptr && std::strcmp(text.className, PageCountClass) == 0) {
+        if (const CSurfaceTextChunk* const first = runs.first()) {
+            TovoTextString content = first->m_text;
+            dropTrailingBlanks(content);
+            m_surface->drawText(content.text(), text.rect, text.options);
+        }
+        return 0;
+    }
+    const CTextStyle& style = m_surface->m_textStyle;
+    if (text.charAngle != style.getCharAngle() || text.textAngle != style.getTextAngle()) {
+        m_surface->setTextRotation(text.charAngle, text.textAngle);
+    }
+    m_surface->drawString(runs.chunks(), text.rect, wrapToInt(text.options));
+    return 0;
+}
+
+int CMetaFilePlayerSVG::processTSpanElement(char* element, CSurfaceTextChunk* chunk)
+{
+    char* const content = endHead(element);
+    chunk->m_isNewLine = findKey(element, "dy='1.25em'") != nullptr;
+    chunk->m_underline = findKey(element, "text-decoration='underline'") != nullptr;
+    chunk->m_textLength = NoTextLength;
+    readNumberBehind(element, TextLengthKey, chunk->m_textLength);
+    int x = NoPosition;
+    int y = NoPosition;
+    readNumberBehind(element, "x='", x);
+    readNumberBehind(element, "y='", y);
+    chunk->m_position = POINT{x, y};
+    chunk->m_followsPrevious = findKey(element, "x='") == nullptr;
+    if (const char* const find = findBehind(element, FindKey)) {
+        intlSscanNumeric(find, "'%d,%d'", &chunk->m_findPosition[0], &chunk->m_findPosition[1]);
+    }
+    if (const char* const end = findKey(content, "</tspan")) {
+        chunk->m_text = CSurface::fromXML(TovoTextString(content, static_cast<unsigned int>(end - content)));
+    }
+    return 0;
+}
+
+int CMetaFilePlayerSVG::processTextRect(char* element, RECT* rect)
+{
+    const char* const attribute = findKey(element, "tovo:textRect");
+    if (attribute == nullptr) {
+        return -1;
+    }
+    int numbers[4] = {rect->left, rect->top, rect->right, rect->bottom};
+    intlSscanNumeric(attribute, "tovo:textRect='(%d,%d,%d,%d)", &numbers[0], &numbers[1], &numbers[2],
+                     &numbers[3]);
+    *rect = RECT{numbers[0], numbers[1], numbers[2], numbers[3]};
+    return 0;
+}
+
+int CMetaFilePlayerSVG::processClipPath(char* element, RECT** rect)
+{
+    char* const number = findBehind(element, "#clip");
+    RECT* const clip = number != nullptr ? clipOfNumber(integerAt(number)) : nullptr;
+    if (clip != nullptr) {
+        *rect = clip;
+    }
+    return 0;
+}
+
+int CMetaFilePlayerSVG::processTextStyleAttributes(char* text, unsigned long* color, unsigned int* options,
+                                                   int* charAngle, int* textAngle)
+{
+    if (const char* const value = findKey(findBehind(text, FillKey), RgbWord)) {
+        readColor(value, *color);
+    }
+    int flags = wrapToInt(*options);
+    readNumberBehind(text, DrawOptionsKey, flags);
+    readNumberBehind(text, TextFlagsKey, flags);
+    *options = static_cast<unsigned int>(flags);
+    readNumberBehind(text, CharAngleKey, *charAngle);
+    readNumberBehind(text, TextAngleKey, *textAngle);
+    return 0;
+}

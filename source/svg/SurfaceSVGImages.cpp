@@ -1,0 +1,190 @@
+// Images and the patterns over them.
+//
+// A page carries its images inside: one element each in the definitions, with the bytes in Base64, and short
+// references wherever it is placed. PNG and JPEG stay as they are; everything else becomes PNG. A failed
+// conversion costs the image's data and nothing else: an element without data remains.
+#include "surfaceSVG.h"
+
+#include <cstdlib>
+
+#include "surface/pageText.h"
+#include "surface/rectangle.h"
+#include "svg/SvgDialect.h"
+#include "sys/krnutil.h"
+
+namespace {
+
+// Numbers of the platform's message table.
+constexpr int ImageLibraryMissing = 14029;
+constexpr int ImageNotConverted = 14015;
+
+// The format of the data by the caller's picture type; unknown: told by the data's own signature.
+struct PictureType {
+    int type;
+    FREE_IMAGE_FORMAT format;
+};
+
+constexpr PictureType PictureTypes[] = {
+    {1, FIF_BMP}, {3, FIF_ICO}, {5, FIF_ICO}, {6, FIF_TIFF}, {7, FIF_JPEG}, {8, FIF_PNG}, {9, FIF_GIF},
+};
+
+FREE_IMAGE_FORMAT formatOf(int picType)
+{
+    for (const PictureType& row : PictureTypes) {
+        if (row.type == picType) {
+            return row.format;
+        }
+    }
+    return FIF_UNKNOWN;
+}
+
+FREE_IMAGE_FORMAT formatOfData(FreeImageDesc& library, unsigned char* data, int size)
+{
+    FIMEMORY* const memory = library.imageOpenMemory(data, size);
+    const FREE_IMAGE_FORMAT format = library.imageGetFileTypeFromMemory(memory, 0);
+    library.imageCloseMemory(memory);
+    return format;
+}
+
+// A decoded image, unloaded with this.
+class Bitmap {
+public:
+    Bitmap(FreeImageDesc& library, FIBITMAP* bitmap) : m_library(library), m_bitmap(bitmap) {}
+    ~Bitmap() { replace(nullptr); }
+    Bitmap(const Bitmap&) = delete;
+    Bitmap& operator=(const Bitmap&) = delete;
+
+    FIBITMAP* get() const { return m_bitmap; }
+
+    void replace(FIBITMAP* bitmap)
+    {
+        if (m_bitmap != nullptr) {
+            m_library.imageUnload(m_bitmap);
+        }
+        m_bitmap = bitmap;
+    }
+
+private:
+    FreeImageDesc& m_library;
+    FIBITMAP* m_bitmap;
+};
+
+// Encodes as `format` and gives Base64 text; 0, or an error number.
+int encodeBitmap(FreeImageDesc& library, FREE_IMAGE_FORMAT format, FIBITMAP* bitmap, char*& text,
+                 int& textLength)
+{
+    fiio_mem_handle_s encoded{};
+    if (!library.imageSaveToMem(format, bitmap, &encoded)) {
+        return ImageNotConverted;
+    }
+    const int result = base64Encode(static_cast<unsigned char*>(encoded.data),
+                                    static_cast<unsigned int>(encoded.datalen), text, textLength, false);
+    std::free(encoded.data);
+    return result;
+}
+
+} // namespace
+
+void CSurfaceSVG::includeImage(unsigned int id, unsigned char* data, int size, int width, int height,
+                               int picType)
+{
+    if (id > GreatestImageId) {
+        return;
+    }
+    m_imageSizes.atPut(id, POINT{width, height});
+    m_imagesIncluded.atPut(id, true);
+    char* text = nullptr;
+    int textLength = 0;
+    const int error = convertImage(data, size, picType, text, textLength);
+    TovoTextString element(TextRoom{200});
+    appendPieces(element, "<image id='", ImageId, id, "' width='", width, "' height='", height, "' ",
+                 PictureTypeKey, picType, "' preserveAspectRatio='defer' ", HrefKey, "data:;base64,\n");
+    if (error == 0) {
+        element.append(text, static_cast<unsigned int>(textLength));
+        base64Free(text);
+    }
+    appendPieces(element, "'/>\n");
+    m_imageDefs.append(element);
+}
+
+int CSurfaceSVG::convertImage(unsigned char* data, int size, int picType, char*& text, int& textLength)
+{
+    if (data == nullptr || size <= 0) {
+        return ImageNotConverted;
+    }
+    FreeImageDesc library(false);
+    FREE_IMAGE_FORMAT source = formatOf(picType);
+    if (source == FIF_UNKNOWN) {
+        if (!library.isProcLoaded()) {
+            return ImageLibraryMissing;
+        }
+        source = formatOfData(library, data, size);
+    }
+    const FREE_IMAGE_FORMAT target = source == FIF_JPEG ? FIF_JPEG : FIF_PNG;
+    if (source == target) {
+        return base64Encode(data, static_cast<unsigned int>(size), text, textLength, false);
+    }
+    if (!library.isProcLoaded()) {
+        return ImageLibraryMissing;
+    }
+    Bitmap bitmap(library, library.imageLoadFromMem(source, data, static_cast<unsigned int>(size)));
+    if (bitmap.get() == nullptr) {
+        return ImageNotConverted;
+    }
+    constexpr int TrueColor = 24; // bits a pixel
+    if (library.imageGetInfo(bitmap.get())->bmiHeader.biBitCount < TrueColor) {
+        bitmap.replace(library.imageConvertTo24Bits(bitmap.get()));
+        if (bitmap.get() == nullptr) {
+            return ImageNotConverted;
+        }
+    }
+    return encodeBitmap(library, target, bitmap.get(), text, textLength);
+}
+
+const POINT* CSurfaceSVG::sizeOfImage(int id) const
+{
+    const unsigned int index = static_cast<unsigned int>(id); // none below 0 lies in the table
+    const bool* const included = m_imagesIncluded.atGet(index);
+    return included != nullptr && *included ? m_imageSizes.atGet(index) : nullptr;
+}
+
+void CSurfaceSVG::drawImage(RECT* rect, unsigned int id, int mode, int x, int y)
+{
+    const POINT* const size = sizeOfImage(wrapToInt(id));
+    if (rect == nullptr || size == nullptr) {
+        return;
+    }
+    const int width = widthOf(*rect);
+    const int height = heightOf(*rect);
+    TovoTextString element(TextRoom{400});
+    appendPieces(element, "\n<svg x='", int{rect->left}, "' y='", int{rect->top}, "' width='", width,
+                 "' height='", height, "' ", ViewBoxKey, "0 0 ");
+    if (mode == ScaledMode) {
+        appendPieces(element, int{size->x}, " ", int{size->y});
+    } else if (mode == NaturalMode || mode == TiledMode) {
+        appendPieces(element, width, " ", height);
+    }
+    appendPieces(element, "' preserveAspectRatio='xMinYMin meet'>\n\t<use x='", x, "' y='", y);
+    if (mode == TiledMode) {
+        makePatternDef(wrapToInt(id));
+        appendPieces(element, "' width='", width, "' height='", height, "' ", FillKey, "url(#", PatternId,
+                     m_patternCount, ")' ", HrefKey, "#", TiledImageSymbol);
+        m_symbolsUsed |= TiledImageUsed;
+    } else {
+        appendPieces(element, "' ", HrefKey, "#", ImageId, id);
+    }
+    appendPieces(element, "'/>\n</svg>\n");
+    m_body.append(element);
+}
+
+void CSurfaceSVG::makePatternDef(int image)
+{
+    const POINT* const size = sizeOfImage(image);
+    if (size == nullptr) {
+        return;
+    }
+    ++m_patternCount;
+    appendPieces(m_patternDefs, "<pattern id='", PatternId, m_patternCount,
+                 "' patternUnits='userSpaceOnUse' x='0' y='0' width='", int{size->x}, "' height='",
+                 int{size->y}, "'><use ", HrefKey, "#", ImageId, image, "'/></pattern>\n");
+}

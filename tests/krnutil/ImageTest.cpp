@@ -1,0 +1,182 @@
+// FreeImageDesc over small images that stand here as bytes or are made from such.
+#include "sys/krnutil.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string number(std::uint32_t value, int bytes)
+{
+    std::string text;
+    for (; bytes > 0; --bytes, value >>= 8) {
+        text += static_cast<char>(value);
+    }
+    return text;
+}
+
+// A BMP whose colour table goes from black to white and whose pixel bytes count up, as far as there are any.
+std::string bmp(std::uint32_t width, std::uint32_t height, std::uint32_t bits, std::uint32_t pixelBytes)
+{
+    const std::uint32_t colours = bits <= 8 ? 1U << bits : 0;
+    std::string image = "BM" + number(54 + 4 * colours + pixelBytes, 4) + number(0, 4) +
+                        number(54 + 4 * colours, 4) + number(40, 4) + number(width, 4) + number(height, 4) +
+                        number(1, 2) + number(bits, 2) + number(0, 24);
+    for (std::uint32_t colour = 0; colour < colours; ++colour) {
+        image += number(colour * 255 / (colours - 1) * 0x010101, 4);
+    }
+    for (std::uint32_t pixel = 0; pixel < pixelBytes; ++pixel) {
+        image += static_cast<char>(0x55 + pixel * 9);
+    }
+    return image;
+}
+
+class Image : public testing::Test {
+protected:
+    void TearDown() override { krnSetImageLibrary(nullptr); }
+
+    static unsigned char* bytesOf(std::string& text) { return reinterpret_cast<unsigned char*>(text.data()); }
+
+    // "width x height x bits: " and the pixel bytes of the bottom row; "none" when nothing was decoded.
+    std::string look(FREE_IMAGE_FORMAT stated, std::string image)
+    {
+        return lookAt(
+            _desc.imageLoadFromMem(stated, bytesOf(image), static_cast<unsigned int>(image.size())));
+    }
+
+    std::string lookAt(FIBITMAP* bitmap)
+    {
+        if (bitmap == nullptr) {
+            return "none";
+        }
+        const BITMAPINFO* const info = _desc.imageGetInfo(bitmap);
+        const BITMAPINFOHEADER& header = info->bmiHeader;
+        EXPECT_EQ(_desc.imageGetBits(bitmap),
+                  reinterpret_cast<const unsigned char*>(info->bmiColors + header.biClrUsed));
+        EXPECT_EQ(header.biCompression, 0U);
+        std::string text = std::to_string(header.biWidth) + 'x' + std::to_string(header.biHeight) + 'x' +
+                           std::to_string(header.biBitCount) + ':';
+        for (int i = 0; i < header.biWidth * header.biBitCount / 8; ++i) {
+            text += ' ' + std::to_string(_desc.imageGetBits(bitmap)[i]);
+        }
+        _desc.imageUnload(bitmap);
+        return text;
+    }
+
+    // The BMP in another format.
+    std::string converted(std::string image, FREE_IMAGE_FORMAT target)
+    {
+        FIBITMAP* const bitmap =
+            _desc.imageLoadFromMem(FIF_BMP, bytesOf(image), static_cast<unsigned int>(image.size()));
+        fiio_mem_handle_s handle = {};
+        EXPECT_TRUE(_desc.imageSaveToMem(target, bitmap, &handle));
+        std::string result(static_cast<const char*>(handle.data), static_cast<std::size_t>(handle.datalen));
+        std::free(handle.data);
+        _desc.imageUnload(bitmap);
+        return result;
+    }
+
+    FreeImageDesc _desc{false};
+};
+
+TEST_F(Image, ComesOutAsAStandardBitmapWithThePixelsBehindTheHeader)
+{
+    struct Case {
+        std::string image;
+        const char* expected;
+    };
+    using namespace std::string_literals;
+    const Case cases[] = {
+        {bmp(8, 1, 1, 4), "8x1x8: 0 255 0 255 0 255 0 255"},
+        {bmp(4, 1, 4, 4), "4x1x4: 85 94"},
+        {bmp(4, 2, 8, 8), "4x2x8: 85 94 103 112"},
+        {bmp(2, 1, 16, 4), "2x1x24: 172 148 189 57 24 230"},
+        {bmp(1, 1, 24, 4), "1x1x24: 85 94 103"},
+        {bmp(1, 1, 32, 4), "1x1x32: 85 94 103 112"},
+        {"P5 2 1 65535\n\x12\x34\xAB\xCD"s, "2x1x8: 18 171"},
+        {"P6 1 1 65535\n\x11\x00\x22\x00\x33\x00"s, "1x1x24: 51 34 17"},
+        {"Pf\n2 1\n-1.0\n\x00\x00\x00\x3F\x00\x00\x80\x3F"s, "2x1x8: 0 255"},
+        {"PF\n1 1\n-1.0\n\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00"s, "1x1x24: 0 0 0"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(look(FIF_UNKNOWN, c.image), c.expected);
+    }
+}
+
+TEST_F(Image, IsDecodedByItsOwnSignatureInSilence)
+{
+    const std::string original = bmp(16, 16, 8, 256);
+    const std::string expected = look(FIF_BMP, original);
+    testing::internal::CaptureStderr();
+    for (const FREE_IMAGE_FORMAT format : {FIF_ICO, FIF_PNG, FIF_TIFF, FIF_GIF}) {
+        std::string image = converted(original, format);
+        FIMEMORY* const memory = _desc.imageOpenMemory(bytesOf(image), static_cast<int>(image.size()));
+        EXPECT_EQ(_desc.imageGetFileTypeFromMemory(memory, 0), format);
+        _desc.imageCloseMemory(memory);
+        for (const int stated : {-1, 0, 1, 2, 13, 18, 19, 25, 9999}) {
+            EXPECT_EQ(look(static_cast<FREE_IMAGE_FORMAT>(stated), image), expected) << format << stated;
+        }
+        for (std::size_t length = 0; length < image.size(); length += 1 + length / 40) {
+            look(format, image.substr(0, length));
+        }
+        EXPECT_EQ(look(format, image.substr(0, 3)), "none");
+    }
+    EXPECT_EQ(look(FIF_BMP, std::string(100, '\0')), "none");
+    EXPECT_EQ(look(FIF_JPEG, "no image at all"), "none");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(Image, OfMoreThanItsShareOfMemoryIsRefused)
+{
+    using namespace std::string_literals;
+    const std::string pixels = "\x02\x02\x4C\x01\x00\x3B"s;
+    const std::string smallScreen = "GIF89a\x01\x00\x01\x00\x00\x00\x00"s;
+    const std::string extension = "\x21\xFE\x02,,\x00"s;
+    EXPECT_EQ(look(FIF_GIF, smallScreen + extension + ",\0\0\0\0\xFF\xFF\xFF\xFF\0"s + pixels), "none");
+    EXPECT_NE(look(FIF_GIF, smallScreen + extension + ",\0\0\0\0\x02\x00\x02\x00\0"s + pixels), "none");
+    EXPECT_EQ(look(FIF_BMP, bmp(40000, 40000, 24, 64)), "none");
+    EXPECT_EQ(look(FIF_BMP, bmp(40000, 40000, 1, 64)), "none");
+    EXPECT_EQ(look(FIF_UNKNOWN, "DDS "s + number(124, 4) + number(0x1007, 4) + number(60000, 4) +
+                                    number(60000, 4) + std::string(200, '\0')),
+              "none");
+}
+
+TEST_F(Image, Becomes24BitsAndIsSaved)
+{
+    std::string image = bmp(2, 1, 8, 4);
+    FIBITMAP* const narrow =
+        _desc.imageLoadFromMem(FIF_BMP, bytesOf(image), static_cast<unsigned int>(image.size()));
+    FIBITMAP* const wide = _desc.imageConvertTo24Bits(narrow);
+    fiio_mem_handle_s handle = {};
+    EXPECT_FALSE(_desc.imageSaveToMem(FIF_UNKNOWN, wide, &handle));
+    EXPECT_FALSE(_desc.imageSaveToMem(FIF_PNG, nullptr, &handle));
+    EXPECT_EQ(handle.data, nullptr);
+    ASSERT_TRUE(_desc.imageSaveToMem(FIF_JPEG, wide, &handle));
+    EXPECT_EQ(std::string(static_cast<char*>(handle.data), 2), "\xFF\xD8");
+    std::free(handle.data);
+    _desc.imageUnload(narrow);
+    EXPECT_EQ(lookAt(wide), "2x1x24: 85 85 85 94 94 94");
+}
+
+TEST_F(Image, IsNoneWithoutTheLibrary)
+{
+    std::string image = bmp(2, 1, 8, 4);
+    krnSetImageLibrary("no such library");
+    FreeImageDesc without(false);
+    EXPECT_FALSE(without.isProcLoaded());
+    EXPECT_EQ(without.imageOpenMemory(bytesOf(image), 4), nullptr);
+    EXPECT_EQ(without.imageGetFileTypeFromMemory(nullptr, 0), FIF_UNKNOWN);
+    EXPECT_EQ(without.imageLoadFromMem(FIF_BMP, bytesOf(image), 1), nullptr);
+    EXPECT_EQ(without.imageGetInfo(nullptr), nullptr);
+    EXPECT_EQ(without.imageConvertTo24Bits(nullptr), nullptr);
+    EXPECT_NE(look(FIF_BMP, image), "none") << "the one made before keeps its library";
+    krnSetImageLibrary("libc.so.6");
+    EXPECT_FALSE(FreeImageDesc(false).isProcLoaded());
+    krnSetImageLibrary(nullptr);
+    EXPECT_TRUE(FreeImageDesc(false).isProcLoaded());
+}
+
+} // namespace
