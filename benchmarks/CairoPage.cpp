@@ -1,42 +1,12 @@
 // The peer: the table page on cairo's SVG surface, written to memory. Each call draws what the same call of a
 // surface means; hatches are six repeated tiles, made once for the page.
+#include <array>
+#include <numbers>
+
+#include "CairoWriter.h"
 #include "TablePage.h"
 
-#include <array>
-#include <memory>
-#include <numbers>
-#include <stdexcept>
-
-#include <cairo-svg.h>
-#include <cairo.h>
-
 namespace {
-
-template <auto destroy>
-struct Release {
-    template <class Resource>
-    void operator()(Resource* resource) const
-    {
-        destroy(resource);
-    }
-};
-using Surface = std::unique_ptr<cairo_surface_t, Release<cairo_surface_destroy>>;
-using Context = std::unique_ptr<cairo_t, Release<cairo_destroy>>;
-using Pattern = std::unique_ptr<cairo_pattern_t, Release<cairo_pattern_destroy>>;
-
-cairo_status_t appendBytes(void* page, const unsigned char* bytes, unsigned int count)
-{
-    static_cast<std::string*>(page)->append(reinterpret_cast<const char*>(bytes), count);
-    return CAIRO_STATUS_SUCCESS;
-}
-
-void setColor(cairo_t* cairo, unsigned long color)
-{
-    const auto part = [color](int shift) {
-        return static_cast<double>(color >> shift & 0xFF) / 255.0;
-    };
-    cairo_set_source_rgb(cairo, part(0), part(8), part(16));
-}
 
 void addPath(cairo_t* cairo, const RECT* rect)
 {
@@ -50,15 +20,15 @@ void addPath(cairo_t* cairo, const POINT* points, unsigned int count)
     }
 }
 
-Pattern makeHatch(std::size_t index)
+CairoPattern makeHatch(std::size_t index)
 {
     constexpr cairo_rectangle_t extents{0, 0, 9, 9};
     constexpr int lines[4][4] = {{0, 4, 9, 4}, {4, 0, 4, 9}, {0, 0, 9, 9}, {9, 0, 0, 9}};
     constexpr bool linesOfHatch[hatchCount][4] = {{true, false, false, false}, {false, true, false, false},
                                                   {false, false, true, false}, {false, false, false, true},
                                                   {true, true, false, false},  {false, false, true, true}};
-    const Surface tile(cairo_recording_surface_create(CAIRO_CONTENT_COLOR_ALPHA, &extents));
-    const Context cairo(cairo_create(tile.get()));
+    const CairoSurface tile(cairo_recording_surface_create(CAIRO_CONTENT_COLOR_ALPHA, &extents));
+    const CairoContext cairo(cairo_create(tile.get()));
     setColor(cairo.get(), hatchColors[index]);
     cairo_set_line_width(cairo.get(), 1);
     for (int line = 0; line < 4; ++line) {
@@ -68,7 +38,7 @@ Pattern makeHatch(std::size_t index)
         }
     }
     cairo_stroke(cairo.get());
-    Pattern pattern(cairo_pattern_create_for_surface(tile.get()));
+    CairoPattern pattern(cairo_pattern_create_for_surface(tile.get()));
     cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_REPEAT);
     return pattern;
 }
@@ -172,7 +142,7 @@ private:
     }
 
     cairo_t* m_cairo;
-    std::array<Pattern, hatchCount> m_hatches;
+    std::array<CairoPattern, hatchCount> m_hatches;
     unsigned long m_penColor = 0;
     unsigned long m_brushColor = 0;
     int m_brushStyle = hollowBrush;
@@ -182,16 +152,8 @@ private:
 
 void makeCairoPage(int rows, std::string& page)
 {
-    page.clear();
-    const RECT bounds = tableBounds(rows);
-    const Surface surface(
-        cairo_svg_surface_create_for_stream(appendBytes, &page, bounds.right, bounds.bottom));
-    const Context cairo(cairo_create(surface.get()));
-    CairoPage canvas(cairo.get());
-    drawTable(canvas, rows);
-    cairo_surface_finish(surface.get());
-    if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS ||
-        cairo_status(cairo.get()) != CAIRO_STATUS_SUCCESS) {
-        throw std::runtime_error("cairo did not write the page");
-    }
+    writeCairoPage(tableBounds(rows), page, [rows](cairo_t* cairo) {
+        CairoPage canvas(cairo);
+        drawTable(canvas, rows);
+    });
 }

@@ -2,10 +2,10 @@
 // one string. There is no surface, no buffer beside the string, and no decision but those on pen and brush. A
 // writer that asks for the room of a whole element at once, not of each piece, can be faster than this.
 // benchmarks.cpp checks that the result is the surface's page byte for byte.
-#include "TablePage.h"
-
-#include <charconv>
 #include <string_view>
+
+#include "FloorWriter.h"
+#include "TablePage.h"
 
 namespace {
 
@@ -13,20 +13,10 @@ namespace {
 constexpr std::size_t roomPerRow = 3000;
 constexpr std::size_t roomForHead = 3000;
 
-struct Rgb {
-    unsigned long color;
-};
-
-// Appends pieces, and stands in for a surface in drawTable.
-class FloorPage {
+// Stands in for a surface in drawTable.
+class FloorPage : public FloorWriter {
 public:
-    explicit FloorPage(std::string& page) : m_page(page) {}
-
-    template <class... Pieces>
-    void write(const Pieces&... pieces)
-    {
-        (append(pieces), ...);
-    }
+    using FloorWriter::FloorWriter;
 
     void setPen(unsigned long color, int style, int width)
     {
@@ -95,22 +85,6 @@ public:
     }
 
 private:
-    void append(std::string_view literal) { m_page.append(literal); }
-
-    void append(int number)
-    {
-        char digits[12];
-        m_page.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
-    }
-
-    void append(Rgb rgb)
-    {
-        const auto part = [rgb](int shift) {
-            return static_cast<int>(rgb.color >> shift & 0xFF);
-        };
-        write("rgb(", part(0), ",", part(8), ",", part(16), ")");
-    }
-
     void writePlace(std::string_view tag, const RECT* rect)
     {
         write(tag, " x='", rect->left, "' y='", rect->top, "' width='", rect->right - rect->left,
@@ -148,7 +122,6 @@ private:
         }
     }
 
-    std::string& m_page;
     unsigned long m_penColor = 0;
     int m_penStyle = solidPen;
     int m_penWidth = 1;
@@ -159,15 +132,6 @@ private:
 
 constexpr std::string_view hatchNames[hatchCount] = {"HatchHorizontal", "HatchVertical", "HatchFDiagonal",
                                                      "HatchBDiagonal",  "HatchCross",    "HatchDiagCross"};
-
-constexpr std::string_view headBeforeSizes = "<?xml version='1.0' encoding='UTF-8' standalone='no'?>\n"
-                                             "<!DOCTYPE svg PUBLIC '-//W3C//DTD SVG 20010904//EN' "
-                                             "'http://www.w3.org/TR/2001/REC-SVG-20010904/DTD/svg10.dtd'>\n"
-                                             "<!-- Created by Tovo " SURFACE_VERSION " -->\n\n";
-
-constexpr std::string_view namespaces = "xmlns='http://www.w3.org/2000/svg' "
-                                        "xmlns:xlink='http://www.w3.org/1999/xlink' "
-                                        "xmlns:tovo='urn:tovo:surface'";
 
 constexpr std::string_view symbols =
     "\t<symbol id='FrameRect'><rect x='0' y='0' width='100%' height='100%' fill='none' stroke-width='1'/>"
@@ -183,14 +147,6 @@ constexpr std::string_view hatchLines[hatchCount] = {
     "\t<line x1='0' y1='4' x2='9' y2='4'/>\t<line x1='4' y1='0' x2='4' y2='9'/>",
     "\t<line x1='0' y1='0' x2='9' y2='9'/>\t<line x1='9' y1='0' x2='0' y2='9'/>",
 };
-
-void writeHead(FloorPage& out, int rows)
-{
-    constexpr RECT paper = pageMillimetres;
-    const RECT bounds = tableBounds(rows);
-    out.write(headBeforeSizes, "<svg width='", paper.right, "mm' height='", paper.bottom, "mm' viewBox='0 0 ",
-              bounds.right, " ", bounds.bottom, "' ", namespaces, ">\n\n");
-}
 
 void writeDefinitions(FloorPage& out, int rows)
 {
@@ -215,7 +171,7 @@ void makeFloorPage(int rows, std::string& page)
     page.clear();
     page.reserve(roomForHead + static_cast<std::size_t>(rows) * roomPerRow);
     FloorPage out(page);
-    writeHead(out, rows);
+    out.writeHead(tableBounds(rows));
     writeDefinitions(out, rows);
     drawTable(out, rows);
     out.write("</svg>\n\n");

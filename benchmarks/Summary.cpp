@@ -3,30 +3,56 @@
 
 #include <iomanip>
 
+#include "ImagePage.h"
+
 namespace {
 
+constexpr double noLimit = 0;
+
+// Two benchmarks side by side, at each number of rows.
 struct Ratio {
     const char* name;
     const char* baseName;
-    int rows;
-    int baseRows;
-    double limit; // 0: none
+    double limit;
 };
 
 constexpr Ratio ratios[] = {
-    {surfaceName, floorName, smallTable, smallTable, 3.0},
-    {surfaceName, floorName, largeTable, largeTable, 3.0},
-    {cairoName, surfaceName, smallTable, smallTable, 0},
-    {cairoName, surfaceName, largeTable, largeTable, 0},
-    {surfaceName, surfaceName, largeTable, smallTable, 1.2},
-    {freshSurfaceName, freshSurfaceName, largeTable, smallTable, 1.2},
-    {replayName, replayName, largeTable, smallTable, 1.2},
-    {floorName, floorName, largeTable, smallTable, 0},
+    {surfaceName, floorName, 3.0},
+    {cairoName, surfaceName, noLimit},
+    {replayName, parseName, 1.0},
+    {textSurfaceName, textFloorName, 3.0},
+    {textCairoName, textSurfaceName, noLimit},
+    {textReplayName, textParseName, 1.0},
+    {stampName, copiesName, 3.0},
+    {plainMissName, textParseName, 1.0},
+    {plainHitName, textParseName, 1.0},
+    {wordMissName, textParseName, 1.0},
+    {wordHitName, textParseName, 1.0},
+    {plainMissName, scanMissName, noLimit},
+    {plainHitName, scanHitName, noLimit},
 };
 
-std::string key(const std::string& name, int rows)
+constexpr Ratio imageRatios[] = {
+    {pngName, pngCairoName, noLimit},
+    {bitmapName, bitmapCairoName, noLimit},
+};
+
+// A large page beside a small one. The cost of a call must not grow with the page; that of a search may grow
+// with the logarithm, since it sorts what it searches.
+struct Growth {
+    const char* name;
+    double limit;
+};
+
+constexpr Growth growths[] = {
+    {floorName, noLimit},  {surfaceName, 1.2},       {freshSurfaceName, 1.2},
+    {replayName, 1.2},     {textFloorName, noLimit}, {textSurfaceName, 1.2},
+    {textReplayName, 1.2}, {plainMissName, 2.0},     {wordMissName, 2.0},
+};
+
+std::string key(const std::string& name, int argument)
 {
-    return name + '/' + std::to_string(rows);
+    return name + '/' + std::to_string(argument);
 }
 
 void printNumber(std::ostream& out, int width, int decimals, double value)
@@ -52,8 +78,9 @@ void Summary::ReportRuns(const std::vector<Run>& runs)
         const auto calls = run.counters.find(callsCounter);
         const auto bytes = run.counters.find("bytes_per_second");
         if (counts && calls != run.counters.end() && bytes != run.counters.end()) {
-            m_medians[run.run_name.function_name + '/' + run.run_name.args] = {calls->second.value,
-                                                                               bytes->second.value};
+            m_medians[{run.family_index, run.per_family_instance_index}] = {
+                run.run_name.function_name + '/' + run.run_name.args, calls->second.value,
+                bytes->second.value};
         }
     }
     ConsoleReporter::ReportRuns(shown);
@@ -65,30 +92,25 @@ void Summary::print(std::ostream& out) const
     printRatios(out);
 }
 
-Summary::Rates Summary::median(const std::string& name, int rows) const
+double Summary::timePerCall(const std::string& key) const
 {
-    const auto found = m_medians.find(key(name, rows));
-    return found != m_medians.end() ? found->second : Rates{};
-}
-
-double Summary::timePerCall(const std::string& name, int rows) const
-{
-    const double calls = median(name, rows).calls;
-    return calls > 0 ? 1 / calls : 0;
+    for (const auto& [order, median] : m_medians) {
+        if (median.key == key && median.calls > 0) {
+            return 1 / median.calls;
+        }
+    }
+    return 0;
 }
 
 void Summary::printRates(std::ostream& out) const
 {
-    out << "\nMedians           rows   million calls/s       MB/s    ns/call\n";
-    for (const char* const name : {floorName, surfaceName, freshSurfaceName, cairoName, replayName}) {
-        for (const int rows : {smallTable, largeTable}) {
-            const Rates rates = median(name, rows);
-            out << std::left << std::setw(14) << name << std::right << std::setw(8) << rows;
-            printNumber(out, 18, 3, rates.calls / 1e6);
-            printNumber(out, 11, 1, rates.bytes / 1e6);
-            printNumber(out, 11, 1, timePerCall(name, rows) * 1e9);
-            out << '\n';
-        }
+    out << "\nMedians              million calls/s       MB/s     ns/call\n";
+    for (const auto& [order, median] : m_medians) {
+        out << std::left << std::setw(20) << median.key << std::right;
+        printNumber(out, 16, 3, median.calls / 1e6);
+        printNumber(out, 11, 1, median.bytes / 1e6);
+        printNumber(out, 12, 1, median.calls > 0 ? 1e9 / median.calls : 0);
+        out << '\n';
     }
 }
 
@@ -96,16 +118,29 @@ void Summary::printRatios(std::ostream& out) const
 {
     out << "\nTime per call                             ratio   limit\n";
     for (const Ratio& ratio : ratios) {
-        const double time = timePerCall(ratio.name, ratio.rows);
-        const double base = timePerCall(ratio.baseName, ratio.baseRows);
-        const double value = base > 0 ? time / base : 0;
-        out << std::left << std::setw(40)
-            << key(ratio.name, ratio.rows) + " : " + key(ratio.baseName, ratio.baseRows) << std::right;
-        printNumber(out, 7, 2, value);
-        if (ratio.limit > 0) {
-            printNumber(out, 8, 1, ratio.limit);
-            out << (value == 0 ? "   not measured" : value <= ratio.limit ? "   kept" : "   MISSED");
+        for (const int rows : {smallTable, largeTable}) {
+            printRatio(out, key(ratio.name, rows), key(ratio.baseName, rows), ratio.limit);
         }
-        out << '\n';
     }
+    for (const Ratio& ratio : imageRatios) {
+        printRatio(out, key(ratio.name, imageSide), key(ratio.baseName, imageSide), ratio.limit);
+    }
+    for (const Growth& growth : growths) {
+        printRatio(out, key(growth.name, largeTable), key(growth.name, smallTable), growth.limit);
+    }
+}
+
+void Summary::printRatio(std::ostream& out, const std::string& key, const std::string& baseKey,
+                         double limit) const
+{
+    const double time = timePerCall(key);
+    const double base = timePerCall(baseKey);
+    const double value = base > 0 ? time / base : 0;
+    out << std::left << std::setw(40) << key + " : " + baseKey << std::right;
+    printNumber(out, 7, 2, value);
+    if (limit > 0) {
+        printNumber(out, 8, 1, limit);
+        out << (value == 0 ? "   not measured" : value <= limit ? "   kept" : "   MISSED");
+    }
+    out << '\n';
 }

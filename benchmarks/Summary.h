@@ -2,24 +2,50 @@
 // rates and the ratios that matter, beside their limits. One noisy run moves neither.
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
-// The benchmarks' names; each runs with the number of table rows as its argument.
+// The benchmarks' names; each runs with the number of rows as its argument.
 inline constexpr const char* floorName = "floor";
 inline constexpr const char* surfaceName = "surface";
 inline constexpr const char* freshSurfaceName = "surface_fresh";
 inline constexpr const char* cairoName = "cairo";
 inline constexpr const char* replayName = "replay";
+inline constexpr const char* parseName = "parse";
+
+// The same of the text page.
+inline constexpr const char* textFloorName = "text_floor";
+inline constexpr const char* textSurfaceName = "text_surface";
+inline constexpr const char* textCairoName = "text_cairo";
+inline constexpr const char* textReplayName = "text_replay";
+inline constexpr const char* textParseName = "text_parse";
+
+inline constexpr const char* stampName = "stamp";
+inline constexpr const char* copiesName = "stamp_copies";
+
+inline constexpr const char* plainMissName = "find_missing";
+inline constexpr const char* plainHitName = "find_closing";
+inline constexpr const char* wordMissName = "word_missing";
+inline constexpr const char* wordHitName = "word_closing";
+inline constexpr const char* scanMissName = "scan_missing";
+inline constexpr const char* scanHitName = "scan_closing";
+
+// These run with the side of the image as their argument.
+inline constexpr const char* pngName = "png_surface";
+inline constexpr const char* pngCairoName = "png_cairo";
+inline constexpr const char* bitmapName = "bmp_surface";
+inline constexpr const char* bitmapCairoName = "bmp_cairo";
 
 inline constexpr int smallTable = 50;
 inline constexpr int largeTable = 5000;
 
-// Counter of each benchmark: drawing calls per second.
+// Counter of each benchmark: calls per second; drawing calls, or the texts of the page that is worked on.
 inline constexpr const char* callsCounter = "calls";
 
 class Summary : public benchmark::ConsoleReporter {
@@ -28,19 +54,23 @@ public:
 
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    // What a filter left out shows as dashes. A limit that is not kept is told, and changes nothing else.
+    // A ratio of what a filter left out shows as a dash. A limit that is not kept is told, and changes nothing
+    // else.
     void print(std::ostream& out) const;
 
 private:
-    struct Rates {
-        double calls = 0; // per second; 0: not measured
-        double bytes = 0;
+    struct Median {
+        std::string key;  // name and argument
+        double calls = 0; // per second
+        double bytes = 0; // per second
     };
 
-    Rates median(const std::string& name, int rows) const;
-    double timePerCall(const std::string& name, int rows) const;
+    // 0: not measured.
+    double timePerCall(const std::string& key) const;
     void printRates(std::ostream& out) const;
     void printRatios(std::ostream& out) const;
+    void printRatio(std::ostream& out, const std::string& key, const std::string& baseKey,
+                    double limit) const;
 
-    std::map<std::string, Rates> m_medians; // by name and number of rows
+    std::map<std::pair<std::int64_t, std::int64_t>, Median> m_medians; // in the order of registration
 };

@@ -1,31 +1,30 @@
-// Measures what it costs to write a page of table rows and to replay it: CSurfaceSVG beside cairo's SVG
-// surface and beside the floor of bare appends, and CMetaFilePlayer on a surface that does nothing.
+// Measures what it costs to write a page of shapes and one of text, to replay them, to search and to stamp the
+// one of text, and to include an image. CSurfaceSVG stands beside cairo's SVG surface and beside the floor of
+// bare appends, CMetaFilePlayer on a surface that does nothing beside an expat parse of the same bytes, the
+// page operations beside memmem and memcpy as well.
 //
 // Freed memory stays in the process, so that what a benchmark costs does not depend on what ran before it.
 // Only surface_fresh gives all of it back between its pages: each of them is written to memory that the system
 // has yet to supply, as the first page of a process is.
 //
-// Before anything is measured, the pages are compared: the floor must be the surface's page byte for byte, and
-// a replay on another CSurfaceSVG must give the page again. Otherwise the program says where they part and
-// ends with 1. Google Benchmark's own options apply.
-#include <algorithm>
+// Before anything is measured, Checks.h is gone through; when something there does not hold, the program says
+// what and ends with 1. Google Benchmark's own options apply.
 #include <climits>
 #include <cstdint>
 #include <iostream>
 #include <iterator>
-#include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
+#include "Checks.h"
+#include "ImagePage.h"
 #include "NullSurface.h"
+#include "StoredPage.h"
 #include "Summary.h"
-#include "TablePage.h"
-#include "metaFilePlayer.h"
-#include "surfaceSVG.h"
+#include "TextPage.h"
 
 namespace {
 
@@ -38,20 +37,24 @@ constexpr const char* defaultOptions[] = {"--benchmark_repetitions=9", "--benchm
 enum class Memory { kept, fresh };
 
 using PageMaker = void (*)(int rows, std::string& page);
+using CallCount = int (*)(int rows);
 
-void count(benchmark::State& state, std::size_t pageBytes)
+int rowsOf(const benchmark::State& state)
 {
-    const auto iterations = static_cast<double>(state.iterations());
-    const double calls = iterations * callsPerRow * static_cast<double>(state.range(0));
+    return static_cast<int>(state.range(0));
+}
+
+void count(benchmark::State& state, int callsOfPage, std::size_t pageBytes)
+{
+    const double calls = static_cast<double>(state.iterations()) * callsOfPage;
     state.counters[callsCounter] = benchmark::Counter(calls, benchmark::Counter::kIsRate);
     state.counters["per_call"] =
         benchmark::Counter(calls, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(pageBytes));
 }
 
-void measurePage(benchmark::State& state, PageMaker makePage, Memory memory)
+void measurePage(benchmark::State& state, PageMaker makePage, CallCount calls, Memory memory)
 {
-    const int rows = static_cast<int>(state.range(0));
     std::string page;
     for ([[maybe_unused]] const auto iteration : state) {
         if (memory == Memory::fresh) {
@@ -59,73 +62,44 @@ void measurePage(benchmark::State& state, PageMaker makePage, Memory memory)
             malloc_trim(0);
             state.ResumeTiming();
         }
-        makePage(rows, page);
+        makePage(rowsOf(state), page);
         benchmark::ClobberMemory();
     }
-    count(state, page.size());
+    count(state, calls(rowsOf(state)), page.size());
 }
 
-bool play(std::string& page, CSurface& surface, int rows)
+// Measures `work`, which is given a page and tells whether it did what it should.
+template <class Work>
+void measureWork(benchmark::State& state, PageMaker makePage, CallCount calls, Work work)
 {
-    RECT destination = tableBounds(rows);
-    const std::unique_ptr<CMetaFilePlayer> player(CMetaFilePlayer::createPlayer(
-        reinterpret_cast<unsigned char*>(page.data()), static_cast<unsigned int>(page.size())));
-    return player != nullptr && player->play(&surface, &destination) == 1;
-}
-
-void measureReplay(benchmark::State& state)
-{
-    const int rows = static_cast<int>(state.range(0));
     std::string page;
-    makeSurfacePage(rows, page);
-    NullSurface surface;
+    makePage(rowsOf(state), page);
     for ([[maybe_unused]] const auto iteration : state) {
-        if (!play(page, surface, rows)) {
-            state.SkipWithError("the page was not played");
+        if (!work(page)) {
+            state.SkipWithError("the page was not worked on");
             break;
         }
+        benchmark::ClobberMemory();
     }
-    count(state, page.size());
+    count(state, calls(rowsOf(state)), page.size());
 }
 
-void keepFreedMemory()
+bool replay(std::string& page)
 {
-    constexpr int largestMappingThreshold = 32 << 20; // the allocator accepts no higher one
-    mallopt(M_MMAP_THRESHOLD, largestMappingThreshold);
-    mallopt(M_TRIM_THRESHOLD, INT_MAX);
+    NullSurface surface;
+    return playPage(page, surface, tableBounds(1));
 }
 
-// Says where two pages part, if they do.
-bool same(std::string_view what, std::string_view page, std::string_view other)
+bool parse(std::string& page)
 {
-    if (page == other) {
-        return true;
-    }
-    const auto parting = std::mismatch(page.begin(), page.end(), other.begin(), other.end()).first;
-    const auto offset = static_cast<std::size_t>(parting - page.begin());
-    const std::size_t from = offset - std::min<std::size_t>(offset, 60);
-    std::cerr << what << " differs from the surface's page at byte " << offset
-              << ":\n  page:  " << page.substr(from, 120) << "\n  other: " << other.substr(from, 120) << '\n';
-    return false;
+    return parsePage(page).attributes > 0;
 }
 
-bool pagesAgree(int rows)
+bool copyBothWays(std::string& page)
 {
-    std::string page;
-    std::string floor;
-    makeSurfacePage(rows, page);
-    makeFloorPage(rows, floor);
-
-    CSurfaceSVG surface;
-    if (!play(page, surface, rows)) {
-        std::cerr << "the surface's page was not played\n";
-        return false;
-    }
-    surface.closeSurface();
-    std::string replay(static_cast<std::size_t>(surface.getDataLength()), '\0');
-    auto size = static_cast<unsigned int>(replay.size());
-    surface.getData(reinterpret_cast<unsigned char*>(replay.data()), size);
-    return same("the floor", page, floor) && same("the replay", page, replay);
+    static std::string copy;
+    copy.resize(page.size());
+    return copyMarkedPage(page, copy);
 }
 
 template <class Measure, class... Arguments>
@@ -135,6 +109,95 @@ void registerBenchmark(const char* name, Measure measure, Arguments... arguments
         ->Arg(smallTable)
         ->Arg(largeTable)
         ->Unit(benchmark::kMicrosecond);
+}
+
+template <class Work>
+void registerWork(const char* name, PageMaker makePage, CallCount calls, Work work)
+{
+    registerBenchmark(name, measureWork<Work>, makePage, calls, work);
+}
+
+int shapeCalls(int rows)
+{
+    return rows * callsPerRow;
+}
+
+void registerPages()
+{
+    registerBenchmark(floorName, measurePage, makeFloorPage, shapeCalls, Memory::kept);
+    registerBenchmark(surfaceName, measurePage, makeSurfacePage, shapeCalls, Memory::kept);
+    registerBenchmark(freshSurfaceName, measurePage, makeSurfacePage, shapeCalls, Memory::fresh);
+    registerBenchmark(cairoName, measurePage, makeCairoPage, shapeCalls, Memory::kept);
+    registerWork(replayName, makeSurfacePage, shapeCalls, replay);
+    registerWork(parseName, makeSurfacePage, shapeCalls, parse);
+    registerBenchmark(textFloorName, measurePage, makeFloorText, textCalls, Memory::kept);
+    registerBenchmark(textSurfaceName, measurePage, makeSurfaceText, textCalls, Memory::kept);
+    registerBenchmark(textCairoName, measurePage, makeCairoText, textCalls, Memory::kept);
+    registerWork(textReplayName, makeSurfaceText, textCalls, replay);
+    registerWork(textParseName, makeSurfaceText, textCalls, parse);
+}
+
+void registerOperations()
+{
+    registerWork(stampName, makeMarkedText, textCalls, stampPage);
+    registerWork(copiesName, makeMarkedText, textCalls, copyBothWays);
+
+    struct Sought {
+        const char* name;
+        Search search;
+    };
+    // By the letter with its case, by word without.
+    constexpr Sought searches[] = {{plainMissName, {missingWord, true, false}},
+                                   {plainHitName, {closingWord, true, false}},
+                                   {wordMissName, {missingWord, false, true}},
+                                   {wordHitName, {closingWord, false, true}}};
+    for (const Sought& sought : searches) {
+        const Search search = sought.search;
+        registerWork(sought.name, makeSurfaceText, textCalls, [search](std::string& page) {
+            return (findInPage(page, search).markedBytes > 0) == (search.text == closingWord);
+        });
+    }
+    registerWork(scanMissName, makeSurfaceText, textCalls,
+                 [](std::string& page) { return !scanPage(page, missingWord); });
+    registerWork(scanHitName, makeSurfaceText, textCalls,
+                 [](std::string& page) { return scanPage(page, closingWord); });
+}
+
+// One page per call, which is given the bytes of the image; `make` is timed with nothing else.
+template <class Make>
+void registerImage(const char* name, Make make)
+{
+    benchmark::RegisterBenchmark(name,
+                                 [make](benchmark::State& state) {
+                                     std::string page;
+                                     for ([[maybe_unused]] const auto iteration : state) {
+                                         make(page);
+                                         benchmark::ClobberMemory();
+                                     }
+                                     count(state, 1, page.size());
+                                 })
+        ->Arg(imageSide)
+        ->Unit(benchmark::kMicrosecond);
+}
+
+void registerImages()
+{
+    static const CairoSurface plain = drawImage();
+    static const CairoSurface carrier = drawImage();
+    static std::string png = pngOf(plain.get());
+    static std::string bitmap = bitmapOf(plain.get());
+    carryPng(carrier.get(), png);
+    registerImage(pngName, [](std::string& page) { makeSurfaceImage(png, pngType, page); });
+    registerImage(pngCairoName, [](std::string& page) { makeCairoImage(carrier.get(), page); });
+    registerImage(bitmapName, [](std::string& page) { makeSurfaceImage(bitmap, bitmapType, page); });
+    registerImage(bitmapCairoName, [](std::string& page) { makeCairoImage(plain.get(), page); });
+}
+
+void keepFreedMemory()
+{
+    constexpr int largestMappingThreshold = 32 << 20; // the allocator accepts no higher one
+    mallopt(M_MMAP_THRESHOLD, largestMappingThreshold);
+    mallopt(M_TRIM_THRESHOLD, INT_MAX);
 }
 
 } // namespace
@@ -152,17 +215,20 @@ int main(int argc, char** argv)
     if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments.data())) {
         return 1;
     }
-    if (!pagesAgree(smallTable) || !pagesAgree(largeTable)) {
+    for (const int rows : {smallTable, largeTable}) {
+        if (!pagesAgree(rows) || !operationsWork(rows)) {
+            return 1;
+        }
+    }
+    if (!imagesSurvive()) {
         return 1;
     }
 
     keepFreedMemory();
-    registerBenchmark(floorName, measurePage, makeFloorPage, Memory::kept);
-    registerBenchmark(surfaceName, measurePage, makeSurfacePage, Memory::kept);
-    registerBenchmark(freshSurfaceName, measurePage, makeSurfacePage, Memory::fresh);
-    registerBenchmark(cairoName, measurePage, makeCairoPage, Memory::kept);
-    registerBenchmark(replayName, measureReplay);
-    std::cout << "Measuring; the lines come together at the end, all of them after about half a minute."
+    registerPages();
+    registerOperations();
+    registerImages();
+    std::cout << "Measuring; the lines come together at the end, all of them after about a minute and a half."
               << std::endl;
     Summary summary;
     benchmark::RunSpecifiedBenchmarks(&summary);

@@ -38,6 +38,15 @@ RECT around(POINT centre, int radius)
     return {centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius};
 }
 
+void turnAbout(CSurface& surface, POINT centre, double degrees, double scale)
+{
+    const double angle = degrees * std::numbers::pi / 180;
+    const float cosine = static_cast<float>(scale * std::cos(angle));
+    const float sine = static_cast<float>(scale * std::sin(angle));
+    surface.setTransform(cosine, sine, -sine, cosine, static_cast<float>(centre.x),
+                         static_cast<float>(centre.y));
+}
+
 void drawFurniture(CSurface& surface, int page, int pages)
 {
     // Layers that all reach the page's last corner: some viewers stretch every solid rectangle to there.

@@ -49,6 +49,9 @@ struct Plot {
 POINT towards(POINT centre, double degrees);
 RECT around(POINT centre, int radius);
 
+// Turned clockwise and scaled about `centre`, which becomes the origin, until clearTransform.
+void turnAbout(CSurface& surface, POINT centre, double degrees, double scale);
+
 // Head and foot of a page; the foot marks `page` among `pages`.
 void drawFurniture(CSurface& surface, int page, int pages);
 // Filled and outlined in one colour.

@@ -9,7 +9,12 @@ inline constexpr int monthCount = 12;
 inline constexpr int useCount = 6;
 inline constexpr int hourCount = 24;
 
+inline constexpr const char* monthNames[monthCount] = {"January",   "February", "March",    "April",
+                                                       "May",       "June",     "July",     "August",
+                                                       "September", "October",  "November", "December"};
+
 struct EnergyUse {
+    const char* name;
     int month[monthCount]; // MWh
     int yearBefore;        // MWh in the whole year
     int target;            // MWh in the whole year
@@ -17,14 +22,13 @@ struct EnergyUse {
     int hatch; // brush style
 };
 
-// Heating, hot water, cooling, ventilation, lighting, laboratory processes.
 inline constexpr EnergyUse energyUses[useCount] = {
-    {{212, 188, 151, 92, 41, 12, 8, 9, 34, 88, 147, 198}, 1296, 1100, 0x3A48B5, 4},
-    {{31, 29, 30, 27, 24, 21, 19, 19, 22, 26, 28, 32}, 310, 280, 0x3F8CD9, 2},
-    {{4, 5, 9, 18, 42, 78, 104, 98, 55, 21, 7, 4}, 398, 400, 0xA87E3B, 3},
-    {{46, 43, 45, 42, 44, 48, 52, 51, 45, 43, 44, 46}, 562, 520, 0x8C9A4A, 6},
-    {{58, 49, 44, 36, 31, 27, 27, 32, 38, 46, 54, 61}, 548, 480, 0x3FB4D9, 5},
-    {{83, 79, 86, 81, 84, 80, 72, 68, 82, 87, 84, 70}, 931, 900, 0x9A5875, 7},
+    {"Heating", {212, 188, 151, 92, 41, 12, 8, 9, 34, 88, 147, 198}, 1296, 1100, 0x3A48B5, 4},
+    {"Hot water", {31, 29, 30, 27, 24, 21, 19, 19, 22, 26, 28, 32}, 310, 280, 0x3F8CD9, 2},
+    {"Cooling", {4, 5, 9, 18, 42, 78, 104, 98, 55, 21, 7, 4}, 398, 400, 0xA87E3B, 3},
+    {"Ventilation", {46, 43, 45, 42, 44, 48, 52, 51, 45, 43, 44, 46}, 562, 520, 0x8C9A4A, 6},
+    {"Lighting", {58, 49, 44, 36, 31, 27, 27, 32, 38, 46, 54, 61}, 548, 480, 0x3FB4D9, 5},
+    {"Laboratories", {83, 79, 86, 81, 84, 80, 72, 68, 82, 87, 84, 70}, 931, 900, 0x9A5875, 7},
 };
 
 // Load of one working day, hour by hour.
@@ -55,4 +59,11 @@ constexpr int siteYear()
         sum += yearOf(use);
     }
     return sum;
+}
+
+// Rounded to the nearest whole per cent.
+constexpr int percentOf(int part, int whole)
+{
+    const int half = (part < 0 ? -whole : whole) / 2;
+    return (part * 100 + half) / whole;
 }

@@ -30,6 +30,7 @@ section { margin-top: 1.75rem; padding: 1.25rem; background: var(--card); border
           border-radius: .6rem; }
 .columns { display: grid; grid-template-columns: repeat(auto-fit, minmax(20rem, 1fr)); gap: 1.25rem;
            margin-top: 1rem; }
+.hits { grid-template-columns: repeat(auto-fit, minmax(17rem, 1fr)); }
 figure { margin: 0; }
 /* The pages have no ground of their own: they are printed on paper. */
 figure img { display: block; width: 100%; aspect-ratio: 210 / 297; background: #fff;
@@ -37,6 +38,11 @@ figure img { display: block; width: 100%; aspect-ratio: 210 / 297; background: #
 figcaption { display: flex; flex-wrap: wrap; gap: .1rem .9rem; margin-top: .5rem; color: var(--soft);
              font-size: .9rem; }
 figcaption b { color: var(--text); }
+.found { position: relative; }
+/* The search tells where a text with the word begins: the frame is open to its right. */
+.found i { position: absolute; width: 11%; height: 1.9%; margin: -.3% 0 0 -.5%;
+           border: 2px solid #d32f2f; border-right: 0; border-radius: 3px 0 0 3px;
+           background: linear-gradient(90deg, #fff3a0, #fff); mix-blend-mode: multiply; }
 .verdict { font-weight: 600; color: var(--good); }
 .verdict.differs { color: var(--bad); }
 a { color: inherit; }
@@ -46,7 +52,8 @@ a { color: inherit; }
 <h1>An energy report, drawn and replayed</h1>
 <p>Each page was drawn through <code>CSurface</code>, stored as bytes, and played from those bytes on a second
 surface. Both pages were then played once more on a surface that only writes down its calls, and the two lists
-were compared.</p>
+were compared. The page counts at the foot were stamped into the stored bytes when the number of pages was
+known.</p>
 )";
 
 constexpr const char* foot = R"(<section>
@@ -57,10 +64,18 @@ from the pattern that refers to it. Bars with a hatch therefore stand on a light
 <p>Polylines look filled, and black: the page gives them no fill, and black is the fill that a viewer then
 takes.</p>
 <p>Focus rectangles do not show: the symbol that they share has no colour of its own.</p>
+<p>Centred text begins in the middle of its rectangle here, and right-aligned text at the right edge: the page
+tells the alignment to players only, who measure the text. Dotted guides mark those places in the table of the
+page of words. Runs that follow one another have blanks between them, which are the line ends of the page.</p>
+<p>Quarter turns of glyphs against their line do not show in browsers, which do not know the attribute: the line
+that is turned by 90 degrees is to have upright glyphs. Other angles show.</p>
 <p>librsvg, which paints the PNG pictures, gives solid rectangles and frames the size of the page instead of
-their own. The report uses them only where that makes no difference.</p>
+their own. The report uses them only where that makes no difference. It also leaves out our images, because it
+does not take the word for their aspect ratio, and text that is turned by line, because it paints no text on
+paths. Runs are not fitted there, glyphs not turned, and a face's lines under or through the text not drawn.
+Browsers show all of that.</p>
 <p>The page format stands: pages are made to be played, and a player gives back hatches, open lines, focus
-rectangles and frames as they were drawn.</p>
+rectangles, frames, alignment and runs as they were drawn.</p>
 </section>
 </body>
 </html>
@@ -76,6 +91,52 @@ void writeFigure(std::ostream& out, const GalleryEntry& entry, const GalleryFigu
         << "\">PNG</a></figcaption>\n</figure>\n";
 }
 
+void writePage(std::ostream& out, const GalleryEntry& entry)
+{
+    out << "<section>\n<h2>" << entry.page->title << "</h2>\n<p>" << entry.page->caption
+        << "</p>\n<p class=\"verdict" << (entry.agrees ? "" : " differs") << "\">" << entry.verdict
+        << "</p>\n<div class=\"columns\">\n";
+    for (const GalleryFigure& figure : entry.figures) {
+        writeFigure(out, entry, figure);
+    }
+    out << "</div>\n</section>\n";
+}
+
+double percent(LONG part, int whole)
+{
+    return 100.0 * part / whole;
+}
+
+// The pages with hits once more, a frame over each place.
+void writeHits(std::ostream& out, const std::vector<GalleryEntry>& entries, const char* wantedWord)
+{
+    std::size_t total = 0;
+    for (const GalleryEntry& entry : entries) {
+        total += entry.hits.size();
+    }
+    out << "<section>\n<h2>Where \xE2\x80\x9C" << wantedWord << "\xE2\x80\x9D stands</h2>\n<p>" << total
+        << " hits on stored pages, in capital and small letters, also where two runs share the word. The "
+           "search "
+           "gives back where the text with the word begins, and each frame begins there; a text turned by "
+           "its "
+           "line begins at the point that it is turned about.</p>\n<div class=\"columns hits\">\n";
+    for (const GalleryEntry& entry : entries) {
+        if (entry.hits.empty()) {
+            continue;
+        }
+        const std::string svg = fileOf(*entry.page, *entry.figures.front().column, ".svg");
+        out << "<figure>\n<div class=\"found\"><img src=\"" << svg << "\" alt=\"" << entry.page->title
+            << ", hits framed\">";
+        for (const POINT& place : entry.hits) {
+            out << "\n<i style=\"left:" << percent(place.x, logicalWidth)
+                << "%;top:" << percent(place.y, logicalHeight) << "%\"></i>";
+        }
+        out << "</div>\n<figcaption><b>" << entry.page->title << "</b><span>" << entry.hits.size()
+            << (entry.hits.size() == 1 ? " hit" : " hits") << "</span></figcaption>\n</figure>\n";
+    }
+    out << "</div>\n</section>\n";
+}
+
 } // namespace
 
 std::string fileOf(const ReportPage& page, const GalleryColumn& column, const char* extension)
@@ -83,19 +144,15 @@ std::string fileOf(const ReportPage& page, const GalleryColumn& column, const ch
     return std::string(page.name) + column.suffix + extension;
 }
 
-bool writeGallery(const std::filesystem::path& file, const std::vector<GalleryEntry>& entries)
+bool writeGallery(const std::filesystem::path& file, const std::vector<GalleryEntry>& entries,
+                  const char* wantedWord)
 {
     std::ofstream out(file);
     out << head;
     for (const GalleryEntry& entry : entries) {
-        out << "<section>\n<h2>" << entry.page->title << "</h2>\n<p>" << entry.page->caption
-            << "</p>\n<p class=\"verdict" << (entry.agrees ? "" : " differs") << "\">" << entry.verdict
-            << "</p>\n<div class=\"columns\">\n";
-        for (const GalleryFigure& figure : entry.figures) {
-            writeFigure(out, entry, figure);
-        }
-        out << "</div>\n</section>\n";
+        writePage(out, entry);
     }
+    writeHits(out, entries, wantedWord);
     out << foot;
     out.close();
     return out.good();

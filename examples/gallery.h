@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include <windows.h>
+
 struct ReportPage;
 
 // A way to make a page: the heading of its column, and what stands between page name and extension.
@@ -27,10 +29,12 @@ struct GalleryEntry {
     const ReportPage* page;
     std::vector<GalleryFigure> figures;
     bool agrees;
-    std::string verdict; // in words, plain text
+    std::string verdict;     // in words, plain text
+    std::vector<POINT> hits; // of the search, on the page of the first figure
 };
 
 std::string fileOf(const ReportPage& page, const GalleryColumn& column, const char* extension);
 
 // False when the file could not be written.
-bool writeGallery(const std::filesystem::path& file, const std::vector<GalleryEntry>& entries);
+bool writeGallery(const std::filesystem::path& file, const std::vector<GalleryEntry>& entries,
+                  const char* wantedWord);

@@ -2,24 +2,11 @@
 //
 // Groups open in the order font, clip, transform and close in the opposite one, so that each end closes what
 // it means to close. The pages of plain drawing stand in reportPages.cpp.
-#include <cmath>
-#include <numbers>
-
-#include "chartParts.h"
-#include "energyFigures.h"
+#include "lettering.h"
+#include "reportLayout.h"
 #include "reportPages.h"
 
 namespace {
-
-// Turned clockwise and scaled about `centre`, which becomes the origin.
-void turnAbout(CSurface& surface, POINT centre, double degrees, double scale)
-{
-    const double angle = degrees * std::numbers::pi / 180;
-    const float cosine = static_cast<float>(scale * std::cos(angle));
-    const float sine = static_cast<float>(scale * std::sin(angle));
-    surface.setTransform(cosine, sine, -sine, cosine, static_cast<float>(centre.x),
-                         static_cast<float>(centre.y));
-}
 
 // One rounded bar a month, each drawn upright and turned to its place on the dial.
 void drawMonthDial(CSurface& surface, POINT centre)
@@ -63,7 +50,7 @@ void drawDetail(CSurface& surface)
 {
     RECT detail = {430, 516, 530, 613};
     RECT window = {427, 108, 727, 399};
-    const Plot plot = {{72, 472, 720, 1030}, hourCount - 1, 700};
+    const Plot& plot = dayDetail;
     drawPanel(surface, {48, 444, 746, 1064});
     drawDayCurves(surface, plot);
     surface.setPen(ink, DashPen, 1);
@@ -99,20 +86,18 @@ void drawGroups(CSurface& surface)
 {
     drawFurniture(surface, 4, static_cast<int>(reportPages().size()));
     drawPanel(surface, {48, 84, 387, 424});
-    drawMonthDial(surface, {217, 254});
+    drawMonthDial(surface, monthDial);
     drawDetail(surface);
 }
 
 void drawSheet(CSurface& surface)
 {
     drawFurniture(surface, 5, static_cast<int>(reportPages().size()));
-    // No text is drawn: the two fonts are here as the outermost of the three kinds of group.
-    char upperFace[] = "Arial";
-    char lowerFace[] = "Courier";
-    surface.setFont(upperFace, 10, true, false, false, false);
+    // The pages come without their words: a face chosen inside of a clip and a transform would end both.
+    chooseFace(surface, headingFace);
     drawMiniature(surface, {48, 84, 382, 556}, 0.42, 0, drawOverview);
     drawMiniature(surface, {412, 84, 746, 556}, 0.42, 0, drawShares);
-    surface.setFont(lowerFace, 8.5F, false, true, false, true);
+    chooseFace(surface, {"Courier New", 8.5F, false, true});
     drawMiniature(surface, {48, 592, 382, 1064}, 0.42, 0, drawCurves);
     drawMiniature(surface, {412, 592, 746, 1064}, 0.8, -24, drawShares);
 }

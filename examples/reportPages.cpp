@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "chartParts.h"
-#include "energyFigures.h"
+#include "reportLayout.h"
 
 namespace {
 
@@ -14,21 +14,31 @@ constexpr ReportPage pages[] = {
     {"overview", "The year at a glance",
      "Shares of four uses, the months in a table with bars in its cells, and each use against the year "
      "before (grey) and its target (red). The bars carry the six hatches over a light ground.",
-     drawOverview},
+     drawOverview, letterOverview, false},
     {"shares", "Shares, levels and gauges",
      "The year by use as pie and ring, gauges made of arcs, and storage "
      "tanks filled to a chord.",
-     drawShares},
+     drawShares, letterShares, false},
     {"curves", "Load curves and pens",
      "A winter and a summer day against the contracted load; every line style, end cap and join; and the "
      "months of each use as a polyline.",
-     drawCurves},
+     drawCurves, letterCurves, false},
     {"groups", "Turned and enlarged",
-     "Months turned round a centre, and a detail of two load curves enlarged behind a clip.", drawGroups},
+     "Months and their names turned round a centre, and a detail of two curves enlarged behind a clip.",
+     drawGroups, letterGroups, true},
     {"sheet", "Contact sheet",
      "Whole pages drawn once more, each nested in a font, a clip and a transform. The last one is turned and "
      "leaves its clip.",
-     drawSheet},
+     drawSheet, letterSheet, true},
+    {"words", "Words and figures",
+     "Text aligned by its flags, faces in several sizes, runs that are underlined, fitted or follow one "
+     "another, and text turned by line and by glyph.",
+     drawWords, nullptr, false},
+    {"pictures", "Pictures",
+     "One picture in every type that a surface takes, drawn by the program; at its own size, scaled and "
+     "tiled, "
+     "and as a brush. The page holds PNG for all of them but the JPEG.",
+     drawPictures, nullptr, true},
 };
 
 void drawShareTile(CSurface& surface, int left, const EnergyUse& use)
@@ -57,10 +67,10 @@ void drawShareTile(CSurface& surface, int left, const EnergyUse& use)
 
 void drawMonthTable(CSurface& surface)
 {
-    constexpr RECT frame = {48, 196, 746, 508};
-    constexpr int rowHeight = 24;
-    constexpr int firstColumn = 62;
-    constexpr int columnWidth = 91;
+    constexpr const RECT& frame = monthTable.frame;
+    constexpr int rowHeight = monthTable.rowHeight;
+    constexpr int firstColumn = monthTable.firstColumn;
+    constexpr int columnWidth = monthTable.columnWidth;
     RECT outline = frame;
     surface.setPen(rule, SolidPen, 1);
     surface.setBrush(white, SolidBrush);
@@ -72,7 +82,7 @@ void drawMonthTable(CSurface& surface)
             const int left = frame.left + firstColumn + columnWidth * column + 7;
             fillBox(surface, {left, top + 7, left + 1 + length, top + 17}, colour);
         };
-        drawDot(surface, {frame.left + 31, top + 12}, 3 + siteIn(month) / 80, accent);
+        drawDot(surface, {frame.left + 49, top + 12}, 2 + siteIn(month) / 80, accent);
         for (int use = 0; use < useCount; ++use) {
             cell(use, energyUses[use].month[month] * 76 / 212, energyUses[use].colour);
         }
@@ -92,7 +102,7 @@ void drawMonthTable(CSurface& surface)
 void drawUseBars(CSurface& surface)
 {
     drawPanel(surface, {48, 528, 746, 1064});
-    const Plot plot = {{84, 556, 722, 996}, useCount, 1400};
+    const Plot& plot = useBars;
     drawAxes(surface, plot, 7);
     for (int i = 0; i < useCount; ++i) {
         const EnergyUse& use = energyUses[i];
@@ -116,8 +126,8 @@ void drawUseBars(CSurface& surface)
 void drawYearShares(CSurface& surface)
 {
     drawPanel(surface, {48, 84, 746, 444});
-    constexpr POINT pie = {222, 264};
-    constexpr POINT ring = {572, 264};
+    const POINT& pie = sharePie;
+    const POINT& ring = shareRing;
     double start = 90;
     for (const EnergyUse& use : energyUses) {
         const double sweep = 360.0 * yearOf(use) / siteYear();
@@ -167,7 +177,7 @@ void drawTank(CSurface& surface, POINT centre, int degrees, unsigned long colour
 void drawDayLoad(CSurface& surface)
 {
     drawPanel(surface, {48, 84, 746, 470});
-    const Plot plot = {{84, 112, 718, 436}, hourCount - 1, 700};
+    const Plot& plot = dayLoad;
     // The ground line first: the area takes its outline from the pen that the last shape left.
     const unsigned long shade = tint(accent, 70);
     surface.setPen(shade, SolidPen, 1);
@@ -266,11 +276,10 @@ void drawShares(CSurface& surface)
     drawYearShares(surface);
     drawPanel(surface, {48, 464, 746, 724});
     drawPanel(surface, {48, 744, 746, 1064});
-    constexpr int percents[] = {38, 62, 84, 97};
     constexpr int levels[] = {128, 101, 74, 43};
     for (int i = 0; i < 4; ++i) {
-        drawGauge(surface, {136 + i * 174, 608}, percents[i], energyUses[i].colour);
-        drawTank(surface, {136 + i * 174, 904}, levels[i], energyUses[i].colour);
+        drawGauge(surface, {instrumentX(i), 608}, gaugePercents[i], energyUses[i].colour);
+        drawTank(surface, {instrumentX(i), 904}, levels[i], energyUses[i].colour);
     }
 }
 

@@ -18,6 +18,8 @@ struct ReportPage {
     const char* title;
     const char* caption;
     void (*draw)(CSurface& surface);
+    void (*letter)(CSurface& surface); // its words; null when `draw` draws them too
+    bool counted;                      // shows its number and the number of all pages
 };
 
 std::span<const ReportPage> reportPages();
@@ -27,3 +29,14 @@ void drawShares(CSurface& surface);
 void drawCurves(CSurface& surface);
 void drawGroups(CSurface& surface);
 void drawSheet(CSurface& surface);
+void drawWords(CSurface& surface);
+void drawPictures(CSurface& surface);
+
+void letterTitle(CSurface& surface, const ReportPage& page);
+// The text that the page count is stamped into later.
+void letterPageCount(CSurface& surface);
+void letterOverview(CSurface& surface);
+void letterShares(CSurface& surface);
+void letterCurves(CSurface& surface);
+void letterGroups(CSurface& surface);
+void letterSheet(CSurface& surface);

@@ -67,7 +67,8 @@ struct ImageLibrary;
 
 // FreeImage, loaded at the first use in the process. Make one wherever images are handled; that costs nothing.
 // Null bitmaps and streams are answered with null, unknown or false. When the library is missing, everything
-// is. Images come from strangers: what would take more than 256 MiB of pixels is refused as undecodable.
+// is. Images come from strangers: what would take more than 256 MiB of pixels is refused as undecodable, and so
+// are the rare formats whose decoders do not stand damaged data (JNG, MNG, IFF, RAS, PSD, XBM, XPM, PICT, JXR).
 class SURFACE_API FreeImageDesc {
 public:
     // The flag has no meaning here.

@@ -10,7 +10,7 @@
 
 #include "ImageLibrary.h"
 #include "ImageReader.h"
-#include "ImageSize.h"
+#include "ImageScreening.h"
 
 namespace {
 
@@ -183,8 +183,11 @@ FREE_IMAGE_FORMAT actualFormat(const ImageLibrary& library, FREE_IMAGE_FORMAT st
 }
 
 // Before anything of the image's size is allocated.
-bool statesUsableSize(const ImageLibrary& library, FREE_IMAGE_FORMAT format, ImageReader& reader)
+bool isDecodable(const ImageLibrary& library, FREE_IMAGE_FORMAT format, ImageReader& reader)
 {
+    if (!isSoundDecoder(format) || !hasSoundHeader(format, reader.data(), reader.size())) {
+        return false;
+    }
     if (library.fifSupportsNoPixels(format) == 0) {
         return statedPixelBytes(format, reader.data(), reader.size()) <= mostPixelBytes;
     }
@@ -197,7 +200,7 @@ FIBITMAP* decoded(const ImageLibrary& library, FREE_IMAGE_FORMAT stated, const u
 {
     ImageReader reader(data, size);
     const FREE_IMAGE_FORMAT format = actualFormat(library, stated, reader);
-    if (!isFormat(library, format) || !statesUsableSize(library, format, reader)) {
+    if (!isFormat(library, format) || !isDecodable(library, format, reader)) {
         return nullptr;
     }
     OwnedBitmap bitmap(library, load(library, format, reader, 0));
@@ -213,6 +216,10 @@ FIBITMAP* decoded(const ImageLibrary& library, FREE_IMAGE_FORMAT stated, const u
 bool encoded(const ImageLibrary& library, FREE_IMAGE_FORMAT format, FIBITMAP* bitmap,
              fiio_mem_handle_s* handle)
 {
+    // Not all encoders look whether they can take the bitmap.
+    if (library.fifSupportsExportBPP(format, headerOf(library, bitmap).biBitCount) == 0) {
+        return false;
+    }
     const MemoryStream stream(library);
     BYTE* bytes = nullptr;
     DWORD size = 0;

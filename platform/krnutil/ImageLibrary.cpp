@@ -86,6 +86,8 @@ bool findStreams(void* handle, ImageLibrary& library) noexcept
                                                     library.loadFromHandle) &&
            find<decltype(FreeImage_FIFSupportsNoPixels)>(handle, "FreeImage_FIFSupportsNoPixels",
                                                          library.fifSupportsNoPixels) &&
+           find<decltype(FreeImage_FIFSupportsExportBPP)>(handle, "FreeImage_FIFSupportsExportBPP",
+                                                          library.fifSupportsExportBPP) &&
            find<decltype(FreeImage_GetFIFCount)>(handle, "FreeImage_GetFIFCount", library.getFIFCount);
 }
 

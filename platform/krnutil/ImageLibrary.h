@@ -35,6 +35,7 @@ struct ImageLibrary {
     FIBITMAP* (*loadFromHandle)(FREE_IMAGE_FORMAT format, ImageReaderFunctions* functions, void* handle,
                                 int flags);
     BOOL (*fifSupportsNoPixels)(FREE_IMAGE_FORMAT format);
+    BOOL (*fifSupportsExportBPP)(FREE_IMAGE_FORMAT format, int bits);
     int (*getFIFCount)();
 
     void (*unload)(FIBITMAP* bitmap);

@@ -1,29 +1,5 @@
-// Operations that are declared and do nothing yet: text, images, and what works on the bytes of a page.
+// Operations that are declared and do nothing yet: the player of metafile pages.
 #include "metaFilePlayerEMF.h"
-#include "metaFilePlayerSVG.h"
-
-bool CMetaFilePlayerSVG::insertPageCount(unsigned char* /*page*/, int /*length*/, int /*pageNumber*/,
-                                         int /*pageCount*/)
-{
-    return false;
-}
-
-void CMetaFilePlayerSVG::getImageSize(unsigned char* /*page*/, int /*length*/, unsigned int& width,
-                                      unsigned int& height)
-{
-    width = 0;
-    height = 0;
-}
-
-int CMetaFilePlayerSVG::searchPageForString(unsigned char* /*page*/, unsigned int /*length*/,
-                                            const char* /*text*/, bool /*matchCase*/, bool /*wholeWord*/,
-                                            unsigned int& /*position*/, unsigned int& /*textOffset*/,
-                                            unsigned char*& /*foundPage*/, unsigned int& foundLength,
-                                            int& /*x*/, int& /*y*/)
-{
-    foundLength = 0;
-    return 0;
-}
 
 CMetaFilePlayerEMF::CMetaFilePlayerEMF(unsigned char* /*page*/, unsigned int /*length*/) : m_metafile(nullptr)
 {

@@ -9,7 +9,11 @@
 
 inline bool beginsWith(const char* text, const char* prefix)
 {
-    return std::strncmp(text, prefix, std::strlen(prefix)) == 0;
+    while (*prefix != '\0' && *text == *prefix) {
+        ++text;
+        ++prefix;
+    }
+    return *prefix == '\0';
 }
 
 inline bool isBlank(char character)

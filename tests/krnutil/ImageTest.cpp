@@ -139,8 +139,40 @@ TEST_F(Image, OfMoreThanItsShareOfMemoryIsRefused)
     EXPECT_NE(look(FIF_GIF, smallScreen + extension + ",\0\0\0\0\x02\x00\x02\x00\0"s + pixels), "none");
     EXPECT_EQ(look(FIF_BMP, bmp(40000, 40000, 24, 64)), "none");
     EXPECT_EQ(look(FIF_BMP, bmp(40000, 40000, 1, 64)), "none");
-    EXPECT_EQ(look(FIF_UNKNOWN, "DDS "s + number(124, 4) + number(0x1007, 4) + number(60000, 4) +
-                                    number(60000, 4) + std::string(200, '\0')),
+    const std::string sgi = "\x01\xDA\x00\x01\x00\x03\xFF\xFF\xFF\xFF\x00\x03"s;
+    EXPECT_EQ(look(FIF_UNKNOWN, sgi + std::string(600, '\0')), "none");
+}
+
+// Headers that FreeImage itself would follow past the end of its blocks.
+TEST_F(Image, WithAHeaderThatNoPictureHasIsRefused)
+{
+    using namespace std::string_literals;
+    const std::string icon = converted(bmp(16, 16, 8, 256), FIF_ICO);
+    const std::size_t header = 22;
+    struct Case {
+        std::size_t offset;
+        std::string bytes;
+    };
+    const Case cases[] = {{header + 14, number(64, 2)},        {header + 14, number(0, 2)},
+                          {header + 4, number(0xFFFFFFF0, 4)}, {header + 8, number(0xFFFFFFE0, 4)},
+                          {header + 4, number(0x40000000, 4)}, {header + 8, number(1, 4)},
+                          {18, number(0x7FFFFFF0, 4)},         {18, number(2000, 4)}};
+    for (const Case& c : cases) {
+        std::string damaged = icon;
+        damaged.replace(c.offset, c.bytes.size(), c.bytes);
+        EXPECT_EQ(look(FIF_ICO, damaged), "none") << c.offset;
+    }
+    const std::string tiff = converted(bmp(16, 16, 8, 256), FIF_TIFF);
+    const std::size_t samples = tiff.find("\x15\x01\x03\x00\x01\x00\x00\x00\x01\x00"s);
+    ASSERT_NE(samples, std::string::npos);
+    for (const std::string& tagTypeCountAndValue :
+         {"\x15\x01\x03\x00\x01\x00\x00\x00\x08\x00"s, "\x02\x01\x03\x00\x01\x00\x00\x00\x08\x00"s,
+          "\x15\x00\x03\x00\x01\x00\x00\x00\x01\x00"s, "\x15\x01\x03\x00\xFF\xFF\xFF\xFF\x01\x00"s}) {
+        std::string damaged = tiff;
+        damaged.replace(samples, 10, tagTypeCountAndValue);
+        EXPECT_EQ(look(FIF_TIFF, damaged), "none");
+    }
+    EXPECT_EQ(look(FIF_UNKNOWN, "/* XPM */\nstatic char *x[] = {\n\"1 1 1 1\",\n\"a c #000000\",\n\"a\"};\n"),
               "none");
 }
 

@@ -59,6 +59,12 @@ inline std::string nameOf(const testing::TestParamInfo<PageCase>& info)
     return info.param.name;
 }
 
+// Failures name the case; the page stands in their text.
+inline void PrintTo(const PageCase& pageCase, std::ostream* out)
+{
+    *out << pageCase.name;
+}
+
 // Declared by each table's file with INSTANTIATE_TEST_SUITE_P.
 class WholePage : public testing::TestWithParam<PageCase> {};
 class PageContent : public testing::TestWithParam<PageCase> {};

@@ -10,8 +10,8 @@ const std::string use = "<use x='1' y='2' width='3' height='4' ";
 
 const PageCase shapes[] = {
     {"Rectangle", rect + "fill='rgb(1,2,3)'  tovo:penStyle='257'  stroke='rgb(4,5,6)' stroke-width='7' />",
-     "setBrush rgb(1,2,3) style 0 picture 0; setPen rgb(4,5,6) style 257 width 7; drawRectangle (1, 2, 4, "
-     "6)"},
+     "setBrush rgb(1,2,3) style 0 picture 0; setPen rgb(4,5,6) style 257 width 7; "
+     "drawRectangle (1, 2, 4, 6)"},
     {"RectangleWithoutOutline", rect + "fill='rgb(255,0,0)'  tovo:penStyle='261'  stroke='none' />",
      "drawSolidRectangle (1, 2, 4, 6) rgb(255,0,0)"},
     {"RectangleUnseen", rect + "fill='none'  tovo:penStyle='5'  stroke='none' />",
@@ -39,9 +39,9 @@ const PageCase shapes[] = {
          "ellipse (2147483647, 2, -2147483647, -2); "
          "drawFocusRect (2147483647, 2147483647, -2147483648, -2147483647)"},
     {"HeadsThatCannotBeUsed",
-     "<rect y='2' x='1' width='3' height='4' /><rect x='1' y='2' width='3' /><rect  x='1' y='2' width='3' "
-     "height='4' />"
-     "<rect\tx='1' y='2' width='3' height='4' /><rect x=\"1\" y='2' width='3' height='4' /><rect />"
+     "<rect y='2' x='1' width='3' height='4' /><rect x='1' y='2' width='3' />"
+     "<rect  x='1' y='2' width='3' height='4' /><rect\tx='1' y='2' width='3' height='4' /><rect x=\"1\" "
+     "y='2' width='3' height='4' /><rect />"
      "<ellipse cx='10' cy='20' rx='3' /><line x1='1' y1='2' x2='3' />",
      ""},
     // The style word has the last word; the dashes beside it are for viewers.
@@ -58,9 +58,9 @@ const PageCase shapes[] = {
          "polygon [(1, 2) (3, 4) (5, 6)]; solidPolygon rgb(255,0,0) [(-1, -2)]"},
     // Attributes are sought from the end of the list on; a polyline takes no brush.
     {"PointListAttributes",
-     "<polygon fill='rgb(1,2,3)' points='1,2 ' /><polyline points='3,99999999999 ' fill='rgb(1,2,3)' "
-     "stroke='none' />"
-     "<polygon points='' /><polyline points='' />",
+     "<polygon fill='rgb(1,2,3)' points='1,2 ' />"
+     "<polyline points='3,99999999999 ' fill='rgb(1,2,3)' stroke='none' /><polygon points='' /><polyline "
+     "points='' />",
      plain + "polygon [(1, 2)]; " + noPen + "polyline [(3, 2147483647)]; " + plain + "polygon []; " +
          plainPen + "polyline []"},
     {"PointListsThatCannotBeUsed",
@@ -69,14 +69,11 @@ const PageCase shapes[] = {
      ""},
     // Other tovo: attributes may stand first; names go by prefix.
     {"Arcs",
-     "<path d='M0 0A5 5 0 0 0 1 1' fill='none'  tovo:penStyle='1'  stroke='rgb(1,2,3)' tovo:arc='0 0 9 8 1 2 "
-     "-3 4' />"
-     "<path d='M0 0z'  tovo:penStyle='5'  stroke='none'  fill='rgb(1,2,3)' tovo:chop='0 0 9 8 1 2 3 "
-     "99999999999' />"
+     "<path d='M0 0z' fill='none'  tovo:penStyle='1'  stroke='rgb(1,2,3)' tovo:arc='0 0 9 8 1 2 -3 4' />"
+     "<path tovo:penStyle='5'  stroke='none'  fill='rgb(1,2,3)' tovo:chop='0 0 9 8 1 2 3 99999999999' />"
      "<path tovo:penStyle='2' tovo:pie='0 0 9 8 1 2 3 4' />",
-     "setBrush rgb(0,0,0) style 1 picture 0; setPen rgb(1,2,3) style 1 width 1; drawArc (0, 0, 9, 8) 1 2 -3 "
-     "4; "
-     "setBrush rgb(1,2,3) style 0 picture 0; " +
+     "setBrush rgb(0,0,0) style 1 picture 0; setPen rgb(1,2,3) style 1 width 1; "
+     "drawArc (0, 0, 9, 8) 1 2 -3 4; setBrush rgb(1,2,3) style 0 picture 0; " +
          noPen + "drawChord (0, 0, 9, 8) 1 2 3 2147483647; " + plain + "drawPie (0, 0, 9, 8) 1 2 3 4"},
     {"PathsForViewersOnly",
      "<path d='M0 0z' /><path tovo:penStyle='0'  stroke='rgb(0,0,0)' /><path tovo:arc='1 2 3 4 5 6 7' />",
@@ -85,8 +82,8 @@ const PageCase shapes[] = {
      use + "xlink:href='#SolidRect' fill='rgb(1,2,3)'/>" + use +
          "xlink:href='#FrameRect' stroke='rgb(4,5,6)'/>"
          "<use  x='7'\ty='8' xlink:href = \"#FocusRect\" />",
-     "drawSolidRectangle (1, 2, 4, 6) rgb(1,2,3); frameRect (1, 2, 4, 6) rgb(4,5,6); drawFocusRect (7, 8, 7, "
-     "8)"},
+     "drawSolidRectangle (1, 2, 4, 6) rgb(1,2,3); frameRect (1, 2, 4, 6) rgb(4,5,6); "
+     "drawFocusRect (7, 8, 7, 8)"},
     {"SymbolsThatCannotBeUsed",
      use + "xlink:href='#FrameRect2' stroke='rgb(1,2,3)'/>" + use + "xlink:href=''/>" + use +
          "xlink:href />" + use + "xlink:href='#FrameRect'/>" + use +
@@ -142,7 +139,7 @@ const PageCase patterns[] = {
     // The shared patterns have names for ids; "id" is found inside "width" as well.
     {"WithoutEntry",
      "<defs>" + pattern("HatchCross", "a") +
-         "<pattern></pattern><pattern width='9' id='pattern1'></pattern></defs>" +
+         "<pattern ></pattern><pattern width='9' id='pattern1'></pattern></defs>" +
          filled({"url(#pattern1)", "url(#pattern0)", "url(#pattern-1)", "url(#pattern)", "url(#HatchCross)"}),
      ""},
     {"NothingInIt", "<defs><pattern id = \"pattern1\"></pattern></defs>" + filled({"url(#pattern1)", "red"}),

@@ -1,7 +1,9 @@
-// Finds width and height in the bytes of an image without decoding it.
-#include "ImageSize.h"
+// Finds sizes in the bytes of an image without decoding it.
+#include "ImageScreening.h"
 
 #include <algorithm>
+#include <bit>
+#include <iterator>
 #include <string_view>
 
 namespace {
@@ -49,20 +51,29 @@ struct SizeField {
 };
 
 // FreeImage's numbers of formats that have no name in krnutil.h.
+constexpr int jng = 3;
 constexpr int lbm = 5;
 constexpr int mng = 6;
+constexpr int ras = 16;
+constexpr int psd = 20;
+constexpr int xbm = 22;
+constexpr int xpm = 23;
 constexpr int dds = 24;
 constexpr int sgi = 28;
 constexpr int j2k = 30;
 constexpr int jp2 = 31;
+constexpr int pict = 33;
+constexpr int jxr = 36;
+
+constexpr int unsoundDecoders[] = {jng, lbm, mng, ras, psd, xbm, xpm, pict, jxr};
 
 constexpr std::string_view codestream("\xFF\x4F\xFF\x51", 4);
 constexpr std::string_view sgiMagic("\x01\xDA", 2);
 
 constexpr SizeField sizeFields[] = {
-    {lbm, "BMHD", true, 8, 10, 2, true},     {mng, "IHDR", true, 4, 8, 4, true},
-    {mng, "JHDR", true, 4, 8, 4, true},      {dds, "DDS ", false, 16, 12, 4, false},
-    {sgi, sgiMagic, false, 6, 8, 2, true},   {j2k, codestream, true, 8, 12, 4, true},
+    {dds, "DDS ", false, 16, 12, 4, false},
+    {sgi, sgiMagic, false, 6, 8, 2, true},
+    {j2k, codestream, true, 8, 12, 4, true},
     {jp2, codestream, true, 8, 12, 4, true},
 };
 
@@ -108,6 +119,68 @@ std::uint64_t gifPixelBytes(const ImageBytes& image)
     return found ? image.number(at + 5, 2, false) * image.number(at + 7, 2, false) : 0;
 }
 
+// The directory entry of the first picture leads to it: a PNG or a bitmap header. Its height counts both masks.
+bool hasSoundIcon(const ImageBytes& image)
+{
+    constexpr std::uint64_t pngSignature = 0x89504E47;
+    constexpr std::uint64_t largestSide = 0x7FFF;
+    const auto picture = static_cast<std::size_t>(image.number(18, 4, false));
+    if (image.number(picture, 4, true) == pngSignature) {
+        return true;
+    }
+    const std::uint64_t width = image.number(picture + 4, 4, false);
+    const std::uint64_t height = image.number(picture + 8, 4, false) / 2;
+    const std::uint64_t bits = image.number(picture + 14, 2, false);
+    const bool hasSides = width - 1 < largestSide && height - 1 < largestSide;
+    return hasSides && (bits == 1 || bits == 4 || bits == 8 || bits == 16 || bits == 24 || bits == 32);
+}
+
+// A value of the tag in the first directory (TIFF 6.0, section 2): the first one where it has several, `absent`
+// where there is none, `doubtful` where it stands twice or its values differ.
+constexpr std::uint64_t doubtful = UINT64_MAX;
+
+std::uint64_t tiffValue(const ImageBytes& image, bool bigEndian, std::uint64_t tag, std::uint64_t absent)
+{
+    constexpr std::uint64_t mostValues = 8;
+    const auto directory = static_cast<std::size_t>(image.number(4, 4, bigEndian));
+    const std::uint64_t entries = image.number(directory, 2, bigEndian);
+    std::uint64_t value = absent;
+    bool found = false;
+    for (std::size_t entry = directory + 2; entry < directory + 2 + entries * 12; entry += 12) {
+        if (image.number(entry, 2, bigEndian) != tag) {
+            continue;
+        }
+        const std::uint64_t count = image.number(entry + 4, 4, bigEndian);
+        if (found || count == 0 || count > mostValues || image.number(entry + 2, 2, bigEndian) != 3) {
+            return doubtful;
+        }
+        found = true;
+        const auto values =
+            count <= 2 ? entry + 8 : static_cast<std::size_t>(image.number(entry + 8, 4, bigEndian));
+        value = image.number(values, 2, bigEndian);
+        for (std::size_t i = 1; i < count; ++i) {
+            if (image.number(values + 2 * i, 2, bigEndian) != value) {
+                return doubtful;
+            }
+        }
+    }
+    return value;
+}
+
+bool hasSoundSamples(const ImageBytes& image)
+{
+    constexpr std::uint64_t bitsPerSample = 258;
+    constexpr std::uint64_t samplesPerPixel = 277;
+    const bool bigEndian = image.byte(0) == 'M';
+    const std::uint64_t bits = tiffValue(image, bigEndian, bitsPerSample, 1);
+    // Where it is missing at 8 bits, FreeImage reads past the end of a strip.
+    const std::uint64_t samples = tiffValue(image, bigEndian, samplesPerPixel, bits == 8 ? doubtful : 1);
+    if (image.number(2, 2, bigEndian) != 42 || bits > 64 || !std::has_single_bit(bits)) {
+        return false;
+    }
+    return samples == 1 || (samples >= 2 && samples <= 4 && bits >= 8 && bits <= 32);
+}
+
 } // namespace
 
 std::uint64_t statedPixelBytes(FREE_IMAGE_FORMAT format, const unsigned char* data, std::size_t size)
@@ -123,4 +196,16 @@ std::uint64_t statedPixelBytes(FREE_IMAGE_FORMAT format, const unsigned char* da
         }
     }
     return largest;
+}
+
+bool isSoundDecoder(FREE_IMAGE_FORMAT format)
+{
+    return std::find(std::begin(unsoundDecoders), std::end(unsoundDecoders), format) ==
+           std::end(unsoundDecoders);
+}
+
+bool hasSoundHeader(FREE_IMAGE_FORMAT format, const unsigned char* data, std::size_t size)
+{
+    const ImageBytes image(data, size);
+    return format == FIF_ICO ? hasSoundIcon(image) : format != FIF_TIFF || hasSoundSamples(image);
 }

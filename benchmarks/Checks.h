@@ -1,0 +1,10 @@
+// What holds before anything is measured. Each says on standard error what does not.
+#pragma once
+
+// The floors are the surface's pages byte for byte, replays give the pages again, and the parser sees the texts.
+bool pagesAgree(int rows);
+// Stamping rewrites the marked field and nothing else; searches find the closing word where it stands, and
+// nothing where the word is missing.
+bool operationsWork(int rows);
+// Both surfaces keep a PNG byte for byte, and a bitmap that became a PNG keeps its pixels.
+bool imagesSurvive();

@@ -1,0 +1,47 @@
+// What is done with a stored page, by CMetaFilePlayer and by the peer of each: replayed, searched and stamped
+// on the one side; parsed, scanned and copied on the other. Checks.cpp and benchmarks.cpp call these.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include <windows.h>
+
+class CSurface;
+
+bool playPage(std::string& page, CSurface& surface, RECT destination);
+
+struct Search {
+    const char* text;
+    bool matchCase;
+    bool wholeWord;
+};
+
+struct Hit {
+    std::size_t element = 0;     // where the text element stands in the page
+    std::size_t markedBytes = 0; // of the marked page; 0: no hit
+};
+
+// The first hit; the marked page is made and freed.
+Hit findInPage(std::string& page, const Search& search);
+
+// Whether the bytes of `text` stand anywhere in the page: one memmem.
+bool scanPage(std::string_view page, std::string_view text);
+
+inline constexpr std::string_view pageCountText = "7 of 12";
+bool stampPage(std::string& page);
+
+// One memmem for the mark of a page count, and the page copied to `copy` and back; `copy` is as long as the
+// page. False when there is no mark.
+bool copyMarkedPage(std::string& page, std::string& copy);
+
+struct XmlCount {
+    std::size_t texts = 0;      // text elements
+    std::size_t attributes = 0; // bytes of their values, of all elements
+    std::size_t characters = 0; // bytes of character data
+};
+
+// Parses a page with expat, reads the bytes of each attribute's value and counts the character data that it is
+// handed. Throws std::runtime_error when the page is not well-formed.
+XmlCount parsePage(std::string_view page);

@@ -1,0 +1,173 @@
+// Images of SVG pages: definitions with their bytes, placements, tiles and picture brushes, out and back.
+#include "player/PlayedPage.h"
+#include "svg/SvgPage.h"
+
+namespace {
+
+// Eleven bytes, the fewest that count as an image, as the page holds them and as a recorded call shows them.
+const std::string bytes = "12345678901";
+const std::string base64 = "MTIzNDU2Nzg5MDE=";
+const std::string shown = "11:3605f02f";
+constexpr int png = 8;
+constexpr int jpeg = 7;
+
+void include(CSurfaceSVG& s, unsigned int id, int width, int height, int type = png)
+{
+    std::string data = bytes;
+    s.includeImage(id, reinterpret_cast<unsigned char*>(data.data()), static_cast<int>(data.size()), width,
+                   height, type);
+}
+
+void fillWithPicture(CSurfaceSVG& s, int picture)
+{
+    CSurfaceBrush brush(0xFF);
+    brush.setPicture(picture);
+    s.setBrush(&brush);
+    s.setPen(0, 5, 0);
+    s.drawRectangle(in({1, 2, 4, 6}));
+}
+
+std::string image(const std::string& id, const std::string& size, const std::string& type = "8",
+                  const std::string& data = base64)
+{
+    return "<image id='image" + id + "' " + size + " tovo:picType='" + type +
+           "' preserveAspectRatio='defer' xlink:href='data:;base64,\n" + data + "'/>\n";
+}
+
+const std::string size34 = "width='3' height='4'";
+
+std::string defs(const std::string& images, const std::string& others = "")
+{
+    return "<defs>\n" + images + "\n" + others + "</defs>\n\n";
+}
+
+// In the rectangle (10, 20, 40, 70), from (5, -6).
+std::string placement(const std::string& viewBox, const std::string& use)
+{
+    return "\n<svg x='10' y='20' width='30' height='50' viewBox='0 0 " + viewBox +
+           "' preserveAspectRatio='xMinYMin meet'>\n\t<use x='5' y='-6' " + use + "'/>\n</svg>\n";
+}
+
+std::string tile(const std::string& image)
+{
+    return "<pattern id='pattern1' patternUnits='userSpaceOnUse' x='0' y='0' width='3' height='4'>"
+           "<use xlink:href='#image" +
+           image + "'/></pattern>\n";
+}
+
+std::string filled(const std::string& fill)
+{
+    return "<rect x='1' y='2' width='3' height='4' fill='" + fill +
+           "'  tovo:penStyle='5'  stroke='none'  />\n";
+}
+
+const std::string image1 = "xlink:href='#image1";
+const std::string tiled = "width='30' height='50' fill='url(#pattern1)' xlink:href='#TiledImage";
+const std::string tiledSymbol = "\t<symbol id='TiledImage'><rect x='0' y='0' width='100%' height='100%' "
+                                "stroke-width='0'/></symbol>\n";
+
+void place(CSurfaceSVG& s, unsigned int id, int mode)
+{
+    s.drawImage(in({10, 20, 40, 70}), id, mode, 5, -6);
+}
+
+const DrawnCase written[] = {
+    {"PngAndJpegKeepTheirBytes", [](auto& s) { include(s, 0, 3, 4), include(s, 65535, 3, 4, jpeg); },
+     defs(image("0", size34) + image("65535", size34, "7"))},
+    {"UnreadableBytesAreLeftOut", [](auto& s) { include(s, 1, 3, 4, 1), include(s, 1, 3, 4, 1000); },
+     defs(image("1", size34, "1", "") + image("1", size34, "1000", ""))},
+    // The size of the later of two images with one id counts from then on.
+    {"Modes",
+     [](auto& s) {
+         include(s, 1, 3, 4);
+         for (const int mode : {0, 1, 2, 3}) {
+             place(s, 1, mode);
+         }
+         include(s, 1, -7, 8);
+         place(s, 1, 1);
+     },
+     defs(image("1", size34) + image("1", "width='-7' height='8'"), tile("1") + "\n" + tiledSymbol) +
+         placement("30 50", image1) + placement("3 4", image1) + placement("30 50", tiled) +
+         placement("", image1) + placement("-7 8", image1)},
+    {"PictureBrush", [](auto& s) { include(s, 2, 3, 4), fillWithPicture(s, 2); },
+     defs(image("2", size34), tile("2") + "\n") + filled("url(#pattern1)")},
+    {"NumbersWithoutImage",
+     [](auto& s) {
+         include(s, 5, 3, 4);
+         include(s, 65536, 3, 4);
+         for (const unsigned int id : {4U, 6U, 65536U, ~0U}) {
+             place(s, id, 0);
+             place(s, id, 2);
+             fillWithPicture(s, static_cast<int>(id));
+         }
+     },
+     defs(image("5", size34)) + filled("none") + filled("none") + filled("none") + filled("none")},
+};
+
+std::string included(const std::string& id, const std::string& type = "8", const std::string& size = "3x4")
+{
+    return "includeImage " + id + " " + shown + " " + size + " " + type + "; ";
+}
+
+std::string framedUse(const std::string& viewBox, const std::string& use)
+{
+    return "<svg x='10' y='20' width='30' height='50' viewBox='" + viewBox + "'><use x='5' y='-6' " + use +
+           "/></svg>";
+}
+
+std::string section(const std::string& content)
+{
+    return "<defs>" + content + "</defs>";
+}
+
+const std::string use1 = "xlink:href='#image1'";
+const std::string useTile = "fill='url(#pattern1)' xlink:href='#TiledImage'";
+
+const PageCase played[] = {
+    {"BytesSizesAndTypes",
+     section(image("1", "width='-3' height='4'", "-9") + image("7x", size34, "100") + image("1", size34)),
+     included("1", "-9", "-3x4") + included("7", "100") + included("1")},
+    {"TooFewBytes",
+     section(image("1", size34, "8", "MTIzNDU2Nzg5MA==") + image("2", size34, "8", "") + image("3", size34)),
+     included("3")},
+    {"ImagesThatAreSkipped",
+     section(image("65536", size34) + image("4000000000", size34) + image("-1", size34) + image("2", "") +
+             image("3", size34)),
+     included("3")},
+    {"MissingTypeEndsTheSection",
+     section("<image id='image1' width='3' height='4' base64,'/>" + image("2", size34)) + mark(1),
+     "drawFocusRect (1, 0, 1, 0)"},
+    {"MissingDataEndsTheSection",
+     section("<image id='image1' width='3' height='4' tovo:picType='8'/>" + image("2", size34)) + mark(1),
+     "drawFocusRect (1, 0, 1, 0)"},
+    {"MissingNumberEndsTheSection", section("<image id='1' width='3'/>" + image("2", size34)) + mark(1),
+     "drawFocusRect (1, 0, 1, 0)"},
+    {"NaturalAndScaled",
+     framedUse("0 0 30 50", use1) + framedUse("0 0 30 51", use1) + framedUse("0 0 29 50", use1) +
+         framedUse("0 0 ", "xlink:href='#image12x'"),
+     "drawImage (10, 20, 40, 70) 1 0 5 -6; drawImage (10, 20, 40, 70) 1 1 5 -6; "
+     "drawImage (10, 20, 40, 70) 1 1 5 -6; drawImage (10, 20, 40, 70) 12 1 5 -6"},
+    {"Tiled",
+     section(tile("9")) + framedUse("0 0 1 1", useTile) + framedUse("0 0 1 1", "xlink:href='#TiledImage'"),
+     "drawImage (10, 20, 40, 70) 9 2 5 -6"},
+    {"TileWithoutPattern", framedUse("0 0 1 1", useTile) + mark(1), "drawFocusRect (1, 0, 1, 0)"},
+    {"OutsideAFrame",
+     section(tile("9")) + "<use x='1' y='2' " + use1 + "/><use x='1' y='2' " + useTile + "/>" + mark(1),
+     "drawFocusRect (1, 0, 1, 0)"},
+    // The colour of a picture and the picture of a hatch are those of a fresh brush.
+    {"Fills",
+     section("<pattern id='pattern1' stroke='rgb(1,2,3)'><use xlink:href='#image3'/></pattern>"
+             "<pattern id='pattern2' stroke='rgb(1,2,3)' xlink:href='#image0'></pattern>") +
+         "<ellipse cx='2' cy='3' rx='1' ry='1' fill='url(#pattern1)'/>"
+         "<ellipse cx='2' cy='3' rx='1' ry='1' fill='url(#pattern2)'/>",
+     "setBrush rgb(0,0,0) style 99 picture 3; " + plainPen + "ellipse (1, 2, 3, 4); " +
+         "setBrush rgb(1,2,3) style 2 picture 0; " + plainPen + "ellipse (1, 2, 3, 4)"},
+};
+
+constexpr auto caseName = [](const auto& info) {
+    return std::string(info.param.name);
+};
+INSTANTIATE_TEST_SUITE_P(Images, SvgPage, testing::ValuesIn(written), caseName);
+INSTANTIATE_TEST_SUITE_P(Images, PageContent, testing::ValuesIn(played), caseName);
+
+} // namespace

@@ -1,0 +1,51 @@
+// Pages of random calls, for the test of what survives the way through a stored page. A call is data: it can
+// be drawn on any surface, and rewritten before it is.
+#pragma once
+
+#include "Runs.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+// One call of the drawing interface. An operation takes of the fields those that it has arguments for; what
+// is drawn with pen, brush and text style finds them in the surface.
+struct Call {
+    // As the interface names it. The two drawString forms of runs are drawRuns and, with five arguments,
+    // drawStraightRuns. Without a name it is no call.
+    std::string_view operation;
+    RECT rect{};
+    bool nullRect = false; // for the operations to which null says something
+    int numbers[4]{};      // coordinates and offsets, in the order of the arguments
+    POINT point{};
+    unsigned int cornerWidth = 0; // of a rounded rectangle
+    unsigned int cornerHeight = 0;
+    unsigned int id = 0;    // of an image, which has the size of the rectangle
+    int mode = 0;           // of a placement; the picture type of an image
+    unsigned int flags = 0; // or options
+    int length = -1;
+    unsigned long color = 0;
+    std::string text; // or face name, or the bytes of an image
+    std::vector<POINT> points;
+    Runs runs;
+    std::array<float, 6> matrix{}; // or in the first the size of a font
+    bool looks[4]{};               // bold, italic, strikethru, underline
+    CSurfacePen pen;
+    CSurfaceBrush brush;
+    CTextStyle style;
+    bool pageCount = false; // a string that carries the page-count class
+
+    bool is(std::string_view name) const { return operation == name; }
+};
+using Calls = std::vector<Call>;
+
+// The logical size of the pages.
+constexpr int pageWidth = 1000;
+constexpr int pageHeight = 800;
+
+// The calls that make the page of a seed. Groups come in the usual order: font, clip inside it, transform
+// innermost. One page of twenty includes images.
+Calls randomPage(unsigned int seed);
+
+// Makes the calls. Those that CSurfaceSVG has beyond the interface do nothing on other surfaces.
+void draw(Calls calls, CSurface& surface);

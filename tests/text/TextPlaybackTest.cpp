@@ -1,0 +1,103 @@
+// Text on its way out of a page: which call an element becomes, and with what. Elements go in, calls come out.
+#include "player/PlayedPage.h"
+
+TEST_P(PageContent, GivesItsCalls)
+{
+    const PlayedPage played = playPage(framed(GetParam().page));
+    const std::string calls = prepared + GetParam().calls;
+    EXPECT_EQ(played.calls, calls.substr(0, calls.find_last_not_of("; ") + 1)) << GetParam().page;
+    EXPECT_EQ(played.log, std::vector<std::string>());
+    EXPECT_EQ(played.assertions.size(), GetParam().assertions);
+}
+
+namespace {
+
+std::string text(const std::string& attributes, const std::string& body)
+{
+    return "<text x='1' y='2' dy='1em'" + attributes + ">" + body + "</text>\n";
+}
+
+std::string coloured(const std::string& color)
+{
+    return "setTextColor rgb(" + color + "); setForeColor rgb(" + color + "); ";
+}
+
+const std::string black = coloured("0,0,0");
+const std::string clips = "<defs><clipPath id='clip1'><path d='M3 4L5 4L5 6L3 6z' /></clipPath></defs>";
+const std::string box = " tovo:textRect='(0,0,10,10)'";
+const std::string blt = " class='BLT'";
+const std::string nofm = " class='nofm'";
+
+const PageCase plainText[] = {
+    {"AtAPoint", text("", "A"), black + "drawTextAt \"A\" (1, 2) 0"},
+    {"InARectangle", text(box, "&lt;&amp;lt;\xE9"), black + "drawText \"<&lt;\\xe9\" (0, 0, 10, 10) 0"},
+    {"InAClip", clips + text(" clip-path='url(#clip1)' ", ""), black + "drawText \"\" (3, 4, 5, 6) 0"},
+    {"RectangleGoesBeforeClip", clips + text(" clip-path='url(#clip1)'" + box, "A"),
+     black + "drawText \"A\" (0, 0, 10, 10) 0"},
+    {"ClipWithoutEntry", clips + text(" clip-path='url(#clip2)'", "A") + text(" clip-path='#clip-1'", "B"),
+     black + "drawTextAt \"A\" (1, 2) 0; " + black + "drawTextAt \"B\" (1, 2) 0"},
+    {"ColourAndFlags",
+     text(" tovo:drawOptions='-1' fill='rgb(1,258,3)'", "A") +
+         text(" style=' TovoFlags:7' fill='none' a='rgb(4,5,6)'", "B"),
+     coloured("1,2,3") + "drawTextAt \"A\" (1, 2) 4294967295; " + coloured("4,5,6") +
+         "drawTextAt \"B\" (1, 2) 7"},
+    // The value of the class cuts off what stands behind it, and is read last for that.
+    {"ClassBeforeTheStyle", text(nofm + box + " tovo:drawOptions='5' fill='rgb(1,2,3)'", "1   "),
+     coloured("1,2,3") + "drawText \"1\" (0, 0, 10, 10) 5"},
+    {"OtherClassesAreNone", text(" class='blt'", "A ") + text(nofm, "  "),
+     black + "drawTextAt \"A \" (1, 2) 0; " + black + "drawTextAt \"\" (1, 2) 0"},
+    {"BaseLine",
+     clips + text(blt + box, "A ") + text(" style=' TovoFlags:2'" + blt, "B") +
+         text(" clip-path='url(#clip1)' style=' TovoFlags:4'" + blt, "C"),
+     black + "drawTextOnBaseLine 1 2 0 null \"A \" -1; " + black +
+         "drawTextOnBaseLine 1 2 2 (1, 2, 0, 0) \"B\" -1; " + black +
+         "drawTextOnBaseLine 1 2 4 (3, 4, 5, 6) \"C\" -1"},
+    {"WithoutPlace", "<text y='2'>A</text><text x='1'>B</text><text x='1' a='>' y='2'>C</text>" + mark(1),
+     "drawFocusRect (1, 0, 1, 0)"},
+};
+
+const std::string noPlace = "2147483647";
+const PageCase runs[] = {
+    {"HeadOfARun",
+     text(box + " tovo:drawOptions='-1'",
+          "\n\t<tspan x='3 4' y='5' dy='1.25em' textLength='6' text-decoration='underline' "
+          "tovo:find='7,8'>a&gt;</tspan>\n\t<tspan textLength='-9'> b</tspan>\n<tspan x='1'>c</tspan>"),
+     black + "drawString [{\"a>\" (3, 5) length 6 find 7 8 newline underline} {\" b\" (" + noPlace +
+         ", 5) length -9 find 0 0 follows} {\"c\" (1, " + noPlace +
+         ") length -1 find 0 0}] (0, 0, 10, 10) -1"},
+    {"FirstRunFollows", text("", "<tspan y='7'>a</tspan>") + text("", "<tspan>a</tspan>"),
+     black + "drawString [{\"a\" (" + noPlace + ", 7) length -1 find 0 0 follows}] (1, 2, 0, 0) 0; " + black +
+         "drawString [{\"a\" (" + noPlace + ", " + noPlace + ") length -1 find 0 0 follows}] (1, 2, 0, 0) 0"},
+    // A start tag and an end tag that stand too near: the run and all behind it are lost.
+    {"BareEmptyRun", text("", "<tspan x='1' y='2'></tspan><tspan></tspan><tspan x='3' y='4'>b</tspan>"),
+     black + "drawString [{\"\" (1, 2) length -1 find 0 0}] (1, 2, 0, 0) 0"},
+    {"OtherElementsAreSkipped",
+     text("", "a<rect />b<textPath><line /><tspan>c</tspan></textPath>"
+              "<tspan x='1' y='3'>d</tspan>"),
+     black + "drawString [{\"d\" (1, 3) length -1 find 0 0}] (1, 2, 0, 0) 0"},
+    // Of a path only the first run counts, and its y is that of the path's line.
+    {"PathsCountFromTheTop",
+     text(" tovo:textRect='(0,50,9,9)' tovo:charAngle='-5' tovo:textAngle='400'",
+          "<textPath a='1'>\n<tspan x='1' y='-3'>a</tspan><tspan x='1' y='1'>b</tspan></textPath>"
+          "<tspan>c</tspan>"),
+     black + "setTextRotation -5 400; drawString [{\"a\" (1, 47) length -1 find 0 0} {\"c\" (" + noPlace +
+         ", 47) length -1 find 0 0 follows}] (0, 50, 9, 9) 0"},
+    // A turn is set when it changes; plain text has no say in it.
+    {"Rotation",
+     text(" tovo:charAngle='7'", "<tspan x='1' y='1'></tspan>") + text("", "A") +
+         text(" tovo:charAngle='7'", "<tspan x='1' y='1'></tspan>") + text("", "<tspan x='1' y='1'></tspan>"),
+     black + "setTextRotation 7 0; drawString [{\"\" (1, 1) length -1 find 0 0}] (1, 2, 0, 0) 0; " + black +
+         "drawTextAt \"A\" (1, 2) 0; " + black +
+         "drawString [{\"\" (1, 1) length -1 find 0 0}] (1, 2, 0, 0) 0; " + black +
+         "setTextRotation 0 0; drawString [{\"\" (1, 1) length -1 find 0 0}] (1, 2, 0, 0) 0"},
+    {"PageCount",
+     text(nofm + " tovo:charAngle='7'", "<tspan x='1' y='1'> 1 &amp;  </tspan><tspan>of</tspan>"),
+     black + "drawText \" 1 &\" (1, 2, 0, 0) 0"},
+    {"PageCountWithoutARun", text(nofm, "<tspan></tspan>") + text("", "<tspan>"),
+     black + black + "drawString [] (1, 2, 0, 0) 0"},
+};
+
+INSTANTIATE_TEST_SUITE_P(PlainText, PageContent, testing::ValuesIn(plainText), nameOf);
+INSTANTIATE_TEST_SUITE_P(TextRuns, PageContent, testing::ValuesIn(runs), nameOf);
+
+} // namespace
