@@ -1,3 +1,4 @@
+// The checks in front of the measurements: pages, page operations, images.
 #include "Checks.h"
 
 #include <algorithm>
@@ -42,10 +43,8 @@ bool pageAgrees(std::string_view kind, std::string& page, std::string_view floor
     if (!require(playPage(page, surface, tableBounds(1)), "the surface's page was not played")) {
         return false;
     }
-    surface.closeSurface();
-    std::string replay(static_cast<std::size_t>(surface.getDataLength()), '\0');
-    auto size = static_cast<unsigned int>(replay.size());
-    surface.getData(reinterpret_cast<unsigned char*>(replay.data()), size);
+    std::string replay;
+    takePage(surface, replay);
     const std::string floorName = "the floor of the " + std::string(kind);
     const std::string replayName = "the replay of the " + std::string(kind);
     return same(floorName, page, floor) && same(replayName, page, replay);

@@ -1,7 +1,7 @@
 // The least that the table page can cost: its bytes, appended piece by piece in the order of the document to
 // one string. There is no surface, no buffer beside the string, and no decision but those on pen and brush. A
 // writer that asks for the room of a whole element at once, not of each piece, can be faster than this.
-// benchmarks.cpp checks that the result is the surface's page byte for byte.
+// Checks.cpp sees to it that the result is the surface's page byte for byte.
 #include <string_view>
 
 #include "FloorWriter.h"

@@ -1,7 +1,9 @@
+// The image, its two encodings, and the page around each.
 #include "ImagePage.h"
 
 #include <numbers>
 
+#include "StoredPage.h"
 #include "surfaceSVG.h"
 
 namespace {
@@ -81,10 +83,7 @@ void makeSurfaceImage(std::string& image, int pictureType, std::string& page)
     surface.includeImage(1, reinterpret_cast<unsigned char*>(image.data()), static_cast<int>(image.size()),
                          imageSide, imageSide, pictureType);
     surface.drawImage(&rect, 1, 1, 0, 0);
-    surface.closeSurface();
-    auto size = static_cast<unsigned int>(surface.getDataLength());
-    page.resize(size);
-    surface.getData(reinterpret_cast<unsigned char*>(page.data()), size);
+    takePage(surface, page);
 }
 
 void makeCairoImage(cairo_surface_t* image, std::string& page)

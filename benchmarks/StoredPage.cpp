@@ -1,3 +1,4 @@
+// Pages by CMetaFilePlayer, and the same bytes by expat, memmem and memcpy.
 #include "StoredPage.h"
 
 #include <cstring>
@@ -7,6 +8,7 @@
 #include <expat.h>
 
 #include "metaFilePlayer.h"
+#include "surface.h"
 
 namespace {
 
@@ -31,6 +33,14 @@ void countCharacters(void* count, const XML_Char*, int length)
 }
 
 } // namespace
+
+void takePage(CSurface& surface, std::string& page)
+{
+    surface.closeSurface();
+    auto size = static_cast<unsigned int>(surface.getDataLength());
+    page.resize(size);
+    surface.getData(bytesOf(page), size);
+}
 
 bool playPage(std::string& page, CSurface& surface, RECT destination)
 {

@@ -1,5 +1,5 @@
-// What is done with a stored page, by CMetaFilePlayer and by the peer of each: replayed, searched and stamped
-// on the one side; parsed, scanned and copied on the other. Checks.cpp and benchmarks.cpp call these.
+// What is done with a finished page. CMetaFilePlayer replays, searches and stamps it; beside that stands what a
+// peer does with the same bytes: an XML parse, a scan, copies. Checks.cpp and benchmarks.cpp call these.
 #pragma once
 
 #include <cstddef>
@@ -9,6 +9,9 @@
 #include <windows.h>
 
 class CSurface;
+
+// Finishes the surface and takes its page.
+void takePage(CSurface& surface, std::string& page);
 
 bool playPage(std::string& page, CSurface& surface, RECT destination);
 

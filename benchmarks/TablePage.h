@@ -1,4 +1,4 @@
-// The page that all benchmarks write: a table of N rows of shapes, drawn by one function on anything that has
+// The first page that the benchmarks write: a table of N rows of shapes, drawn by one function on anything that has
 // the drawing operations of CSurface. TablePage.cpp writes it with CSurfaceSVG, CairoPage.cpp with cairo's SVG
 // surface, FloorPage.cpp as bare bytes; benchmarks.cpp measures the three side by side.
 #pragma once

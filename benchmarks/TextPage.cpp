@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "StoredPage.h"
 #include "surfaceSVG.h"
 
 namespace {
@@ -77,14 +78,6 @@ public:
 private:
     CSurface& m_surface;
 };
-
-void takePage(CSurfaceSVG& surface, std::string& page)
-{
-    surface.closeSurface();
-    auto size = static_cast<unsigned int>(surface.getDataLength());
-    page.resize(size);
-    surface.getData(reinterpret_cast<unsigned char*>(page.data()), size);
-}
 
 } // namespace
 

@@ -157,7 +157,7 @@ public:
     // The name is for whoever looks at the lock: two locks of one name are two locks. It is kept as a pointer
     // and must outlive the lock.
     explicit ThreadMutex__(const char* name) noexcept;
-    ~ThreadMutex__();
+    ~ThreadMutex__() = default;
 
     ThreadMutex__(const ThreadMutex__&) = delete;
     ThreadMutex__& operator=(const ThreadMutex__&) = delete;

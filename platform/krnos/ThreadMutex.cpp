@@ -5,8 +5,6 @@
 
 ThreadMutex__::ThreadMutex__(const char* name) noexcept : _name(name) {}
 
-ThreadMutex__::~ThreadMutex__() = default;
-
 // The holder is compared before the lock is held: no other thread ever writes the id of this one there.
 bool ThreadMutex__::acquire()
 {

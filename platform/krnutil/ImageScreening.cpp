@@ -41,12 +41,12 @@ private:
 // where parts of a file come in any order, anywhere. Of several markers the largest size counts, so that a
 // small one put in front hides nothing.
 struct SizeField {
-    int format;
     std::string_view marker;
-    bool anywhere;
     std::size_t width;
     std::size_t height;
     std::size_t bytes;
+    int format;
+    bool anywhere;
     bool bigEndian;
 };
 
@@ -71,10 +71,10 @@ constexpr std::string_view codestream("\xFF\x4F\xFF\x51", 4);
 constexpr std::string_view sgiMagic("\x01\xDA", 2);
 
 constexpr SizeField sizeFields[] = {
-    {dds, "DDS ", false, 16, 12, 4, false},
-    {sgi, sgiMagic, false, 6, 8, 2, true},
-    {j2k, codestream, true, 8, 12, 4, true},
-    {jp2, codestream, true, 8, 12, 4, true},
+    {"DDS ", 16, 12, 4, dds, false, false},
+    {sgiMagic, 6, 8, 2, sgi, false, true},
+    {codestream, 8, 12, 4, j2k, true, true},
+    {codestream, 8, 12, 4, jp2, true, true},
 };
 
 std::uint64_t largestStatedBy(const SizeField& field, const ImageBytes& image)

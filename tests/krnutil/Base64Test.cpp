@@ -14,7 +14,7 @@ std::string encoded(std::string bytes)
     EXPECT_EQ(base64Encode(reinterpret_cast<unsigned char*>(bytes.data()),
                            static_cast<unsigned int>(bytes.size()), text, length, false),
               0);
-    const std::string result(text, static_cast<std::size_t>(length));
+    std::string result(text, static_cast<std::size_t>(length));
     EXPECT_EQ(text[length], '\0');
     base64Free(text);
     return result;

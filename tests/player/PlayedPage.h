@@ -59,7 +59,7 @@ inline std::string nameOf(const testing::TestParamInfo<PageCase>& info)
     return info.param.name;
 }
 
-// Failures name the case; the page stands in their text.
+// Else a failure would print the bytes of the case, pointers among them.
 inline void PrintTo(const PageCase& pageCase, std::ostream* out)
 {
     *out << pageCase.name;

@@ -4,86 +4,68 @@
 
 #include "sys/krnutil.h"
 
+#include <vector>
+
 using namespace std::string_literals;
 
 namespace {
-
-constexpr int wordMessage = 15301;
 
 struct StampCase {
     const char* name;
     std::string before;
     std::string after;
     std::size_t assertions = 0;
+    const char* word = "of";
 };
 
-std::string shown(const testing::TestParamInfo<StampCase>& info)
+std::string marked(const std::string& text)
 {
-    return info.param.name;
-}
-
-std::string marked(const std::string& text, const std::string& mark = "class='nofm'")
-{
-    return "<text x='1' " + mark + " fill='rgb(0,0,0)'>" + text + "</text>\n";
-}
-
-// Stamps page 12 of 30 and tells whether anything was rewritten.
-bool stamp(std::string& page)
-{
-    std::vector<unsigned char> bytes(page.begin(), page.end());
-    const bool changed =
-        CMetaFilePlayer::insertPageCount(bytes.data(), static_cast<int>(bytes.size()), 12, 30);
-    page.assign(bytes.begin(), bytes.end());
-    return changed;
+    return "<text x='1' class='nofm' y='2'>" + text + "</text>\n";
 }
 
 class Stamp : public testing::TestWithParam<StampCase> {};
 
+// Page 12 of 30, from a buffer of exactly the page's length.
 TEST_P(Stamp, KeepsToItsField)
 {
+    constexpr int wordMessage = 15301;
     const CaughtReports reports;
-    std::string page = pageHead + GetParam().before;
-    EXPECT_EQ(stamp(page), GetParam().before != GetParam().after);
-    EXPECT_EQ(page, pageHead + GetParam().after);
-    EXPECT_EQ(reports.assertions,
-              std::vector(GetParam().assertions, "Assertion failed: (int)intlStrlen(pageText) < ptr2-ptr, "
-                                                 "surface, MetaFilePlayerSVG"s));
+    const std::string before = pageHead + GetParam().before;
+    std::vector<unsigned char> page(before.begin(), before.end());
+    krnSetMessageText(wordMessage, GetParam().word);
+    EXPECT_EQ(CMetaFilePlayer::insertPageCount(page.data(), static_cast<int>(page.size()), 12, 30),
+              GetParam().before != GetParam().after);
+    krnSetMessageText(wordMessage, "of");
+    EXPECT_EQ(std::string(page.begin(), page.end()), pageHead + GetParam().after);
+    const std::string report =
+        "Assertion failed: (int)intlStrlen(pageText) < ptr2-ptr, surface, MetaFilePlayerSVG";
+    EXPECT_EQ(reports.assertions, std::vector(GetParam().assertions, report));
 }
 
-const std::string run = "\n\t<tspan x='1'>";
-const std::string path = "\n\t<textPath startOffset='-1'>\n\t\t<tspan>p            </tspan>\n\t</textPath>\n";
+const std::string run = "\n\t<tspan x='1'>p         </tspan>";
+const std::string path = "\n\t<textPath startOffset='-1'>\n\t" + run + "\n\t</textPath>\n";
+const std::string longWord(200, 'w');
 
 const StampCase stamps[] = {
     {"NumberAlone", marked("        "), marked("12      ")},
     {"NumberAndCount", marked("page x of y"), marked("12 of 30f y")},
     {"OneCharacterToSpare", marked("p23456789"), marked("12 of 309")},
-    {"NoneToSpare", marked("p2345678") + marked("  "), marked("p2345678") + marked("  "), 2},
-    {"EmptyField", marked(""), marked(""), 1},
-    {"FirstRun", marked(run + "p          </tspan>" + run + "p          </tspan>"),
-     marked(run + "12 of 30   </tspan>" + run + "p          </tspan>")},
+    {"NoneToSpare", marked("p2345678") + marked("  ") + marked(""),
+     marked("p2345678") + marked("  ") + marked(""), 3},
+    {"FirstRun", marked(run + run), marked("\n\t<tspan x='1'>12 of 30  </tspan>" + run)},
     {"RotatedRun", marked(path), marked(path), 1},
-    {"EveryFieldThatFits", marked("   ") + marked(" ") + marked("p         "),
+    {"EveryFieldThatFits", marked("   ") + marked(" ") + marked("p2345678  "),
      marked("12 ") + marked(" ") + marked("12 of 30  "), 1},
-    {"LastFieldCutOff", marked("   ") + "<text class='nofm'>   ", marked("12 ") + "<text class='nofm'>   "},
+    {"CutOff", marked("   ") + "<text class='nofm'>   ", marked("12 ") + "<text class='nofm'>   "},
     {"CutInTheRun", "<text class='nofm'><tspan>   ", "<text class='nofm'><tspan>   "},
-    {"ZeroByteEndsTheSearch", marked("   ") + '\0' + marked("   "), marked("12 ") + '\0' + marked("   ")},
-    {"OtherQuotes", marked("   ", "class=\"nofm\""), marked("   ", "class=\"nofm\"")},
+    {"ZeroByte", marked("   ") + '\0' + marked("   "), marked("12 ") + '\0' + marked("   ")},
+    {"OtherQuotes", "<text class=\"nofm\">   </text>", "<text class=\"nofm\">   </text>"},
+    {"LongWord", marked(std::string(210, '.')), marked("12 " + longWord + " 30...."), 0, longWord.c_str()},
+    {"NoWord", marked("........."), marked("12 of 30."), 0, nullptr},
 };
 
-INSTANTIATE_TEST_SUITE_P(Fields, Stamp, testing::ValuesIn(stamps), shown);
-
-TEST(StampWord, IsTheHosts)
-{
-    const std::string longWord(280, 'w');
-    for (const char* const word : {"von", longWord.c_str(), static_cast<const char*>(nullptr)}) {
-        krnSetMessageText(wordMessage, word);
-        const std::string text = "12 "s + (word != nullptr ? word : "of") + " 30";
-        std::string page = pageHead + marked("p" + std::string(text.size(), '.'));
-        EXPECT_TRUE(stamp(page));
-        EXPECT_EQ(page, pageHead + marked(text + "."));
-    }
-    krnSetMessageText(wordMessage, "of");
-}
+INSTANTIATE_TEST_SUITE_P(Fields, Stamp, testing::ValuesIn(stamps),
+                         [](const auto& test) { return std::string(test.param.name); });
 
 TEST(PageSize, IsThatOfTheViewBox)
 {
@@ -95,10 +77,8 @@ TEST(PageSize, IsThatOfTheViewBox)
         {"viewBox='0 0 1 2'<svg width='3mm' viewBox='0 0 800 600'>", 800, 600},
         {"<svg >\n<svg viewBox='-5 6 70 80'", 70, 80},
         {"<svg viewBox='0 0 80", 80, 0},
-        {"<svg viewBox='0 0 80,90'", 80, 0},
         {"<svg viewBox='\xB2 0 0 80 90'", 0, 0}, // a digit, but of no number
         {"<svg viewBox='none'>", 0, 0},
-        {"<svg ", 0, 0},
         {"viewBox='0 0 80 90'", 0, 0},
     };
     for (const auto& [content, width, height] : cases) {

@@ -1,6 +1,7 @@
 // Images of SVG pages: definitions with their bytes, placements, tiles and picture brushes, out and back.
 #include "player/PlayedPage.h"
 #include "svg/SvgPage.h"
+#include "sys/krnutil.h"
 
 namespace {
 
@@ -74,6 +75,22 @@ void place(CSurfaceSVG& s, unsigned int id, int mode)
 const DrawnCase written[] = {
     {"PngAndJpegKeepTheirBytes", [](auto& s) { include(s, 0, 3, 4), include(s, 65535, 3, 4, jpeg); },
      defs(image("0", size34) + image("65535", size34, "7"))},
+    {"JpegByItsSignature",
+     [](auto& s) {
+         unsigned char signature[] = {0xFF, 0xD8, 0xFF, 0xE0};
+         s.includeImage(1, signature, 4, 3, 4, 0);
+     },
+     defs(image("1", size34, "0", "/9j/4A=="))},
+    {"WithoutTheImageLibrary",
+     [](auto& s) {
+         krnSetImageLibrary("no such library");
+         for (const int type : {0, 1, jpeg, png}) {
+             include(s, 1, 3, 4, type);
+         }
+         krnSetImageLibrary(nullptr);
+     },
+     defs(image("1", size34, "0", "") + image("1", size34, "1", "") + image("1", size34, "7") +
+          image("1", size34))},
     {"UnreadableBytesAreLeftOut", [](auto& s) { include(s, 1, 3, 4, 1), include(s, 1, 3, 4, 1000); },
      defs(image("1", size34, "1", "") + image("1", size34, "1000", ""))},
     // The size of the later of two images with one id counts from then on.

@@ -2,7 +2,8 @@
 // operation; the lists of values hold what the page format treats in a way of its own.
 #include "RandomPage.h"
 
-#include "surfaceSVG.h"
+#include "support/RecordingSurface.h"
+#include "svg/SvgPage.h"
 
 #include <algorithm>
 #include <climits>
@@ -199,6 +200,11 @@ constexpr int penStyles[] = {0, 1, 2, 3, 4, 5, 6, 0x105, 0x211, 0x2205, -1, -11}
 constexpr int brushStyles[] = {0, 0, 1, 2, 7, 8, -3, 50, 99, 99};
 constexpr int angles[] = {0, 0, 0, 0, 90, -90, 45, 100, 225, 360, -720, INT_MIN};
 
+// A Windows bitmap of one pixel.
+constexpr char bitmap[] = "BM:\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0\0\0\0\0\4\0\0\0"
+                          "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\1\2\3";
+static_assert(sizeof bitmap == 58);
+
 std::string randomText(Random& random)
 {
     std::string text;
@@ -269,6 +275,9 @@ Call randomCall(Random& random, std::string_view operation)
     call.length = random.of(lengths);
     call.color = random.word();
     call.text = call.is("setFont") ? random.of(faces) : randomText(random);
+    if (call.is("includeImage") && random.once(2)) {
+        call.text.assign(bitmap, sizeof bitmap);
+    }
     call.points.resize(static_cast<std::size_t>(random.below(6)));
     for (POINT& corner : call.points) {
         corner = {randomCoordinate(random), randomCoordinate(random)};
@@ -280,6 +289,15 @@ Call randomCall(Random& random, std::string_view operation)
     std::ranges::generate(call.looks, [&] { return random.once(2); });
     drawAttributes(random, call);
     return call;
+}
+
+// Those calls that CSurfaceSVG has beyond the interface do nothing on other surfaces.
+void draw(Calls calls, CSurface& surface)
+{
+    for (Call& call : calls) {
+        const auto* const operation = std::ranges::find(operations, call.operation, &Operation::name);
+        operation->perform(surface, call);
+    }
 }
 
 } // namespace
@@ -307,10 +325,24 @@ Calls randomPage(unsigned int seed)
     return calls;
 }
 
-void draw(Calls calls, CSurface& surface)
+std::string pageOf(const Calls& calls)
 {
-    for (Call& call : calls) {
-        const auto* const operation = std::ranges::find(operations, call.operation, &Operation::name);
-        operation->perform(surface, call);
-    }
+    RECT sheet{0, 0, 210, 297};
+    RECT logical{0, 0, pageWidth, pageHeight};
+    CSurfaceSVG surface(&sheet, &logical);
+    draw(calls, surface);
+    return closedPage(surface);
+}
+
+Lines recorded(const Calls& calls)
+{
+    RecordingSurface surface;
+    surface.m_width = pageWidth;
+    surface.m_height = pageHeight;
+    surface.m_pageWidth = 210;
+    surface.m_pageHeight = 297;
+    surface.m_outputWidth = 50;
+    surface.m_outputHeight = 60;
+    draw(calls, surface);
+    return surface.calls();
 }

@@ -47,5 +47,9 @@ constexpr int pageHeight = 800;
 // innermost. One page of twenty includes images.
 Calls randomPage(unsigned int seed);
 
-// Makes the calls. Those that CSurfaceSVG has beyond the interface do nothing on other surfaces.
-void draw(Calls calls, CSurface& surface);
+// The stored page that the calls make.
+std::string pageOf(const Calls& calls);
+
+// The calls as a recording surface shows them that is played on from such a page.
+using Lines = std::vector<std::string>;
+Lines recorded(const Calls& calls);

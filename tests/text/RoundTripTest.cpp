@@ -4,16 +4,18 @@
 #include "CallSequences.h"
 #include "player/PlayedPage.h"
 #include "svg/SvgPage.h"
+#include "sys/krnutil.h"
 
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <cstdlib>
 #include <functional>
 #include <utility>
 
 namespace {
 
-// A row of the table: what goes into a page, what comes out of it.
+// A row of the table: what goes into a page, what comes out of it. The rows apply one after the other.
 struct Rule {
     const char* in;
     const char* out;
@@ -64,6 +66,23 @@ void clipToPage(Call& call)
     if (rect.left >= rect.right || rect.top >= rect.bottom) {
         rect = {};
     }
+}
+
+void convertImage(Call& call)
+{
+    const bool typed = call.mode == 1 || call.mode == 3;
+    if (call.mode == 7 || call.mode == 8 || (!typed && call.text.starts_with("\x89PNG"))) {
+        return;
+    }
+    FreeImageDesc images(false);
+    FIBITMAP* const image =
+        images.imageLoadFromMem(FIF_BMP, reinterpret_cast<unsigned char*>(call.text.data()),
+                                static_cast<unsigned int>(call.text.size()));
+    fiio_mem_handle_s png{};
+    images.imageSaveToMem(FIF_PNG, image, &png);
+    images.imageUnload(image);
+    call.text.assign(static_cast<char*>(png.data), static_cast<std::size_t>(png.datalen));
+    std::free(png.data);
 }
 
 void drawTextOrAtAPoint(Call& call)
@@ -155,24 +174,27 @@ const Rule table[] = {
             const bool empty = c.rect.right == c.rect.left && c.rect.bottom == c.rect.top;
             c.mode = c.mode <= 2 ? c.mode : empty ? 0 : 1;
         })},
-    {"bytes that are no picture of their type, 10 bytes or fewer", "nothing",
-     on({"includeImage"},
-        [](Call& c) { c.operation = c.mode < 7 || c.text.size() <= 10 ? "" : c.operation; })},
+    {"bytes of an image", "PNG under the old type; JPEG and PNG stay, told by type or else by signature",
+     on({"includeImage"}, convertImage)},
+    {"10 bytes or fewer, or no image at all", "nothing",
+     on({"includeImage"}, [](Call& c) { c.operation = c.text.size() <= 10 ? "" : c.operation; })},
     {"includeImage", "before all drawing",
      [](Calls& calls) {
-         std::ranges::stable_partition(calls, [](Call& c) { return c.is("includeImage"); });
+         std::stable_partition(calls.begin(), calls.end(), [](Call& c) { return c.is("includeImage"); });
      }},
 
     {"pen whose low bits are 5", "same style word, colour 0, width 1", onEach([](Call& c) {
          c.pen = (c.pen.getStyle() & 15) == 5 ? CSurfacePen(0, c.pen.getStyle(), 1) : c.pen;
      })},
-    {"hollow brush", "colour and picture 0",
-     onEach([](Call& c) { c.brush = c.brush.getStyle() == 1 ? CSurfaceBrush() : c.brush; })},
-    {"solid and hatch brush", "picture 0", onEach([](Call& c) {
-         c.brush = c.brush.getStyle() == 99 ? c.brush : CSurfaceBrush(c.brush.getColor(), c.brush.getStyle());
+    {"hollow brush; solid and hatch brush; picture brush", "colour and picture 0; picture 0; colour 0",
+     onEach([](Call& c) {
+         const int style = c.brush.getStyle();
+         const int picture = c.brush.getPicture();
+         c.brush = CSurfaceBrush(style == 1 || style == 99 ? 0 : c.brush.getColor(), style);
+         if (style == 99) {
+             c.brush.setPicture(picture);
+         }
      })},
-    {"picture brush", "colour 0",
-     onEach([](Call& c) { c.brush.setColor(c.brush.getStyle() == 99 ? 0 : c.brush.getColor()); })},
     {"picture number below 1, or an undefined brush style", "horizontal hatch", onEach([](Call& c) {
          const int style = c.brush.getStyle();
          const bool picture = style == 99 && c.brush.getPicture() >= 1;
@@ -286,35 +308,11 @@ Calls replayed(Calls calls, const Rule* left = nullptr)
     return calls;
 }
 
-using Lines = std::vector<std::string>;
-
-Lines recorded(const Calls& calls)
-{
-    RecordingSurface surface;
-    surface.m_width = pageWidth;
-    surface.m_height = pageHeight;
-    surface.m_pageWidth = 210;
-    surface.m_pageHeight = 297;
-    surface.m_outputWidth = 50;
-    surface.m_outputHeight = 60;
-    draw(calls, surface);
-    return surface.calls();
-}
-
 Lines played(const std::string& page)
 {
     RecordingSurface surface;
     EXPECT_EQ(playOn(surface, page), 1);
     return surface.calls();
-}
-
-std::string pageOf(const Calls& calls)
-{
-    RECT sheet{0, 0, 210, 297};
-    RECT logical{0, 0, pageWidth, pageHeight};
-    CSurfaceSVG surface(&sheet, &logical);
-    draw(calls, surface);
-    return closedPage(surface);
 }
 
 std::string pageOfReplay(const std::string& page)
@@ -374,7 +372,7 @@ TEST(RoundTrip, ReplayedPageStaysAsItIs)
 {
     for (unsigned int seed = 0; seed < seeds; ++seed) {
         Calls calls = randomPage(seed);
-        const bool clipped = seed % 2 == 0;
+        const bool clipped = seed % 3 == 0;
         std::erase_if(calls, [clipped](const Call& call) {
             return call.is("printerNofMMarker") || (!clipped && call.is("setClippingRegion")) ||
                    (isOneOf(runForms, call) && !call.runs.empty() && isBare(call.runs.front()));

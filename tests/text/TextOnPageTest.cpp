@@ -238,15 +238,15 @@ TEST(TextOnPage, RunsThatBeginALine)
 {
     constexpr int none = INT_MAX;
     const struct {
-        bool newLine;
-        bool follows;
         int y;
         int previous;
+        bool newLine;
+        bool follows;
         bool begins;
-    } runs[] = {{true, true, 0, none, true}, {true, false, 5, 9, true},   {false, false, 5, none, false},
-                {false, false, 5, 4, true},  {false, false, 5, 5, false}, {false, false, 5, 6, false},
-                {false, true, 5, 4, false}};
-    for (const auto& [newLine, follows, y, previous, begins] : runs) {
+    } runs[] = {{0, none, true, true, true}, {5, 9, true, false, true},   {5, none, false, false, false},
+                {5, 4, false, false, true},  {5, 5, false, false, false}, {5, 6, false, false, false},
+                {5, 4, false, true, false}};
+    for (const auto& [y, previous, newLine, follows, begins] : runs) {
         CSurfaceTextChunk chunk = run("A", {0, y}, follows);
         chunk.m_isNewLine = newLine;
         CSurfaceTextChunk before = run("B", {0, previous});
