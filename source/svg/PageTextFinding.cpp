@@ -53,7 +53,7 @@ bool PageTextSearch::findSubstring(unsigned int& position, unsigned int& textOff
 {
     TovoTextString text;
     int place = -1;
-    unsigned int index = firstRecord(position);
+    unsigned int index = firstRecord(position, textOffset);
     while (place < 0 && index < m_records.size()) {
         const unsigned int behind = joinRecords(index, false, matchCase, text);
         // Past its own text the record has no hit, and the next one is searched from its beginning.
@@ -84,7 +84,7 @@ bool PageTextSearch::findWords(unsigned int& position, unsigned int& textOffset,
     }
     WordChain chain;
     bool found = false;
-    unsigned int index = firstRecord(position);
+    unsigned int index = firstRecord(position, textOffset);
     for (chain.behind = index; !found && index < m_records.size(); ++index) {
         if (index == chain.behind) {
             joinWords(index, matchCase, chain);
@@ -198,15 +198,17 @@ unsigned int PageTextSearch::splitWords(TovoTextString* text, WordPlaces* words)
     }
 }
 
-// Where the search goes on; the number of records when no record begins at `position`.
-unsigned int PageTextSearch::firstRecord(unsigned int position) const
+// Where the search goes on; the number of records when no record begins at `position`. 0 is the first record in
+// reading order, but once `textOffset` has moved also the record of an element that the page itself begins with:
+// else a hit there would come again and again.
+unsigned int PageTextSearch::firstRecord(unsigned int position, unsigned int textOffset) const
 {
     unsigned int index = 0;
-    while (position != 0 && index < m_records.size() &&
-           static_cast<unsigned int>(m_records[index]->m_offset) != position) {
+    while (index < m_records.size() && static_cast<unsigned int>(m_records[index]->m_offset) != position) {
         ++index;
     }
-    return index;
+    const bool fromStart = position == 0 && (textOffset == 0 || index == m_records.size());
+    return fromStart ? 0 : index;
 }
 
 // The record that continues a record's text; null when none does. On one line it must begin where the record

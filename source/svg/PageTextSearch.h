@@ -79,7 +79,7 @@ private:
                                    const WordText& phrase);
     static unsigned int wordsWithNextRecord(const WordChain& chain, unsigned int seenEnd);
     static unsigned int splitWords(TovoTextString* text, WordPlaces* words);
-    unsigned int firstRecord(unsigned int position) const;
+    unsigned int firstRecord(unsigned int position, unsigned int textOffset) const;
     TextRecord* nextRecord(unsigned int recordIndex, bool words) const;
     unsigned int joinRecords(unsigned int recordIndex, bool words, bool matchCase,
                              TovoTextString& text) const;

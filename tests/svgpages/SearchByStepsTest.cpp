@@ -110,51 +110,50 @@ std::optional<std::size_t> findWords(const Records& records, std::size_t index, 
     return {};
 }
 
-class RandomPages {
-public:
-    std::size_t below(std::size_t limit) { return m_generator() % limit; }
+std::size_t below(std::size_t limit)
+{
+    static std::mt19937 generator(20);
+    return generator() % limit;
+}
 
-    std::string text(std::size_t longest)
-    {
-        std::string text;
-        for (std::size_t length = below(longest + 1); length > 0; --length) {
-            text += "aab  "[below(5)];
-        }
-        return text;
+std::string randomText(std::size_t longest)
+{
+    std::string text;
+    for (std::size_t length = below(longest + 1); length > 0; --length) {
+        text += "aab  "[below(5)];
     }
+    return text;
+}
 
-    // Records in reading order, and the page that holds them.
-    Records records(std::string& page)
-    {
-        Records records;
-        for (std::size_t count = below(9); count > 0; --count) {
-            records.push_back({static_cast<int>(below(8)), static_cast<int>(below(2)),
-                               static_cast<int>(below(5)), page.size(), text(4)});
-            const Record& record = records.back();
-            page += element(record.x, record.y, record.text, record.width);
-        }
-        std::stable_sort(records.begin(), records.end(),
-                         [](const Record& a, const Record& b) { return a.y < b.y; });
-        return records;
+// Records in reading order, and the page that holds them.
+Records randomRecords(std::string& page)
+{
+    Records records;
+    for (std::size_t count = below(25); count > 0; --count) {
+        const auto smallNumber = [](std::size_t limit) {
+            return static_cast<int>(below(limit));
+        };
+        const Record record{smallNumber(8), smallNumber(2), smallNumber(5), page.size(), randomText(4)};
+        page += element(record.x, record.y, record.text, record.width);
+        records.push_back(record);
     }
-
-private:
-    std::mt19937 m_generator{20};
-};
+    std::stable_sort(records.begin(), records.end(),
+                     [](const Record& a, const Record& b) { return a.y < b.y; });
+    return records;
+}
 
 TEST(PageSearch, FindsWhatASearchRecordByRecordFinds)
 {
-    RandomPages random;
     int hits = 0;
     for (int round = 0; round < 20000; ++round) {
         std::string page = pageHead;
-        const Records records = random.records(page);
-        PageSearch search{std::string("a").append(random.text(4)), true, random.below(2) != 0};
+        const Records records = randomRecords(page);
+        PageSearch search{std::string("a").append(randomText(4)), true, below(2) != 0};
         // From the first record, one in the middle, or, past the last, from none.
-        std::size_t index = random.below(2) * random.below(records.size() + 1);
+        std::size_t index = below(2) * below(records.size() + 1);
         const std::size_t start = index == records.size() ? 1 : records[index].offset;
         std::size_t position = index != 0 ? start : 0;
-        std::size_t textOffset = random.below(4);
+        std::size_t textOffset = below(4);
         search.position = static_cast<unsigned int>(position);
         search.textOffset = static_cast<unsigned int>(textOffset);
         std::optional<std::size_t> hit;
