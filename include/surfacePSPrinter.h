@@ -1,0 +1,238 @@
+// CSurfacePSPrinter: turns a page into a PostScript document (language level 2).
+//
+// It draws nothing: each operation appends page text, and closeSurface puts a head and the procedures that the
+// text calls in front of it. The caller takes the document with getData and sends it to a printer; nothing here
+// reads it back. Its neighbour CSurfaceSVG writes the page that is stored and replayed, on this surface too.
+//
+// The page has no size of its own: a player sets the four size fields of CSurface before it draws, and a caller
+// that draws directly does the same. They decide the scale and the size of fonts.
+//
+// Coordinates are written as they come, but y is written negated: the document puts its origin at the top left
+// corner of the page and y grows upward there, so that glyphs and images stand upright. Sums, differences and
+// negations of extreme coordinates wrap as 32-bit arithmetic does. Pen, brush and colours reach the text when
+// something is drawn with them; font, clip and transform when they are set. Text is written as raw 8-bit bytes,
+// and what a byte shows is up to the font. Documents made from pages of strangers are for interpreters that
+// deny access to files: a face name, for one, stands in them as it came.
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <string_view>
+
+#include "surface.h"
+
+// An image as page text: its samples in hexadecimal, bottom row first, a line feed behind every 150th byte. A
+// row is width triples of red, green and blue; of an image with transparency, width mask bytes stand in front
+// of them, where 1 means transparent. It is shared by a surface and the copies of that surface.
+class SURFACE_API CPostScriptImage {
+public:
+    CPostScriptImage();
+    CPostScriptImage(const CPostScriptImage& other);
+    CPostScriptImage& operator=(const CPostScriptImage& other);
+    virtual ~CPostScriptImage();
+
+    static void* operator new(std::size_t size) noexcept;
+    static void operator delete(void* block) noexcept;
+
+    // A new image belongs to whoever made it. Each further owner says so, and the last one to let go ends the
+    // image. Owners may live on different threads.
+    void addOwner();
+    void removeOwner();
+
+    int m_width; // pixels, as the caller stated them
+    int m_height;
+    TovoTextString m_data; // empty when the image could not be decoded
+    int m_bitsPerPixel;    // of the decoded picture; 32: with transparency
+    bool m_compressed;     // the samples are in the form of the RunLengthDecode filter (PLRM 3.13.3)
+
+private:
+    std::atomic<unsigned int> m_owners;
+};
+
+class SURFACE_API CSurfacePSPrinter : public CSurface {
+public:
+    // How far the page image stands from the left and the bottom edge of the device's page, in millimetres.
+    CSurfacePSPrinter(int originX, int originY);
+    // Copies go on from the text of their original and share its images.
+    CSurfacePSPrinter(const CSurfacePSPrinter& other);
+    CSurfacePSPrinter& operator=(const CSurfacePSPrinter& other);
+    ~CSurfacePSPrinter() override;
+
+    using CSurface::drawString;
+    using CSurface::setBrush;
+    using CSurface::setFont;
+    using CSurface::setPen;
+
+    // The characters of the page, valid until the next call of anything else.
+    void* getData();
+    // Copies what fits of the page; a null buffer takes nothing.
+    void getData(unsigned char* buffer, unsigned int& size) override;
+    int getDataLength() override;
+    // Composes the document; always 0. To be called once.
+    int closeSurface() override;
+    int getSurfaceType() override;
+    // Neither clipped nor aligned nor turned: the text begins at left, and its base line lies the font's point
+    // size, taken as logical units, below the top.
+    void drawString(const char* text, RECT* rect, unsigned int flags) override;
+    // The one form that knows rotation, underline, strike-through and widths; true.
+    bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags) override;
+    // Takes whatever can be decoded. The first image under an id stays; ids from 65536 on are refused. Type 100
+    // is a tile, type 7 (JPEG) is kept without run-length form. Width and height have to be the true ones: an
+    // image that is smaller than stated counts as undecodable. Tiles and picture brushes hold their samples in
+    // one string, of which many interpreters take no more than 65535 bytes.
+    void includeImage(unsigned int id, unsigned char* data, int size, int width, int height,
+                      int picType) override;
+    // Clipped to the rectangle. The offsets have no effect.
+    void drawImage(RECT* rect, unsigned int id, int mode, int x, int y) override;
+    // To be called only while a transform is set.
+    void clearTransform() override;
+    // The rectangle is the clip whatever the options are; null: no clip. A length past the end counts as the
+    // whole text, one below -1 as 0.
+    void drawTextOnBaseLine(int x, int y, unsigned int options, RECT* rect, char* text, int length) override;
+    void drawArc(RECT* rect, int x1, int y1, int x2, int y2) override;
+    void drawChord(RECT* rect, int x1, int y1, int x2, int y2) override;
+    void drawFocusRect(RECT* rect) override;
+    // Drawn with a pen of style 5 too.
+    void drawLine(int x1, int y1, int x2, int y2) override;
+    void drawRectangle(RECT* rect) override;
+    // The corners are circular, of the first radius.
+    void drawRoundedRectangle(RECT* rect, unsigned int radius, unsigned int secondRadius) override;
+    void drawSolidRectangle(RECT* rect, unsigned long color) override;
+    void drawText(const char* text, RECT* rect, unsigned int flags) override;
+    // Flag 0x2 ends the text at the point, 0x1 centres it there.
+    void drawTextAt(const char* text, POINT* point, unsigned int flags) override;
+    // Hatch and picture brushes fill in their plain colour here.
+    void ellipse(RECT* rect) override;
+    // Nothing: a solid polygon is not drawn.
+    void solidPolygon(POINT* points, unsigned int count, unsigned long color) override;
+    void floodFill(int x, int y, unsigned long color, unsigned int type) override;
+    void frameRect(RECT* rect, unsigned long color) override;
+    int loadFonts(DskParam* param) override;
+    void drawPie(RECT* rect, int x1, int y1, int x2, int y2) override;
+    void polygon(POINT* points, unsigned int count) override;
+    void polyline(POINT* points, unsigned int count) override;
+    void printerNofMMarker(POINT point) override;
+    void resetBrushOrg(POINT* point, int size) override;
+    void restoreBrush() override;
+    void restoreFont() override;
+    void restorePen() override;
+    // Replaces the clip; clips do not intersect. Null is for a caller that has set one.
+    void setClippingRegion(RECT* rect) override;
+    void setBackColor(unsigned long color) override;
+    void setBackMode(int mode) override;
+    void setFont(CSurfaceFont* font) override;
+    void newTextStyle(CTextStyle* style) override;
+    // Joins the transform that is set, if one is: the two are concatenated.
+    void setTransform(float m11, float m12, float m21, float m22, float dx, float dy) override;
+    void setViewportOrigin(int x, int y) override;
+
+    void writeFont(char* faceName, float size, bool bold, bool italic, bool strikethru, bool underline);
+    // Filled and outlined, or outlined only.
+    void drawPolygon(POINT* points, unsigned int count, bool fill);
+    void drawPolyline(POINT* points, unsigned int count);
+    // The outline of a rectangle in the foreground colour.
+    void drawPath(RECT* rect, bool fill);
+    void drawEraseRectangle(RECT* rect, unsigned long color);
+    // Nothing: a page has no bevelled edges.
+    void drawEdge(RECT* rect, unsigned int edge, unsigned int flags);
+    void setDrawMode(int mode);
+
+    // The surface's own rectangle, which callers may keep a clip in; nothing is drawn with it.
+    RECT* getClipRegion();
+    void setClipRegion(RECT* rect);
+
+    // The pieces of page text, for arguments that are not null. The push family writes operands, each with a
+    // blank behind it.
+    static void pushInteger(TovoTextString* s, int number);
+    static void pushPoint(TovoTextString* s, int x, int y);
+    // Left, top, width and height; the height is negative for a rectangle that extends downward.
+    static void pushRectangle(TovoTextString* s, RECT* rect);
+    static void pushColor(TovoTextString* s, unsigned long color);
+    static void appendRGB(TovoTextString& s, unsigned long color);
+    static void appendRGBColor(TovoTextString& s, unsigned long color);
+    void appendRGBColor(TovoTextString& s) const;
+    static void appendPath(TovoTextString& s, RECT* rect);
+    // A closed path; nothing without points.
+    static void appendPath(TovoTextString& s, POINT* points, unsigned int count);
+    void appendDrawStyle(TovoTextString& s);
+    void appendFillStyle(TovoTextString& s);
+    // Paints the current path, and drops it when there is neither pen nor brush.
+    void appendStrokeAndFill(TovoTextString& s);
+    // Text is clipped where it is drawn; there is nothing to write here.
+    void appendClipStyle(TovoTextString& s, RECT* rect);
+    void appendTextStyle(TovoTextString& s, RECT* rect, int flags);
+    bool haveStroke() const;
+    // A picture number that no image can have counts as no brush.
+    bool haveFill() const;
+    // The rectangle in the coordinates of the page text.
+    static void convertPostScriptCoords(RECT* out, RECT* in);
+    // The text escaped for a string literal, between the parentheses.
+    static TovoTextString toPS(TovoTextString text);
+
+private:
+    // Procedures that the page text calls, as bits of m_proceduresUsed.
+    enum ProcedureBits : unsigned int {
+        RightShowUsed = 0x1,
+        MiddleShowUsed = 0x2,
+        FrameRectUsed = 0x100,
+        FocusRectUsed = 0x200,
+        SolidRectUsed = 0x400,
+        EllipseUsed = 0x1000,
+        PieUsed = 0x2000,
+        ChordUsed = 0x4000,
+        HatchUsed = 0x10000,
+        RotatedShowUsed = 0x20000,
+        TransparentImageUsed = 0x40000
+    };
+
+    // What the text says about the pattern of an image.
+    enum class PatternState : unsigned char { Unused, Missing, Defined };
+
+    struct ArcOperands;
+
+    void appendHead(TovoTextString& s) const;
+    void appendProcedures(TovoTextString& s) const;
+
+    static void appendOpenPath(TovoTextString& s, const POINT* points, unsigned int count);
+    void appendStroke(TovoTextString& s);
+    void appendPlainColor(TovoTextString& s, unsigned long color);
+
+    static void PSArc(RECT* rect, POINT start, POINT end, int& radiusX, int& radiusY, int& startAngle,
+                      int& endAngle);
+    static ArcOperands arcOperands(RECT* rect, int x1, int y1, int x2, int y2);
+    void drawSector(const ArcOperands& arc, std::string_view fill, std::string_view stroke);
+
+    double unitsPerPoint() const;
+    int baseLineBelow(int top) const;
+    bool appendTextColor(TovoTextString& s);
+    void appendChunk(TovoTextString& s, const CSurfaceTextChunk& chunk);
+
+    unsigned int encodeImage(unsigned char* data, int size, int picType, bool compress, int width, int height,
+                             bool, TovoTextString* out, int& bits);
+    static unsigned int RLECompress(TovoBinaryString* in, TovoBinaryString* out);
+    static void encodeRun(unsigned char** out, unsigned char* source, short count);
+    static void encodeLiteral(unsigned char** out, unsigned char* source, short count);
+    static void appendImageDictionary(TovoTextString& s, int width, int height);
+    CPostScriptImage* imageAt(unsigned int id) const;
+
+    PatternState patternState(unsigned int id) const;
+    void usePattern(unsigned int id);
+    void definePattern(unsigned int id, int width, int height, const TovoTextString& samples);
+    void defineMissingPatterns();
+    void takePatternDefs(TovoTextString& front);
+    void settlePatternDefs();
+
+    int m_originX; // millimetres
+    int m_originY;
+    unsigned int m_proceduresUsed; // ProcedureBits
+    TovoTextString m_body;         // the page's text; after closeSurface the whole document
+    Array<CPostScriptImage, 10> m_images;
+    // Colour and line width that the text has set last. They follow the text and not the interpreter's state,
+    // which a grestore takes back; they begin as that state does.
+    unsigned long m_currentColor;
+    int m_currentLineWidth;
+    bool m_clipActive;                         // a gsave of setClippingRegion is open
+    Vector<PatternState, 10> m_patternStates;  // by the number of the image
+    TovoTextString m_patternDefs;              // definitions that are still to go in front of m_body
+    Vector<unsigned int, 10> m_patternDefEnds; // where each of them ends
+};

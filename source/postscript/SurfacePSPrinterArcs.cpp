@@ -1,0 +1,121 @@
+// Ellipses, arcs, pies and chords: six operands each for the procedures of prolog/.
+#include "surfacePSPrinter.h"
+
+#include "postscript/PostScriptPieces.h"
+#include "surface/arcGeometry.h"
+
+namespace {
+
+constexpr TextRoom ArcRoom{100};
+
+int degreesOf(double angle)
+{
+    return saturateToInt(angle * 180.0 / Pi);
+}
+
+} // namespace
+
+// Centre and radii in logical units, angles in degrees.
+struct CSurfacePSPrinter::ArcOperands {
+    POINT centre;
+    int radiusX, radiusY;
+    int startAngle, endAngle;
+
+    void append(TovoTextString& s, std::string_view procedure) const
+    {
+        appendPieces(s, PsPoint{centre.x, centre.y}, radiusX, " ", radiusY, " ", startAngle, " ", endAngle,
+                     " ", procedure);
+    }
+};
+
+void CSurfacePSPrinter::PSArc(RECT* rect, POINT start, POINT end, int& radiusX, int& radiusY, int& startAngle,
+                              int& endAngle)
+{
+    radiusX = widthOf(*rect) / 2;
+    radiusY = heightOf(*rect) / 2;
+    const POINT centre = centreOf(*rect);
+    startAngle = degreesOf(angleOf(centre, start));
+    endAngle = degreesOf(angleOf(centre, end));
+}
+
+CSurfacePSPrinter::ArcOperands CSurfacePSPrinter::arcOperands(RECT* rect, int x1, int y1, int x2, int y2)
+{
+    ArcOperands arc{};
+    arc.centre = centreOf(*rect);
+    PSArc(rect, POINT{x1, y1}, POINT{x2, y2}, arc.radiusX, arc.radiusY, arc.startAngle, arc.endAngle);
+    return arc;
+}
+
+void CSurfacePSPrinter::appendPlainColor(TovoTextString& s, unsigned long color)
+{
+    if (m_currentColor != color) {
+        m_currentColor = color;
+        appendPieces(s, PsColor{color}, " setrgbcolor ");
+    }
+}
+
+void CSurfacePSPrinter::ellipse(RECT* rect)
+{
+    if (rect == nullptr) {
+        return;
+    }
+    const ArcOperands whole{centreOf(*rect), widthOf(*rect) / 2, heightOf(*rect) / 2, 0, 360};
+    TovoTextString text(ArcRoom);
+    if (haveStroke()) {
+        appendPlainColor(text, m_pen.getColor());
+        appendPieces(text, m_pen.getWidth(), " setlinewidth ");
+        whole.append(text, " ellipse stroke ");
+    }
+    if (haveFill()) {
+        appendPlainColor(text, m_brush.getColor());
+        whole.append(text, " ellipse fill");
+    }
+    appendPieces(text, "\n");
+    m_body.append(text);
+    m_proceduresUsed |= EllipseUsed;
+}
+
+void CSurfacePSPrinter::drawArc(RECT* rect, int x1, int y1, int x2, int y2)
+{
+    if (rect == nullptr) {
+        return;
+    }
+    m_proceduresUsed |= EllipseUsed;
+    if (haveStroke()) {
+        TovoTextString text(ArcRoom);
+        appendDrawStyle(text);
+        arcOperands(rect, x1, y1, x2, y2).append(text, " ellipse stroke\n");
+        m_body.append(text);
+    }
+}
+
+void CSurfacePSPrinter::drawPie(RECT* rect, int x1, int y1, int x2, int y2)
+{
+    if (rect != nullptr) {
+        drawSector(arcOperands(rect, x1, y1, x2, y2), " pie fill", " pie stroke");
+        m_proceduresUsed |= PieUsed;
+    }
+}
+
+void CSurfacePSPrinter::drawChord(RECT* rect, int x1, int y1, int x2, int y2)
+{
+    if (rect != nullptr) {
+        drawSector(arcOperands(rect, x1, y1, x2, y2), " chord fill ", " chord stroke ");
+        m_proceduresUsed |= ChordUsed;
+    }
+}
+
+void CSurfacePSPrinter::drawSector(const ArcOperands& arc, std::string_view fill, std::string_view stroke)
+{
+    TovoTextString text(ArcRoom);
+    if (haveFill()) {
+        appendFillStyle(text);
+        arc.append(text, fill);
+    }
+    if (haveStroke()) {
+        appendDrawStyle(text);
+        arc.append(text, stroke);
+    }
+    appendPieces(text, "\n");
+    m_body.append(text);
+}

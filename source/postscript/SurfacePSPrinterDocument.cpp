@@ -1,0 +1,77 @@
+// The document around a page's text: head, procedures, definitions of patterns, end.
+#include "surfacePSPrinter.h"
+
+#include "postscript/PostScriptPieces.h"
+#include "postscript/PostScriptProlog.h"
+#include "postscript/PostScriptUnits.h"
+#include "surface/moduleVersion.h"
+#include "surface/putInFront.h"
+
+namespace {
+
+int wholePoints(int millimetres)
+{
+    return saturateToInt(millimetres * PointsPerMillimetre);
+}
+
+// Points for each logical unit.
+FixedNumber scaleOf(int millimetres, int units)
+{
+    return finiteNumber(millimetres * PointsPerMillimetre / units, 3);
+}
+
+} // namespace
+
+int CSurfacePSPrinter::closeSurface()
+{
+    defineMissingPatterns();
+    TovoTextString head;
+    appendHead(head);
+    appendProcedures(head);
+    takePatternDefs(head);
+    putInFront(m_body, head);
+    if (m_clipActive) {
+        m_body.append("grestore\n");
+        m_clipActive = false;
+    }
+    m_body.append("\nshowpage\n\n");
+    return 0;
+}
+
+// From here on a unit is a logical unit, and the origin is the top left corner of the page image.
+void CSurfacePSPrinter::appendHead(TovoTextString& s) const
+{
+    appendPieces(s, "%!PS-Adobe-3.0\n%%LanguageLevel: 2\n%%Creator: Tovo ",
+                 std::string_view(moduleVersionText()),
+                 "\n%%Orientation: ", std::string_view(m_width > m_height ? "Landscape\n" : "Portrait\n"));
+    appendPieces(s, wholePoints(m_originX), " ", wholePoints(m_originY), " translate\n");
+    appendPieces(s, "0 ", wholePoints(m_pageHeight), " translate\n");
+    appendPieces(s, scaleOf(m_pageWidth, m_width), " ", scaleOf(m_pageHeight, m_height), " scale\n\n");
+}
+
+// What the text calls, and what that calls in turn. The text family is in every document.
+void CSurfacePSPrinter::appendProcedures(TovoTextString& s) const
+{
+    static constexpr struct {
+        unsigned int callers;
+        const std::string_view* text;
+    } Families[] = {
+        {RightShowUsed, &PostScriptProlog::rightshow},
+        {MiddleShowUsed, &PostScriptProlog::middleshow},
+        {FrameRectUsed, &PostScriptProlog::framerect},
+        {FocusRectUsed, &PostScriptProlog::focusrect},
+        {SolidRectUsed, &PostScriptProlog::solidrect},
+        {EllipseUsed | PieUsed | ChordUsed, &PostScriptProlog::ellipse},
+        {PieUsed, &PostScriptProlog::pie},
+        {ChordUsed, &PostScriptProlog::chord},
+        {HatchUsed, &PostScriptProlog::hatch},
+        {RotatedShowUsed, &PostScriptProlog::rotatedshow},
+        {TransparentImageUsed, &PostScriptProlog::transparentimage},
+    };
+    appendPieces(s, PostScriptProlog::jshow);
+    for (const auto& family : Families) {
+        if ((m_proceduresUsed & family.callers) != 0) {
+            appendPieces(s, *family.text);
+        }
+    }
+}

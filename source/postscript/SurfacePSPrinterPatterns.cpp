@@ -1,0 +1,125 @@
+// Images as patterns, for tiles and picture brushes.
+//
+// A definition stands in front of all drawing, whenever it was written, and the newest stands first. They are
+// gathered and go in front of the page's text together, once somebody looks at it: a page of many tiles is not
+// moved for each of them.
+#include "surfacePSPrinter.h"
+
+#include <algorithm>
+
+#include "postscript/PostScriptPieces.h"
+#include "postscript/PostScriptSamples.h"
+#include "surface/putByNumber.h"
+#include "surface/putInFront.h"
+
+namespace {
+
+std::string_view viewOf(const TovoBinaryString& bytes)
+{
+    return std::string_view(bytes.data(), bytes.length());
+}
+
+// In each row, the mask stands in front of the samples. A stream that breaks off ends there.
+void dropMasks(TovoBinaryString& out, std::string_view stream, int width)
+{
+    const std::size_t maskSize = static_cast<std::size_t>(std::max(width, 0));
+    out.empty();
+    while (stream.size() > maskSize) {
+        const std::string_view row = stream.substr(maskSize, maskSize * 3);
+        out.append(row.data(), static_cast<unsigned int>(row.size()));
+        stream.remove_prefix(maskSize + row.size());
+    }
+}
+
+// The samples alone, as a pattern's image reads them.
+TovoTextString plainSamples(const CPostScriptImage& image)
+{
+    const bool masked = image.m_bitsPerPixel == WithTransparency;
+    if (!image.m_compressed && !masked) {
+        return image.m_data;
+    }
+    TovoBinaryString stream;
+    TovoBinaryString decoded;
+    decodeHexadecimal(stream, std::string_view(image.m_data.text(), image.m_data.length()));
+    if (image.m_compressed) {
+        decodeRunLengths(decoded, viewOf(stream));
+        stream = std::move(decoded);
+    }
+    if (masked) {
+        dropMasks(decoded, viewOf(stream), image.m_width);
+        stream = std::move(decoded);
+    }
+    TovoTextString samples;
+    appendHexadecimal(samples, viewOf(stream));
+    return samples;
+}
+
+} // namespace
+
+CSurfacePSPrinter::PatternState CSurfacePSPrinter::patternState(unsigned int id) const
+{
+    const PatternState* const state = m_patternStates.atGet(id);
+    return state != nullptr ? *state : PatternState::Unused;
+}
+
+// Of an image that was not included as a tile, the pattern is defined when it is used first.
+void CSurfacePSPrinter::usePattern(unsigned int id)
+{
+    if (patternState(id) == PatternState::Defined) {
+        return;
+    }
+    if (const CPostScriptImage* const image = imageAt(id)) {
+        definePattern(id, image->m_width, image->m_height, plainSamples(*image));
+    } else {
+        putByNumber(m_patternStates, id, PatternState::Missing);
+    }
+}
+
+// An interpreter takes no pattern without extent, so that of a picture without one is a single unit.
+void CSurfacePSPrinter::definePattern(unsigned int id, int width, int height, const TovoTextString& samples)
+{
+    const int w = std::max(width, 1);
+    const int h = std::max(height, 1);
+    TovoTextString text(TextRoom{300});
+    appendPieces(text, "<<\n /PaintType 1 /PatternType 1 /TilingType 1 /BBox[0 0 ", w, " ", h, "] /XStep ", w,
+                 " /YStep ", h, " /PaintProc {\n  pop\n  ", w, " ", h,
+                 "  scale\n  /DeviceRGB setcolorspace\n  ");
+    appendImageDictionary(text, w, h);
+    appendPieces(text, "\n   <");
+    text.append(samples);
+    appendPieces(text, ">\n  >>image\n }\n>> matrix makepattern /Pattern", id, " exch def\n");
+    m_patternDefs.append(text);
+    m_patternDefEnds.add(m_patternDefs.length());
+    putByNumber(m_patternStates, id, PatternState::Defined);
+}
+
+// A name that nobody defines would end the document: what is painted with an image that never came paints
+// nothing.
+void CSurfacePSPrinter::defineMissingPatterns()
+{
+    for (unsigned int id = 0; id < m_patternStates.size(); ++id) {
+        if (m_patternStates[id] == PatternState::Missing) {
+            definePattern(id, 1, 1, TovoTextString());
+        }
+    }
+}
+
+void CSurfacePSPrinter::takePatternDefs(TovoTextString& front)
+{
+    front.reserve(lengthIn32Bits(std::uint64_t{front.length()} + m_patternDefs.length()));
+    for (unsigned int i = m_patternDefEnds.size(); i > 0; --i) {
+        const unsigned int begin = i > 1 ? m_patternDefEnds[i - 2] : 0;
+        front.append(m_patternDefs.text() + begin, m_patternDefEnds[i - 1] - begin);
+    }
+    m_patternDefs.empty();
+    m_patternDefEnds.clear();
+}
+
+void CSurfacePSPrinter::settlePatternDefs()
+{
+    if (!m_patternDefs.isEmpty()) {
+        TovoTextString front;
+        takePatternDefs(front);
+        putInFront(m_body, front);
+    }
+}

@@ -1,0 +1,257 @@
+// Fonts, and text in its forms.
+//
+// Nothing is measured and no line is broken here: widths are the interpreter's business, positions come from
+// the caller or from the font's size.
+#include "surfacePSPrinter.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "postscript/PostScriptPieces.h"
+#include "postscript/PostScriptUnits.h"
+#include "surface/drawingNumbers.h"
+
+namespace {
+
+// As the y of a chunk: it has none of its own.
+constexpr int NoPosition = 0x7FFFFFFF;
+
+constexpr char Escaped[] = "\\()"; // of a string literal
+
+constexpr unsigned int RoomBesideText = 200; // characters
+
+TextRoom roomFor(std::string_view text)
+{
+    const std::size_t room = text.size() + RoomBesideText;
+    return TextRoom{static_cast<unsigned int>(std::min<std::size_t>(room, UINT_MAX))};
+}
+
+// For a string literal: what would end or change it is escaped, up to the first zero byte.
+void appendLiteral(TovoTextString& out, std::string_view text)
+{
+    std::string_view rest = text.substr(0, text.find('\0'));
+    const std::string_view behindZero = text.substr(rest.size());
+    while (!rest.empty()) {
+        const std::size_t plain = std::min(rest.find_first_of(Escaped), rest.size());
+        appendPieces(out, rest.substr(0, plain));
+        rest.remove_prefix(plain);
+        if (!rest.empty()) {
+            appendPieces(out, "\\", rest.substr(0, 1));
+            rest.remove_prefix(1);
+        }
+    }
+    appendPieces(out, behindZero);
+}
+
+// The first `length` characters, or all there are. Nothing behind them is looked at.
+std::string_view leftOf(const char* text, std::size_t length)
+{
+    const void* const end = std::memchr(text, '\0', length);
+    return std::string_view(
+        text, end != nullptr ? static_cast<std::size_t>(static_cast<const char*>(end) - text) : length);
+}
+
+std::string_view viewOf(const TovoTextString& text)
+{
+    return std::string_view(text.text(), text.length());
+}
+
+std::string_view styleOf(bool bold, bool italic)
+{
+    if (italic) {
+        return bold ? "-BoldItalic" : "-Italic";
+    }
+    return bold ? "-Bold" : "";
+}
+
+} // namespace
+
+TovoTextString CSurfacePSPrinter::toPS(TovoTextString text)
+{
+    if (viewOf(text).find_first_of(Escaped) == std::string_view::npos) {
+        return text;
+    }
+    TovoTextString escaped(TextRoom{text.length()});
+    appendLiteral(escaped, viewOf(text));
+    return escaped;
+}
+
+double CSurfacePSPrinter::unitsPerPoint() const
+{
+    const double units = m_height / (m_pageHeight * PointsPerMillimetre);
+    return std::isfinite(units) ? units : 0;
+}
+
+void CSurfacePSPrinter::setFont(CSurfaceFont* font)
+{
+    if (font == nullptr) {
+        return;
+    }
+    m_font = *font;
+    writeFont(font->getFaceName(), font->getSize(), font->getBold(), font->getItalic(), font->getStrikethru(),
+              font->getUnderline());
+}
+
+// The name goes into the text as it is. One with a blank becomes a string for findfont, behind the empty name
+// that the slash makes.
+void CSurfacePSPrinter::writeFont(char* faceName, float size, bool bold, bool italic, bool /*strikethru*/,
+                                  bool /*underline*/)
+{
+    const std::string_view name(faceName != nullptr ? faceName : "");
+    const bool withBlank = name.find(' ') != std::string_view::npos;
+    TovoTextString text(TextRoom{200});
+    appendPieces(text, "/", std::string_view(withBlank ? "(" : ""), name, styleOf(bold, italic),
+                 std::string_view(withBlank ? ")" : ""), " findfont ",
+                 finiteNumber(size * unitsPerPoint(), 2), " scalefont setfont \n");
+    m_body.append(text);
+}
+
+// Whether it wrote anything.
+bool CSurfacePSPrinter::appendTextColor(TovoTextString& s)
+{
+    if (m_currentColor == m_textStyle.getColor()) {
+        return false;
+    }
+    m_currentColor = m_textStyle.getColor();
+    appendRGBColor(s, m_currentColor);
+    return true;
+}
+
+void CSurfacePSPrinter::appendTextStyle(TovoTextString& s, RECT* rect, int /*flags*/)
+{
+    appendClipStyle(s, rect);
+    if (m_currentColor != m_textStyle.getColor()) {
+        appendPieces(s, " ");
+        appendTextColor(s);
+    }
+    appendPieces(s, "\n");
+}
+
+int CSurfacePSPrinter::baseLineBelow(int top) const
+{
+    return wrapAdd(top, saturateToInt(m_font.getSize()));
+}
+
+void CSurfacePSPrinter::drawString(const char* text, RECT* rect, unsigned int flags)
+{
+    if (text == nullptr || rect == nullptr) {
+        return;
+    }
+    const std::string_view characters(text);
+    TovoTextString run(roomFor(characters));
+    appendTextStyle(run, rect, wrapToInt(flags));
+    appendPieces(run, " ", PsPoint{rect->left, baseLineBelow(rect->top)}, " moveto\n(");
+    appendLiteral(run, characters);
+    appendPieces(run, ") show\n");
+    m_body.append(run);
+}
+
+void CSurfacePSPrinter::drawText(const char* text, RECT* rect, unsigned int flags)
+{
+    drawString(text, rect, flags);
+}
+
+void CSurfacePSPrinter::drawTextAt(const char* text, POINT* point, unsigned int flags)
+{
+    if (text == nullptr || point == nullptr) {
+        return;
+    }
+    const std::string_view characters(text);
+    std::string_view show = ") show\n";
+    if ((flags & RightFlag) != 0) {
+        show = ") rightshow\n";
+        m_proceduresUsed |= RightShowUsed;
+    } else if ((flags & CentreFlag) != 0) {
+        show = ") middleshow\n";
+        m_proceduresUsed |= MiddleShowUsed;
+    }
+    TovoTextString run(roomFor(characters));
+    appendTextColor(run);
+    appendPieces(run, " ", PsPoint{point->x, baseLineBelow(point->y)}, " moveto (");
+    appendLiteral(run, characters);
+    appendPieces(run, show);
+    m_body.append(run);
+}
+
+void CSurfacePSPrinter::drawTextOnBaseLine(int x, int y, unsigned int /*options*/, RECT* rect, char* text,
+                                           int length)
+{
+    if (text == nullptr) {
+        return;
+    }
+    const std::string_view characters = length == WholeText
+                                            ? std::string_view(text)
+                                            : leftOf(text, static_cast<std::size_t>(std::max(length, 0)));
+    TovoTextString run(roomFor(characters));
+    if (rect != nullptr) {
+        appendPieces(run, "gsave newpath ");
+        appendPath(run, rect);
+        appendPieces(run, " clip newpath\n");
+    }
+    appendPieces(run, PsColor{m_textStyle.getColor()}, " setrgbcolor ", PsPoint{x, y}, " moveto (");
+    appendLiteral(run, characters);
+    appendPieces(run, ") show\n", std::string_view(rect != nullptr ? "grestore\n" : ""));
+    m_body.append(run);
+}
+
+bool CSurfacePSPrinter::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags)
+{
+    if (chunks == nullptr || rect == nullptr) {
+        return false;
+    }
+    TovoTextString text(TextRoom{500});
+    if (appendTextColor(text)) {
+        appendPieces(text, "\n");
+    }
+    appendPieces(text, "gsave");
+    if ((static_cast<unsigned int>(flags) & NoClipFlag) == 0) {
+        appendPieces(text, " newpath ");
+        appendPath(text, rect);
+        appendPieces(text, " clip");
+    }
+    appendPieces(text, "\n");
+    const double size = m_font.getSize() * unitsPerPoint();
+    const int ascent = saturateToInt(size);
+    const int lineHeight = saturateToInt(size * 1.2);
+    int offset = ascent; // of the lines that have no y of their own, below the top
+    CSurfaceTextChunk* previous = nullptr;
+    for (unsigned int i = 0; i < chunks->size(); ++i) {
+        CSurfaceTextChunk* const chunk = chunks->atGet(i);
+        if (chunk == nullptr) {
+            continue;
+        }
+        if (chunk->isStartOfAnotherLine(previous)) {
+            offset = wrapAdd(offset, lineHeight);
+        }
+        const int y = chunk->m_position.y < NoPosition ? wrapAdd(chunk->m_position.y, ascent)
+                                                       : wrapAdd(rect->top, offset);
+        appendPieces(text, "\t");
+        if (!chunk->m_followsPrevious) {
+            appendPieces(text, PsPoint{chunk->m_position.x, y}, " moveto ");
+        } else if (previous == nullptr) {
+            appendPieces(text, PsPoint{rect->left, y}, " moveto ");
+        }
+        appendChunk(text, *chunk);
+        previous = chunk;
+    }
+    appendPieces(text, "grestore\n");
+    m_body.append(text);
+    return true;
+}
+
+void CSurfacePSPrinter::appendChunk(TovoTextString& s, const CSurfaceTextChunk& chunk)
+{
+    const bool underline = m_font.getUnderline() || chunk.m_underline;
+    const int charAngle = m_textStyle.getCharAngle();
+    const int textAngle = m_textStyle.getTextAngle();
+    appendPieces(s, std::max(chunk.m_textLength, 0), " ",
+                 std::string_view(m_font.getStrikethru() ? " true" : " false"),
+                 std::string_view(underline ? " true (" : " false ("));
+    appendLiteral(s, viewOf(chunk.m_text));
+    if (charAngle == 0 && textAngle == 0) {
+        appendPieces(s, ") jshow\n");
+    } else {
+        m_proceduresUsed |= RotatedShowUsed;
+        appendPieces(s, ") ", charAngle, "  ", textAngle, "  rotatedshow\n");
+    }
+}
