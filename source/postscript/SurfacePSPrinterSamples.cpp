@@ -2,6 +2,7 @@
 #include "surfacePSPrinter.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <utility>
@@ -24,7 +25,7 @@ std::uint64_t strideOf(std::uint64_t width, std::uint64_t bits)
     return (width * bits + 31) / 32 * 4;
 }
 
-// The pixels of a bitmap, read as rows of a stated width, whatever the bitmap's own is.
+// The pixels of a bitmap, read as rows of a stated width, whatever the bitmap's own is. Both numbers are above 0.
 class PixelRows {
 public:
     PixelRows(FreeImageDesc& library, FIBITMAP* bitmap, int width, int height)
@@ -40,7 +41,7 @@ public:
         const std::uint64_t size =
             static_cast<std::uint64_t>(m_header.biHeight) *
             strideOf(static_cast<std::uint64_t>(m_header.biWidth), m_header.biBitCount);
-        return m_width == 0 || m_height == 0 || (m_height - 1) * m_stride + m_width * m_pixelSize <= size;
+        return (m_height - 1) * m_stride + m_width * m_pixelSize <= size;
     }
 
     // A mask byte takes the place of the alpha.
@@ -75,14 +76,15 @@ private:
 // The first of three equal bytes; `end` when there are none.
 unsigned char* nextRun(unsigned char* start, unsigned char* end)
 {
-    unsigned char* third = start + 2;
-    while (third < end) {
-        if (third[0] != third[-1]) {
+    const std::ptrdiff_t length = end - start;
+    std::ptrdiff_t third = 2;
+    while (third < length) {
+        if (start[third] != start[third - 1]) {
             third += 2; // no three that hold both of these are equal
-        } else if (third[-1] != third[-2]) {
+        } else if (start[third - 1] != start[third - 2]) {
             ++third;
         } else {
-            return third - 2;
+            return start + (third - 2);
         }
     }
     return end;
@@ -106,7 +108,7 @@ unsigned int CSurfacePSPrinter::encodeImage(unsigned char* data, int size, int /
     if (!library.isProcLoaded()) {
         return ImageLibraryMissing;
     }
-    if (data == nullptr || size <= 0 || width < 0 || height < 0) {
+    if (data == nullptr || size <= 0 || width <= 0 || height <= 0) {
         return ImageNotConverted;
     }
     Bitmap bitmap(library, library.imageLoadFromMem(formatOfData(library, data, size), data,

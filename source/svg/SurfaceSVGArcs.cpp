@@ -7,6 +7,7 @@
 
 #include <cmath>
 
+#include "surface/arcGeometry.h"
 #include "surface/pageText.h"
 #include "surface/rectangle.h"
 #include "svg/SvgDialect.h"
@@ -14,29 +15,6 @@
 namespace {
 
 constexpr TextRoom ArcRoom{500};
-
-// To eleven places, as the page format has it: the truncation of end points depends on it.
-constexpr double Pi = 3.14159265359;
-
-POINT centreOf(const RECT& rect)
-{
-    return POINT{wrapAdd(rect.left, widthOf(rect) / 2), wrapAdd(rect.top, heightOf(rect) / 2)};
-}
-
-// From the centre to the point, counter-clockwise with y pointing up, 0 to 2 Pi. The centre itself counts as
-// straight above.
-double angleOf(const POINT& centre, const POINT& point)
-{
-    const int dx = wrapSubtract(point.x, centre.x);
-    const int dy = wrapSubtract(centre.y, point.y);
-    double angle = dx == 0 ? Pi / 2 : std::atan(static_cast<double>(dy) / static_cast<double>(dx));
-    if (dx < 0) {
-        angle += Pi;
-    } else if (dy < 0) {
-        angle += dx == 0 ? Pi : 2 * Pi;
-    }
-    return angle;
-}
 
 POINT pointOnEllipse(const POINT& centre, int rx, int ry, double angle)
 {

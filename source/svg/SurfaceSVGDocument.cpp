@@ -1,10 +1,9 @@
 // The document around a page's content: head, shared definitions, end pieces.
 #include "surfaceSVG.h"
 
-#include <cstring>
-
 #include "surface/moduleVersion.h"
 #include "surface/pageText.h"
+#include "surface/putInFront.h"
 #include "svg/SvgDialect.h"
 
 namespace {
@@ -39,15 +38,6 @@ void appendHatches(TovoTextString& head)
                      "' patternUnits='userSpaceOnUse' x='0' y='0' width='9' height='9' stroke-width='1'>\n",
                      std::string_view(hatch.tile), "\n</pattern>\n");
     }
-}
-
-// In place, since the page may be large and its buffer mostly has the room.
-void putInFront(TovoTextString& page, const TovoTextString& head)
-{
-    page.room(head.length());
-    std::memmove(page.text() + head.length(), page.text(), page.length());
-    std::memcpy(page.text(), head.text(), head.length());
-    page.grow(head.length());
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 
+#include "surface/decodedImage.h"
 #include "surface/pageText.h"
 #include "surface/rectangle.h"
 #include "svg/SvgDialect.h"
@@ -37,37 +38,6 @@ FREE_IMAGE_FORMAT formatOf(int picType)
     }
     return FIF_UNKNOWN;
 }
-
-FREE_IMAGE_FORMAT formatOfData(FreeImageDesc& library, unsigned char* data, int size)
-{
-    FIMEMORY* const memory = library.imageOpenMemory(data, size);
-    const FREE_IMAGE_FORMAT format = library.imageGetFileTypeFromMemory(memory, 0);
-    library.imageCloseMemory(memory);
-    return format;
-}
-
-// A decoded image, unloaded with this.
-class Bitmap {
-public:
-    Bitmap(FreeImageDesc& library, FIBITMAP* bitmap) : m_library(library), m_bitmap(bitmap) {}
-    ~Bitmap() { replace(nullptr); }
-    Bitmap(const Bitmap&) = delete;
-    Bitmap& operator=(const Bitmap&) = delete;
-
-    FIBITMAP* get() const { return m_bitmap; }
-
-    void replace(FIBITMAP* bitmap)
-    {
-        if (m_bitmap != nullptr) {
-            m_library.imageUnload(m_bitmap);
-        }
-        m_bitmap = bitmap;
-    }
-
-private:
-    FreeImageDesc& m_library;
-    FIBITMAP* m_bitmap;
-};
 
 // Encodes as `format` and gives Base64 text; 0, or an error number.
 int encodeBitmap(FreeImageDesc& library, FREE_IMAGE_FORMAT format, FIBITMAP* bitmap, char*& text,

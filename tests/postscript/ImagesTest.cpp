@@ -61,7 +61,7 @@ const ImageCase images[] = {
     {black, 24, 2, 2, INT32_MAX, png, "none"},
     {seeThrough, 32, 1, 3, 2, png, "none"},
     {black, 24, 2, -2, 2, png, "none"},
-    {black, 24, 2, 0, 2, png, "none"},
+    {black, 24, 2, 0, INT32_MAX, png, "none"},
     {counting(12), 24, 2, 2, 1, jpeg, "020100050403"},
 };
 
