@@ -1,6 +1,8 @@
 // Images as text: samples, run lengths, transparency, patterns.
 #include "PostScriptPage.h"
 
+#include <climits>
+
 #include "sys/krnutil.h"
 
 namespace {
@@ -58,10 +60,10 @@ const ImageCase images[] = {
     // Stated sizes that the pixels don't reach; the last one stays within them.
     {black, 24, 2, 3, 2, png, "none"},
     {black, 24, 2, 2, 3, png, "none"},
-    {black, 24, 2, 2, INT32_MAX, png, "none"},
+    {black, 24, 2, 2, INT_MAX, png, "none"},
     {seeThrough, 32, 1, 3, 2, png, "none"},
     {black, 24, 2, -2, 2, png, "none"},
-    {black, 24, 2, 0, INT32_MAX, png, "none"},
+    {black, 24, 2, 0, INT_MAX, png, "none"},
     {counting(12), 24, 2, 2, 1, jpeg, "020100050403"},
 };
 

@@ -26,12 +26,10 @@ struct Interpreted {
 
     std::string at(int x, int y) const
     {
-        const auto channel = [&](int offset) {
-            return pixels[static_cast<std::size_t>((y * side + x) * 3 + offset)];
-        };
-        const char color[] = {channel(0), channel(1), channel(2), 0};
+        const std::size_t place = (static_cast<std::size_t>(y) * side + static_cast<std::size_t>(x)) * 3;
+        const std::string color = pixels.substr(place, 3);
         for (const auto& [name, known] : colors) {
-            if (std::equal(color, color + 3, known)) {
+            if (color == std::string(known, 3)) {
                 return name;
             }
         }
@@ -78,7 +76,7 @@ Interpreted interpreted(const PsDrawing& draw, const std::string& probe = "")
                                 size + "x" + size + " -sOutputFile=page.ppm page.ps >words 2>&1";
     EXPECT_EQ(0, std::system(command.c_str())) << contentOf(folder / "words");
     Interpreted result{contentOf(folder / "words"), contentOf(folder / "page.ppm")};
-    const std::size_t pixels = static_cast<std::size_t>(side * side) * 3;
+    const std::size_t pixels = std::size_t{side} * side * 3;
     result.pixels.erase(0, result.pixels.size() - std::min(pixels, result.pixels.size()));
     EXPECT_EQ(pixels, result.pixels.size());
     std::filesystem::remove_all(folder);

@@ -2,7 +2,7 @@
 // that came of it.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -61,24 +61,24 @@ inline RECT* in(RECT&& rect)
 // A Windows bitmap of one row: `pixels` holds blue, green, red and, with 32 bits, alpha.
 inline std::string bitmapOf(const std::string& pixels, int bits, int height = 1)
 {
-    const auto number = [](std::uint32_t value, int bytes) {
+    const auto number = [](std::size_t value, int bytes) {
         std::string text;
         for (; bytes > 0; --bytes, value >>= 8U) {
             text += static_cast<char>(value);
         }
         return text;
     };
-    const auto rows = static_cast<std::uint32_t>(height);
-    const auto pixelSize = static_cast<std::uint32_t>(bits) / 8;
-    const std::uint32_t width = static_cast<std::uint32_t>(pixels.size()) / rows / pixelSize;
+    const auto rows = static_cast<std::size_t>(height);
+    const std::size_t pixelSize = static_cast<std::size_t>(bits) / 8;
+    const std::size_t rowSize = pixels.size() / rows;
     std::string padded;
-    for (std::uint32_t y = 0; y < rows; ++y) {
-        padded += pixels.substr(y * width * pixelSize, width * pixelSize);
+    for (std::size_t y = 0; y < rows; ++y) {
+        padded += pixels.substr(y * rowSize, rowSize);
         padded.resize((padded.size() + 3) / 4 * 4, '\x7F');
     }
-    return "BM" + number(54 + static_cast<std::uint32_t>(padded.size()), 4) + number(0, 4) + number(54, 4) +
-           number(40, 4) + number(width, 4) + number(rows, 4) + number(1, 2) +
-           number(static_cast<std::uint32_t>(bits), 2) + number(0, 24) + padded;
+    return "BM" + number(54 + padded.size(), 4) + number(0, 4) + number(54, 4) + number(40, 4) +
+           number(rowSize / pixelSize, 4) + number(rows, 4) + number(1, 2) + number(pixelSize * 8, 2) +
+           number(0, 24) + padded;
 }
 
 inline void include(CSurfacePSPrinter& s, unsigned int id, std::string image, int width, int height,
