@@ -1,0 +1,147 @@
+// What a device context draws on. The functions of <windows.h> look the context up, check their arguments and change
+// its state; what is left to do on the device ends here. Two kinds exist: RasterDevice paints pixels,
+// MetafileDevice writes records. A context of the screen has a raster device without pixels.
+//
+// Coordinates are logical unless told otherwise; the context tells map mode, transform, clip and objects. Operations
+// give false when they failed; those with a body here do nothing, gladly, on a device that has no use for them.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <span>
+
+#include "core/Region.h"
+
+class BrushObject;
+class DeviceContext;
+class GdiObject;
+class RealizedFont;
+struct BitmapView;
+
+enum class PolyShape : unsigned char {
+    polyline,
+    polylineTo, // the points behind the current position, which is not among them
+    polygon,
+    polyBezier,
+    polyBezierTo, // likewise
+    polyPolyline,
+    polyPolygon,
+};
+enum class BoxShape : unsigned char { rectangle, ellipse, roundRectangle };
+enum class ArcShape : unsigned char { arc, arcTo, chord, pie };
+enum class PathStep : unsigned char {
+    begin,
+    end,
+    closeFigure,
+    abort,
+    flatten,
+    widen,
+    fill,
+    stroke,
+    strokeAndFill,
+};
+
+// State that a setter has just changed in the context.
+enum class StateField : unsigned char {
+    backColor,
+    textColor,
+    backMode,
+    textAlign,
+    textJustification,
+    rop2,
+    polyFillMode,
+    stretchMode,
+    arcDirection,
+    miterLimit,
+    brushOrigin,
+    mapMode,
+    windowExtent,
+    viewportExtent,
+    windowOrigin,
+    viewportOrigin,
+    worldTransform, // by SetWorldTransform
+    position,       // by MoveToEx
+};
+
+// One line of text, or a piece of one, laid out.
+struct TextOutput {
+    POINT reference;                          // as given, for the alignment in force
+    UINT options;                             // ETO_...; no ETO_PDY
+    RECT rect;                                // when the options have ETO_OPAQUE or ETO_CLIPPED
+    std::span<const WCHAR> text;              // glyph indices with ETO_GLYPH_INDEX
+    std::span<const INT> advances;            // logical units, one for each character
+    std::shared_ptr<const RealizedFont> font; // at the device's size
+    // Device units: where the base line of the first character begins, the steps from one character to the next, and
+    // the cell of the whole: its advances by the line height, inclusive, neither clipped nor the ink.
+    double baselineX;
+    double baselineY;
+    double directionX; // unit vector of the base line in the device
+    double directionY;
+    std::span<const double> deviceAdvances;
+    RECTL bounds;
+};
+
+// A rectangle of a source that a copy reads.
+struct SourceArea {
+    int x;
+    int y;
+    int width;
+    int height;
+};
+
+class Device {
+public:
+    virtual ~Device() = default;
+
+    // The answer of GetDeviceCaps; 0 for an index that is not known.
+    virtual int capability(int index) const = 0;
+
+    // State. A recorder writes them down; a raster device reads the context when it draws.
+    virtual void stateChanged(DeviceContext& /*context*/, StateField /*field*/) {}
+    virtual void objectSelected(DeviceContext& /*context*/, const std::shared_ptr<GdiObject>& /*object*/) {}
+    virtual void worldTransformModified(DeviceContext& /*context*/, const XFORM& /*transform*/,
+                                        DWORD /*mode*/)
+    {
+    }
+    virtual void extentScaled(DeviceContext& /*context*/, bool /*window*/, const int (&/*factors*/)[4]) {}
+    // By SelectClipRgn and ExtSelectClipRgn; null: the clip was removed. Device units.
+    virtual void clipSelected(DeviceContext& /*context*/, const Region* /*region*/, int /*mode*/) {}
+    virtual void clipRectCombined(DeviceContext& /*context*/, const RECT& /*rect*/, int /*mode*/) {
+    } // AND or DIFF
+    virtual void clipOffset(DeviceContext& /*context*/, int /*x*/, int /*y*/) {}
+    virtual void stateSaved(DeviceContext& /*context*/) {}
+    virtual void stateRestored(DeviceContext& /*context*/, int /*levels*/) {} // levels below 0
+
+    // Shapes with the context's pen and brush.
+    virtual bool lineTo(DeviceContext& context, POINT from, POINT to) = 0;
+    virtual bool poly(DeviceContext& context, PolyShape shape, std::span<const POINT> points,
+                      std::span<const DWORD> counts) = 0;
+    virtual bool box(DeviceContext& context, BoxShape shape, const RECT& rect, SIZE corner) = 0;
+    virtual bool arc(DeviceContext& context, ArcShape shape, const RECT& rect, POINT start, POINT end) = 0;
+    virtual bool angleArc(DeviceContext& context, POINT center, DWORD radius, FLOAT startAngle,
+                          FLOAT sweepAngle) = 0;
+    // While a path is open, the shapes above go into it.
+    virtual bool path(DeviceContext& context, PathStep step) = 0;
+    virtual bool selectClipPath(DeviceContext& context, int mode) = 0;
+
+    // Fills. The rectangles of `blt` exclude right and bottom; the operation has no source (PATCOPY, PATINVERT, ...).
+    virtual bool patternBlt(DeviceContext& context, std::span<const RECT> rects, const BrushObject& brush,
+                            DWORD operation) = 0;
+    virtual bool fillRegion(DeviceContext& context, const Region& region,
+                            const std::shared_ptr<BrushObject>& brush) = 0;
+    virtual bool floodFill(DeviceContext& context, POINT start, COLORREF color, UINT type) = 0;
+    virtual bool setPixel(DeviceContext& context, POINT point, COLORREF color) = 0;
+    // CLR_INVALID outside, and on a device without pixels.
+    virtual COLORREF pixel(DeviceContext& context, POINT point) = 0;
+
+    // Copies. Target rectangles may have negative sizes, which mirror. `stretch` tells StretchBlt from BitBlt.
+    virtual bool copy(DeviceContext& context, const RECT& target, DeviceContext& source,
+                      const SourceArea& area, DWORD operation, bool stretch) = 0;
+    // `area.y` counts from the top row of the view; `info` is the bitmap's head as the caller gave it.
+    virtual bool copyDib(DeviceContext& context, const RECT& target, const BITMAPINFO* info, const void* bits,
+                         UINT usage, const SourceArea& area, DWORD operation) = 0;
+
+    virtual bool text(DeviceContext& context, const TextOutput& output) = 0;
+    virtual bool comment(DeviceContext& /*context*/, std::span<const BYTE> /*data*/) { return true; }
+};

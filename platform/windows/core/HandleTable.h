@@ -1,0 +1,38 @@
+// The one table behind all handles. A handle carries a slot and the slot's generation, so that a stale, foreign or
+// null one is told apart and refused, never followed.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "core/GdiObject.h"
+
+class HandleTable {
+public:
+    static HandleTable& instance();
+
+    // Enters an object and gives its handle; null without memory.
+    HGDIOBJ add(std::shared_ptr<GdiObject> object) noexcept;
+    HGDIOBJ addStock(std::shared_ptr<GdiObject> object, int stockIndex) noexcept;
+
+    // The live object of a handle; null for a handle that names none, or names a dead one.
+    std::shared_ptr<GdiObject> find(HGDIOBJ handle) noexcept;
+    // The same for one kind of object.
+    template <class Object>
+    std::shared_ptr<Object> find(HGDIOBJ handle, ObjectKind kind) noexcept
+    {
+        std::shared_ptr<GdiObject> object = find(handle);
+        if (!object || object->kind() != kind) {
+            return nullptr;
+        }
+        return std::static_pointer_cast<Object>(std::move(object));
+    }
+
+    // Ends a handle: find() no longer knows it. While somebody else still holds the object it goes on counting, and
+    // the slot is not given out again. False for a handle that names no live object.
+    bool remove(HGDIOBJ handle) noexcept;
+
+    // Objects that exist, dead ones that are still selected included, stock ones not.
+    DWORD count() noexcept;
+};
