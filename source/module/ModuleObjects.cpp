@@ -1,4 +1,5 @@
 // What the module makes once when it is loaded. Destruction at unload runs in the reverse order.
+#include "module/versionNumbers.h"
 #include "surface/drawTextLock.h"
 #include "surface/moduleHeap.h"
 #include "surface/moduleVersion.h"
