@@ -6,7 +6,7 @@
 #include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
-#include <cstdlib>
+#include <cstdint>
 #include <mutex>
 
 // FreeType wants its calls on one library, and on one face, to come one at a time.
@@ -62,44 +62,6 @@ BYTE familyOf(const TT_OS2* os2, bool fixedPitch)
     return roman ? FF_ROMAN : FF_SWISS;
 }
 
-FaceMeasures measuresOf(FT_Face face)
-{
-    FaceMeasures measures{};
-    measures.unitsPerEm = face->units_per_EM;
-    measures.ascent = face->ascender;
-    measures.descent = -face->descender;
-    measures.averageWidth = face->max_advance_width / 2;
-    measures.maximumWidth = face->max_advance_width;
-    measures.lineThickness = face->underline_thickness;
-    // FreeType tells the middle of the underline.
-    measures.underlineTop = face->underline_position + face->underline_thickness / 2;
-    measures.italic = (face->style_flags & FT_STYLE_FLAG_ITALIC) != 0;
-    measures.weight = (face->style_flags & FT_STYLE_FLAG_BOLD) != 0 ? boldWeight : defaultWeight;
-    measures.fixedPitch = FT_IS_FIXED_WIDTH(face);
-    int lineGap = face->height - (face->ascender - face->descender);
-
-    const auto* const os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
-    const bool hasCell = os2 != nullptr && os2->version != 0xFFFF && os2->usWinAscent + os2->usWinDescent > 0;
-    if (hasCell) {
-        measures.ascent = os2->usWinAscent;
-        measures.descent = os2->usWinDescent;
-        measures.averageWidth = os2->xAvgCharWidth;
-        measures.strikeOutTop = os2->yStrikeoutPosition;
-        measures.weight = os2->usWeightClass;
-        // What the line needs beyond the cell; the cell is often higher than the typographic one.
-        lineGap -= measures.ascent + measures.descent - (face->ascender - face->descender);
-    } else {
-        measures.strikeOutTop = measures.ascent / 3;
-    }
-    measures.externalLeading = std::max(0, lineGap);
-    measures.family = familyOf(hasCell ? os2 : nullptr, measures.fixedPitch);
-    if (measures.ascent + measures.descent <= 0) {
-        measures.ascent = measures.unitsPerEm;
-        measures.descent = 0;
-    }
-    return measures;
-}
-
 int advanceOf(FT_Face face, unsigned int glyph)
 {
     FT_Fixed advance = 0;
@@ -118,6 +80,64 @@ FaceGlyph glyphOf(FT_Face face, unsigned int character)
         index = FT_Get_Char_Index(face, symbolBase | character);
     }
     return {index, advanceOf(face, index)};
+}
+
+// How often each letter stands in a thousand of a Latin text: a to z, then the blank. What xAvgCharWidth of a font
+// means in the first versions of the table ([OpenType] OS/2); later fonts average all their glyphs there, which makes
+// letters look half as wide again as they are.
+constexpr int letterWeights[] = {64, 14, 27, 35, 100, 20, 14, 42, 63, 3, 6,  35, 20, 56,
+                                 56, 17, 4,  49, 56,  71, 31, 10, 18, 3, 18, 2,  166};
+
+int averageWidthOf(FT_Face face, int otherwise)
+{
+    std::int64_t sum = 0; // of the widest glyphs that advanceOf() lets through, more than 32 bits
+    unsigned int letter = 'a';
+    for (const int weight : letterWeights) {
+        const FaceGlyph glyph = glyphOf(face, letter > 'z' ? ' ' : letter);
+        if (glyph.index == 0) {
+            return otherwise;
+        }
+        sum += std::int64_t{weight} * glyph.advance;
+        ++letter;
+    }
+    return static_cast<int>(sum / 1000);
+}
+
+FaceMeasures measuresOf(FT_Face face)
+{
+    FaceMeasures measures{};
+    measures.unitsPerEm = face->units_per_EM;
+    measures.ascent = face->ascender;
+    measures.descent = -face->descender;
+    measures.maximumWidth = face->max_advance_width;
+    measures.lineThickness = face->underline_thickness;
+    // FreeType tells the middle of the underline.
+    measures.underlineTop = face->underline_position + face->underline_thickness / 2;
+    measures.italic = (face->style_flags & FT_STYLE_FLAG_ITALIC) != 0;
+    measures.weight = (face->style_flags & FT_STYLE_FLAG_BOLD) != 0 ? boldWeight : defaultWeight;
+    measures.fixedPitch = FT_IS_FIXED_WIDTH(face);
+    int lineGap = face->height - (face->ascender - face->descender);
+
+    const auto* const os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
+    const bool hasCell = os2 != nullptr && os2->version != 0xFFFF && os2->usWinAscent + os2->usWinDescent > 0;
+    if (hasCell) {
+        measures.ascent = os2->usWinAscent;
+        measures.descent = os2->usWinDescent;
+        measures.strikeOutTop = os2->yStrikeoutPosition;
+        measures.weight = os2->usWeightClass;
+        // What the line needs beyond the cell; the cell is often higher than the typographic one.
+        lineGap -= measures.ascent + measures.descent - (face->ascender - face->descender);
+    } else {
+        measures.strikeOutTop = measures.ascent / 3;
+    }
+    measures.averageWidth = averageWidthOf(face, hasCell ? os2->xAvgCharWidth : face->max_advance_width / 2);
+    measures.externalLeading = std::max(0, lineGap);
+    measures.family = familyOf(hasCell ? os2 : nullptr, measures.fixedPitch);
+    if (measures.ascent + measures.descent <= 0) {
+        measures.ascent = measures.unitsPerEm;
+        measures.descent = 0;
+    }
+    return measures;
 }
 
 } // namespace
