@@ -120,7 +120,9 @@ bool MetafileDevice::copyDib(DeviceContext& context, const RECT& target, const B
     const Placement place = placementOf(target);
     const DrawnBounds bounds = boundsOfArea(context.mapping(), target);
     // Records count, as the call does, from the row that comes first in a bitmap: the bottom one, if its height says so.
-    const std::int64_t height = info->bmiHeader.biHeight;
+    BITMAPINFOHEADER header;
+    std::memcpy(&header, info, sizeof(header));
+    const std::int64_t height = header.biHeight;
     const std::int64_t y = height > 0 ? height - area.y - area.height : area.y;
     EMRSTRETCHDIBITS fields{};
     fields.rclBounds = bounds.box;
