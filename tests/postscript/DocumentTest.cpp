@@ -169,6 +169,15 @@ TEST(PostScriptDocument, DefinesWhatThePageCalls)
         {[](auto& s) { s.ellipse(&rect); }, ellipse + "1114"},
         {[](auto& s) { s.drawPie(&rect, 1, 2, 3, 4); }, ellipse + "pie 1172"},
         {[](auto& s) { s.drawChord(&rect, 1, 2, 3, 4); }, ellipse + "chord 1150"},
+        // Of the pictures of brushes, one comes late and the others never.
+        {[](auto& s) {
+             for (const int picture : {4, 70000, -1, 4}) {
+                 usePicture(s, picture);
+                 s.drawRectangle(&rect);
+             }
+             include(s, 4, bitmapOf("123", 24), 1, 1);
+         },
+         text + "Pattern70000 Pattern4 Pattern-1 1771"},
         {drawAllElse,
          text + "framerect focusrect solidrect HatchHorizontal HatchVertical HatchFDiagonal HatchBDiagonal "
                 "HatchCross HatchDiagCross textrotatedict currentfontsize charwidthadj glyphrotate "

@@ -154,11 +154,10 @@ const PsCase cases[] = {
          place(s, 3, 2);
          fillWith(s, 3);
          fillWith(s, 4);
-         include(s, 4, bitmapOf(black, 24, 2), 2, 2);
      },
-     definition("4", std::string(24, '0')) + definition("3", "030201060504090807000000") +
-         definition("1", std::string(24, '0')) + definition("2", "ff0000ff0000ff0000ff0000") + filled("2") +
-         filled("1") + tiled("3") + filled("3") + filled("4")},
+     definition("3", "030201060504090807000000") + definition("1", std::string(24, '0')) +
+         definition("2", "ff0000ff0000ff0000ff0000") + filled("2") + filled("1") + tiled("3") + filled("3") +
+         filled("4")},
     // What cannot be decoded keeps its id and, as a tile, its pattern.
     {"NothingToDraw",
      [](auto& s) {
@@ -171,9 +170,10 @@ const PsCase cases[] = {
              place(s, id, 2);
          }
          fillWith(s, -1);
+         s.ellipse(in({0, 0, 2, 2}));
          s.drawImage(nullptr, 5, 0, 0, 0);
      },
-     definition("5", "") + "1 -2 3 -4 \n"},
+     definition("5", "") + filled("-1") + "1 -1 1 1 0 360  ellipse fill\n"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Images, PostScriptPage, testing::ValuesIn(cases), nameOf);

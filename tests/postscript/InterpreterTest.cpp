@@ -2,6 +2,7 @@
 #include "PostScriptPage.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -187,7 +188,8 @@ TEST(PostScriptPixels, OfImages)
         s.drawImage(in({10, 10, 50, 50}), 1, 1, 0, 0);
         s.drawImage(in({60, 10, 100, 50}), 1, 0, 0, 0);
         s.drawImage(in({110, 10, 150, 50}), 2, 1, 0, 0);
-        for (const int picture : {1, 2, 3, 4}) { // nothing is known of the fourth
+        include(s, 4, "no image", INT_MAX, -1, 100);
+        for (const int picture : {1, 2, 3, 4, 70000}) {
             const LONG left = picture * 40 - 30;
             usePicture(s, picture);
             s.drawRectangle(in({left, 60, left + 30, 90}));

@@ -157,6 +157,8 @@ const PsCase cases[] = {
          s.setBrush(0xFF, 0);
          s.drawPie(in({0, 0, 100, 60}), 100, 30, 50, 0);
          s.drawChord(in({0, 0, 100, 60}), 50, 60, 0, 30);
+         s.setPen(0xFF, 0x3300, 1);
+         s.drawPie(in({0, 0, 100, 60}), 100, 30, 50, 0);
          without(s, true, true);
          s.drawArc(in({0, 0, 100, 60}), 1, 2, 3, 4);
          s.drawPie(in({0, 0, 100, 60}), 1, 2, 3, 4);
@@ -164,7 +166,9 @@ const PsCase cases[] = {
      " 1.000 0.000 0.000 setrgbcolor 50 -30 50 30 0 90  pie fill 0.000 0.000 0.000 setrgbcolor" + pen +
          "50 -30 50 30 0 90  pie stroke\n"
          " 1.000 0.000 0.000 setrgbcolor 50 -30 50 30 270 180  chord fill  0.000 0.000 0.000 setrgbcolor" +
-         pen + "50 -30 50 30 270 180  chord stroke \n\n"},
+         pen +
+         "50 -30 50 30 270 180  chord stroke \n 1.000 0.000 0.000 setrgbcolor 50 -30 50 30 0 90  pie fill "
+         "50 -30 50 30 0 90  pie stroke\n\n"},
     {"PathsInTheForegroundColour",
      [](auto& s) {
          s.setBrush(0xFF, 0);
