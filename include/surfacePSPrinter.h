@@ -130,7 +130,8 @@ public:
     // Filled and outlined, or outlined only.
     void drawPolygon(POINT* points, unsigned int count, bool fill);
     void drawPolyline(POINT* points, unsigned int count);
-    // The outline of a rectangle in the foreground colour.
+    // Strokes a rectangle in the foreground colour, unless a hatch or picture brush (with `fill`) or a pen whose
+    // colour the text has not set yet (without) puts its own over it.
     void drawPath(RECT* rect, bool fill);
     void drawEraseRectangle(RECT* rect, unsigned long color);
     // Nothing: a page has no bevelled edges.
