@@ -136,7 +136,9 @@ void CSurfacePSPrinter::appendStroke(TovoTextString& s)
 void CSurfacePSPrinter::appendStrokeAndFill(TovoTextString& s)
 {
     if (!haveFill()) {
-        appendStroke(s);
+        if (haveStroke()) {
+            appendStroke(s);
+        }
         return;
     }
     if (!haveStroke()) {
