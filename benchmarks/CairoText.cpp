@@ -97,7 +97,7 @@ private:
 
 void makeCairoText(int rows, std::string& page)
 {
-    writeCairoPage(textBounds(rows), page, [rows](cairo_t* cairo) {
+    writeCairoPage(PageFormat::svg, textBounds(rows), page, [rows](cairo_t* cairo) {
         // A painted ground covers the page from the start. Without it cairo unites the areas of all texts, one
         // by one, which costs it the square of their number.
         setColor(cairo, 0xFFFFFF);

@@ -8,3 +8,5 @@ bool pagesAgree(int rows);
 bool operationsWork(int rows);
 // Both surfaces keep a PNG byte for byte, and a bitmap that became a PNG keeps its pixels.
 bool imagesSurvive();
+// A document holds the samples of the bitmap, the same ones from a PNG, and the floor's digits.
+bool samplesSurvive();
