@@ -3,6 +3,8 @@
 
 // The floors are the surface's pages byte for byte, replays give the pages again, and the parser sees the texts.
 bool pagesAgree(int rows);
+// So are the floors of the PostScript documents.
+bool documentsAgree(int rows);
 // Stamping rewrites the marked field and nothing else; searches find the closing word where it stands, and
 // nothing where the word is missing.
 bool operationsWork(int rows);

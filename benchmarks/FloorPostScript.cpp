@@ -1,10 +1,9 @@
 // The least that the table page can cost as a PostScript document: its bytes, appended piece by piece to one
 // string. There is no surface, and no decision but those on pen and brush and on the colour and the line width
 // that are set already. Checks.cpp sees to it that the result is the surface's page byte for byte.
-#include <charconv>
 #include <string_view>
 
-#include "FloorWriter.h"
+#include "FloorPostScriptWriter.h"
 #include "PostScriptPage.h"
 #include "TablePage.h"
 #include "postscript/PostScriptProlog.h"
@@ -15,16 +14,14 @@ namespace {
 constexpr std::size_t roomPerRow = 2000;
 constexpr std::size_t roomForHead = 8000;
 
-constexpr double pointsPerMillimetre = 2.83465;
-
 constexpr std::string_view hatchPatterns[hatchCount] = {" HatchHorizontal", " HatchVertical",
                                                         " HatchFDiagonal",  " HatchBDiagonal",
                                                         " HatchCross",      " HatchDiagCross"};
 
 // Stands in for a surface in drawTable.
-class FloorPostScript : public FloorWriter {
+class FloorPostScript : public FloorPostScriptWriter {
 public:
-    using FloorWriter::FloorWriter;
+    using FloorPostScriptWriter::FloorPostScriptWriter;
 
     void setPen(unsigned long color, int /*style*/, int width)
     {
@@ -53,7 +50,11 @@ public:
     void drawLine(int x1, int y1, int x2, int y2)
     {
         writePen();
-        write(" ", x1, " ", -y1, "  moveto ", x2, " ", -y2, "  lineto stroke\n");
+        write(" ");
+        writePoint(x1, y1);
+        write(" moveto ");
+        writePoint(x2, y2);
+        write(" lineto stroke\n");
     }
 
     void drawSolidRectangle(const RECT* rect, unsigned long color)
@@ -106,26 +107,19 @@ public:
         write(" stroke\n");
     }
 
-    void writeScale(double pointsPerUnit)
-    {
-        char digits[16];
-        const char* const end = std::to_chars(digits, digits + sizeof digits,
-                                              static_cast<float>(pointsPerUnit), std::chars_format::fixed, 3)
-                                    .ptr;
-        write(std::string_view(digits, static_cast<std::size_t>(end - digits)), " ");
-    }
-
 private:
     void writePlace(const RECT* rect)
     {
-        write(rect->left, " ", -rect->top, " ", rect->right - rect->left, " ", rect->top - rect->bottom, " ");
+        writePoint(rect->left, rect->top);
+        writePoint(rect->right - rect->left, rect->bottom - rect->top);
     }
 
     void writePoints(const POINT* points, unsigned int count)
     {
         write(" newpath ");
         for (const POINT* point = points; point != points + count; ++point) {
-            write(point->x, " ", -point->y, point == points ? "  moveto " : "  lineto ");
+            writePoint(point->x, point->y);
+            write(point == points ? " moveto " : " lineto ");
         }
     }
 
@@ -133,25 +127,8 @@ private:
     {
         const int rx = (rect->right - rect->left) / 2;
         const int ry = (rect->bottom - rect->top) / 2;
-        write(rect->left + rx, " ", -(rect->top + ry), " ", rx, " ", ry, " 0 360 ", paint);
-    }
-
-    void writeColor(unsigned long color)
-    {
-        writePart(color & 0xFF);
-        write(" ");
-        writePart(color >> 8 & 0xFF);
-        write(" ");
-        writePart(color >> 16 & 0xFF);
-    }
-
-    // The part of 255 with three decimals. As "1ddd" or "2000" it has four digits in any case.
-    void writePart(unsigned long part)
-    {
-        char digits[4];
-        std::to_chars(digits, digits + sizeof digits, 1000 + (part * 1000 + 127) / 255);
-        const char text[] = {static_cast<char>(digits[0] - 1), '.', digits[1], digits[2], digits[3]};
-        write(std::string_view(text, sizeof text));
+        writePoint(rect->left + rx, rect->top + ry);
+        write(rx, " ", ry, " 0 360 ", paint);
     }
 
     void writePlainColor(unsigned long color)
@@ -200,20 +177,6 @@ private:
     int m_width = 1;
 };
 
-// With an origin of 0, 0.
-void writeHead(FloorPostScript& out, const RECT& bounds)
-{
-    constexpr RECT paper = pageMillimetres;
-    const double height = paper.bottom * pointsPerMillimetre;
-    out.write("%!PS-Adobe-3.0\n%%LanguageLevel: 2\n%%Creator: Tovo " SURFACE_VERSION "\n%%Orientation: ",
-              bounds.right > bounds.bottom ? "Landscape\n" : "Portrait\n");
-    out.write("0 0 translate\n0 ", static_cast<int>(height), " translate\n");
-    out.writeScale(paper.right * pointsPerMillimetre / bounds.right);
-    out.writeScale(height / bounds.bottom);
-    out.write("scale\n\n", PostScriptProlog::jshow, PostScriptProlog::framerect, PostScriptProlog::solidrect,
-              PostScriptProlog::ellipse, PostScriptProlog::hatch);
-}
-
 } // namespace
 
 void makeFloorPostScript(int rows, std::string& page)
@@ -221,7 +184,9 @@ void makeFloorPostScript(int rows, std::string& page)
     page.clear();
     page.reserve(roomForHead + static_cast<std::size_t>(rows) * roomPerRow);
     FloorPostScript out(page);
-    writeHead(out, tableBounds(rows));
+    out.writeHead(tableBounds(rows));
+    out.write(PostScriptProlog::jshow, PostScriptProlog::framerect, PostScriptProlog::solidrect,
+              PostScriptProlog::ellipse, PostScriptProlog::hatch);
     drawTable(out, rows);
     out.write("\nshowpage\n\n");
 }

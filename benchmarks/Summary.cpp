@@ -23,6 +23,8 @@ constexpr Ratio ratios[] = {
     {replayName, parseName, 1.0},
     {psSurfaceName, psFloorName, 3.0},
     {psCairoName, psSurfaceName, noLimit},
+    {psTextSurfaceName, psTextFloorName, 3.0},
+    {psTextCairoName, psTextSurfaceName, noLimit},
     {textSurfaceName, textFloorName, 3.0},
     {textCairoName, textSurfaceName, noLimit},
     {textReplayName, textParseName, 1.0},
@@ -49,9 +51,16 @@ struct Sizes {
 };
 
 constexpr Sizes sizes[] = {
-    {surfaceName, cairoName, smallTable},     {surfaceName, cairoName, largeTable},
-    {psSurfaceName, psCairoName, smallTable}, {psSurfaceName, psCairoName, largeTable},
-    {pngName, pngCairoName, imageSide},       {bitmapName, bitmapCairoName, imageSide},
+    {surfaceName, cairoName, smallTable},
+    {surfaceName, cairoName, largeTable},
+    {psSurfaceName, psCairoName, smallTable},
+    {psSurfaceName, psCairoName, largeTable},
+    {textSurfaceName, textCairoName, smallTable},
+    {textSurfaceName, textCairoName, largeTable},
+    {psTextSurfaceName, psTextCairoName, smallTable},
+    {psTextSurfaceName, psTextCairoName, largeTable},
+    {pngName, pngCairoName, imageSide},
+    {bitmapName, bitmapCairoName, imageSide},
     {psPngName, psImageCairoName, imageSide},
 };
 
@@ -63,9 +72,10 @@ struct Growth {
 };
 
 constexpr Growth growths[] = {
-    {floorName, noLimit},  {surfaceName, 1.2},   {freshSurfaceName, 1.2},  {psFloorName, noLimit},
-    {psSurfaceName, 1.2},  {replayName, 1.2},    {textFloorName, noLimit}, {textSurfaceName, 1.2},
-    {textReplayName, 1.2}, {plainMissName, 2.0}, {wordMissName, 2.0},
+    {floorName, noLimit},  {surfaceName, 1.2},         {freshSurfaceName, 1.2},  {psFloorName, noLimit},
+    {psSurfaceName, 1.2},  {replayName, 1.2},          {textFloorName, noLimit}, {textSurfaceName, 1.2},
+    {textReplayName, 1.2}, {psTextFloorName, noLimit}, {psTextSurfaceName, 1.2}, {plainMissName, 2.0},
+    {wordMissName, 2.0},
 };
 
 std::string key(const std::string& name, int argument)

@@ -19,17 +19,20 @@ inline constexpr const char* cairoName = "cairo";
 inline constexpr const char* replayName = "replay";
 inline constexpr const char* parseName = "parse";
 
-// The table page as PostScript.
-inline constexpr const char* psFloorName = "ps_floor";
-inline constexpr const char* psSurfaceName = "ps_surface";
-inline constexpr const char* psCairoName = "ps_cairo";
-
 // The same of the text page.
 inline constexpr const char* textFloorName = "text_floor";
 inline constexpr const char* textSurfaceName = "text_surface";
 inline constexpr const char* textCairoName = "text_cairo";
 inline constexpr const char* textReplayName = "text_replay";
 inline constexpr const char* textParseName = "text_parse";
+
+// Both pages as PostScript.
+inline constexpr const char* psFloorName = "ps_floor";
+inline constexpr const char* psSurfaceName = "ps_surface";
+inline constexpr const char* psCairoName = "ps_cairo";
+inline constexpr const char* psTextFloorName = "ps_text_floor";
+inline constexpr const char* psTextSurfaceName = "ps_text_surface";
+inline constexpr const char* psTextCairoName = "ps_text_cairo";
 
 inline constexpr const char* stampName = "stamp";
 inline constexpr const char* copiesName = "stamp_copies";

@@ -1,7 +1,8 @@
 // Measures what it costs to write a page of shapes and one of text, to replay them, to search and to stamp the
 // one of text, and to include an image. CSurfaceSVG stands beside cairo's SVG surface and beside the floor of
-// bare appends, CSurfacePSPrinter likewise beside cairo's PostScript surface of level 2, CMetaFilePlayer on a surface that does nothing beside an expat parse of the same bytes, the
-// page operations beside memmem and memcpy as well.
+// bare appends, CSurfacePSPrinter likewise beside cairo's PostScript surface of level 2, CMetaFilePlayer on a
+// surface that does nothing beside an expat parse of the same bytes, the page operations beside memmem and
+// memcpy as well.
 //
 // Freed memory stays in the process, so that what a benchmark costs does not depend on what ran before it.
 // Only surface_fresh gives all of it back between its pages: each of them is written to memory that the system
@@ -141,6 +142,9 @@ void registerPages()
     registerBenchmark(textFloorName, measurePage, makeFloorText, textCalls, Memory::kept);
     registerBenchmark(textSurfaceName, measurePage, makeSurfaceText, textCalls, Memory::kept);
     registerBenchmark(textCairoName, measurePage, makeCairoText, textCalls, Memory::kept);
+    registerBenchmark(psTextFloorName, measurePage, makeFloorPostScriptText, textCalls, Memory::kept);
+    registerBenchmark(psTextSurfaceName, measurePage, makePostScriptText, textCalls, Memory::kept);
+    registerBenchmark(psTextCairoName, measurePage, makeCairoPostScriptText, textCalls, Memory::kept);
     registerWork(textReplayName, makeSurfaceText, textCalls, replay);
     registerWork(textParseName, makeSurfaceText, textCalls, parse);
 }
@@ -261,7 +265,7 @@ int main(int argc, char** argv)
         return 1;
     }
     for (const int rows : {smallTable, largeTable}) {
-        if (!pagesAgree(rows) || !operationsWork(rows)) {
+        if (!pagesAgree(rows) || !documentsAgree(rows) || !operationsWork(rows)) {
             return 1;
         }
     }
