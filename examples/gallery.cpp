@@ -83,12 +83,17 @@ rectangles, frames, alignment and runs as they were drawn.</p>
 
 void writeFigure(std::ostream& out, const GalleryEntry& entry, const GalleryFigure& figure)
 {
-    const std::string svg = fileOf(*entry.page, *figure.column, ".svg");
+    const std::string file = fileOf(*entry.page, *figure.column, figure.column->extension);
     const std::string png = fileOf(*entry.page, *figure.column, ".png");
-    out << "<figure>\n<a href=\"" << svg << "\"><img src=\"" << svg << "\" alt=\"" << entry.page->title
+    const std::string& shown = file.ends_with(".svg") ? file : png;
+    out << "<figure>\n<a href=\"" << shown << "\"><img src=\"" << shown << "\" alt=\"" << entry.page->title
         << ": " << figure.column->title << "\"></a>\n<figcaption><b>" << figure.column->title << "</b><span>"
-        << figure.bytes << " bytes</span><span>" << figure.calls << " calls</span><a href=\"" << png
-        << "\">PNG</a></figcaption>\n</figure>\n";
+        << figure.bytes << " bytes</span>";
+    if (figure.calls != 0) {
+        out << "<span>" << figure.calls << " calls</span>";
+    }
+    out << "<a href=\"" << file << "\">" << figure.column->extension + 1 << "</a><a href=\"" << png
+        << "\">png</a></figcaption>\n</figure>\n";
 }
 
 void writePage(std::ostream& out, const GalleryEntry& entry)
