@@ -13,7 +13,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string_view>
 #include <vector>
 
 #include "comparison.h"
@@ -44,9 +43,6 @@ using PageByColumn = std::array<Page, ColumnCount>;
 
 // Stands in headings, table cells, captions and runs, and once in two runs that share it.
 constexpr const char* wantedWord = "heating";
-
-// The page that is drawn on a sheet of PostScript as well, without being stored before.
-constexpr std::string_view directPage = "shares";
 
 constexpr const char* fontMapName = "Fontmap";
 
@@ -86,13 +82,6 @@ Page drawPage(const ReportPage& page)
     return stored(surface);
 }
 
-Page printDirectly(const ReportPage& page)
-{
-    CSurfacePSPrinter paper = emptyPaper();
-    drawReportPage(paper, page);
-    return stored(paper);
-}
-
 // Stamps number and total into the pages that show them; false when one could not be stamped.
 bool stampPages(std::vector<Page>& pages)
 {
@@ -116,7 +105,7 @@ GalleryEntry makeEntry(const ReportPage& page, PageByColumn& made)
     made[Replayed] = replayed(made[Drawn]);
     made[Printed] = printed(made[Drawn]);
     if (page.name == directPage) {
-        made[PrintedDirectly] = printDirectly(page);
+        made[PrintedDirectly] = printedDirectly(page);
     }
     const Comparison comparison = compareReplay(made[Drawn], made[Replayed]);
     GalleryEntry entry = {&page, {}, comparison.agrees, comparison.verdict, findAll(made[Drawn], wantedWord)};

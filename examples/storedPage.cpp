@@ -18,16 +18,6 @@ CSurfaceSVG emptyPage()
     return CSurfaceSVG(&paper, &logical);
 }
 
-CSurfacePSPrinter emptyPaper()
-{
-    CSurfacePSPrinter paper(0, 0);
-    paper.m_width = logicalWidth;
-    paper.m_height = logicalHeight;
-    paper.m_pageWidth = pageMillimetresWide;
-    paper.m_pageHeight = pageMillimetresHigh;
-    return paper;
-}
-
 void drawReportPage(CSurface& surface, const ReportPage& page)
 {
     page.draw(surface);
@@ -68,4 +58,16 @@ Page printed(Page& page)
 {
     CSurfacePSPrinter paper(0, 0);
     return playOn(paper, page) ? stored(paper) : Page();
+}
+
+Page printedDirectly(const ReportPage& page)
+{
+    // The size is what a player would set.
+    CSurfacePSPrinter paper(0, 0);
+    paper.m_width = logicalWidth;
+    paper.m_height = logicalHeight;
+    paper.m_pageWidth = pageMillimetresWide;
+    paper.m_pageHeight = pageMillimetresHigh;
+    drawReportPage(paper, page);
+    return stored(paper);
 }

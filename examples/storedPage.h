@@ -4,6 +4,7 @@
 // report's logical units.
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "surfacePSPrinter.h"
@@ -15,8 +16,6 @@ using Page = std::vector<unsigned char>;
 
 RECT wholePage();
 CSurfaceSVG emptyPage();
-// The size of the paper, which a player would set.
-CSurfacePSPrinter emptyPaper();
 
 // The whole page: figures, title, words, and the place of the page count.
 void drawReportPage(CSurface& surface, const ReportPage& page);
@@ -28,3 +27,7 @@ bool playOn(CSurface& surface, Page& page);
 Page replayed(Page& page);
 // The page played as a PostScript document; empty when it could not be played.
 Page printed(Page& page);
+
+// The page that the demo also draws on a sheet of PostScript, without storing it before.
+inline constexpr std::string_view directPage = "shares";
+Page printedDirectly(const ReportPage& page);

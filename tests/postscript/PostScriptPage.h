@@ -52,6 +52,14 @@ inline std::string drawnText(const PsDrawing& draw)
     return textOf(page);
 }
 
+inline std::string documentOf(const PsDrawing& draw)
+{
+    CSurfacePSPrinter page = freshPage();
+    draw(page);
+    EXPECT_EQ(0, page.closeSurface());
+    return textOf(page);
+}
+
 // A rectangle that needs an address only while the call lasts.
 inline RECT* in(RECT&& rect)
 {
