@@ -38,32 +38,27 @@ const std::string seeThrough("\x01\x02\x03\0\x04\x05\x06\x01\x07\x08\x09\x80", 1
 
 struct ImageCase {
     std::string pixels;
-    int bits, rows;
+    std::size_t bits, rows;
     int width, height, type;
     std::string data;
 };
 
 const ImageCase images[] = {
     {black, 24, 2, 2, 2, png, "f50080"},
-    {red, 24, 2, 2, 2, png, "0bff0000ff0000ff0000ff000080"},
     {std::string(129, 'a'), 24, 1, 43, 1, png, "8161006180"},
     {std::string(132, 'a'), 24, 1, 44, 1, png, "8161fd6180"},
     {"aaaaaabbb" + red.substr(0, 3), 24, 1, 4, 1, png, "fb61fe6202ff000080"},
     {counting(129), 24, 1, 43, 1, png,
      "7f" + samplesOf(counting(129)).substr(0, 256) + "00" + samplesOf(counting(129)).substr(256) + "80"},
     {counting(3), 24, 1, 1, 1, png, "0202010080"},
-    {counting(147), 24, 1, 49, 1, jpeg, samplesOf(counting(147))},
-    {counting(150), 24, 1, 50, 1, jpeg, samplesOf(counting(150))},
     {counting(300), 24, 2, 50, 2, jpeg, samplesOf(counting(300))},
     {seeThrough, 32, 1, 3, 1, jpeg, "010181030201060504090807"},
     {seeThrough, 32, 1, 3, 1, png, "0b01018103020106050409080780"},
     // Stated sizes that the pixels don't reach; the last one stays within them.
     {black, 24, 2, 3, 2, png, "none"},
-    {black, 24, 2, 2, 3, png, "none"},
     {black, 24, 2, 2, INT_MAX, png, "none"},
     {seeThrough, 32, 1, 3, 2, png, "none"},
     {black, 24, 2, -2, 2, png, "none"},
-    {black, 24, 2, 0, INT_MAX, png, "none"},
     {counting(12), 24, 2, 2, 1, jpeg, "020100050403"},
 };
 
@@ -123,9 +118,8 @@ void fillWith(CSurfacePSPrinter& s, int picture)
     s.drawRectangle(in({1, 2, 4, 6}));
 }
 
-const PsCase cases[] = {
-    {"ScaledAndNatural",
-     [](auto& s) {
+const PsCase uses[] = {
+    {[](auto& s) {
          include(s, 0, bitmapOf(black, 24, 2), 2, 2);
          include(s, 0, bitmapOf(red, 24, 2), 2, 2, tile);
          include(s, 65535, bitmapOf(black, 24, 2), 2, 2, jpeg);
@@ -135,16 +129,14 @@ const PsCase cases[] = {
      frame + "10 -70  translate 100 50 scale " + dictionary +
          " /RunLengthDecode filter\n>> image\nf50080\n>\ngrestore\n" + frame +
          "10 -22  translate 2 2 scale " + dictionary + "\n>> image\n000000000000000000000000\n>\ngrestore\n"},
-    {"Transparent",
-     [](auto& s) {
+    {[](auto& s) {
          include(s, 3, bitmapOf(seeThrough + std::string(4, '\0'), 32, 2), 2, 2, tile);
          place(s, 3, 0);
      },
      definition("3", "01010302010605048101090807000000") + frame + "10 -22  translate 2 2 scale " +
          dictionary + "\n>> 1 transparentimage\n01010302010605048101090807000000\n>\ngrestore\n"},
     // The newest definition stands first, and those of images that were no tiles come with their first use.
-    {"Patterns",
-     [](auto& s) {
+    {[](auto& s) {
          include(s, 1, bitmapOf(black, 24, 2), 2, 2);
          include(s, 2, bitmapOf(red, 24, 2), 2, 2, tile);
          include(s, 3, bitmapOf(seeThrough + std::string(4, '\0'), 32, 2), 2, 2);
@@ -160,8 +152,7 @@ const PsCase cases[] = {
          definition("1", std::string(24, '0')) + definition("2", "ff0000ff0000ff0000ff0000") + filled("2") +
          filled("1") + tiled("3") + filled("3") + filled("4")},
     // What cannot be decoded keeps its id and, as a tile, its pattern.
-    {"NothingToDraw",
-     [](auto& s) {
+    {[](auto& s) {
          include(s, 5, "no image at all", 2, 2, tile);
          include(s, 5, bitmapOf(black, 24, 2), 2, 2);
          include(s, 6, "", 2, 2);
@@ -176,37 +167,23 @@ const PsCase cases[] = {
      definition("5", "") + "1 -2 3 -4 \n"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Images, PostScriptPage, testing::ValuesIn(cases), nameOf);
-
-TEST(PostScriptImages, LiveAsLongAsASurfaceHoldsThem)
+TEST(PostScriptImages, LeaveTheirText)
 {
-    CSurfacePSPrinter last = freshPage();
-    {
-        CSurfacePSPrinter first = freshPage();
-        include(first, 1, bitmapOf(black, 24, 2), 2, 2);
-        CSurfacePSPrinter second(first);
-        last = second;
-        last = *&last;
-        fillWith(second, 1);
-        EXPECT_EQ("", textOf(first));
-        EXPECT_EQ(definition("1", std::string(24, '0')) + filled("1"), textOf(second));
-    }
-    place(last, 1, 0);
-    EXPECT_TRUE(textOf(last).ends_with("f50080\n>\ngrestore\n"));
+    expectTexts(uses);
 }
 
 TEST(PostScriptImages, AreEmptyWithoutTheLibraryOrMemory)
 {
-    krnSetImageLibrary("no such library");
-    CSurfacePSPrinter page = freshPage();
-    include(page, 1, bitmapOf(black, 24, 2), 2, 2);
-    krnSetImageLibrary(nullptr);
-    kstr_setFailure(0);
-    include(page, 2, bitmapOf(black, 24, 2), 2, 2);
-    kstr_setFailure(-1);
-    place(page, 1, 0);
-    place(page, 2, 0);
-    EXPECT_EQ("", textOf(page));
+    EXPECT_EQ("", drawnText([](auto& s) {
+                  krnSetImageLibrary("no such library");
+                  include(s, 1, bitmapOf(black, 24, 2), 2, 2);
+                  krnSetImageLibrary(nullptr);
+                  kstr_setFailure(0);
+                  include(s, 2, bitmapOf(black, 24, 2), 2, 2);
+                  kstr_setFailure(-1);
+                  place(s, 1, 0);
+                  place(s, 2, 0);
+              }));
 }
 
 } // namespace

@@ -37,9 +37,8 @@ void drawChunks(CSurfacePSPrinter& s, std::initializer_list<Chunk> list, int fla
     EXPECT_TRUE(s.drawString(&array, in({1, 1000, 3, 4}), flags));
 }
 
-const PsCase cases[] = {
-    {"Fonts",
-     [](auto& s) {
+const PsCase texts[] = {
+    {[](auto& s) {
          CSurfaceFont font(times, 10, true, true, true, true);
          s.setFont(&font);
          EXPECT_EQ(font, s.m_font);
@@ -53,8 +52,7 @@ const PsCase cases[] = {
      "/Arial findfont 35.28 scalefont setfont \n/Arial-Bold findfont -3.53 scalefont setfont \n"
      "/-Italic findfont 3.53 scalefont setfont \n/Arial findfont 0.00 scalefont setfont \n"},
     // The point size is added as it is.
-    {"PlainText",
-     [](auto& s) {
+    {[](auto& s) {
          black(s);
          s.drawString("Hi", in({100, 200, 1, 2}), 0xFF);
          s.setTextColor(0xFF);
@@ -62,8 +60,7 @@ const PsCase cases[] = {
      },
      "\n 100 -210  moveto\n(Hi) show\n 1.000 0.000 0.000 setrgbcolor\n 0 2147483639  moveto\n"
      "(&\\(\\\\\\)\x80\n) show\n"},
-    {"TextAtAPoint",
-     [](auto& s) {
+    {[](auto& s) {
          black(s);
          POINT point{7, 8};
          for (const unsigned int flags : {0U, 1U, 2U, 3U}) {
@@ -74,8 +71,7 @@ const PsCase cases[] = {
      },
      " 7 -18  moveto (x) show\n 7 -18  moveto (x) middleshow\n 7 -18  moveto (x) rightshow\n"
      " 7 -18  moveto (x) rightshow\n1.000 0.000 0.000 setrgbcolor 7 -18  moveto (x) show\n"},
-    {"TextOnABaseLine",
-     [](auto& s) {
+    {[](auto& s) {
          black(s);
          char text[] = "(ab";
          s.drawTextOnBaseLine(7, 8, 0, in({1, 2, 3, 4}), text, -1);
@@ -90,8 +86,7 @@ const PsCase cases[] = {
                 "\\(ab) show\n" + start + ") show\n";
      }()},
     // The first line is 35 units below the top and a line 42 high.
-    {"ChunksAndTheirPlaces",
-     [](auto& s) {
+    {[](auto& s) {
          black(s);
          drawChunks(
              s,
@@ -105,8 +100,7 @@ const PsCase cases[] = {
      "gsave newpath 1 -1000  moveto 3 -1000  lineto 3 -4  lineto 1 -4  lineto closepath clip\n"
      "\t1 -1035  moveto 0  false false (a) jshow\n\t0  false false (b) jshow\ngrestore\n"
      "1.000 0.000 0.000 setrgbcolor\ngsave\ngrestore\n"},
-    {"ChunksTurnedAndStyled",
-     [](auto& s) {
+    {[](auto& s) {
          black(s);
          s.m_font = CSurfaceFont(arial, 10, false, false, true, true);
          s.setTextRotation(0, 90);
@@ -118,7 +112,10 @@ const PsCase cases[] = {
      "gsave\n\t0 0  moveto 0  true true () -45  0  rotatedshow\ngrestore\n"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Text, PostScriptPage, testing::ValuesIn(cases), nameOf);
+TEST(PostScriptText, LeavesItsText)
+{
+    expectTexts(texts);
+}
 
 TEST(PostScriptText, IsEscapedUpToAZeroByte)
 {
