@@ -41,8 +41,6 @@ TEST(PostScriptProcedures, LeaveTheRightValues)
         {"10 -50 moveto 0 true true (abc) jshow currentpoint pop" + width + " sub round cvi =", "10"},
         {"99 -50 moveto (abc) rightshow currentpoint pop round cvi =", "99"},
         {"99 -50 moveto (abc) middleshow currentpoint pop" + width + " 2 div sub round cvi =", "99"},
-        {"newpath 50 -50 40 20 0 90 pie 52 -48 infill = 80 -38 infill =", "true true"},
-        {"newpath 50 -50 40 20 0 90 chord 52 -48 infill = 80 -38 infill =", "false true"},
         {"0 1 0 setrgbcolor 5 setlinewidth 1 0 0 1 2 3 4 framerect 1 2 3 4 focusrect 1 0 0 1 2 3 4 solidrect "
          "currentlinewidth cvi = currentrgbcolor cvi = cvi = cvi = currentdash pop length =",
          "5 0 1 0 0"},
@@ -60,8 +58,6 @@ TEST(PostScriptProcedures, LeaveTheRightValues)
         s.setFont(face, 10, false, false, false, false);
         s.drawTextAt("", &point, 1);
         s.drawTextAt("", &point, 2);
-        s.drawPie(in({0, 0, 9, 9}), 0, 0, 0, 0);
-        s.drawChord(in({0, 0, 9, 9}), 0, 0, 0, 0);
         s.drawFocusRect(in({0, 0, 9, 9}));
         s.frameRect(in({0, 0, 9, 9}), 0);
         s.drawSolidRectangle(in({0, 0, 9, 9}), 0);
