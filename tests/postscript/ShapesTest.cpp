@@ -103,12 +103,13 @@ const PsCase shapes[] = {
      "stroke\n~50 -50 50 50 270 90  ellipse stroke\n~50 -50 50 50 44 90  ellipse stroke\n~50 -50 50 50 224 "
      "90  ellipse stroke\n~50 -50 50 50 315 90  ellipse stroke\n~50 -50 50 50 90 90  ellipse stroke\n"},
     {[](auto& s) {
+         RECT box{0, 0, 100, 60};
          s.setBrush(0xFF, 0);
-         s.drawPie(in({0, 0, 100, 60}), 100, 30, 50, 0);
-         s.drawChord(in({0, 0, 100, 60}), 50, 60, 0, 30);
+         s.drawPie(&box, 100, 30, 50, 0);
+         s.drawChord(&box, 50, 60, 0, 30);
          without(s, true, true);
-         s.drawArc(in({0, 0, 100, 60}), 1, 2, 3, 4);
-         s.drawPie(in({0, 0, 100, 60}), 1, 2, 3, 4);
+         s.drawArc(&box, 1, 2, 3, 4);
+         s.drawPie(&box, 1, 2, 3, 4);
      },
      " @r 50 -30 50 30 0 90  pie fill @0~50 -30 50 30 0 90  pie stroke\n @r 50 -30 50 30 270 180  chord fill "
      " @0~50 -30 50 30 270 180  chord stroke \n\n"},
