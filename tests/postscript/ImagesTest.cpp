@@ -2,7 +2,6 @@
 #include "PostScriptPage.h"
 
 #include <climits>
-#include <numeric>
 
 #include "sys/krnutil.h"
 
@@ -12,23 +11,9 @@ constexpr int jpeg = 7; // kept without run lengths, whatever the bytes are
 constexpr int png = 8;
 constexpr int tile = 100;
 
-std::string counting(std::size_t bytes)
+std::string times(int count, const std::string& text)
 {
-    std::string text(bytes, '\0');
-    std::iota(text.begin(), text.end(), '\0');
-    return text;
-}
-
-// Blue, green and red as the digits of red, green and blue.
-std::string samplesOf(const std::string& pixels)
-{
-    std::string text;
-    for (std::size_t i = 0; i < pixels.size(); ++i) {
-        char digits[3];
-        intlSprintf(digits, "%.2x", static_cast<unsigned int>(pixels[i / 3 * 3 + 2 - i % 3]) & 0xFFU);
-        text += digits + std::string(i % 150 == 149 ? "\n" : "");
-    }
-    return text;
+    return count > 0 ? text + times(count - 1, text) : "";
 }
 
 const std::string black(12, '\0');
@@ -44,20 +29,18 @@ struct ImageCase {
 
 const ImageCase images[] = {
     {black, 24, 2, 2, 2, png, "f50080"},
-    {std::string(129, 'a'), 24, 1, 43, 1, png, "8161006180"},
-    {std::string(132, 'a'), 24, 1, 44, 1, png, "8161fd6180"},
-    {"aaaaaabbb" + red.substr(0, 3), 24, 1, 4, 1, png, "fb61fe6202ff000080"},
-    {counting(129), 24, 1, 43, 1, png,
-     "7f" + samplesOf(counting(129)).substr(0, 256) + "00" + samplesOf(counting(129)).substr(256) + "80"},
-    {counting(3), 24, 1, 1, 1, png, "0202010080"},
-    {counting(300), 24, 2, 50, 2, jpeg, samplesOf(counting(300))},
+    {times(129, "a"), 24, 1, 43, 1, png, "8161006180"},
+    {times(132, "a"), 24, 1, 44, 1, png, "8161fd6180"},
+    {"aaaaaabbbabc", 24, 1, 4, 1, png, "fb61fe620263626180"},
+    {times(64, "ab") + "a", 24, 1, 43, 1, png, "7f" + times(64, "6162") + "006180"},
+    {times(300, "a"), 24, 2, 50, 2, jpeg, times(2, times(150, "61") + "\n")},
     {seeThrough, 32, 1, 3, 1, jpeg, "010181030201060504090807"},
     {seeThrough, 32, 1, 3, 1, png, "0b01018103020106050409080780"},
     // Stated sizes that the pixels don't reach; the last one stays within them.
     {black, 24, 2, 2, INT_MAX, png, "none"},
     {seeThrough, 32, 1, 3, 2, png, "none"},
     {black, 24, 2, -2, 2, png, "none"},
-    {counting(12), 24, 2, 2, 1, jpeg, "020100050403"},
+    {"abcdefghijkl", 24, 2, 2, 1, jpeg, "636261666564"},
 };
 
 TEST(PostScriptImages, AreWrittenAsSamples)
@@ -135,8 +118,8 @@ const PsCase uses[] = {
          fillWith(s, 4);
          include(s, 4, bitmapOf(black, 24, 2), 2, 2);
      },
-     definition("4", std::string(24, '0')) + definition("3", "030201060504090807000000") +
-         definition("1", std::string(24, '0')) + definition("2", "ff0000ff0000ff0000ff0000") + filled("2") +
+     definition("4", times(24, "0")) + definition("3", "030201060504090807000000") +
+         definition("1", times(24, "0")) + definition("2", "ff0000ff0000ff0000ff0000") + filled("2") +
          filled("1") + frame +
          "10 -22  translate 2 2 scale @pPattern3 setpattern  clippath fill\ngrestore\n" + filled("3") +
          filled("4")},

@@ -2,8 +2,8 @@
 #include "PostScriptPage.h"
 
 #include <climits>
-#include <deque>
-#include <vector>
+
+#include "lettering.h"
 
 namespace {
 
@@ -14,27 +14,6 @@ void black(CSurfacePSPrinter& s)
 {
     s.m_font = CSurfaceFont(arial, 10);
     s.setTextColor(0);
-}
-
-struct Chunk {
-    const char* text;
-    POINT position;
-    bool followsPrevious = false;
-    int textLength = -1;
-    bool underline = false, isNewLine = false;
-};
-
-void drawChunks(CSurfacePSPrinter& s, const std::vector<Chunk>& list, int flags = 0x100)
-{
-    std::deque<CSurfaceTextChunk> chunks; // whose elements stay where they are
-    Array<CSurfaceTextChunk, 2> array;
-    for (const auto& [text, position, follows, length, underline, isNewLine] : list) {
-        TovoTextString content(text);
-        CSurfaceTextChunk& chunk = chunks.emplace_back();
-        chunk.create(&content, isNewLine, position, follows, length, underline);
-        array.add(&chunk);
-    }
-    EXPECT_TRUE(s.drawString(&array, in({1, 1000, 3, 4}), flags));
 }
 
 const PsCase texts[] = {
@@ -77,22 +56,25 @@ const PsCase texts[] = {
     // The first line is 35 units below the top and a line 42 high.
     {[](auto& s) {
          black(s);
-         drawChunks(
-             s,
-             {{"Hi", {100, 200}, false, 350}, {"on", {0, 0}, true}, {"new", {9, INT_MAX}, false, -5, true}});
-         drawChunks(s, {{"a", {9, INT_MAX}, true}, {"b", {9, INT_MAX}, true, 0, false, true}}, 0);
+         RECT box{1, 1000, 3, 4};
+         Runs()
+             .at(100, 200, "Hi", {.width = 350})
+             .then("on")
+             .at(9, INT_MAX, "new", {true, -5})
+             .draw(s, box, 0x100);
+         Runs().then("a").then("b", {.width = 0}).draw(s, box, 0);
          s.setTextColor(0xFF);
-         drawChunks(s, {});
+         Runs().draw(s, box, 0x100);
          s.m_font = CSurfaceFont(arial, 10, false, false, true, true);
          s.setTextRotation(0, 90);
-         drawChunks(s, {{"(", {0, -35}}});
+         Runs().at(0, -35, "(").draw(s, box, 0x100);
          s.setTextRotation(-45, 0);
-         drawChunks(s, {{"", {0, -35}}});
+         Runs().at(0, -35, "").draw(s, box, 0x100);
      },
      "gsave\n\t100 -235  moveto 350  false false (Hi) jshow\n\t0  false false (on) jshow\n"
      "\t9 -1077  moveto 0  false true (new) jshow\ngrestore\n"
      "gsave newpath 1 -1000  moveto 3 -1000  lineto 3 -4  lineto 1 -4  lineto closepath clip\n"
-     "\t1 -1035  moveto 0  false false (a) jshow\n\t0  false false (b) jshow\ngrestore\n"
+     "\t1 -35  moveto 0  false false (a) jshow\n\t0  false false (b) jshow\ngrestore\n"
      "@r\ngsave\ngrestore\ngsave\n\t0 0  moveto 0  true true (\\() 0  90  rotatedshow\ngrestore\n"
      "gsave\n\t0 0  moveto 0  true true () -45  0  rotatedshow\ngrestore\n"},
 };
