@@ -60,16 +60,9 @@ TEST(PostScriptImages, AreWrittenAsSamples)
 std::string definition(const std::string& id, const std::string& data)
 {
     return "<<\n /PaintType 1 /PatternType 1 /TilingType 1 /BBox[0 0 2 2] /XStep 2 /YStep 2 /PaintProc {\n  "
-           "pop\n  2 2  scale\n  /DeviceRGB setcolorspace\n  << /ImageType 1 /Width 2 /Height 2 "
-           "/BitsPerComponent 8 /ImageMatrix [2 0 0 2 0 0] /Decode [0 1 0 1 0 1] /DataSource\n   <" +
+           "pop\n  2 2  scale\n  /DeviceRGB setcolorspace\n  << @d\n   <" +
            data + ">\n  >>image\n }\n>> matrix makepattern /Pattern" + id + " exch def\n";
 }
-
-const std::string frame =
-    "gsave\n newpath 10 -20  moveto 110 -20  lineto 110 -70  lineto 10 -70  lineto closepath clip newpath\n";
-const std::string dictionary =
-    " /DeviceRGB setcolorspace\n<< /ImageType 1 /Width 2 /Height 2 /BitsPerComponent 8 /ImageMatrix [2 0 0 2 "
-    "0 0] /Decode [0 1 0 1 0 1] /DataSource currentfile /ASCIIHexDecode filter";
 
 std::string filled(const std::string& id)
 {
@@ -83,7 +76,9 @@ void place(CSurfacePSPrinter& s, unsigned int id, int mode)
 
 void fillWith(CSurfacePSPrinter& s, int picture)
 {
-    usePicture(s, picture);
+    CSurfaceBrush brush;
+    brush.setPicture(picture);
+    s.setBrush(&brush);
     s.setPen(0, 5, 1);
     s.drawRectangle(in({1, 2, 4, 6}));
 }
@@ -96,15 +91,15 @@ const PsCase uses[] = {
          place(s, 0, 1);
          place(s, 65535, 0);
      },
-     frame + "10 -70  translate 100 50 scale " + dictionary +
-         " /RunLengthDecode filter\n>> image\nf50080\n>\ngrestore\n" + frame +
-         "10 -22  translate 2 2 scale " + dictionary + "\n>> image\n000000000000000000000000\n>\ngrestore\n"},
+     "@f10 -70  translate 100 50 scale @i /RunLengthDecode filter\n>> image\nf50080\n>\ngrestore\n@f10 -22  "
+     "translate 2 2 scale @i\n>> image\n000000000000000000000000\n>\ngrestore\n"},
     {[](auto& s) {
          include(s, 3, bitmapOf(seeThrough + std::string(4, '\0'), 32, 2), 2, 2, tile);
          place(s, 3, 0);
      },
-     definition("3", "01010302010605048101090807000000") + frame + "10 -22  translate 2 2 scale " +
-         dictionary + "\n>> 1 transparentimage\n01010302010605048101090807000000\n>\ngrestore\n"},
+     definition("3", "01010302010605048101090807000000") +
+         "@f10 -22  translate 2 2 scale @i\n>> 1 "
+         "transparentimage\n01010302010605048101090807000000\n>\ngrestore\n"},
     // The newest definition stands first, and those of images that were no tiles come with their first use.
     {[](auto& s) {
          include(s, 1, bitmapOf(black, 24, 2), 2, 2);
@@ -120,9 +115,8 @@ const PsCase uses[] = {
      },
      definition("4", times(24, "0")) + definition("3", "030201060504090807000000") +
          definition("1", times(24, "0")) + definition("2", "ff0000ff0000ff0000ff0000") + filled("2") +
-         filled("1") + frame +
-         "10 -22  translate 2 2 scale @pPattern3 setpattern  clippath fill\ngrestore\n" + filled("3") +
-         filled("4")},
+         filled("1") + "@f10 -22  translate 2 2 scale @pPattern3 setpattern  clippath fill\ngrestore\n" +
+         filled("3") + filled("4")},
     // What cannot be decoded keeps its id and, as a tile, its pattern.
     {[](auto& s) {
          include(s, 5, "no image at all", 2, 2, tile);

@@ -47,12 +47,19 @@ inline std::string drawnText(const PsDrawing& draw)
 inline void expectTexts(std::span<const PsCase> cases)
 {
     constexpr std::pair<const char*, const char*> marks[] = {
+        {"@h", "1 -2 3 -4 @p0.000 0.000 0.000 Hatch"},
+        {"@i", " /DeviceRGB setcolorspace\n<< @d currentfile /ASCIIHexDecode filter"},
         {"~", " 1 setlinecap  1 setlinejoin "},
         {"@0", "0.000 0.000 0.000 setrgbcolor"},
         {"@r", "1.000 0.000 0.000 setrgbcolor"},
         {"@g", "0.000 1.000 0.000 setrgbcolor"},
         {"@p", "\n[/Pattern /DeviceRGB] setcolorspace "},
         {"@b", "newpath 1 -2  moveto 3 -2  lineto 3 -4  lineto 1 -4  lineto closepath"},
+        {"@l", "0 0  moveto 0 0  lineto stroke\n"},
+        {"@f", "gsave\n newpath 10 -20  moveto 110 -20  lineto 110 -70  lineto 10 -70  lineto closepath clip "
+               "newpath\n"},
+        {"@d", "/ImageType 1 /Width 2 /Height 2 /BitsPerComponent 8 /ImageMatrix [2 0 0 2 0 0] /Decode [0 1 "
+               "0 1 0 1] /DataSource"},
     };
     for (PsCase c : cases) {
         for (const auto& [mark, meaning] : marks) {
@@ -100,11 +107,4 @@ inline void include(CSurfacePSPrinter& s, unsigned int id, std::string image, in
 {
     s.includeImage(id, reinterpret_cast<unsigned char*>(image.data()), static_cast<int>(image.size()), width,
                    height, type);
-}
-
-inline void usePicture(CSurfacePSPrinter& s, int picture)
-{
-    CSurfaceBrush brush;
-    brush.setPicture(picture);
-    s.setBrush(&brush);
 }

@@ -26,9 +26,8 @@ const PsCase shapes[] = {
          }
      },
      "~ 0 0  moveto 10 -10  lineto stroke\n @r 3 setlinewidth 2 setlinecap  2 setlinejoin  1 -2  moveto 3 "
-     "-2147483648  lineto stroke\n 0 setlinecap  0 setlinejoin  0 0  moveto 0 0  lineto stroke\n 0 0  moveto "
-     "0 0  lineto stroke\n @0  0 0  moveto 0 0  lineto stroke\n 1 setlinejoin  0 0  moveto 0 0  lineto "
-     "stroke\n 1 setlinecap  0 0  moveto 0 0  lineto stroke\n"},
+     "-2147483648  lineto stroke\n 0 setlinecap  0 setlinejoin  @l @l @0  @l 1 setlinejoin  @l 1 setlinecap  "
+     "@l"},
     // A solid fill sets its colour each time, and the pen then sets its own back. A hatch leaves the colour that
     // counts as current alone.
     {[](auto& s) {
@@ -49,10 +48,8 @@ const PsCase shapes[] = {
      },
      "1 -2 3 -4 ~ rectstroke\n1.000 0.000 0.000 1 -2 3 -4  solidrect\n0.000 1.000 0.000 1 -2 3 -4  "
      "framerect\n1 -2 3 -4  focusrect\n1 -2 3 -4  4 copy @r  rectfill @0~ rectstroke\n1 -2 3 -4  @r  "
-     "rectfill\n1 -2 3 -4 @p0.000 0.000 0.000 HatchHorizontal setcolor  rectfill\n1 -2 3 -4 @p0.000 0.000 "
-     "0.000 HatchVertical setcolor  rectfill\n1 -2 3 -4 @p0.000 0.000 0.000 HatchFDiagonal setcolor  "
-     "rectfill\n1 -2 3 -4 @p0.000 0.000 0.000 HatchBDiagonal setcolor  rectfill\n1 -2 3 -4 @p0.000 0.000 "
-     "0.000 HatchCross setcolor  rectfill\n1 -2 3 -4 @p0.000 0.000 0.000 HatchDiagCross setcolor  "
+     "rectfill\n@hHorizontal setcolor  rectfill\n@hVertical setcolor  rectfill\n@hFDiagonal setcolor  "
+     "rectfill\n@hBDiagonal setcolor  rectfill\n@hCross setcolor  rectfill\n@hDiagCross setcolor  "
      "rectfill\n1 -2 3 -4  rectfill\n1 -2 3 -4 \n-2147483648 -2147483647 -1 -1 \n"},
     {[](auto& s) {
          s.setBrush(0xFF, 0);
@@ -92,17 +89,12 @@ const PsCase shapes[] = {
          s.drawLine(0, 0, 0, 0);
      },
      "@r 4 setlinewidth 2 -4 2 4 0 360  ellipse stroke @g 2 -4 2 4 0 360  ellipse fill\n\n1 setlinewidth "
-     "-2147483648 -5 0 -4 0 360  ellipse stroke \n~ 0 0  moveto 0 0  lineto stroke\n"},
+     "-2147483648 -5 0 -4 0 360  ellipse stroke \n~ @l"},
     {[](auto& s) {
          for (const POINT& start :
               {POINT{100, 50}, {50, 0}, {0, 50}, {50, 100}, {100, 0}, {0, 100}, {100, 100}, {50, 50}}) {
              s.drawArc(in({0, 0, 100, 100}), start.x, start.y, 50, 50);
          }
-     },
-     "~50 -50 50 50 0 90  ellipse stroke\n~50 -50 50 50 90 90  ellipse stroke\n~50 -50 50 50 180 90  ellipse "
-     "stroke\n~50 -50 50 50 270 90  ellipse stroke\n~50 -50 50 50 44 90  ellipse stroke\n~50 -50 50 50 224 "
-     "90  ellipse stroke\n~50 -50 50 50 315 90  ellipse stroke\n~50 -50 50 50 90 90  ellipse stroke\n"},
-    {[](auto& s) {
          RECT box{0, 0, 100, 60};
          s.setBrush(0xFF, 0);
          s.drawPie(&box, 100, 30, 50, 0);
@@ -111,9 +103,12 @@ const PsCase shapes[] = {
          s.drawArc(&box, 1, 2, 3, 4);
          s.drawPie(&box, 1, 2, 3, 4);
      },
-     " @r 50 -30 50 30 0 90  pie fill @0~50 -30 50 30 0 90  pie stroke\n @r 50 -30 50 30 270 180  chord fill "
-     " @0~50 -30 50 30 270 180  chord stroke \n\n"},
-    // Paths have the foreground colour.
+     "~50 -50 50 50 0 90  ellipse stroke\n~50 -50 50 50 90 90  ellipse stroke\n~50 -50 50 50 180 90  ellipse "
+     "stroke\n~50 -50 50 50 270 90  ellipse stroke\n~50 -50 50 50 44 90  ellipse stroke\n~50 -50 50 50 224 "
+     "90  ellipse stroke\n~50 -50 50 50 315 90  ellipse stroke\n~50 -50 50 50 90 90  ellipse stroke\n @r 50 "
+     "-30 50 30 0 90  pie fill @0~50 -30 50 30 0 90  pie stroke\n @r 50 -30 50 30 270 180  chord fill  @0~50 "
+     "-30 50 30 270 180  chord stroke \n\n"},
+    // Paths have the foreground colour, and clips stay outside of transforms.
     {[](auto& s) {
          s.setBrush(0xFF, 0);
          s.drawPath(in({1, 2, 3, 4}), true);
@@ -121,10 +116,6 @@ const PsCase shapes[] = {
          s.setBrush(0xFF, 2);
          s.drawEraseRectangle(in({1, 2, 3, 4}), 0xFF00);
          EXPECT_EQ(0UL, s.getForeColor());
-     },
-     "\n@0 @b stroke\n\n@0 @b~ stroke\n\n@g @b@p1.000 0.000 0.000 HatchHorizontal setcolor  stroke\n"},
-    // Clips stay outside of transforms.
-    {[](auto& s) {
          s.setTransform(1, 0, 0, 1, 10, 20);
          s.setClippingRegion(in({1, 2, 3, 4}));
          s.clearTransform();
@@ -132,8 +123,9 @@ const PsCase shapes[] = {
          s.setClippingRegion(nullptr);
          s.setTransform(-1.5F, 1e10F, -0.004F, 1e-9F, 0.006F, 1 / 0.0F);
      },
-     "gsave [1.00 -0.00 -0.00 1.00 10.00 -20.00] concat\ngrestore\ngsave @b clip newpath\ngsave [1.00 -0.00 "
-     "-0.00 1.00 10.00 -20.00] concat\ngrestore\ngrestore\ngsave @b clip newpath\ngrestore\ngsave [-1.50 "
+     "\n@0 @b stroke\n\n@0 @b~ stroke\n\n@g @b@p1.000 0.000 0.000 HatchHorizontal setcolor  stroke\ngsave "
+     "[1.00 -0.00 -0.00 1.00 10.00 -20.00] concat\ngrestore\ngsave @b clip newpath\ngsave [1.00 -0.00 -0.00 "
+     "1.00 10.00 -20.00] concat\ngrestore\ngrestore\ngsave @b clip newpath\ngrestore\ngsave [-1.50 "
      "-10000000000.00 0.00 0.00 0.01 0.00] concat\n"},
 };
 

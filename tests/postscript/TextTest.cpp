@@ -27,9 +27,9 @@ const PsCase texts[] = {
          s.m_pageHeight = 0;
          s.writeFont(arial, 10, false, false, false, false);
      },
-     "/(Times New Roman-BoldItalic) findfont 35.28 scalefont setfont \n"
-     "/Arial findfont 35.28 scalefont setfont \n/Arial-Bold findfont -3.53 scalefont setfont \n"
-     "/-Italic findfont 3.53 scalefont setfont \n/Arial findfont 0.00 scalefont setfont \n"},
+     "/(Times New Roman-BoldItalic) findfont 35.28 scalefont setfont \n/Arial findfont 35.28 scalefont "
+     "setfont \n/Arial-Bold findfont -3.53 scalefont setfont \n/-Italic findfont 3.53 scalefont setfont "
+     "\n/Arial findfont 0.00 scalefont setfont \n"},
     // The point size is added as it is.
     {[](auto& s) {
          black(s);
@@ -71,12 +71,11 @@ const PsCase texts[] = {
          s.setTextRotation(-45, 0);
          Runs().at(0, -35, "").draw(s, box, 0x100);
      },
-     "gsave\n\t100 -235  moveto 350  false false (Hi) jshow\n\t0  false false (on) jshow\n"
-     "\t9 -1077  moveto 0  false true (new) jshow\ngrestore\n"
-     "gsave newpath 1 -1000  moveto 3 -1000  lineto 3 -4  lineto 1 -4  lineto closepath clip\n"
-     "\t1 -35  moveto 0  false false (a) jshow\n\t0  false false (b) jshow\ngrestore\n"
-     "@r\ngsave\ngrestore\ngsave\n\t0 0  moveto 0  true true (\\() 0  90  rotatedshow\ngrestore\n"
-     "gsave\n\t0 0  moveto 0  true true () -45  0  rotatedshow\ngrestore\n"},
+     "gsave\n\t100 -235  moveto 350  false false (Hi) jshow\n\t0  false false (on) jshow\n\t9 -1077  moveto "
+     "0  false true (new) jshow\ngrestore\ngsave newpath 1 -1000  moveto 3 -1000  lineto 3 -4  lineto 1 -4  "
+     "lineto closepath clip\n\t1 -35  moveto 0  false false (a) jshow\n\t0  false false (b) "
+     "jshow\ngrestore\n@r\ngsave\ngrestore\ngsave\n\t0 0  moveto 0  true true (\\() 0  90  "
+     "rotatedshow\ngrestore\ngsave\n\t0 0  moveto 0  true true () -45  0  rotatedshow\ngrestore\n"},
 };
 
 TEST(PostScriptText, LeavesItsText)
