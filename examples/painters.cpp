@@ -19,6 +19,7 @@ namespace fs = std::filesystem;
 bool run(std::vector<std::string> arguments)
 {
     std::vector<char*> list;
+    list.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) {
         list.push_back(argument.data());
     }
