@@ -54,7 +54,8 @@ const struct {
 
 struct Picture {
     LONG width, height;
-    Page dots; // bottom row first, rows padded to four bytes
+    std::size_t row; // bytes
+    Page dots;       // bottom row first
 };
 
 Picture pictureIn(const std::filesystem::path& file)
@@ -67,8 +68,9 @@ Picture pictureIn(const std::filesystem::path& file)
     FIBITMAP* const bitmap = library.imageConvertTo24Bits(loaded);
     const BITMAPINFOHEADER& head = library.imageGetInfo(bitmap)->bmiHeader;
     const unsigned char* const dots = library.imageGetBits(bitmap);
-    Picture picture{
-        head.biWidth, head.biHeight, {dots, dots + (head.biWidth * 3 + 3) / 4 * 4 * head.biHeight}};
+    const std::size_t row = (static_cast<std::size_t>(head.biWidth) * 3 + 3) / 4 * 4;
+    const Page rows(dots, dots + row * static_cast<std::size_t>(head.biHeight));
+    const Picture picture{head.biWidth, head.biHeight, row, rows};
     library.imageUnload(loaded);
     library.imageUnload(bitmap);
     return picture;
@@ -79,8 +81,8 @@ Channels meanOf(const Picture& picture, const RECT& box)
     Channels mean{};
     const double area = (box.right - box.left) * (box.bottom - box.top);
     for (LONG y = box.top; y < box.bottom; ++y) {
-        const LONG row = (picture.height - 1 - y) * ((picture.width * 3 + 3) / 4 * 4);
-        const unsigned char* dot = picture.dots.data() + row + box.left * 3;
+        const std::size_t row = picture.row * static_cast<std::size_t>(picture.height - 1 - y);
+        const unsigned char* dot = &picture.dots[row + static_cast<std::size_t>(box.left) * 3];
         for (LONG x = box.left; x < box.right; ++x) {
             std::ranges::for_each(mean, [&](double& channel) { channel += *dot++ / area; });
         }
