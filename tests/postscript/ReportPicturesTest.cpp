@@ -70,7 +70,7 @@ Picture pictureIn(const std::filesystem::path& file)
     const unsigned char* const dots = library.imageGetBits(bitmap);
     const std::size_t row = (static_cast<std::size_t>(head.biWidth) * 3 + 3) / 4 * 4;
     const Page rows(dots, dots + row * static_cast<std::size_t>(head.biHeight));
-    const Picture picture{head.biWidth, head.biHeight, row, rows};
+    Picture picture{head.biWidth, head.biHeight, row, rows};
     library.imageUnload(loaded);
     library.imageUnload(bitmap);
     return picture;
