@@ -55,7 +55,7 @@ Canvas::Canvas(const DeviceContext& context)
     if (!context.bitmap || !context.bitmap->bitmap) {
         return;
     }
-    m_bitmap = context.bitmap->bitmap.get();
+    m_bitmap = context.bitmap->bitmap;
     m_view = m_bitmap->view();
     m_direct = hasCommonOrder(m_view);
     m_box = {0, 0, m_view.width, m_view.height};
@@ -63,22 +63,25 @@ Canvas::Canvas(const DeviceContext& context)
         return;
     }
     if (const std::optional<Region> clip = context.effectiveClip()) {
-        m_box = overlap(m_box, clip->box());
         if (clip->complexity() == COMPLEXREGION) {
             m_clip = clip->rectangles();
         }
+        restrict(overlap(m_box, clip->box()));
     }
 }
 
 void Canvas::restrict(const RECT& rect)
 {
     m_box = overlap(m_box, rect);
+    if (m_clip.empty()) {
+        return;
+    }
     for (RECT& piece : m_clip) {
-        piece = overlap(piece, rect);
+        piece = overlap(piece, m_box);
     }
     std::erase_if(m_clip, isEmpty);
-    if (m_clip.size() == 1) {
-        m_box = overlap(m_box, m_clip.front());
+    if (m_clip.size() <= 1) {
+        m_box = m_clip.empty() ? RECT{0, 0, 0, 0} : m_clip.front();
         m_clip.clear();
     }
 }

@@ -3,30 +3,17 @@
 
 #include <windows.h>
 
-#include <optional>
+#include <memory>
 #include <vector>
 
 #include "core/Bitmap.h"
+#include "raster/DeviceRect.h"
 #include "raster/Ink.h"
 
 class DeviceContext;
 
 // Reads pixels from (x, y) on to the right; all of them lie within the view.
 void readPixels(const BitmapView& view, int x, int y, int count, DWORD* pixels);
-
-inline bool isEmpty(const RECT& rect)
-{
-    return rect.left >= rect.right || rect.top >= rect.bottom;
-}
-
-inline RECT overlap(const RECT& first, const RECT& second)
-{
-    const RECT both{first.left > second.left ? first.left : second.left,
-                    first.top > second.top ? first.top : second.top,
-                    first.right < second.right ? first.right : second.right,
-                    first.bottom < second.bottom ? first.bottom : second.bottom};
-    return isEmpty(both) ? RECT{0, 0, 0, 0} : both;
-}
 
 // The bitmap of a context within its clip, for one call. Device units.
 class Canvas {
@@ -42,7 +29,7 @@ public:
     const RECT& box() const noexcept { return m_box; }
     // In bands from the top; none: the whole box.
     const std::vector<RECT>& clip() const noexcept { return m_clip; }
-    Bitmap& bitmap() const noexcept { return *m_bitmap; }
+    const std::shared_ptr<Bitmap>& bitmap() const noexcept { return m_bitmap; }
     const BitmapView& view() const noexcept { return m_view; }
     // 32 bits in the common order: rows are changed in place.
     bool isDirect() const noexcept { return m_direct; }
@@ -87,7 +74,7 @@ private:
         }
     }
 
-    Bitmap* m_bitmap = nullptr;
+    std::shared_ptr<Bitmap> m_bitmap;
     BitmapView m_view;
     bool m_direct = false;
     RECT m_box{0, 0, 0, 0};

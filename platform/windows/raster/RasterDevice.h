@@ -22,6 +22,7 @@
 #include "raster/PixelRows.h"
 
 struct PenLook;
+struct ShapeFrame;
 
 // A page's device.
 std::unique_ptr<Device> makeRasterDevice(const GdiDeviceOptions& options);
@@ -69,10 +70,11 @@ private:
     // The figure that goes on from the current position: the path's last one, or a new one.
     void continueFrom(Outline& outline, DevicePoint from) const;
     void fill(Canvas& canvas, const Outline& outline, int fillMode, const Ink& ink);
-    void stroke(DeviceContext& context, Canvas& canvas, const Outline& outline, const PenLook& pen,
-                const Ink& ink);
-    // Paints an axis-aligned rectangle whose pen is one pixel wide or missing; false when it is none of these.
-    bool drawPlainBox(DeviceContext& context, const RECT& deviceBox);
+    void stroke(Canvas& canvas, const Outline& outline, const PenLook& pen, const Ink& ink);
+    void drawPath(DeviceContext& context, PathStep step);
+    // Draws a rectangle in device units by rows; false, and nothing drawn, unless its pen is an unbroken line of one
+    // pixel, or none.
+    bool drawPlainBox(DeviceContext& context, const ShapeFrame& frame);
     void fillRects(DeviceContext& context, std::span<const RECT> rects, const Ink& ink);
     // False when so many copies have succeeded that the next is to fail.
     bool mayStretch();
