@@ -24,7 +24,8 @@ double part(DWORD pixel, int shift)
 DWORD blended(DWORD under, DWORD over, unsigned int coverage)
 {
     const auto channel = [&](int shift) {
-        const unsigned int sum = (over >> shift & 0xFF) * coverage + (under >> shift & 0xFF) * (255 - coverage);
+        const unsigned int sum =
+            (over >> shift & 0xFF) * coverage + (under >> shift & 0xFF) * (255 - coverage);
         return (sum + 127) / 255 << shift;
     };
     return channel(16) | channel(8) | channel(0);
@@ -96,7 +97,8 @@ cairo_t* CairoPainter::beginDirect(Canvas& canvas, const Ink& ink)
 void CairoPainter::applyClip(const Canvas& canvas)
 {
     const std::vector<RECT>& clip = canvas.clip();
-    if (sameRect(m_clipBox, canvas.box()) && std::equal(clip.begin(), clip.end(), m_clip.begin(), m_clip.end(), sameRect)) {
+    if (sameRect(m_clipBox, canvas.box()) &&
+        std::equal(clip.begin(), clip.end(), m_clip.begin(), m_clip.end(), sameRect)) {
         return;
     }
     m_clipBox = canvas.box();

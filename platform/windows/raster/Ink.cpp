@@ -140,7 +140,8 @@ std::shared_ptr<const Tile> InkPot::patternTile(const std::shared_ptr<const Bitm
         DWORD* row = tile->pixels.data() + static_cast<std::ptrdiff_t>(y) * view.width;
         readPixels(view, 0, y, view.width, row);
         if (inkMono) {
-            std::replace_if(row, row + view.width, [](DWORD pixel) { return pixel != 0; }, Tile::gap);
+            std::replace_if(
+                row, row + view.width, [](DWORD pixel) { return pixel != 0; }, Tile::gap);
             std::replace(row, row + view.width, DWORD{0}, textColor);
             std::replace(row, row + view.width, Tile::gap, backColor);
         }

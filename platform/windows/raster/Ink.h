@@ -36,8 +36,8 @@ struct Tile {
 };
 
 struct Ink {
-    BYTE operation = copyPattern;      // ternary, without a source
-    DWORD color = 0;                   // 0x00RRGGBB, when there is no tile
+    BYTE operation = copyPattern; // ternary, without a source
+    DWORD color = 0;              // 0x00RRGGBB, when there is no tile
     std::shared_ptr<const Tile> tile{};
     POINT origin{0, 0}; // of the tile, device units
 

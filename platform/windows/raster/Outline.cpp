@@ -16,11 +16,6 @@ double settled(double value)
     return std::isfinite(value) ? std::clamp(value, -unreachable, unreachable) : 0.0;
 }
 
-DevicePoint between(DevicePoint from, DevicePoint to, double part)
-{
-    return {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part};
-}
-
 // How many lines stand for a curve: the distance from a chord falls with the square of their number.
 int lineCount(DevicePoint a, DevicePoint b, DevicePoint c, DevicePoint d)
 {
@@ -79,7 +74,9 @@ RECT Outline::box() const noexcept
         low = {std::min(low.x, point.x), std::min(low.y, point.y)};
         high = {std::max(high.x, point.x), std::max(high.y, point.y)};
     }
-    const auto unit = [](double value) { return static_cast<LONG>(std::clamp(value, -farthest, farthest)); };
+    const auto unit = [](double value) {
+        return static_cast<LONG>(std::clamp(value, -farthest, farthest));
+    };
     return {unit(std::floor(low.x)), unit(std::floor(low.y)), unit(std::floor(high.x)) + 1,
             unit(std::floor(high.y)) + 1};
 }

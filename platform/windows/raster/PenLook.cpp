@@ -140,7 +140,8 @@ PenLook lookOf(const DeviceContext& context, const PenObject& pen)
     return look;
 }
 
-void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, const PenLook& pen, const Ink& ink)
+void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, const PenLook& pen,
+                const Ink& ink)
 {
     const int reach = static_cast<int>(std::ceil(pen.reach()));
     const RECT box = outline.box();

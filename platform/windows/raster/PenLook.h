@@ -32,4 +32,5 @@ struct PenLook {
 PenLook lookOf(const DeviceContext& context, const PenObject& pen);
 
 void strokeThin(Canvas& canvas, const Outline& outline, const PenLook& pen, const Ink& ink);
-void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, const PenLook& pen, const Ink& ink);
+void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, const PenLook& pen,
+                const Ink& ink);

@@ -7,13 +7,6 @@
 
 namespace {
 
-// Blue, green, red and a byte that tells nothing.
-bool hasCommonOrder(const BitmapView& view)
-{
-    return view.bitsPerPixel == 32 && view.redMask == 0xFF0000 && view.greenMask == 0xFF00 &&
-           view.blueMask == 0xFF;
-}
-
 // Nearer to white than to black.
 bool isLight(DWORD pixel)
 {
@@ -88,8 +81,8 @@ void Canvas::restrict(const RECT& rect)
 
 std::size_t Canvas::firstBand(int y) const noexcept
 {
-    const auto found =
-        std::partition_point(m_clip.begin(), m_clip.end(), [y](const RECT& rect) { return rect.bottom <= y; });
+    const auto found = std::partition_point(m_clip.begin(), m_clip.end(),
+                                            [y](const RECT& rect) { return rect.bottom <= y; });
     return static_cast<std::size_t>(found - m_clip.begin());
 }
 
@@ -98,7 +91,15 @@ bool Canvas::contains(int x, int y) const noexcept
     const auto holds = [x, y](const RECT& rect) {
         return x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
     };
-    return holds(m_box) && (m_clip.empty() || std::any_of(m_clip.begin(), m_clip.end(), holds));
+    if (!holds(m_box) || m_clip.empty()) {
+        return holds(m_box);
+    }
+    for (std::size_t i = firstBand(y); i < m_clip.size() && m_clip[i].top <= y; ++i) {
+        if (holds(m_clip[i])) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void Canvas::fill(const RECT& rect, const Ink& ink)

@@ -12,6 +12,13 @@
 
 class DeviceContext;
 
+// Blue, green, red and a byte that tells nothing.
+inline bool hasCommonOrder(const BitmapView& view) noexcept
+{
+    return view.bitsPerPixel == 32 && view.redMask == 0xFF0000 && view.greenMask == 0xFF00 &&
+           view.blueMask == 0xFF;
+}
+
 // Reads pixels from (x, y) on to the right; all of them lie within the view.
 void readPixels(const BitmapView& view, int x, int y, int count, DWORD* pixels);
 
@@ -35,14 +42,12 @@ public:
     bool isDirect() const noexcept { return m_direct; }
 
     void fill(const RECT& rect, const Ink& ink);
-    void fillSpan(int y, int left, int right, const Ink& ink)
-    {
-        fill({left, y, right, y + 1}, ink);
-    }
+    void fillSpan(int y, int left, int right, const Ink& ink) { fill({left, y, right, y + 1}, ink); }
     bool contains(int x, int y) const noexcept;
 
     // Calls change(pixels, x, y, count) for each stretch of a row of `rect` that may be painted.
-    template <class Change> void change(const RECT& rect, const Change& change)
+    template <class Change>
+    void change(const RECT& rect, const Change& change)
     {
         if (m_clip.empty()) {
             changeRows(overlap(rect, m_box), change);
@@ -59,7 +64,8 @@ private:
     DWORD* directRow(int y) const noexcept { return reinterpret_cast<DWORD*>(m_bitmap->row(y)); }
     void storePixels(int x, int y, int count, const DWORD* pixels);
 
-    template <class Change> void changeRows(const RECT& rect, const Change& change)
+    template <class Change>
+    void changeRows(const RECT& rect, const Change& change)
     {
         const int count = rect.right - rect.left;
         for (int y = rect.top; y < rect.bottom; ++y) {

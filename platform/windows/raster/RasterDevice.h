@@ -21,6 +21,7 @@
 #include "raster/Outline.h"
 #include "raster/PixelRows.h"
 
+class PixelSource;
 struct PenLook;
 struct ShapeFrame;
 
@@ -76,6 +77,10 @@ private:
     // pixel, or none.
     bool drawPlainBox(DeviceContext& context, const ShapeFrame& frame);
     void fillRects(DeviceContext& context, std::span<const RECT> rects, const Ink& ink);
+    void lay(DeviceContext& context, Canvas& canvas, PixelSource& source, BYTE operation);
+    void drawGlyphs(Canvas& canvas, const TextOutput& output, const Ink& ink);
+    // A bar along the line of text, from `top` to `bottom` below its base line.
+    void drawBar(Canvas& canvas, const TextOutput& output, double top, double bottom, const Ink& ink);
     // False when so many copies have succeeded that the next is to fail.
     bool mayStretch();
 

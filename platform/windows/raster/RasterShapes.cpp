@@ -140,8 +140,10 @@ bool RasterDevice::drawPlainBox(DeviceContext& context, const ShapeFrame& frame)
         return false;
     }
     Canvas canvas(context);
-    constexpr double farthest = 1 << 26;
-    const auto unit = [](double value) { return static_cast<LONG>(std::clamp(value, -farthest, farthest)); };
+    const auto unit = [](double value) {
+        constexpr double farthest = 1 << 26;
+        return static_cast<LONG>(std::clamp(value, -farthest, farthest));
+    };
     const RECT box{unit(frame.left), unit(frame.top), unit(frame.right), unit(frame.bottom)};
     const LONG edge = penInk ? 1 : 0;
     const RECT inside{box.left + edge, box.top + edge, box.right, box.bottom};

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double quarter = std::numbers::pi / 2;
 
-struct Ellipse {
+struct EllipseForm {
     double x;
     double y;
     double rx;
@@ -19,7 +19,7 @@ struct Ellipse {
     DevicePoint at(double angle) const { return {x + rx * std::cos(angle), y - ry * std::sin(angle)}; }
 };
 
-Ellipse ellipseIn(const ShapeFrame& frame)
+EllipseForm ellipseIn(const ShapeFrame& frame)
 {
     return {(frame.left + frame.right) / 2, (frame.top + frame.bottom) / 2, (frame.right - frame.left) / 2,
             (frame.bottom - frame.top) / 2};
@@ -31,7 +31,8 @@ DevicePoint mapped(const ShapeFrame& frame, DevicePoint point)
 }
 
 // Adds pieces of at most a quarter, each one Bézier curve.
-void appendEllipseArc(Outline& outline, const Ellipse& ellipse, const ArcSweep& arc, const Mapping& toDevice)
+void appendEllipseArc(Outline& outline, const EllipseForm& ellipse, const ArcSweep& arc,
+                      const Mapping& toDevice)
 {
     const int pieces = std::max(1, static_cast<int>(std::ceil(std::abs(arc.sweep) / quarter - 1e-9)));
     const double step = arc.sweep / pieces;
@@ -41,13 +42,15 @@ void appendEllipseArc(Outline& outline, const Ellipse& ellipse, const ArcSweep& 
         const double to = from + step;
         const DevicePoint a = ellipse.at(from);
         const DevicePoint d = ellipse.at(to);
-        const DevicePoint b{a.x - ellipse.rx * handle * std::sin(from), a.y - ellipse.ry * handle * std::cos(from)};
-        const DevicePoint c{d.x + ellipse.rx * handle * std::sin(to), d.y + ellipse.ry * handle * std::cos(to)};
+        const DevicePoint b{a.x - ellipse.rx * handle * std::sin(from),
+                            a.y - ellipse.ry * handle * std::cos(from)};
+        const DevicePoint c{d.x + ellipse.rx * handle * std::sin(to),
+                            d.y + ellipse.ry * handle * std::cos(to)};
         outline.curveTo(toDevice.apply(b.x, b.y), toDevice.apply(c.x, c.y), toDevice.apply(d.x, d.y));
     }
 }
 
-double angleThrough(const Ellipse& ellipse, DevicePoint point)
+double angleThrough(const EllipseForm& ellipse, DevicePoint point)
 {
     constexpr double thinnest = 1e-9;
     return std::atan2((ellipse.y - point.y) / std::max(ellipse.ry, thinnest),
@@ -66,10 +69,7 @@ ShapeFrame frameOf(const DeviceContext& context, const RECT& rect)
     const Mapping mapping = context.mapping();
     const bool advanced = context.state.graphicsMode == GM_ADVANCED;
     if (advanced && !mapping.isAxisAligned()) {
-        const auto [left, right] = std::minmax(rect.left, rect.right);
-        const auto [top, bottom] = std::minmax(rect.top, rect.bottom);
-        return {static_cast<double>(left), static_cast<double>(top), static_cast<double>(right),
-                static_cast<double>(bottom), mapping, false};
+        return wholeFrame(mapping, rect);
     }
     const POINT first = mapping.toDevice({rect.left, rect.top});
     const POINT second = mapping.toDevice({rect.right, rect.bottom});
@@ -80,6 +80,30 @@ ShapeFrame frameOf(const DeviceContext& context, const RECT& rect)
             static_cast<double>(std::max(first.y, second.y)) - edge,
             Mapping{},
             advanced && mapping.xx * mapping.yy < 0};
+}
+
+ShapeFrame wholeFrame(const Mapping& mapping, const RECT& rect)
+{
+    return {static_cast<double>(std::min(rect.left, rect.right)),
+            static_cast<double>(std::min(rect.top, rect.bottom)),
+            static_cast<double>(std::max(rect.left, rect.right)),
+            static_cast<double>(std::max(rect.top, rect.bottom)),
+            mapping,
+            false};
+}
+
+RECT deviceBox(const Mapping& mapping, const RECT& rect)
+{
+    constexpr LONG farthest = 1 << 26;
+    RECT box{farthest, farthest, -farthest, -farthest};
+    for (const POINT corner : {POINT{rect.left, rect.top}, POINT{rect.right, rect.top},
+                               POINT{rect.left, rect.bottom}, POINT{rect.right, rect.bottom}}) {
+        const POINT point = mapping.toDevice(corner);
+        const LONG x = std::clamp(point.x, -farthest, farthest);
+        const LONG y = std::clamp(point.y, -farthest, farthest);
+        box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x), std::max(box.bottom, y)};
+    }
+    return box;
 }
 
 DevicePoint pointInFrame(const DeviceContext& context, const ShapeFrame& frame, POINT point)
@@ -127,7 +151,7 @@ Outline roundRectOutline(const ShapeFrame& frame, double cornerWidth, double cor
     Outline outline;
     double start = 0;
     for (const DevicePoint center : centers) {
-        const Ellipse corner{center.x, center.y, rx, ry};
+        const EllipseForm corner{center.x, center.y, rx, ry};
         const DevicePoint begin = mapped(frame, corner.at(start));
         if (start == 0) {
             outline.moveTo(begin);
@@ -144,7 +168,7 @@ Outline roundRectOutline(const ShapeFrame& frame, double cornerWidth, double cor
 ArcSweep sweepBetween(const ShapeFrame& frame, DevicePoint start, DevicePoint end, bool clockwise)
 {
     constexpr double whole = 4 * quarter;
-    const Ellipse ellipse = ellipseIn(frame);
+    const EllipseForm ellipse = ellipseIn(frame);
     const double from = angleThrough(ellipse, start);
     const double ax = start.x - ellipse.x;
     const double ay = start.y - ellipse.y;
@@ -172,6 +196,6 @@ void appendArc(Outline& outline, const ShapeFrame& frame, const ArcSweep& arc)
 
 DevicePoint frameCenter(const ShapeFrame& frame)
 {
-    const Ellipse ellipse = ellipseIn(frame);
+    const EllipseForm ellipse = ellipseIn(frame);
     return mapped(frame, {ellipse.x, ellipse.y});
 }

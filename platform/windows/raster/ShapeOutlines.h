@@ -24,6 +24,10 @@ struct ShapeFrame {
 // In GM_COMPATIBLE right and bottom are left out, and the frame is in device units, as it is in GM_ADVANCED without
 // rotation; else it is in logical units.
 ShapeFrame frameOf(const DeviceContext& context, const RECT& rect);
+// All of a rectangle in logical units.
+ShapeFrame wholeFrame(const Mapping& mapping, const RECT& rect);
+// The device rectangle around a logical one, cut off at +-2^26; right and bottom excluded from both.
+RECT deviceBox(const Mapping& mapping, const RECT& rect);
 // A logical point in the frame's units.
 DevicePoint pointInFrame(const DeviceContext& context, const ShapeFrame& frame, POINT point);
 

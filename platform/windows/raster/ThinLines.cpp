@@ -86,7 +86,8 @@ private:
     {
         const Steps all{0, walk.length};
         const Steps along = stepsWithin(walk.major, walk.majorStep, lowMajor, highMajor, all);
-        const double slope = walk.minorStep * (static_cast<double>(walk.rise) / static_cast<double>(walk.length));
+        const double slope =
+            walk.minorStep * (static_cast<double>(walk.rise) / static_cast<double>(walk.length));
         return stepsWithin(walk.minor, slope, lowMinor, highMinor, along);
     }
 
@@ -126,7 +127,8 @@ private:
     }
 
     // Splits steps by the dashes.
-    template <class Lay> void run(std::int64_t begin, std::int64_t end, const Lay& lay)
+    template <class Lay>
+    void run(std::int64_t begin, std::int64_t end, const Lay& lay)
     {
         if (m_dashes.empty()) {
             lay(begin, end, m_ink);
