@@ -21,7 +21,7 @@ int lineCount(DevicePoint a, DevicePoint b, DevicePoint c, DevicePoint d)
 {
     const double bend = std::max(std::hypot(a.x - 2 * b.x + c.x, a.y - 2 * b.y + c.y),
                                  std::hypot(b.x - 2 * c.x + d.x, b.y - 2 * c.y + d.y));
-    return static_cast<int>(std::clamp(std::ceil(std::sqrt(6.0 * bend)), 1.0, 2000.0));
+    return static_cast<int>(std::clamp(std::ceil(std::sqrt(24.0 * bend)), 1.0, 2000.0));
 }
 
 DevicePoint onCurve(DevicePoint a, DevicePoint b, DevicePoint c, DevicePoint d, double t)
@@ -95,9 +95,23 @@ Outline Outline::closed() const
     return result;
 }
 
+bool Outline::hasCurves() const noexcept
+{
+    return std::find(m_steps.begin(), m_steps.end(), Step::curve) != m_steps.end();
+}
+
+Outline Outline::onGrid() const
+{
+    Outline snapped = flattened();
+    for (DevicePoint& point : snapped.m_points) {
+        point = {std::floor(point.x + 0.5), std::floor(point.y + 0.5)};
+    }
+    return snapped;
+}
+
 Outline Outline::flattened() const
 {
-    if (std::find(m_steps.begin(), m_steps.end(), Step::curve) == m_steps.end()) {
+    if (!hasCurves()) {
         return *this;
     }
     Outline flat;

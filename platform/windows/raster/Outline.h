@@ -33,8 +33,11 @@ public:
 
     // Around all points, rounded outwards and cut off at +-2^26; right and bottom excluded.
     RECT box() const noexcept;
-    // Curves turned into lines that leave them by less than an eighth of a unit.
+    bool hasCurves() const noexcept;
+    // Curves turned into lines that leave them by less than a thirtieth of a unit.
     Outline flattened() const;
+    // The same with all points moved to the nearest ones of the grid, as thin lines pass them.
+    Outline onGrid() const;
     // Every figure closed.
     Outline closed() const;
 

@@ -81,13 +81,17 @@ bool RasterDevice::draw(DeviceContext& context, const Outline& outline, bool fil
         return true;
     }
     const ContextState& state = context.state;
+    const auto penInk = m_inks.ofPen(context, *state.pen);
+    const PenLook pen = penInk ? lookOf(context, *state.pen) : PenLook{};
     if (filled) {
         if (const auto ink = m_inks.ofBrush(context, *state.brush, ternaryOfBinary(state.rop2))) {
-            fill(canvas, outline, state.polyFillMode, *ink);
+            // Inside of a thin line the area reaches up to it.
+            const bool snaps = penInk && pen.thin && outline.hasCurves();
+            fill(canvas, snaps ? outline.onGrid() : outline, state.polyFillMode, *ink);
         }
     }
-    if (const auto ink = m_inks.ofPen(context, *state.pen)) {
-        stroke(canvas, outline, lookOf(context, *state.pen), *ink);
+    if (penInk) {
+        stroke(canvas, outline, pen, *penInk);
     }
     return true;
 }

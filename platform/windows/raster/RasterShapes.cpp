@@ -115,6 +115,11 @@ bool RasterDevice::box(DeviceContext& context, BoxShape shape, const RECT& rect,
     if (frame.empty()) {
         return true;
     }
+    // Without a pen the pixels from edge to edge are filled, not those between its middle lines.
+    if (inDevice && shape != BoxShape::rectangle && (pen.style & PS_STYLE_MASK) == PS_NULL) {
+        frame = {frame.left - 0.5,   frame.top - 0.5, frame.right - 0.5,
+                 frame.bottom - 0.5, frame.toDevice,  frame.mirrored};
+    }
     switch (shape) {
     case BoxShape::rectangle:
         if (inDevice && m_pathState != PathState::open && drawPlainBox(context, frame)) {

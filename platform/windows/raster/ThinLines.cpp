@@ -20,9 +20,10 @@ struct Walk {
     int minorStep;
 
     std::int64_t majorAt(std::int64_t i) const { return major + majorStep * i; }
+    // Halfway between two pixels the line keeps to the upper or left one, whichever way it runs.
     std::int64_t minorAt(std::int64_t i) const
     {
-        return minor + minorStep * ((2 * i * rise + length) / (2 * length));
+        return minor + minorStep * ((2 * i * rise + length - (minorStep > 0 ? 1 : 0)) / (2 * length));
     }
 };
 
@@ -170,8 +171,11 @@ POINT gridPoint(DevicePoint point)
 
 void strokeThin(Canvas& canvas, const Outline& outline, const PenLook& pen, const Ink& ink)
 {
-    const Outline flat = outline.flattened();
-    for (const Outline::Figure& figure : flat.figures()) {
+    Outline flat;
+    if (outline.hasCurves()) {
+        flat = outline.flattened();
+    }
+    for (const Outline::Figure& figure : (flat.empty() ? outline : flat).figures()) {
         ThinPen line(canvas, pen, ink);
         POINT last = gridPoint(figure.points.front());
         for (const DevicePoint point : figure.points.subspan(1)) {
