@@ -1,6 +1,6 @@
 // What a device context draws on. The functions of <windows.h> look the context up, check their arguments and change
 // its state; what is left to do on the device ends here. Two kinds exist: RasterDevice paints pixels,
-// MetafileDevice writes records. A context of the screen has a raster device without pixels.
+// MetafileDevice writes records. The screen's ScreenDevice only answers and measures.
 //
 // Coordinates are logical unless told otherwise; the context tells map mode, transform, clip and objects. Operations
 // give false when they failed; those with a body here do nothing, gladly, on a device that has no use for them.
@@ -80,6 +80,12 @@ struct TextOutput {
     double directionY;
     std::span<const double> deviceAdvances;
     RECTL bounds;
+    // Unit vectors on the device: along each letter's own base line, and down from it. They differ from the line's
+    // where the font's orientation turns letters in their line, and where the world transform mirrors.
+    double glyphRightX;
+    double glyphRightY;
+    double glyphDownX;
+    double glyphDownY;
 };
 
 // A rectangle of a source that a copy reads.
