@@ -108,7 +108,7 @@ const RecordedCase cases[] = {
      },
      "font 1 -16 0 0\n37: 1\nfont 2 0 0 0\n37: 2\n40: 1\nfont 1 0 450 300\n37: 1\n24: 16711680\n18: "
      "1\n'AB' 1 2 4 "
-     "10\n37: -2147483635\n"},
+     "9\n37: -2147483635\n"},
     // A last single ampersand is not drawn.
     {"PlainText",
      [](CSurfaceEMF& s) {
