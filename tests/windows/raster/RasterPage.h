@@ -3,6 +3,8 @@
 
 #include <gdidevice.h>
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 
 constexpr COLORREF red = 0x0000FF;
@@ -12,47 +14,35 @@ constexpr COLORREF yellow = 0x00FFFF;
 constexpr COLORREF white = 0xFFFFFF;
 constexpr COLORREF black = 0x000000;
 
+// '?' for a colour that is none of these.
 inline char letterOf(COLORREF color)
 {
-    switch (color) {
-    case red:
-        return 'r';
-    case green:
-        return 'g';
-    case blue:
-        return 'b';
-    case yellow:
-        return 'y';
-    case white:
-        return '.';
-    case black:
-        return '#';
-    default:
-        return '?';
-    }
+    constexpr COLORREF colors[] = {red, green, blue, yellow, white, black};
+    const auto* found = std::find(std::begin(colors), std::end(colors), color);
+    return "rgby.#?"[found - std::begin(colors)];
 }
 
-inline std::string pictureOf(HDC context, int width, int height)
+template <class ColorAt>
+std::string pictureFrom(int width, int height, const ColorAt& colorAt)
 {
     std::string picture;
     for (int y = 0; y < height; ++y) {
         picture += '\n';
         for (int x = 0; x < width; ++x) {
-            picture += letterOf(GetPixel(context, x, y));
+            picture += letterOf(colorAt(x, y));
         }
     }
     return picture;
 }
 
+inline std::string pictureOf(HDC context, int width, int height)
+{
+    return pictureFrom(width, height, [context](int x, int y) { return GetPixel(context, x, y); });
+}
+
 class RasterPage {
 public:
-    RasterPage(int width, int height) : m_width(width), m_height(height)
-    {
-        GdiDeviceOptions options;
-        options.width = width;
-        options.height = height;
-        m_context = gdiCreateDevice(&options);
-    }
+    RasterPage(int width, int height) : m_options{width, height}, m_context(gdiCreateDevice(&m_options)) {}
     RasterPage(const RasterPage&) = delete;
     RasterPage& operator=(const RasterPage&) = delete;
     ~RasterPage() { DeleteDC(m_context); }
@@ -63,20 +53,14 @@ public:
     {
         int stride = 0;
         const unsigned char* bits = gdiDeviceBits(m_context, &stride);
-        std::string picture;
-        for (int y = 0; y < m_height; ++y) {
-            picture += '\n';
-            for (int x = 0; x < m_width; ++x) {
-                const unsigned char* pixel = bits + y * stride + 4 * x;
-                picture += letterOf(static_cast<COLORREF>(pixel[2] | pixel[1] << 8 | pixel[0] << 16));
-            }
-        }
-        return picture;
+        return pictureFrom(m_options.width, m_options.height, [&](int x, int y) {
+            const unsigned char* pixel = bits + y * stride + 4 * x;
+            return static_cast<COLORREF>(pixel[2] | pixel[1] << 8 | pixel[0] << 16);
+        });
     }
 
 private:
-    int m_width;
-    int m_height;
+    GdiDeviceOptions m_options;
     HDC m_context;
 };
 
