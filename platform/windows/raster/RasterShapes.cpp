@@ -65,7 +65,11 @@ void RasterDevice::continueFrom(Outline& outline, DevicePoint from) const
 
 bool RasterDevice::lineTo(DeviceContext& context, POINT from, POINT to)
 {
-    return poly(context, PolyShape::polyline, {{from, to}}, {});
+    const Mapping mapping = context.mapping();
+    Outline outline;
+    continueFrom(outline, wholePoint(mapping, from));
+    outline.lineTo(wholePoint(mapping, to));
+    return draw(context, outline, false);
 }
 
 bool RasterDevice::poly(DeviceContext& context, PolyShape shape, std::span<const POINT> points,
