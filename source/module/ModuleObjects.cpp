@@ -1,9 +1,12 @@
 // What the module makes once when it is loaded. Destruction at unload runs in the reverse order.
+#include "module/versionNumbers.h"
+#include "surface/drawTextLock.h"
 #include "surface/moduleHeap.h"
 #include "surface/moduleVersion.h"
 
 KrnLog moduleLog("surface", nullptr, true, true);
 XHeap moduleHeap("SRF", 0, 65535, true, 768, 0);
+ThreadMutex__ drawTextLock("DrawTextLock");
 
 const char* moduleVersionText()
 {

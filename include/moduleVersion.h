@@ -1,0 +1,83 @@
+// The version that a module's file reports: read from the version resource of a Windows PE file, or of an ELF file of
+// 32 or 64 bits and either byte order that carries such a resource tree behind the symbol "__rsrc".
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include <windows.h>
+
+#include "sys/surfaceExport.h"
+
+// An entry of the section table of a PE file (PE format, "Section Table").
+struct PeSectionHeader {
+    char name[8]; // not terminated when it fills the field
+    std::uint32_t virtualSize;
+    std::uint32_t virtualAddress;
+    std::uint32_t sizeOfRawData;
+    std::uint32_t pointerToRawData;
+    std::uint32_t pointerToRelocations;
+    std::uint32_t pointerToLinenumbers;
+    std::uint16_t numberOfRelocations;
+    std::uint16_t numberOfLinenumbers;
+    std::uint32_t characteristics;
+};
+static_assert(sizeof(PeSectionHeader) == 40);
+
+class SURFACE_API CModuleVersion {
+public:
+    CModuleVersion();
+    CModuleVersion(const CModuleVersion&) = delete;
+    CModuleVersion& operator=(const CModuleVersion&) = delete;
+    virtual ~CModuleVersion();
+
+    // Reads the version of a file. False when there is none to read; the numbers stay as they were then. Of a file
+    // that breaks off or leads out of itself nothing is read there.
+    bool readFile(const char* path);
+
+    static void* operator new(std::size_t size) noexcept;
+    static void operator delete(void* block) noexcept;
+
+    int m_revision; // fourth number
+    int m_major;
+    int m_minor;
+    int m_build; // third number
+
+private:
+    struct ElfLayout;
+    struct ElfSection;
+    enum class Walk { goesOn, ends, fails };
+
+    bool readView();
+    bool findPeResources();
+    bool findElfResources();
+    ElfSection elfSection(const ElfLayout& layout, std::uint64_t table, std::uint64_t index) const;
+    bool elfTextIs(std::uint64_t offset, const char* text) const;
+    bool elfSymbol(const ElfLayout& layout, std::uint64_t table, std::uint64_t sections,
+                   const ElfSection& symbols, const ElfSection& names);
+
+    bool readResources();
+    bool readVersionNames(std::uint64_t directory, bool& found);
+    Walk readLanguages(std::uint64_t directory, bool& found);
+    Walk readBlock(std::uint64_t block, bool& found);
+
+    bool holds(std::uint64_t offset, std::uint64_t size) const;
+    // Of the file's byte order; 0 outside the file, where no offset and no count leads further.
+    std::uint64_t number(std::uint64_t offset, unsigned int bytes) const;
+    std::uint16_t word(std::uint64_t offset) const { return static_cast<std::uint16_t>(number(offset, 2)); }
+    std::uint32_t dword(std::uint64_t offset) const { return static_cast<std::uint32_t>(number(offset, 4)); }
+    std::uint64_t resource(std::uint32_t offset) const;
+
+    const unsigned char* m_resources; // the tree; null: none
+    PeSectionHeader m_section;        // of a PE file: the one that holds the tree
+    const unsigned char* m_view;      // the file as mapped
+    bool m_isElf;
+    bool m_swapBytes; // most significant byte first
+    HANDLE m_file;
+    HANDLE m_mapping;
+    std::uint64_t m_size; // of the view, bytes
+};
+
+// Fills the four numbers of the module's version; the last one stands in dwPlatformID. Gives 0, or -1 for a null record
+// or one whose cbSize is below 20. A file that can't be read gives zeros.
+extern "C" SURFACE_API std::int32_t DllGetVersion(DLLVERSIONINFO* info);

@@ -1,0 +1,60 @@
+// CSurfacePicture: an image as a GDI surface keeps it. The encoded bytes are held; every draw decodes them anew,
+// so that a picture costs memory for its encoded form only.
+//
+// Made by CSurfaceGDI::includeImage and owned by the surface. One thread at a time.
+#pragma once
+
+#include <cstddef>
+
+#include <windows.h>
+
+#include "sys/surfaceExport.h"
+
+class SURFACE_API CSurfacePicture {
+public:
+    CSurfacePicture();
+    CSurfacePicture(const CSurfacePicture&) = delete;
+    CSurfacePicture& operator=(const CSurfacePicture&) = delete;
+    virtual ~CSurfacePicture();
+
+    static void* operator new(std::size_t size) noexcept;
+    static void operator delete(void* block) noexcept;
+
+    // What draw() can't do: the image library is missing, the bytes are no image.
+    static constexpr int libraryMissing = 14029;
+    static constexpr int notDecodable = 14015;
+
+    // The answer of findTransparentColor when there is none.
+    static constexpr COLORREF noColor = 0x80000000;
+
+    // Draws on a device. Mode 0: at its own size from offset (x, y); 1: scaled to the rectangle; 2: tiled over the
+    // rectangle with its origin at offset (x, y), which makes the stored size of a picture smaller than 8 by 8 in
+    // either direction 8 by 8. A tile with a width or height below 1 draws nothing. Other modes draw nothing.
+    // Gives 0, libraryMissing or notDecodable.
+    int draw(HDC hdc, RECT* rect, int x, int y, int mode);
+
+    // The colour, red in the low byte, of the first wholly transparent pixel in the order of storage; `noColor` when
+    // the bitmap has none, or not 32 bits a pixel.
+    static COLORREF findTransparentColor(const BITMAPINFO* info, const unsigned char* bits);
+
+    // Draws a bitmap with one colour left out, by a mask and three raster steps. Source coordinates count from the
+    // top. False, told in the log, when the device can't do it; part of the steps may have been drawn then.
+    static bool drawTransparent(HDC hdc, HBITMAP bitmap, int x, int y, int width, int height, int xSrc,
+                                int ySrc, int widthSrc, int heightSrc, COLORREF transparent);
+
+    unsigned int m_length; // bytes in m_data
+    int m_width;           // pixels, as the caller stated them
+    int m_height;
+    HDC m_hdc;             // the device at the time of the inclusion; not read again
+    unsigned char* m_data; // the encoded bytes, owned
+    int m_type;            // 7: JPEG; every other number: PNG
+
+private:
+    struct Placement;
+
+    Placement placementOf(const RECT& rect, int x, int y, int mode) const;
+    void drawPlaced(HDC hdc, const Placement& placement, const BITMAPINFO* info,
+                    const unsigned char* bits) const;
+    void tile(HDC hdc, const RECT& rect, int x, int y, const BITMAPINFO* info, const unsigned char* bits);
+    HBRUSH smallTile(const BITMAPINFO* info, const unsigned char* bits);
+};

@@ -1,0 +1,166 @@
+// Text in one piece. drawString() is the one place that draws it, in device units.
+#include <cstring>
+
+#include "gdi/DeviceScale.h"
+#include "surface/drawTextLock.h"
+#include "surface/wrappingInt.h"
+#include "surfaceGDI.h"
+
+namespace {
+
+// The one drawing call of the process at a time.
+class DrawTextTurn {
+public:
+    DrawTextTurn() { drawTextLock.acquire(); }
+    ~DrawTextTurn() { drawTextLock.relinquish(); }
+    DrawTextTurn(const DrawTextTurn&) = delete;
+    DrawTextTurn& operator=(const DrawTextTurn&) = delete;
+};
+
+// Without a last ampersand that no second one makes a character.
+int drawnLength(const char* text, UINT flags)
+{
+    const int length = lstrlenA(text);
+    const bool marksNothing = (flags & DT_NOPREFIX) == 0 && length > 0 && text[length - 1] == '&' &&
+                              (length == 1 || text[length - 2] != '&');
+    return marksNothing ? length - 1 : length;
+}
+
+// A context in device units until the end of its life, when its map mode, extents and world transform come back.
+class InDeviceUnits {
+public:
+    explicit InDeviceUnits(HDC hdc)
+        : m_hdc(hdc), m_mode(GetMapMode(hdc)), m_scale(hdc), m_world{1, 0, 0, 1, 0, 0}
+    {
+        if (m_mode == MM_TEXT) {
+            return;
+        }
+        SetGraphicsMode(m_hdc, GM_ADVANCED);
+        GetWorldTransform(m_hdc, &m_world);
+        const XFORM scaled = m_scale.transform(m_world);
+        SetWorldTransform(m_hdc, &scaled);
+        SetMapMode(m_hdc, MM_TEXT);
+    }
+    ~InDeviceUnits()
+    {
+        if (m_mode == MM_TEXT) {
+            return;
+        }
+        SetMapMode(m_hdc, m_mode);
+        SetViewportExtEx(m_hdc, m_scale.viewport.cx, m_scale.viewport.cy, nullptr);
+        SetWindowExtEx(m_hdc, m_scale.window.cx, m_scale.window.cy, nullptr);
+        SetWorldTransform(m_hdc, &m_world);
+    }
+    InDeviceUnits(const InDeviceUnits&) = delete;
+    InDeviceUnits& operator=(const InDeviceUnits&) = delete;
+
+    RECT rect(const RECT& logical) const { return m_mode == MM_TEXT ? logical : m_scale.rect(logical); }
+
+private:
+    HDC m_hdc;
+    int m_mode;
+    DeviceScale m_scale;
+    XFORM m_world;
+};
+
+// The text's height on the screen, whose dots are not those of the device.
+int heightOnScreen(const char* text, const RECT& rect, UINT flags, HFONT font)
+{
+    RECT measured = rect;
+    const HDC screen = GetDC(nullptr);
+    const HGDIOBJ former = SelectObject(screen, font);
+    DrawTextA(screen, text, -1, &measured, flags | DT_CALCRECT);
+    SelectObject(screen, former);
+    ReleaseDC(nullptr, screen);
+    return wrapSubtract(measured.bottom, measured.top);
+}
+
+} // namespace
+
+void CSurfaceGDI::drawString(const char* text, RECT* rect, unsigned int flags)
+{
+    if (text == nullptr || rect == nullptr) {
+        return;
+    }
+    const InDeviceUnits units(m_hdc);
+    RECT device = units.rect(*rect);
+    const DrawTextTurn turn;
+    const int length = drawnLength(text, flags);
+    setBackMode(TRANSPARENT);
+    DrawTextA(m_hdc, text, length, &device, flags);
+}
+
+void CSurfaceGDI::drawStyled(const char* text, RECT* rect, unsigned int flags)
+{
+    const bool turned = m_textStyle.getCharAngle() != 0 || m_textStyle.getTextAngle() != 0;
+    if (turned) {
+        SetGraphicsMode(m_hdc, GM_ADVANCED);
+    }
+    const COLORREF color = static_cast<COLORREF>(m_textStyle.getColor());
+    if (GetTextColor(m_hdc) != color) {
+        SetTextColor(m_hdc, color);
+    }
+    drawString(text, rect, flags);
+    if (turned) {
+        SetGraphicsMode(m_hdc, GM_COMPATIBLE);
+    }
+}
+
+void CSurfaceGDI::drawText(const char* text, RECT* rect, unsigned int flags)
+{
+    if (text == nullptr || rect == nullptr) {
+        return;
+    }
+    if ((flags & DT_CENTER) != 0) {
+        const int room = wrapSubtract(rect->bottom, rect->top);
+        const int offset = wrapSubtract(room, heightOnScreen(text, *rect, flags, m_createdFont)) / 2;
+        if (offset > 0) {
+            rect->top = wrapAdd(rect->top, offset);
+        }
+    }
+    drawStyled(text, rect, flags);
+}
+
+void CSurfaceGDI::drawTextAt(const char* text, POINT* point, unsigned int flags)
+{
+    if (text == nullptr || point == nullptr) {
+        return;
+    }
+    constexpr int Far = 32767;
+    constexpr int HalfWay = 16383;
+    RECT rect{point->x, point->y, Far, Far};
+    if ((flags & DT_RIGHT) != 0) {
+        rect.left = wrapSubtract(point->x, Far);
+        rect.right = point->x;
+    } else if ((flags & DT_CENTER) != 0) {
+        rect.left = wrapSubtract(point->x, HalfWay);
+        rect.right = wrapAdd(point->x, HalfWay + 1);
+    }
+    drawStyled(text, &rect, flags);
+}
+
+void CSurfaceGDI::drawStringRotated(const char* text, RECT* rect, unsigned int flags, int charAngle,
+                                    int textAngle)
+{
+    if (text == nullptr || rect == nullptr) {
+        return;
+    }
+    createFont(m_font, charAngle, textAngle);
+    const int former = SetGraphicsMode(m_hdc, GM_ADVANCED);
+    drawString(text, rect, flags);
+    SetGraphicsMode(m_hdc, former);
+    restoreFont();
+}
+
+void CSurfaceGDI::drawTextOnBaseLine(int x, int y, unsigned int options, RECT* rect, char* text, int length)
+{
+    if (text == nullptr) {
+        return;
+    }
+    // `length` may be less than the text, and then nothing behind it is looked at.
+    const std::size_t limit = length < 0 ? 0 : static_cast<std::size_t>(length);
+    const std::size_t whole = length == -1 ? std::strlen(text) : strnlen(text, limit);
+    const UINT former = SetTextAlign(m_hdc, TA_BASELINE);
+    ExtTextOutA(m_hdc, x, y, options, rect, text, static_cast<UINT>(whole), nullptr);
+    SetTextAlign(m_hdc, former);
+}

@@ -1,0 +1,168 @@
+// A picture drawn in its three modes.
+#include "surfacePicture.h"
+
+#include "gdi/pictureDecoding.h"
+#include "surface/moduleHeap.h"
+#include "surface/wrappingInt.h"
+
+namespace {
+
+constexpr int ownSize = 0;
+constexpr int scaled = 1;
+constexpr int tiled = 2;
+constexpr int hatchSize = 8; // of the smallest brush that devices take
+
+// A bitmap object for as long as a picture is drawn.
+class Section {
+public:
+    Section(HDC hdc, const BITMAPINFO* info, const unsigned char* bits)
+    {
+        void* room = nullptr;
+        m_bitmap = CreateDIBSection(hdc, info, DIB_RGB_COLORS, &room, nullptr, 0);
+        if (m_bitmap != nullptr) {
+            SetDIBits(hdc, m_bitmap, 0, static_cast<UINT>(info->bmiHeader.biHeight), bits, info,
+                      DIB_RGB_COLORS);
+        }
+    }
+    ~Section()
+    {
+        if (m_bitmap != nullptr) {
+            DeleteObject(m_bitmap);
+        }
+    }
+    Section(const Section&) = delete;
+    Section& operator=(const Section&) = delete;
+
+    HBITMAP get() const { return m_bitmap; }
+
+private:
+    HBITMAP m_bitmap;
+};
+
+} // namespace
+
+CSurfacePicture::CSurfacePicture()
+    : m_length(0), m_width(0), m_height(0), m_hdc(nullptr), m_data(nullptr), m_type(0)
+{
+}
+
+CSurfacePicture::~CSurfacePicture()
+{
+    freeToModuleHeap(m_data);
+}
+
+void* CSurfacePicture::operator new(std::size_t size) noexcept
+{
+    return allocateFromModuleHeap(size);
+}
+
+void CSurfacePicture::operator delete(void* block) noexcept
+{
+    freeToModuleHeap(block);
+}
+
+// Where a picture goes, and which part of it. The source's y counts from the bitmap's bottom row in `sourceY` and
+// from its top row in `sourceYFromTop`.
+struct CSurfacePicture::Placement {
+    int left;
+    int top;
+    int width;
+    int height;
+    int sourceX;
+    int sourceY;
+    int sourceWidth;
+    int sourceHeight;
+    bool fromBottom; // sourceY has to be turned round for functions that count from the top
+};
+
+CSurfacePicture::Placement CSurfacePicture::placementOf(const RECT& rect, int x, int y, int mode) const
+{
+    int width = wrapSubtract(rect.right, rect.left);
+    int height = wrapSubtract(rect.bottom, rect.top);
+    if (mode == scaled) {
+        return {rect.left, rect.top, width, height, 0, 0, m_width, m_height, false};
+    }
+    if (height < m_height) {
+        y = wrapSubtract(y, wrapSubtract(m_height, height)); // y = 0 shows the top rows
+    } else {
+        height = m_height;
+    }
+    width = width > m_width ? m_width : width;
+    return {rect.left, rect.top, width, height, x, wrapSubtract(0, y), width, height, true};
+}
+
+void CSurfacePicture::drawPlaced(HDC hdc, const Placement& place, const BITMAPINFO* info,
+                                 const unsigned char* bits) const
+{
+    const COLORREF transparent = formatOf(*this) == FIF_PNG ? findTransparentColor(info, bits) : noColor;
+    if (transparent != noColor) {
+        const Section section(hdc, info, bits);
+        const int sourceY = place.fromBottom ? wrapSubtract(info->bmiHeader.biHeight,
+                                                            wrapAdd(place.sourceY, place.sourceHeight))
+                                             : place.sourceY;
+        if (section.get() != nullptr &&
+            drawTransparent(hdc, section.get(), place.left, place.top, place.width, place.height,
+                            place.sourceX, sourceY, place.sourceWidth, place.sourceHeight, transparent)) {
+            return;
+        }
+    }
+    StretchDIBits(hdc, place.left, place.top, place.width, place.height, place.sourceX, place.sourceY,
+                  place.sourceWidth, place.sourceHeight, bits, info, DIB_RGB_COLORS, SRCCOPY);
+}
+
+// As many copies of the picture as fit in 8 by 8 pixels.
+HBRUSH CSurfacePicture::smallTile(const BITMAPINFO* info, const unsigned char* bits)
+{
+    const HDC screen = GetDC(nullptr);
+    const HDC memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, hatchSize, hatchSize);
+    const HGDIOBJ former = SelectObject(memory, bitmap);
+    for (int x = 0; x < hatchSize; x += m_width) {
+        for (int y = 0; y < hatchSize; y += m_height) {
+            StretchDIBits(memory, x, y, m_width, m_height, 0, 0, m_width, m_height, bits, info,
+                          DIB_RGB_COLORS, SRCCOPY);
+        }
+    }
+    m_width = hatchSize;
+    m_height = hatchSize;
+    SelectObject(memory, former);
+    DeleteDC(memory);
+    const HBRUSH brush = CreatePatternBrush(bitmap);
+    DeleteObject(bitmap);
+    ReleaseDC(nullptr, screen);
+    return brush;
+}
+
+void CSurfacePicture::tile(HDC hdc, const RECT& rect, int x, int y, const BITMAPINFO* info,
+                           const unsigned char* bits)
+{
+    if (m_width < 1 || m_height < 1) {
+        return;
+    }
+    const HBRUSH brush = m_width >= hatchSize && m_height >= hatchSize
+                             ? CreateDIBPatternBrushPt(info, DIB_RGB_COLORS)
+                             : smallTile(info, bits);
+    SetBrushOrgEx(hdc, wrapSubtract(rect.left, x), wrapSubtract(rect.top, y), nullptr);
+    FillRect(hdc, &rect, brush);
+    DeleteObject(brush);
+}
+
+int CSurfacePicture::draw(HDC hdc, RECT* rect, int x, int y, int mode)
+{
+    FreeImageDesc library(false);
+    if (!library.isProcLoaded()) {
+        return libraryMissing;
+    }
+    const DecodedImage bitmap(library, decoded(library, *this));
+    if (bitmap.get() == nullptr) {
+        return notDecodable;
+    }
+    const BITMAPINFO* const info = library.imageGetInfo(bitmap.get());
+    const unsigned char* const bits = library.imageGetBits(bitmap.get());
+    if (mode == tiled) {
+        tile(hdc, *rect, x, y, info, bits);
+    } else if (mode == ownSize || mode == scaled) {
+        drawPlaced(hdc, placementOf(*rect, x, y, mode), info, bits);
+    }
+    return 0;
+}

@@ -1,0 +1,18 @@
+// How the encoded bytes of a picture become pixels.
+#pragma once
+
+#include "surface/decodedImage.h"
+#include "surfacePicture.h"
+
+// Pictures of type 7 are JPEG, all others PNG.
+inline FREE_IMAGE_FORMAT formatOf(const CSurfacePicture& picture)
+{
+    constexpr int JpegType = 7;
+    return picture.m_type == JpegType ? FIF_JPEG : FIF_PNG;
+}
+
+// Null without the image library and for bytes that can't be decoded.
+inline FIBITMAP* decoded(FreeImageDesc& library, const CSurfacePicture& picture)
+{
+    return library.imageLoadFromMem(formatOf(picture), picture.m_data, picture.m_length);
+}

@@ -1,0 +1,143 @@
+// The walk through a resource tree to the version block (PE format, "The .rsrc Section"): three levels of directories,
+// by type, name and language. Offsets count from the start of the tree; named entries stand in front of those with
+// ids, and are passed over.
+#include "moduleVersion.h"
+
+namespace {
+
+constexpr std::uint32_t versionType = 16;
+constexpr std::uint32_t versionName = 1;
+constexpr std::uint32_t firstLanguage = 1033;
+constexpr std::uint32_t lastLanguage = 5129; // its block wins over that of the first
+constexpr std::uint32_t directoryBit = 0x80000000;
+
+constexpr std::uint16_t noLength = 65535;
+constexpr std::uint16_t signatureUpperHalf = 0xFEEF; // of 0xFEEF04BD, which begins a VS_FIXEDFILEINFO
+
+// The entries with ids of the directory at a place of the file.
+struct IdEntries {
+    std::uint64_t first;
+    unsigned int count;
+};
+
+IdEntries idEntries(std::uint64_t directory, std::uint16_t named, std::uint16_t withIds)
+{
+    return {directory + 16 + std::uint64_t{named} * 8, withIds};
+}
+
+} // namespace
+
+// A place of the file from an offset in the tree.
+std::uint64_t CModuleVersion::resource(std::uint32_t offset) const
+{
+    return static_cast<std::uint64_t>(m_resources - m_view) + (offset & ~directoryBit);
+}
+
+bool CModuleVersion::readResources()
+{
+    if (m_resources == nullptr) {
+        return false;
+    }
+    bool found = false;
+    const std::uint64_t top = resource(0);
+    const IdEntries entries = idEntries(top, word(top + 12), word(top + 14));
+    for (unsigned int i = 0; i < entries.count; ++i) {
+        const std::uint64_t entry = entries.first + std::uint64_t{i} * 8;
+        const std::uint32_t id = dword(entry);
+        if (id > versionType || !holds(entry, 8)) {
+            break;
+        }
+        if (id < versionType) {
+            continue;
+        }
+        const std::uint32_t target = dword(entry + 4);
+        if ((target & directoryBit) == 0) {
+            return false;
+        }
+        if (!readVersionNames(resource(target), found)) {
+            break;
+        }
+    }
+    return found;
+}
+
+// False when the walk has come to its end.
+bool CModuleVersion::readVersionNames(std::uint64_t directory, bool& found)
+{
+    const IdEntries entries = idEntries(directory, word(directory + 12), word(directory + 14));
+    for (unsigned int i = 0; i < entries.count; ++i) {
+        const std::uint64_t entry = entries.first + std::uint64_t{i} * 8;
+        if (dword(entry) != versionName) {
+            break;
+        }
+        const std::uint32_t target = dword(entry + 4);
+        const Walk walk = (target & directoryBit) != 0 ? readLanguages(resource(target), found) : Walk::fails;
+        if (walk != Walk::goesOn) {
+            found = found && walk != Walk::fails;
+            return false;
+        }
+    }
+    return true;
+}
+
+CModuleVersion::Walk CModuleVersion::readLanguages(std::uint64_t directory, bool& found)
+{
+    const IdEntries entries = idEntries(directory, word(directory + 12), word(directory + 14));
+    for (unsigned int i = 0; i < entries.count; ++i) {
+        const std::uint64_t entry = entries.first + std::uint64_t{i} * 8;
+        const std::uint32_t language = dword(entry);
+        if (!holds(entry, 8) || (!m_isElf && language > lastLanguage)) {
+            break;
+        }
+        if (!m_isElf && language != firstLanguage && language != lastLanguage) {
+            continue;
+        }
+        const std::uint32_t target = dword(entry + 4);
+        if ((target & directoryBit) != 0) {
+            return Walk::fails;
+        }
+        const std::uint32_t place = dword(resource(target));
+        const std::uint64_t block =
+            m_isElf ? resource(0) + place
+                    : std::uint64_t{place} - m_section.virtualAddress + m_section.pointerToRawData;
+        const Walk walk = readBlock(block, found);
+        if (walk == Walk::fails || m_isElf || language == lastLanguage) {
+            return walk == Walk::fails ? walk : Walk::ends;
+        }
+    }
+    return Walk::goesOn;
+}
+
+// VS_VERSIONINFO: its length and that of its value in bytes, a type, a key in 16-bit characters, and, aligned, the
+// fixed part, which its signature tells.
+CModuleVersion::Walk CModuleVersion::readBlock(std::uint64_t block, bool& found)
+{
+    const std::uint16_t length = word(block);
+    const std::uint16_t valueLength = word(block + 2);
+    if (!holds(block, 4) || length == noLength || valueLength == noLength) {
+        return Walk::fails;
+    }
+    if (valueLength <= 3) {
+        return Walk::goesOn;
+    }
+    for (std::uint64_t unit = 3; (unit + 1) * 2 <= length && holds(block, (unit + 1) * 2); ++unit) {
+        const std::uint64_t place = block + unit * 2;
+        if (word(place) != signatureUpperHalf) {
+            continue;
+        }
+        // The upper half comes first where the most significant byte does.
+        const std::uint64_t signature = m_swapBytes ? place : place - 2;
+        if (!holds(signature, 16)) {
+            return Walk::fails;
+        }
+        const std::uint32_t upper = dword(signature + 8);
+        const std::uint32_t lower = dword(signature + 12);
+        m_major = static_cast<int>(upper >> 16U);
+        m_minor = static_cast<int>(upper & 0xFFFFU);
+        m_build = static_cast<int>(lower >> 16U);
+        m_revision = static_cast<int>(lower & 0xFFFFU);
+        found = true;
+        return Walk::goesOn;
+    }
+    return Walk::fails;
+}

@@ -1,0 +1,7 @@
+// The one lock of the module: it serialises the drawing of text on devices across all threads and surfaces.
+#pragma once
+
+#include "sys/krnos.h"
+
+// Made when the module is loaded and destroyed when it is unloaded.
+extern ThreadMutex__ drawTextLock;
