@@ -111,7 +111,7 @@ unsigned int CSurfacePSPrinter::encodeImage(unsigned char* data, int size, int /
     if (data == nullptr || size <= 0 || width <= 0 || height <= 0) {
         return ImageNotConverted;
     }
-    Bitmap bitmap(library, library.imageLoadFromMem(formatOfData(library, data, size), data,
+    DecodedImage bitmap(library, library.imageLoadFromMem(formatOfData(library, data, size), data,
                                                     static_cast<unsigned int>(size)));
     if (bitmap.get() == nullptr) {
         return ImageNotConverted;

@@ -13,12 +13,12 @@ inline FREE_IMAGE_FORMAT formatOfData(FreeImageDesc& library, unsigned char* dat
 }
 
 // A decoded image, or null; unloaded with this.
-class Bitmap {
+class DecodedImage {
 public:
-    Bitmap(FreeImageDesc& library, FIBITMAP* bitmap) : m_library(library), m_bitmap(bitmap) {}
-    ~Bitmap() { replace(nullptr); }
-    Bitmap(const Bitmap&) = delete;
-    Bitmap& operator=(const Bitmap&) = delete;
+    DecodedImage(FreeImageDesc& library, FIBITMAP* bitmap) : m_library(library), m_bitmap(bitmap) {}
+    ~DecodedImage() { replace(nullptr); }
+    DecodedImage(const DecodedImage&) = delete;
+    DecodedImage& operator=(const DecodedImage&) = delete;
 
     FIBITMAP* get() const { return m_bitmap; }
 

@@ -97,7 +97,7 @@ int CSurfaceSVG::convertImage(unsigned char* data, int size, int picType, char*&
     if (!library.isProcLoaded()) {
         return ImageLibraryMissing;
     }
-    Bitmap bitmap(library, library.imageLoadFromMem(source, data, static_cast<unsigned int>(size)));
+    DecodedImage bitmap(library, library.imageLoadFromMem(source, data, static_cast<unsigned int>(size)));
     if (bitmap.get() == nullptr) {
         return ImageNotConverted;
     }

@@ -33,8 +33,23 @@ struct BitmapView {
     DWORD pixel(int x, int y) const noexcept;
 };
 
-// Reads the head of a device-independent bitmap that stands in `info` (BITMAPINFOHEADER or longer, masks, palette) with
-// its rows in `bits`: 1, 4, 8, 16, 24 or 32 bits, uncompressed or with masks. Nothing when head, sizes or rows are
+// What the head of a device-independent bitmap (BITMAPINFOHEADER or longer, masks, palette) says.
+struct DibHead {
+    int width = 0;
+    int height = 0; // above 0
+    int bitsPerPixel = 0;
+    bool bottomUp = true;
+    DWORD compression = BI_RGB; // BI_RGB, BI_BITFIELDS, BI_RLE8 or BI_RLE4
+    std::size_t stride = 0;     // of a row without compression
+    std::size_t headBytes = 0;  // of head, masks and palette
+    std::size_t bitsBytes = 0;  // of the rows, as compressed
+    std::span<const RGBQUAD> palette;
+    DWORD masks[3] = {}; // red, green, blue; 16 bits and more
+};
+// Nothing for an unsound head, for one that leaves `info`, and for DIB_PAL_COLORS.
+std::optional<DibHead> readDibHead(std::span<const BYTE> info, UINT usage) noexcept;
+
+// Reads the head of a device-independent bitmap that stands in `info` with its rows in `bits`: 1, 4, 8, 16, 24 or 32 bits, uncompressed or with masks. Nothing when head, sizes or rows are
 // unsound or leave the bytes given. RLE is decoded by expandRle() first.
 std::optional<BitmapView> viewDib(std::span<const BYTE> info, std::span<const BYTE> bits, UINT usage);
 
@@ -45,9 +60,10 @@ struct DibSize {
     std::size_t bits = 0;
 };
 DibSize measureDib(const BITMAPINFO* info, UINT usage) noexcept;
+std::optional<DibHead> readDibHead(const BITMAPINFO* info, UINT usage) noexcept;
 
 // Rows decoded from BI_RLE8 or BI_RLE4 (8 or 4 bits a pixel, bottom-up, pixels not told are 0); nothing when unsound.
-std::optional<std::vector<BYTE>> expandRle(const BITMAPINFOHEADER& header, std::span<const BYTE> bits);
+std::optional<std::vector<BYTE>> expandRle(const DibHead& head, std::span<const BYTE> bits);
 
 // A bitmap that owns its pixels. Compatible ones have 32 bits a pixel (blue, green, red, unused; masks 0xFF0000,
 // 0xFF00, 0xFF), monochrome ones 1 bit with the most significant bit leftmost and palette black, white; DIB sections
@@ -57,13 +73,19 @@ public:
     // Null when the size is below 1 or over the limit, or without memory; all pixels 0.
     static std::shared_ptr<Bitmap> create(int width, int height, int bitsPerPixel, bool bottomUp,
                                           bool dibSection) noexcept;
+    // A DIB section of the form that the head tells, all pixels 0.
+    static std::shared_ptr<Bitmap> createDib(const DibHead& head) noexcept;
+    // The same with the pixels of `bits`, whose length the head tells.
+    static std::shared_ptr<Bitmap> createDib(const DibHead& head, const void* bits) noexcept;
 
     BitmapView view() const noexcept;
     // Stored rows, for writing.
     BYTE* bits() noexcept { return m_bits.data(); }
-    BYTE* row(int y) noexcept;
+    BYTE* row(int y) noexcept { return m_bits.data() + m_stride * (m_bottomUp ? m_height - 1 - y : y); }
     // Sets a pixel from 0x00RRGGBB: nearest palette colour, masks or as it is.
     void setPixel(int x, int y, DWORD color) noexcept;
+    // Fills the pixels of a row with those of the view's row; what the view is too narrow for stays.
+    void setRow(int y, const BitmapView& source, int sourceY) noexcept;
     int width() const noexcept { return m_width; }
     int height() const noexcept { return m_height; }
     int bitsPerPixel() const noexcept { return m_bitsPerPixel; }
@@ -72,6 +94,8 @@ public:
     std::vector<RGBQUAD>& palette() noexcept { return m_palette; }
 
 private:
+    void setMasks(DWORD red, DWORD green, DWORD blue) noexcept;
+
     int m_width = 0;
     int m_height = 0;
     int m_bitsPerPixel = 0;

@@ -113,6 +113,10 @@ public:
     virtual void stateSaved(DeviceContext& /*context*/) {}
     virtual void stateRestored(DeviceContext& /*context*/, int /*levels*/) {} // levels below 0
 
+    // The application deleted a pen, brush or font. Reaches devices with a DeletionWatch only, on the thread that
+    // deletes: the device guards itself, and neither makes nor deletes objects or watches meanwhile.
+    virtual void objectDeleted(HGDIOBJ /*object*/) {}
+
     // Shapes with the context's pen and brush.
     virtual bool lineTo(DeviceContext& context, POINT from, POINT to) = 0;
     virtual bool poly(DeviceContext& context, PolyShape shape, std::span<const POINT> points,
@@ -144,4 +148,20 @@ public:
 
     virtual bool text(DeviceContext& context, const TextOutput& output) = 0;
     virtual bool comment(DeviceContext& /*context*/, std::span<const BYTE> /*data*/) { return true; }
+};
+
+// Has a device told of the objects that the application deletes, as long as the watch lives. A member of the device,
+// declared behind all that objectDeleted() uses.
+class DeletionWatch {
+public:
+    explicit DeletionWatch(Device& device);
+    DeletionWatch(const DeletionWatch&) = delete;
+    DeletionWatch& operator=(const DeletionWatch&) = delete;
+    ~DeletionWatch();
+
+    // Tells every watching device.
+    static void objectDeleted(HGDIOBJ object);
+
+private:
+    Device& m_device;
 };

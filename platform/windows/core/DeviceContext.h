@@ -62,13 +62,21 @@ public:
     Mapping mapping() const noexcept;
     // The same without the world transform.
     Mapping pageMapping() const noexcept;
+    // MM_ISOTROPIC shrinks one of the viewport's extents, so that units are as long on both axes of the device.
+    SIZE viewportExtent() const noexcept;
     // Clip and metaClip together; nothing: no clip.
     std::optional<Region> effectiveClip() const;
+    // What can be drawn on at all, in device units: the bitmap of a memory context, else the whole device.
+    RECT deviceArea() const noexcept;
 
 private:
     ContextKind m_contextKind;
     std::unique_ptr<Device> m_device;
 };
+
+// Enters a new context and gives its handle, null without memory. It gets the default pen, brush and font, and a memory
+// context its bitmap of one pixel.
+HDC addContext(std::shared_ptr<DeviceContext> context) noexcept;
 
 // Looks a context up for one call of a named function, counts the call where calls are counted, and runs the body
 // with the context. Gives `failure` for a handle that is no context's, and when memory ran out; it never throws.

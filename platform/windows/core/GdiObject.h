@@ -1,9 +1,10 @@
-// What the handles of this layer stand for: drawing objects. They don't change once they are made, bitmaps apart,
-// so that contexts on several threads may share them; contexts and whoever draws hold them by shared pointers.
+// What the handles of this layer stand for: drawing objects. They don't change once they are made, bitmaps and regions
+// apart, so that contexts on several threads may share them; contexts and whoever draws hold them by shared pointers.
 #pragma once
 
 #include <windows.h>
 
+#include <atomic>
 #include <memory>
 #include <vector>
 
@@ -17,7 +18,8 @@ public:
     explicit GdiObject(ObjectKind kind) noexcept : m_kind(kind) {}
     GdiObject(const GdiObject&) = delete;
     GdiObject& operator=(const GdiObject&) = delete;
-    virtual ~GdiObject() = default;
+    // Gives the slot of its handle back.
+    virtual ~GdiObject();
 
     ObjectKind kind() const noexcept { return m_kind; }
     // The handle that stands for the object, also after it died; set by the handle table.
@@ -70,7 +72,7 @@ public:
     BitmapObject() noexcept : GdiObject(ObjectKind::bitmap) {}
 
     std::shared_ptr<Bitmap> bitmap;
-    DeviceContext* selectedInto = nullptr; // the one memory context that holds it
+    std::atomic<DeviceContext*> selectedInto = nullptr; // the one memory context that holds it
 };
 
 class RegionObject : public GdiObject {

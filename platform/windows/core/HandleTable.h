@@ -5,6 +5,8 @@
 #include <windows.h>
 
 #include <memory>
+#include <mutex>
+#include <vector>
 
 #include "core/GdiObject.h"
 
@@ -15,6 +17,8 @@ public:
     // Enters an object and gives its handle; null without memory.
     HGDIOBJ add(std::shared_ptr<GdiObject> object) noexcept;
     HGDIOBJ addStock(std::shared_ptr<GdiObject> object, int stockIndex) noexcept;
+    // Gives an object that stands in no slot the handle and the number of a stock object.
+    static void standFor(GdiObject& object, const GdiObject& stockObject) noexcept;
 
     // The live object of a handle; null for a handle that names none, or names a dead one.
     std::shared_ptr<GdiObject> find(HGDIOBJ handle) noexcept;
@@ -35,4 +39,21 @@ public:
 
     // Objects that exist, dead ones that are still selected included, stock ones not.
     DWORD count() noexcept;
+
+private:
+    friend class GdiObject;
+
+    struct Slot {
+        std::shared_ptr<GdiObject> object; // null: free, or dead and still held elsewhere
+        DWORD generation = 1;
+    };
+
+    HGDIOBJ enter(std::shared_ptr<GdiObject> object, int stockIndex) noexcept;
+    Slot* slotOf(HGDIOBJ handle) noexcept;
+    void release(HGDIOBJ handle) noexcept;
+
+    std::mutex m_mutex;
+    std::vector<Slot> m_slots;
+    std::vector<std::size_t> m_free;
+    DWORD m_count = 0;
 };

@@ -9,37 +9,38 @@
 
 struct _cairo_region; // NOLINT(bugprone-reserved-identifier): cairo's own tag
 
+// Coordinates of regions are cut off at +-this, so that widths and moves stay in 32 bits.
+constexpr LONG regionLimit = 1 << 26;
+
+// Copies share their rectangles, which never change: an operation makes new ones. Operations throw std::bad_alloc
+// without memory. A region of more than 1,000,000 rectangles becomes its box.
 class Region {
 public:
     // Empty.
-    Region();
+    Region() = default;
     // Corners may be swapped.
     explicit Region(const RECT& rect);
-    Region(const Region& other);
-    Region(Region&& other) noexcept = default;
-    Region& operator=(const Region& other);
-    Region& operator=(Region&& other) noexcept = default;
-    ~Region() = default;
+    // All of them together, in any order.
+    explicit Region(std::span<const RECT> rects);
 
-    // The pixels whose centres lie inside, by ALTERNATE or WINDING; `counts` splits the points into polygons. The
-    // part beyond +-2^26 is cut off, and so is a region of more than 1,000,000 rectangles: it becomes its box.
+    // The pixels whose centres lie inside, by ALTERNATE or WINDING; `counts` splits the points into polygons. A shape
+    // that would take more than some 10^8 steps to scan becomes its box.
     static Region fromPolygons(std::span<const POINT> points, std::span<const INT> counts, int fillMode);
 
     // This region becomes the combination of itself and the other (RGN_AND, RGN_OR, RGN_XOR, RGN_DIFF, RGN_COPY).
     void combine(const Region& other, int mode);
     void translate(int x, int y);
 
-    bool empty() const;
-    bool contains(int x, int y) const;
-    RECT box() const; // all zero when empty
+    bool empty() const noexcept;
+    bool contains(int x, int y) const noexcept;
+    RECT box() const noexcept; // all zero when empty
     // In bands from the top, and from the left within a band.
     std::vector<RECT> rectangles() const;
     // NULLREGION, SIMPLEREGION or COMPLEXREGION.
-    int complexity() const;
+    int complexity() const noexcept;
 
 private:
-    struct Release {
-        void operator()(_cairo_region* region) const noexcept;
-    };
-    std::unique_ptr<_cairo_region, Release> m_region;
+    void adopt(_cairo_region* region);
+
+    std::shared_ptr<_cairo_region> m_region; // null: empty
 };

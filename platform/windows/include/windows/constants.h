@@ -12,6 +12,7 @@ constexpr UINT OBJ_FONT = 6;
 constexpr UINT OBJ_BITMAP = 7;
 constexpr UINT OBJ_REGION = 8;
 constexpr UINT OBJ_MEMDC = 10;
+constexpr UINT OBJ_EXTPEN = 11;
 constexpr UINT OBJ_ENHMETADC = 12;
 constexpr UINT OBJ_ENHMETAFILE = 13;
 

@@ -56,6 +56,18 @@ struct LOGPEN {
 };
 static_assert(sizeof(LOGPEN) == 16);
 
+// What GetObjectA tells of a pen of ExtCreatePen, with its first dash; more dashes follow.
+struct EXTLOGPEN {
+    DWORD elpPenStyle;
+    DWORD elpWidth;
+    UINT elpBrushStyle;
+    COLORREF elpColor;
+    ULONG_PTR elpHatch;
+    DWORD elpNumEntries;
+    DWORD elpStyleEntry[1];
+};
+static_assert(offsetof(EXTLOGPEN, elpStyleEntry) == 20 + sizeof(void*));
+
 extern "C" {
 
 // A null, stale, foreign or wrong-typed handle is refused everywhere: it is looked up, never followed.

@@ -1,0 +1,130 @@
+// The clip of a context: a region in device units.
+#include <utility>
+
+#include "core/DeviceContext.h"
+#include "core/HandleTable.h"
+
+namespace {
+
+// What a context without a clip shows: everything.
+Region everything()
+{
+    return Region(RECT{-regionLimit, -regionLimit, regionLimit, regionLimit});
+}
+
+int complexityOf(const DeviceContext& context)
+{
+    const std::optional<Region> clip = context.effectiveClip();
+    return clip ? clip->complexity() : SIMPLEREGION;
+}
+
+void combineClip(DeviceContext& context, const Region& region, int mode)
+{
+    Region clip = context.state.clip ? *context.state.clip : everything();
+    clip.combine(region, mode);
+    context.state.clip = std::move(clip);
+}
+
+// A logical rectangle on the device, where it may lie askew.
+Region regionOf(const DeviceContext& context, const RECT& rect)
+{
+    const Mapping mapping = context.mapping();
+    const POINT corners[] = {
+        mapping.toDevice({rect.left, rect.top}), mapping.toDevice({rect.right, rect.top}),
+        mapping.toDevice({rect.right, rect.bottom}), mapping.toDevice({rect.left, rect.bottom})};
+    if (mapping.isAxisAligned()) {
+        return Region(RECT{corners[0].x, corners[0].y, corners[2].x, corners[2].y});
+    }
+    const INT count = 4;
+    return Region::fromPolygons(corners, {&count, 1}, ALTERNATE);
+}
+
+int combineRect(HDC handle, const char* function, const RECT& rect, int mode)
+{
+    return onContext(handle, function, ERROR, [&](DeviceContext& context) {
+        combineClip(context, regionOf(context, rect), mode);
+        context.device().clipRectCombined(context, rect, mode);
+        return complexityOf(context);
+    });
+}
+
+int selectClip(DeviceContext& context, HRGN handle, int mode)
+{
+    if (handle == nullptr) {
+        if (mode != RGN_COPY) {
+            SetLastError(ERROR_INVALID_PARAMETER);
+            return ERROR;
+        }
+        context.state.clip.reset();
+        context.device().clipSelected(context, nullptr, mode);
+        return complexityOf(context);
+    }
+    const auto object = HandleTable::instance().find<RegionObject>(handle, ObjectKind::region);
+    if (!object || mode < RGN_AND || mode > RGN_COPY) {
+        SetLastError(object ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE);
+        return ERROR;
+    }
+    combineClip(context, object->region, mode);
+    context.device().clipSelected(context, &object->region, mode);
+    return complexityOf(context);
+}
+
+} // namespace
+
+int SelectClipRgn(HDC context, HRGN region)
+{
+    return onContext(context, "SelectClipRgn", ERROR,
+                     [&](DeviceContext& found) { return selectClip(found, region, RGN_COPY); });
+}
+
+int ExtSelectClipRgn(HDC context, HRGN region, int mode)
+{
+    return onContext(context, "ExtSelectClipRgn", ERROR,
+                     [&](DeviceContext& found) { return selectClip(found, region, mode); });
+}
+
+int IntersectClipRect(HDC context, int left, int top, int right, int bottom)
+{
+    return combineRect(context, "IntersectClipRect", {left, top, right, bottom}, RGN_AND);
+}
+
+int ExcludeClipRect(HDC context, int left, int top, int right, int bottom)
+{
+    return combineRect(context, "ExcludeClipRect", {left, top, right, bottom}, RGN_DIFF);
+}
+
+int OffsetClipRgn(HDC context, int x, int y)
+{
+    return onContext(context, "OffsetClipRgn", ERROR, [&](DeviceContext& found) {
+        if (found.state.clip) {
+            Mapping distance = found.mapping();
+            distance.dx = 0;
+            distance.dy = 0;
+            const POINT offset = distance.toDevice({x, y});
+            found.state.clip->translate(offset.x, offset.y);
+        }
+        found.device().clipOffset(found, x, y);
+        return complexityOf(found);
+    });
+}
+
+// The box in logical units of what is left of the device.
+int GetClipBox(HDC context, RECT* box)
+{
+    return onContext(context, "GetClipBox", ERROR, [&](DeviceContext& found) {
+        if (box == nullptr) {
+            SetLastError(ERROR_INVALID_PARAMETER);
+            return ERROR;
+        }
+        Region visible(found.deviceArea());
+        if (const std::optional<Region> clip = found.effectiveClip()) {
+            visible.combine(*clip, RGN_AND);
+        }
+        const RECT device = visible.box();
+        const Mapping mapping = found.mapping().inverse();
+        const POINT first = mapping.toDevice({device.left, device.top});
+        const POINT last = mapping.toDevice({device.right, device.bottom});
+        *box = {first.x, first.y, last.x, last.y};
+        return visible.complexity();
+    });
+}

@@ -1,0 +1,74 @@
+// How contexts come and go.
+#include <utility>
+
+#include "core/DeviceContext.h"
+#include "core/HandleTable.h"
+#include "core/ScreenDevice.h"
+
+namespace {
+
+HDC addNew(ContextKind kind, std::unique_ptr<Device> device)
+{
+    return addContext(std::make_shared<DeviceContext>(kind, std::move(device)));
+}
+
+// What memory contexts paint with.
+std::unique_ptr<Device> makeMemoryDevice()
+{
+    return std::make_unique<ScreenDevice>();
+}
+
+// True when the context is one that `ends` accepts, and was live.
+template <class Accepts>
+bool endContext(HDC handle, const Accepts& accepts)
+{
+    HandleTable& table = HandleTable::instance();
+    const auto context = table.find<DeviceContext>(handle, ObjectKind::context);
+    if (!context || !accepts(context->contextKind()) || !table.remove(handle)) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+HDC GetDC(HWND window)
+{
+    if (window != nullptr) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return nullptr;
+    }
+    return guarded<HDC>(nullptr,
+                        [] { return addNew(ContextKind::screen, std::make_unique<ScreenDevice>()); });
+}
+
+int ReleaseDC(HWND window, HDC context)
+{
+    return window == nullptr &&
+                   endContext(context, [](ContextKind kind) { return kind == ContextKind::screen; })
+               ? 1
+               : 0;
+}
+
+HDC CreateCompatibleDC(HDC context)
+{
+    const auto create = [] {
+        return addNew(ContextKind::memory, makeMemoryDevice());
+    };
+    if (context == nullptr) {
+        return guarded<HDC>(nullptr, create);
+    }
+    return onContext<HDC>(context, "CreateCompatibleDC", nullptr, [&](DeviceContext&) { return create(); });
+}
+
+BOOL DeleteDC(HDC context)
+{
+    return endContext(context, [](ContextKind) { return true; }) ? TRUE : FALSE;
+}
+
+int GetDeviceCaps(HDC context, int index)
+{
+    return onContext(context, "GetDeviceCaps", 0,
+                     [&](DeviceContext& found) { return found.device().capability(index); });
+}

@@ -1,0 +1,65 @@
+// Font objects: descriptions only; what they look like is decided where text is laid out.
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+#include <utility>
+
+#include <sys/krnos.h>
+
+#include "core/DeviceContext.h"
+#include "core/FontDescriptions.h"
+#include "core/HandleTable.h"
+
+namespace {
+
+// Both forms begin with the same 28 bytes, up to the face.
+constexpr std::size_t commonSize = offsetof(LOGFONTA, lfFaceName);
+static_assert(commonSize == offsetof(LOGFONTW, lfFaceName));
+
+} // namespace
+
+LOGFONTW wideDescription(const LOGFONTA& font)
+{
+    LOGFONTW wide{};
+    std::memcpy(&wide, &font, commonSize);
+    char face[LF_FACESIZE] = {};
+    std::copy_n(font.lfFaceName, LF_FACESIZE - 1, face); // a face may come without its zero
+    unsigned short converted[LF_FACESIZE] = {};
+    intlCStringToUnicode(face, converted, LF_FACESIZE);
+    std::ranges::copy(converted, wide.lfFaceName);
+    return wide;
+}
+
+LOGFONTA narrowDescription(const LOGFONTW& font)
+{
+    LOGFONTA narrow{};
+    std::memcpy(&narrow, &font, commonSize);
+    unsigned short face[LF_FACESIZE] = {};
+    std::copy_n(font.lfFaceName, LF_FACESIZE - 1, face);
+    intlUnicodeToCString(face, narrow.lfFaceName, LF_FACESIZE);
+    return narrow;
+}
+
+HFONT CreateFontIndirectA(const LOGFONTA* font)
+{
+    if (font == nullptr) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    const LOGFONTW wide = wideDescription(*font);
+    return CreateFontIndirectW(&wide);
+}
+
+HFONT CreateFontIndirectW(const LOGFONTW* font)
+{
+    if (font == nullptr) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    return guarded<HFONT>(nullptr, [&] {
+        auto object = std::make_shared<FontObject>();
+        object->description = *font;
+        object->description.lfFaceName[LF_FACESIZE - 1] = 0;
+        return static_cast<HFONT>(HandleTable::instance().add(std::move(object)));
+    });
+}

@@ -1,0 +1,10 @@
+#include "core/GdiObject.h"
+
+#include "core/HandleTable.h"
+
+GdiObject::~GdiObject()
+{
+    if (m_handle != nullptr && m_stockIndex < 0) {
+        HandleTable::instance().release(m_handle);
+    }
+}

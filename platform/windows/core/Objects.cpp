@@ -1,0 +1,191 @@
+// What all drawing objects share: selection, deletion, types and counts.
+#include <utility>
+
+#include "core/DeviceContext.h"
+#include "core/HandleTable.h"
+#include "core/StockObjects.h"
+
+namespace {
+
+thread_local DWORD lastError = ERROR_SUCCESS;
+
+// The handle that stands for the present process, as Windows gives it.
+const HANDLE currentProcess = reinterpret_cast<HANDLE>(LONG_PTR{-1}); // NOLINT(performance-no-int-to-ptr)
+
+template <class Object>
+HGDIOBJ exchange(std::shared_ptr<Object>& held, const std::shared_ptr<GdiObject>& object)
+{
+    const HGDIOBJ former = held->handle();
+    held = std::static_pointer_cast<Object>(object);
+    return former;
+}
+
+// Null when the context takes no bitmap, or another context holds this one.
+HGDIOBJ selectBitmap(DeviceContext& context, const std::shared_ptr<GdiObject>& object)
+{
+    if (context.contextKind() != ContextKind::memory) {
+        return nullptr;
+    }
+    auto bitmap = std::static_pointer_cast<BitmapObject>(object);
+    const HGDIOBJ former = context.bitmap->handle();
+    if (bitmap->stockIndex() >= 0) {
+        bitmap = makeDefaultBitmap();
+        if (!bitmap) {
+            return nullptr;
+        }
+    }
+    DeviceContext* holder = nullptr;
+    if (!bitmap->selectedInto.compare_exchange_strong(holder, &context)) {
+        return holder == &context ? former : nullptr;
+    }
+    context.bitmap->selectedInto = nullptr;
+    context.bitmap = std::move(bitmap);
+    return former;
+}
+
+HGDIOBJ select(DeviceContext& context, const std::shared_ptr<GdiObject>& object)
+{
+    switch (object->kind()) {
+    case ObjectKind::pen:
+        return exchange(context.state.pen, object);
+    case ObjectKind::brush:
+        return exchange(context.state.brush, object);
+    case ObjectKind::font:
+        return exchange(context.state.font, object);
+    case ObjectKind::bitmap:
+        return selectBitmap(context, object);
+    default:
+        return nullptr;
+    }
+}
+
+DWORD contextType(const GdiObject& object)
+{
+    switch (static_cast<const DeviceContext&>(object).contextKind()) {
+    case ContextKind::memory:
+        return OBJ_MEMDC;
+    case ContextKind::metafile:
+        return OBJ_ENHMETADC;
+    default:
+        return OBJ_DC;
+    }
+}
+
+} // namespace
+
+HGDIOBJ SelectObject(HDC context, HGDIOBJ object)
+{
+    return onContext<HGDIOBJ>(context, "SelectObject", nullptr, [&](DeviceContext& found) -> HGDIOBJ {
+        const std::shared_ptr<GdiObject> entering = HandleTable::instance().find(object);
+        const HGDIOBJ former = entering ? select(found, entering) : nullptr;
+        if (former == nullptr) {
+            SetLastError(ERROR_INVALID_HANDLE);
+            return nullptr;
+        }
+        found.device().objectSelected(found, entering);
+        return former;
+    });
+}
+
+HGDIOBJ GetCurrentObject(HDC context, UINT type)
+{
+    return onContext<HGDIOBJ>(context, "GetCurrentObject", nullptr, [&](DeviceContext& found) -> HGDIOBJ {
+        switch (type) {
+        case OBJ_PEN:
+        case OBJ_EXTPEN:
+            return found.state.pen->handle();
+        case OBJ_BRUSH:
+            return found.state.brush->handle();
+        case OBJ_FONT:
+            return found.state.font->handle();
+        case OBJ_BITMAP:
+            return found.bitmap ? found.bitmap->handle() : nullptr;
+        default:
+            SetLastError(ERROR_INVALID_PARAMETER);
+            return nullptr;
+        }
+    });
+}
+
+BOOL DeleteObject(HGDIOBJ object)
+{
+    return guarded(FALSE, [&] {
+        HandleTable& table = HandleTable::instance();
+        const std::shared_ptr<GdiObject> found = table.find(object);
+        if (found && found->stockIndex() >= 0) {
+            return TRUE;
+        }
+        const bool held = found && found->kind() == ObjectKind::bitmap &&
+                          static_cast<const BitmapObject&>(*found).selectedInto != nullptr;
+        if (!found || held || found->kind() == ObjectKind::context || found->kind() == ObjectKind::metafile ||
+            !table.remove(object)) {
+            SetLastError(ERROR_INVALID_HANDLE);
+            return FALSE;
+        }
+        if (found->kind() == ObjectKind::pen || found->kind() == ObjectKind::brush ||
+            found->kind() == ObjectKind::font) {
+            DeletionWatch::objectDeleted(object);
+        }
+        return TRUE;
+    });
+}
+
+DWORD GetObjectType(HGDIOBJ object)
+{
+    const std::shared_ptr<GdiObject> found = HandleTable::instance().find(object);
+    if (!found) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return 0;
+    }
+    switch (found->kind()) {
+    case ObjectKind::pen:
+        return static_cast<const PenObject&>(*found).extended ? OBJ_EXTPEN : OBJ_PEN;
+    case ObjectKind::brush:
+        return OBJ_BRUSH;
+    case ObjectKind::font:
+        return OBJ_FONT;
+    case ObjectKind::bitmap:
+        return OBJ_BITMAP;
+    case ObjectKind::region:
+        return OBJ_REGION;
+    case ObjectKind::metafile:
+        return OBJ_ENHMETAFILE;
+    case ObjectKind::context:
+        return contextType(*found);
+    }
+    return 0;
+}
+
+BOOL UnrealizeObject(HGDIOBJ object)
+{
+    return HandleTable::instance().find(object) ? TRUE : FALSE;
+}
+
+DWORD GetGuiResources(HANDLE process, DWORD flags)
+{
+    if (process != currentProcess || flags != GR_GDIOBJECTS) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    return HandleTable::instance().count();
+}
+
+HANDLE GetCurrentProcess()
+{
+    return currentProcess;
+}
+
+BOOL GdiFlush()
+{
+    return TRUE;
+}
+
+void SetLastError(DWORD error)
+{
+    lastError = error;
+}
+
+DWORD GetLastError()
+{
+    return lastError;
+}

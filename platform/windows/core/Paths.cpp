@@ -1,0 +1,69 @@
+// Paths: collected and drawn by the device.
+#include "core/DeviceContext.h"
+
+namespace {
+
+BOOL step(HDC handle, const char* function, PathStep pathStep)
+{
+    return onContext(handle, function, FALSE, [&](DeviceContext& context) {
+        return context.device().path(context, pathStep) ? TRUE : FALSE;
+    });
+}
+
+} // namespace
+
+BOOL BeginPath(HDC context)
+{
+    return step(context, "BeginPath", PathStep::begin);
+}
+
+BOOL EndPath(HDC context)
+{
+    return step(context, "EndPath", PathStep::end);
+}
+
+BOOL CloseFigure(HDC context)
+{
+    return step(context, "CloseFigure", PathStep::closeFigure);
+}
+
+BOOL AbortPath(HDC context)
+{
+    return step(context, "AbortPath", PathStep::abort);
+}
+
+BOOL FlattenPath(HDC context)
+{
+    return step(context, "FlattenPath", PathStep::flatten);
+}
+
+BOOL WidenPath(HDC context)
+{
+    return step(context, "WidenPath", PathStep::widen);
+}
+
+BOOL FillPath(HDC context)
+{
+    return step(context, "FillPath", PathStep::fill);
+}
+
+BOOL StrokePath(HDC context)
+{
+    return step(context, "StrokePath", PathStep::stroke);
+}
+
+BOOL StrokeAndFillPath(HDC context)
+{
+    return step(context, "StrokeAndFillPath", PathStep::strokeAndFill);
+}
+
+BOOL SelectClipPath(HDC context, int mode)
+{
+    return onContext(context, "SelectClipPath", FALSE, [&](DeviceContext& found) {
+        if (mode < RGN_AND || mode > RGN_COPY) {
+            SetLastError(ERROR_INVALID_PARAMETER);
+            return FALSE;
+        }
+        return found.device().selectClipPath(found, mode) ? TRUE : FALSE;
+    });
+}
