@@ -80,6 +80,12 @@ struct TextOutput {
     double directionY;
     std::span<const double> deviceAdvances;
     RECTL bounds;
+    // Unit vectors on the device: along each letter's own base line, and down from it. They differ from the line's
+    // where the font's orientation turns letters in their line, and where the world transform mirrors.
+    double glyphRightX;
+    double glyphRightY;
+    double glyphDownX;
+    double glyphDownY;
 };
 
 // A rectangle of a source that a copy reads.

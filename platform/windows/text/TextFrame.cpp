@@ -1,0 +1,76 @@
+#include "text/TextFrame.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+// Beyond these, results would be no numbers; what they scale is clamped later anyway.
+constexpr double smallestScale = 1e-6;
+constexpr double largestScale = 1e6;
+
+// Quarter turns are exact.
+TextVector directionOf(LONG tenths)
+{
+    constexpr LONG fullTurn = 3600;
+    constexpr LONG quarterTurn = 900;
+    constexpr TextVector quarters[] = {{1, 0}, {0, -1}, {-1, 0}, {0, 1}};
+    const LONG angle = (tenths % fullTurn + fullTurn) % fullTurn;
+    if (angle % quarterTurn == 0) {
+        return quarters[angle / quarterTurn];
+    }
+    const double radians = angle * std::numbers::pi / (fullTurn / 2);
+    return {std::cos(radians), -std::sin(radians)};
+}
+
+struct Axis {
+    TextVector direction; // of length 1
+    double scale;
+};
+
+Axis axisOnDevice(const Mapping& mapping, TextVector logical)
+{
+    const double x = logical.x * mapping.xx + logical.y * mapping.yx;
+    const double y = logical.x * mapping.xy + logical.y * mapping.yy;
+    const double length = std::hypot(x, y);
+    if (!(length >= smallestScale && length <= largestScale)) {
+        return {logical, length > largestScale ? largestScale : smallestScale};
+    }
+    return {{x / length, y / length}, length};
+}
+
+} // namespace
+
+TextFrame TextFrame::of(const DeviceContext& context)
+{
+    const ContextState& state = context.state;
+    const LONG escapement = state.font ? state.font->description.lfEscapement : 0;
+    const LONG orientation =
+        state.font && state.graphicsMode == GM_ADVANCED ? state.font->description.lfOrientation : escapement;
+    const Mapping page = context.pageMapping();
+    const Mapping mapping = context.mapping();
+
+    TextFrame frame{};
+    frame.signX = page.xx < 0 ? -1 : 1;
+    frame.signY = page.yy < 0 ? -1 : 1;
+    const auto axes = [&](TextVector right) {
+        const TextVector logicalRight{right.x * frame.signX, right.y * frame.signY};
+        const TextVector logicalDown{-right.y * frame.signX, right.x * frame.signY};
+        return std::pair{axisOnDevice(mapping, logicalRight), axisOnDevice(mapping, logicalDown)};
+    };
+
+    const TextVector direction = directionOf(escapement);
+    const auto [right, down] = axes(direction);
+    frame.along = right.scale;
+    frame.across = down.scale;
+    frame.right = frame.glyphRight = right.direction;
+    frame.down = frame.glyphDown = down.direction;
+    frame.logicalRight = {direction.x * frame.signX, direction.y * frame.signY};
+    if (orientation != escapement) {
+        const auto [glyphRight, glyphDown] = axes(directionOf(orientation));
+        frame.glyphRight = glyphRight.direction;
+        frame.glyphDown = glyphDown.direction;
+    }
+    return frame;
+}
