@@ -1,0 +1,151 @@
+#include "recorder/MetafileDevice.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <utility>
+
+#include "core/DeviceContext.h"
+
+namespace {
+
+// The reference device: the screen. A pixel is 0.26458 mm along both axes, 96 to the inch.
+constexpr SIZEL devicePixels{1920, 1440};
+constexpr SIZEL deviceMillimeters{508, 381};
+constexpr int bitsPerPixel = 32;
+constexpr int dotsPerInch = 96;
+constexpr int rasterDisplay = 1;
+
+constexpr std::pair<int, int> capabilities[] = {
+    {TECHNOLOGY, rasterDisplay},
+    {HORZSIZE, deviceMillimeters.cx},
+    {VERTSIZE, deviceMillimeters.cy},
+    {HORZRES, devicePixels.cx},
+    {VERTRES, devicePixels.cy},
+    {BITSPIXEL, bitsPerPixel},
+    {PLANES, 1},
+    {RASTERCAPS, RC_BITBLT | RC_STRETCHBLT},
+    {LOGPIXELSX, dotsPerInch},
+    {LOGPIXELSY, dotsPerInch},
+};
+
+constexpr DWORD formatVersion = 0x10000;
+
+// The frame around pixels, in hundredths of a millimetre: from the left edge of the first to the right one of the last.
+RECTL frameAround(const RECTL& pixels)
+{
+    const auto hundredths = [](std::int64_t edge, LONG millimeters, LONG resolution) {
+        const std::int64_t value = edge * millimeters * 100 / resolution;
+        return static_cast<LONG>(std::clamp<std::int64_t>(value, INT32_MIN, INT32_MAX));
+    };
+    return {hundredths(pixels.left, deviceMillimeters.cx, devicePixels.cx),
+            hundredths(pixels.top, deviceMillimeters.cy, devicePixels.cy),
+            hundredths(std::int64_t{pixels.right} + 1, deviceMillimeters.cx, devicePixels.cx),
+            hundredths(std::int64_t{pixels.bottom} + 1, deviceMillimeters.cy, devicePixels.cy)};
+}
+
+// How far a line of the context's pen reaches beyond its middle, in device units; mitres and square caps may reach
+// further.
+LONG penReach(const DeviceContext& context, const Mapping& mapping)
+{
+    const PenObject* const pen = context.state.pen.get();
+    if (pen == nullptr || pen->width <= 1 || (pen->style & PS_STYLE_MASK) == PS_NULL) {
+        return 0;
+    }
+    const double width = pen->width * std::max(mapping.scaleX(), mapping.scaleY());
+    return width <= 1 ? 0 : toDeviceUnit((width + 1) / 2);
+}
+
+} // namespace
+
+MetafileDevice::MetafileDevice(const RECT* frame)
+{
+    if (frame != nullptr) {
+        m_frame = *frame;
+    }
+    m_buffer.append(EMR_HEADER, ENHMETAHEADER{});
+}
+
+std::optional<std::vector<BYTE>> MetafileDevice::finish() noexcept
+{
+    EMREOF end{};
+    end.offPalEntries = offsetof(EMREOF, nSizeLast);
+    end.nSizeLast = sizeof(end);
+    record(EMR_EOF, end);
+    if (m_buffer.stopped()) {
+        return std::nullopt;
+    }
+    ENHMETAHEADER header{};
+    header.iType = EMR_HEADER;
+    header.nSize = sizeof(header);
+    header.rclBounds = m_drawn.box;
+    header.rclFrame = m_frame ? RECTL{m_frame->left, m_frame->top, m_frame->right, m_frame->bottom}
+                              : frameAround(m_drawn.box);
+    header.dSignature = ENHMETA_SIGNATURE;
+    header.nVersion = formatVersion;
+    header.nBytes = static_cast<DWORD>(m_buffer.bytes().size());
+    header.nRecords = m_buffer.recordCount();
+    header.nHandles = static_cast<WORD>(m_objects.entryCount());
+    header.szlDevice = devicePixels;
+    header.szlMillimeters = deviceMillimeters;
+    header.szlMicrometers = {deviceMillimeters.cx * 1000, deviceMillimeters.cy * 1000};
+    std::memcpy(m_buffer.bytes().data(), &header, sizeof(header));
+    return std::move(m_buffer.bytes());
+}
+
+int MetafileDevice::capability(int index) const
+{
+    const auto* const found = std::find_if(std::begin(capabilities), std::end(capabilities),
+                                           [index](const auto& entry) { return entry.first == index; });
+    return found == std::end(capabilities) ? 0 : found->second;
+}
+
+bool MetafileDevice::comment(DeviceContext& /*context*/, std::span<const BYTE> data)
+{
+    EMRGDICOMMENT fields{};
+    fields.cbData = static_cast<DWORD>(data.size());
+    BYTE* const tail = record(EMR_GDICOMMENT, fields, data.size());
+    if (tail == nullptr) {
+        return false;
+    }
+    if (!data.empty()) {
+        std::memcpy(tail, data.data(), data.size());
+    }
+    return true;
+}
+
+void MetafileDevice::markDrawn(const DeviceContext& context, DrawnBounds bounds)
+{
+    if (bounds.empty()) {
+        return;
+    }
+    for (const std::optional<Region>* clip : {&context.state.clip, &context.state.metaClip}) {
+        if (*clip) {
+            bounds.clip((*clip)->box());
+        }
+    }
+    m_drawn.add(bounds.box);
+}
+
+RECTL MetafileDevice::markStroked(const DeviceContext& context, DrawnBounds bounds)
+{
+    if (m_pathState == PathState::open) {
+        m_path.add(bounds.box);
+        return DrawnBounds{}.box;
+    }
+    bounds.grow(penReach(context, context.mapping()));
+    markDrawn(context, bounds);
+    return bounds.box;
+}
+
+RECTL MetafileDevice::markPath(const DeviceContext& context, bool stroked)
+{
+    DrawnBounds bounds = m_path;
+    m_path = {};
+    m_pathState = PathState::none;
+    if (stroked) {
+        return markStroked(context, bounds);
+    }
+    markDrawn(context, bounds);
+    return bounds.box;
+}

@@ -1,0 +1,20 @@
+#include "recorder/RecordBuffer.h"
+
+#include <new>
+
+BYTE* RecordBuffer::extend(std::uint64_t length) noexcept
+{
+    const std::size_t start = m_bytes.size();
+    if (m_stopped || length > largestMetafile - start) {
+        m_stopped = true;
+        return nullptr;
+    }
+    try {
+        m_bytes.resize(start + static_cast<std::size_t>(length));
+    } catch (const std::bad_alloc&) {
+        m_stopped = true;
+        return nullptr;
+    }
+    ++m_records;
+    return m_bytes.data() + start;
+}

@@ -1,0 +1,272 @@
+// What calls on a metafile context leave in the metafile, record by record.
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "support/MetafileRecords.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+std::vector<unsigned char> bytesOf(HENHMETAFILE metafile)
+{
+    std::vector<unsigned char> bytes(GetEnhMetaFileBits(metafile, 0, nullptr));
+    EXPECT_EQ(GetEnhMetaFileBits(metafile, static_cast<UINT>(bytes.size()), bytes.data()), bytes.size());
+    return bytes;
+}
+
+std::vector<MetafileRecord> recorded(const std::function<void(HDC)>& draw, const RECT* frame = nullptr)
+{
+    const HDC context = CreateEnhMetaFileA(nullptr, nullptr, frame, nullptr);
+    draw(context);
+    const HENHMETAFILE metafile = CloseEnhMetaFile(context);
+    std::vector<MetafileRecord> records = metafileRecords(bytesOf(metafile));
+    EXPECT_TRUE(DeleteEnhMetaFile(metafile));
+    EXPECT_FALSE(DeleteEnhMetaFile(metafile));
+    return records;
+}
+
+struct Drawing {
+    const char* name;
+    void (*draw)(HDC);
+    Lines expected; // without header and end; a "*" at the end stands for any further fields
+};
+
+void PrintTo(const Drawing& drawing, std::ostream* out)
+{
+    *out << drawing.name;
+}
+
+class RecordedCalls : public testing::TestWithParam<Drawing> {};
+
+TEST_P(RecordedCalls, BecomeRecords)
+{
+    const std::vector<MetafileRecord> records = recorded(GetParam().draw);
+    const Lines& expected = GetParam().expected;
+    ASSERT_GE(records.size(), 2U);
+    for (std::size_t index = 0; index < std::max(records.size() - 2, expected.size()); ++index) {
+        std::string line = index + 2 < records.size() ? textOf(records[index + 1]) : "nothing";
+        std::string wanted = index < expected.size() ? expected[index] : "nothing";
+        if (wanted.back() == '*') {
+            wanted.pop_back();
+            line.resize(std::min(line.size(), wanted.size()));
+        }
+        EXPECT_EQ(line, wanted) << index;
+    }
+}
+
+HBRUSH stockBrush(int index)
+{
+    return static_cast<HBRUSH>(GetStockObject(index));
+}
+
+const Drawing drawings[] = {
+    {"BoxesWithoutRightAndBottom",
+     [](HDC context) {
+         Rectangle(context, 110, 70, 10, 20);
+         Rectangle(context, 5, 5, 5, 9);
+         RoundRect(context, 0, 0, 10, 12, 4, 6);
+         Pie(context, 0, 0, 10, 12, 1, 2, 3, 4);
+     },
+     {"43: 10 20 109 69", "44: 0 0 9 11 4 6", "47: 0 0 9 11 1 2 3 4"}},
+    {"BoxesWithAllEdges",
+     [](HDC context) {
+         SetGraphicsMode(context, GM_ADVANCED);
+         Ellipse(context, 10, 20, 110, 70);
+     },
+     {"42: 10 20 110 70"}},
+    {"PointsInSixteenBitsWhenAllFit",
+     [](HDC context) {
+         const POINT points[] = {{1, 2}, {-3, 4}, {40000, -32768}};
+         const DWORD counts[] = {2, 2};
+         const POINT four[] = {{1, 2}, {-3, 4}, {0, 0}, {0, 1}};
+         Polyline(context, points, 2);
+         Polygon(context, points, 3);
+         PolyPolyline(context, four, counts, 2);
+     },
+     {"87: -3 2 1 4 2 131073 327677", "3: -3 -32768 40000 4 3 1 2 -3 4 40000 -32768",
+      "90: -3 0 1 4 2 4 2 2 131073 327677 0 65536"}},
+    {"PathsWithTheirBounds",
+     [](HDC context) {
+         EndPath(context);
+         BeginPath(context);
+         MoveToEx(context, 10, 10, nullptr);
+         LineTo(context, 20, 30);
+         CloseFigure(context);
+         EndPath(context);
+         FillPath(context);
+         FillPath(context);
+     },
+     {"59:", "27: 10 10", "54: 20 30", "61:", "60:", "62: 10 10 20 30"}},
+    {"State",
+     [](HDC context) {
+         SetBkColor(context, 0x12345);
+         SetTextAlign(context, TA_BASELINE);
+         SetMapMode(context, MM_ANISOTROPIC);
+         SetWindowExtEx(context, 200, 100, nullptr);
+         ScaleViewportExtEx(context, 3, 1, 5, 2, nullptr);
+         SetBrushOrgEx(context, -1, 3, nullptr);
+         SetMiterLimit(context, 2.0F, nullptr);
+         SaveDC(context);
+         RestoreDC(context, -1);
+     },
+     {"25: 74565", "22: 24", "17: 8", "9: 200 100", "31: 3 1 5 2", "13: -1 3", "58: 1073741824",
+      "33:", "34: -1"}},
+    {"Clips",
+     [](HDC context) {
+         const HRGN region = CreateRectRgn(1, 2, 30, 40);
+         SelectClipRgn(context, region);
+         IntersectClipRect(context, 5, 6, 7, 8);
+         OffsetClipRgn(context, 1, -1);
+         SelectClipRgn(context, nullptr);
+         FillRgn(context, region, stockBrush(BLACK_BRUSH));
+         DeleteObject(region);
+     },
+     {"75: 48 5 32 1 1 16 1 2 30 40 1 2 30 40", "30: 5 6 7 8", "26: 1 -1", "75: 0 5",
+      "71: 1 2 29 39 48 -2147483644 32 1 1 16 1 2 30 40 1 2 30 40"}},
+    {"ObjectsOnceAndTheirEntriesAgain",
+     [](HDC context) {
+         const HBRUSH first = CreateSolidBrush(1);
+         const HBRUSH second = CreateHatchBrush(HS_CROSS, 2);
+         for (const HBRUSH brush : {first, second, first}) {
+             SelectObject(context, brush);
+         }
+         DeleteObject(second);
+         DeleteObject(first); // stays in the table as long as it is selected
+         const LOGBRUSH blue{BS_SOLID, 0xFF0000, 0};
+         const DWORD dashes[] = {4, 5};
+         const HPEN pen = ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE, 3, &blue, 2, dashes);
+         SelectObject(context, pen);
+         SelectObject(context, GetStockObject(NULL_BRUSH));
+         const HPEN thin = CreatePen(PS_DOT, 1, 7);
+         SelectObject(context, thin);
+         DeleteObject(pen);
+         DeleteObject(thin);
+         SelectObject(context, GetStockObject(BLACK_PEN));
+         GdiComment(context, 5, reinterpret_cast<const BYTE*>("TPC\x01\x02"));
+     },
+     {"39: 1 0 1 0", "37: 1", "39: 2 2 2 4", "37: 2", "37: 1", "40: 2",
+      "95: 2 0 0 0 0 65543 3 0 16711680 0 2 4 5", "37: 2", "37: -2147483643", "40: 1", "38: 1 2 1 0 7",
+      "37: 1", "40: 2", "37: -2147483641", "40: 1", "70: 5 21188692 2"}},
+    {"FillsWithABrushOfTheirOwn",
+     [](HDC context) {
+         const RECT rect{10, 20, 30, 40};
+         FillRect(context, &rect, stockBrush(GRAY_BRUSH));
+         FillRect(context, &rect, stockBrush(WHITE_BRUSH));
+     },
+     {"37: -2147483646", "76: 10 20 29 39 10 20 20 20 15728673 0 0 *", "37: -2147483648",
+      "76: 10 20 29 39 10 20 20 20 15728673 *"}},
+    {"BitsOfAMonochromeSource",
+     [](HDC context) {
+         const BYTE rows[] = {0x80, 0, 0x40, 0};
+         const HBITMAP bitmap = CreateBitmap(2, 2, 1, 1, rows);
+         const HDC source = CreateCompatibleDC(context);
+         SelectObject(source, bitmap);
+         StretchBlt(context, 8, 0, -8, 4, source, 0, 0, 2, 2, SRCAND);
+         DeleteDC(source);
+         DeleteObject(bitmap);
+     },
+     {"77: 0 0 7 3 8 0 -8 4 8913094 0 0 1065353216 0 0 1065353216 0 0 16777215 0 108 48 156 8 2 2 "
+      "40 2 2 65537 0 8 0 0 0 0 0 16777215 64 128"}},
+    {"BitsOfADib",
+     [](HDC context) {
+         BITMAPINFO info{};
+         info.bmiHeader = {sizeof(BITMAPINFOHEADER), 1, 2, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+         const DWORD pixels[] = {1, 2};
+         StretchDIBits(context, 0, 0, 4, 4, 0, 1, 1, 1, pixels, &info, DIB_RGB_COLORS, SRCCOPY);
+         info.bmiHeader.biWidth = 0x7FFFFFFF;
+         StretchDIBits(context, 0, 0, 4, 4, 0, 1, 1, 1, pixels, &info, DIB_RGB_COLORS, SRCCOPY);
+     },
+     {"81: 0 0 3 3 0 0 0 1 1 1 80 40 120 8 0 13369376 4 4 40 1 2 2097153 0 0 0 0 0 0 1 2"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Recorder, RecordedCalls, testing::ValuesIn(drawings),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(MetafileText, HasCharactersAndAdvances)
+{
+    const auto records = recorded([](HDC context) {
+        const INT advances[] = {7, 9, 8};
+        const RECT clip{1, 2, 3, 4};
+        ExtTextOutA(context, 10, 20, ETO_CLIPPED, &clip, "ab\x80", 3, advances);
+    });
+    ASSERT_EQ(records.size(), 3U);
+    ASSERT_EQ(records[1].fields.size(), 22U);
+    // The scale, as the bits of a float, is 26.458334: hundredths of a millimetre along a pixel.
+    EXPECT_EQ(textOf({84, {records[1].fields.begin() + 4, records[1].fields.end()}}),
+              "84: 1 1104390827 1104390827 10 20 3 76 4 1 2 3 4 84 6422625 8364 7 9 8");
+    EXPECT_EQ(records[1].fields[0], 10);
+    EXPECT_EQ(records[1].fields[2], 33);
+}
+
+TEST(MetafileHeader, TellsBoundsFrameAndDevice)
+{
+    const auto drawClipped = [](HDC context) {
+        SetPixelV(context, 96, 96, 0);
+        IntersectClipRect(context, 0, 0, 192, 192);
+        const POINT line[] = {{100, 100}, {900, 100}};
+        Polyline(context, line, 2);
+    };
+    struct Case {
+        std::function<void(HDC)> draw;
+        const RECT* frame;
+        const char* bounds;
+    };
+    const RECT frame{0, 0, 21000, 29700};
+    const Case cases[] = {
+        {[](HDC) {}, nullptr, "1: 0 0 -1 -1 0 0 0 0"},
+        {drawClipped, nullptr, "1: 96 96 191 100 2540 2540 5080 2672"},
+        {drawClipped, &frame, "1: 96 96 191 100 0 0 21000 29700"},
+    };
+    for (const Case& expected : cases) {
+        const MetafileRecord header = recorded(expected.draw, expected.frame).front();
+        EXPECT_EQ(textOf(header, 8), expected.bounds);
+        EXPECT_EQ(textOf({1, {header.fields.begin() + 8, header.fields.begin() + 10}}),
+                  "1: 1179469088 65536");
+        EXPECT_EQ(textOf({1, {header.fields.begin() + 13, header.fields.end()}}),
+                  "1: 0 0 0 1920 1440 508 381 0 0 0 508000 381000");
+    }
+}
+
+TEST(MetafileBits, AreTakenWithASoundHeaderOnly)
+{
+    const HDC context = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+    EXPECT_EQ(GetDeviceCaps(context, LOGPIXELSY), 96);
+    const HENHMETAFILE metafile = CloseEnhMetaFile(context);
+    EXPECT_EQ(CloseEnhMetaFile(context), nullptr);
+    const std::vector<unsigned char> sound = bytesOf(metafile);
+    unsigned char byte = 0;
+    EXPECT_EQ(GetEnhMetaFileBits(metafile, 1, &byte), 0U);
+    DeleteEnhMetaFile(metafile);
+
+    struct Change {
+        std::size_t offset;
+        unsigned char value;
+        bool taken;
+    };
+    // Type, header sizes, signature, size of the file.
+    for (const Change& change : {Change{0, 1, true},
+                                 {0, 2, false},
+                                 {4, 88, true},
+                                 {4, 100, true},
+                                 {4, 84, false},
+                                 {4, 106, false},
+                                 {5, 1, false},
+                                 {40, 0, false},
+                                 {49, 1, false}}) {
+        std::vector<unsigned char> bytes = sound;
+        bytes[change.offset] = change.value;
+        const HENHMETAFILE copy = SetEnhMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data());
+        EXPECT_EQ(copy != nullptr, change.taken) << change.offset << ' ' << int{change.value};
+        DeleteEnhMetaFile(copy);
+    }
+    EXPECT_EQ(SetEnhMetaFileBits(87, sound.data()), nullptr);
+    EXPECT_EQ(SetEnhMetaFileBits(88, nullptr), nullptr);
+}
+
+} // namespace
