@@ -1,7 +1,9 @@
 #include "playback/Playback.h"
 
 #include <algorithm>
-#include <utility>
+#include <array>
+
+#include "playback/PlayedRegion.h"
 
 namespace {
 
@@ -82,7 +84,9 @@ void Playback::applyMappingOnce(const Mapping& toReference)
 
 void Playback::setTransform(const Mapping& toDevice)
 {
-    const auto part = [](double value) { return static_cast<FLOAT>(std::clamp(value, -1e30, 1e30)); };
+    const auto part = [](double value) {
+        return static_cast<FLOAT>(std::clamp(value, -1e30, 1e30));
+    };
     const XFORM transform{part(toDevice.xx), part(toDevice.xy), part(toDevice.yx),
                           part(toDevice.yy), part(toDevice.dx), part(toDevice.dy)};
     const XFORM& present = m_context.state.world;
@@ -128,20 +132,33 @@ void Playback::restoreState(LONG level)
     mappingChanged();
 }
 
+bool Playback::confinesClip() const noexcept
+{
+    return m_context.state.metaClip && m_context.contextKind() == ContextKind::metafile;
+}
+
 void Playback::selectClip(HRGN region, int mode)
 {
-    const std::optional<Region>& base = m_context.state.metaClip;
-    if (!base || m_context.contextKind() != ContextKind::metafile) {
+    if (!confinesClip()) {
         ExtSelectClipRgn(m_target, region, mode);
         return;
     }
-    const PlayedRegion kept(*base);
+    const PlayedRegion kept(*m_context.state.metaClip);
     if (region == nullptr) {
-        ExtSelectClipRgn(m_target, kept.handle(), RGN_COPY);
+        ExtSelectClipRgn(m_target, kept.handle(), mode);
         return;
     }
     ExtSelectClipRgn(m_target, region, mode);
     if (mode != RGN_AND && mode != RGN_DIFF) {
+        ExtSelectClipRgn(m_target, kept.handle(), RGN_AND);
+    }
+}
+
+void Playback::selectClipPath(int mode)
+{
+    SelectClipPath(m_target, mode);
+    if (confinesClip() && mode != RGN_AND && mode != RGN_DIFF) {
+        const PlayedRegion kept(*m_context.state.metaClip);
         ExtSelectClipRgn(m_target, kept.handle(), RGN_AND);
     }
 }

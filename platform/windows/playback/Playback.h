@@ -10,7 +10,7 @@
 #include <windows.h>
 
 #include <cstddef>
-#include <optional>
+#include <memory>
 #include <vector>
 
 #include "core/DeviceContext.h"
@@ -52,6 +52,8 @@ public:
 
     // Selects, combines or (null region, RGN_COPY) gives back the clip that the file may change. Device units.
     void selectClip(HRGN region, int mode);
+    // The same with the target's path.
+    void selectClipPath(int mode);
     // From now on nothing gives back what the present clip cuts off.
     void keepClip();
 
@@ -63,6 +65,8 @@ public:
     bool spendDecodedBytes(std::size_t bytes) noexcept;
 
 private:
+    // True when what the file selects must be cut to the clip that stays, record by record.
+    bool confinesClip() const noexcept;
     void setTransform(const Mapping& toDevice);
 
     HDC m_target;

@@ -44,8 +44,7 @@ public:
     template <class Value>
     std::optional<std::vector<Value>> values(std::uint64_t offset, std::uint64_t count) const
     {
-        const auto bytes =
-            count <= m_bytes.size() ? piece(offset, count * sizeof(Value)) : std::nullopt;
+        const auto bytes = count <= m_bytes.size() ? piece(offset, count * sizeof(Value)) : std::nullopt;
         if (!bytes) {
             return std::nullopt;
         }

@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <span>
-#include <type_traits>
 
 #include "playback/Playback.h"
 #include "playback/Record.h"
@@ -25,7 +24,6 @@ std::span<const RecordEntry> shapeRecords() noexcept;
 std::span<const RecordEntry> polyRecords() noexcept;
 std::span<const RecordEntry> regionRecords() noexcept;
 std::span<const RecordEntry> bitmapRecords() noexcept;
-std::span<const RecordEntry> maskedBitmapRecords() noexcept;
 std::span<const RecordEntry> textRecords() noexcept;
 
 // The handler of a record that needs no more than the fields it begins with.
