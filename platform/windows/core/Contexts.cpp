@@ -4,18 +4,13 @@
 #include "core/DeviceContext.h"
 #include "core/HandleTable.h"
 #include "core/ScreenDevice.h"
+#include "raster/RasterDevice.h"
 
 namespace {
 
 HDC addNew(ContextKind kind, std::unique_ptr<Device> device)
 {
     return addContext(std::make_shared<DeviceContext>(kind, std::move(device)));
-}
-
-// What memory contexts paint with.
-std::unique_ptr<Device> makeMemoryDevice()
-{
-    return std::make_unique<ScreenDevice>();
 }
 
 // True when the context is one that `ends` accepts, and was live.
@@ -53,13 +48,14 @@ int ReleaseDC(HWND window, HDC context)
 
 HDC CreateCompatibleDC(HDC context)
 {
-    const auto create = [] {
-        return addNew(ContextKind::memory, makeMemoryDevice());
+    const auto create = [](const Device& reference) {
+        return addNew(ContextKind::memory, makeRasterDevice(reference));
     };
     if (context == nullptr) {
-        return guarded<HDC>(nullptr, create);
+        return guarded<HDC>(nullptr, [&] { return create(ScreenDevice()); });
     }
-    return onContext<HDC>(context, "CreateCompatibleDC", nullptr, [&](DeviceContext&) { return create(); });
+    return onContext<HDC>(context, "CreateCompatibleDC", nullptr,
+                          [&](DeviceContext& found) { return create(found.device()); });
 }
 
 BOOL DeleteDC(HDC context)
