@@ -12,8 +12,8 @@ HDC addNew(ContextKind kind, std::unique_ptr<Device> device)
     return addContext(std::make_shared<DeviceContext>(kind, std::move(device)));
 }
 
-// What memory contexts paint with.
-std::unique_ptr<Device> makeMemoryDevice()
+// What memory contexts paint with: a device with the capabilities of the one that they are compatible with.
+std::unique_ptr<Device> makeMemoryDevice(const Device& /*reference*/)
 {
     return std::make_unique<ScreenDevice>();
 }
@@ -53,13 +53,14 @@ int ReleaseDC(HWND window, HDC context)
 
 HDC CreateCompatibleDC(HDC context)
 {
-    const auto create = [] {
-        return addNew(ContextKind::memory, makeMemoryDevice());
+    const auto create = [](const Device& reference) {
+        return addNew(ContextKind::memory, makeMemoryDevice(reference));
     };
     if (context == nullptr) {
-        return guarded<HDC>(nullptr, create);
+        return guarded<HDC>(nullptr, [&] { return create(ScreenDevice()); });
     }
-    return onContext<HDC>(context, "CreateCompatibleDC", nullptr, [&](DeviceContext&) { return create(); });
+    return onContext<HDC>(context, "CreateCompatibleDC", nullptr,
+                          [&](DeviceContext& found) { return create(found.device()); });
 }
 
 BOOL DeleteDC(HDC context)

@@ -1,4 +1,5 @@
 // Fills with a brush that is handed over: rectangles, frames, regions, floods.
+#include <algorithm>
 #include <bit>
 #include <vector>
 
@@ -71,7 +72,11 @@ int FillRect(HDC context, const RECT* rect, HBRUSH brush)
         if (rect == nullptr || !fill) {
             return invalid(fill ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE);
         }
-        return isEmpty(*rect) || found.device().patternBlt(found, {rect, 1}, *fill, PATCOPY) ? TRUE : FALSE;
+        // Where an axis points the other way, top and bottom or left and right come the other way round.
+        const auto [left, right] = std::minmax(rect->left, rect->right);
+        const auto [top, bottom] = std::minmax(rect->top, rect->bottom);
+        const RECT area{left, top, right, bottom};
+        return isEmpty(area) || found.device().patternBlt(found, {&area, 1}, *fill, PATCOPY) ? TRUE : FALSE;
     });
 }
 

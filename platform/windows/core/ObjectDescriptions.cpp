@@ -98,7 +98,7 @@ int GetObjectA(HGDIOBJ object, int size, void* buffer)
             return 0;
         }
         const std::size_t written = std::min(room, description.bytes.size());
-        std::memcpy(buffer, description.bytes.data(), written);
+        std::copy_n(description.bytes.begin(), written, static_cast<BYTE*>(buffer));
         return static_cast<int>(written);
     });
 }
