@@ -55,7 +55,8 @@ bool MetafileDevice::patternBlt(DeviceContext& context, std::span<const RECT> re
                                 DWORD operation)
 {
     const DWORD former = m_objects.selected(ObjectKind::brush);
-    const DWORD entry = entryOf(brush);
+    // A selected brush may be deleted already: then only its selection knows its entry.
+    const DWORD entry = &brush == context.state.brush.get() ? former : entryOf(brush);
     if (entry == 0) {
         return false;
     }

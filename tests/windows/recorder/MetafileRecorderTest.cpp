@@ -186,7 +186,7 @@ const Drawing drawings[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Recorder, RecordedCalls, testing::ValuesIn(drawings),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& test) { return std::string(test.param.name); });
 
 TEST(MetafileText, HasCharactersAndAdvances)
 {
