@@ -1,9 +1,10 @@
-// The peer: the table page on cairo's SVG surface, written to memory. Each call draws what the same call of a
+// The peer: the table page on cairo's SVG surface and on its PostScript surface, written to memory. Each call draws what the same call of a
 // surface means; hatches are six repeated tiles, made once for the page.
 #include <array>
 #include <numbers>
 
 #include "CairoWriter.h"
+#include "PostScriptPage.h"
 #include "TablePage.h"
 
 namespace {
@@ -148,12 +149,22 @@ private:
     int m_brushStyle = hollowBrush;
 };
 
+void writeTable(PageFormat format, int rows, std::string& page)
+{
+    writeCairoPage(format, tableBounds(rows), page, [rows](cairo_t* cairo) {
+        CairoPage canvas(cairo);
+        drawTable(canvas, rows);
+    });
+}
+
 } // namespace
 
 void makeCairoPage(int rows, std::string& page)
 {
-    writeCairoPage(tableBounds(rows), page, [rows](cairo_t* cairo) {
-        CairoPage canvas(cairo);
-        drawTable(canvas, rows);
-    });
+    writeTable(PageFormat::svg, rows, page);
+}
+
+void makeCairoPostScript(int rows, std::string& page)
+{
+    writeTable(PageFormat::postScript, rows, page);
 }

@@ -1,9 +1,10 @@
-// The peer: the text page on cairo's SVG surface, written to memory. Each call draws what the same call of a
+// The peer: the text page on cairo's SVG surface and on its PostScript surface, written to memory. Each call draws what the same call of a
 // surface means in a viewer: its clip, its alignment, its fitted width, its underline. Only the characters of a
 // turned line lie along it, which costs less than to turn them back.
 #include <numbers>
 
 #include "CairoWriter.h"
+#include "PostScriptPage.h"
 #include "TextPage.h"
 
 namespace {
@@ -93,11 +94,9 @@ private:
     cairo_t* m_cairo;
 };
 
-} // namespace
-
-void makeCairoText(int rows, std::string& page)
+void writeText(PageFormat format, int rows, std::string& page)
 {
-    writeCairoPage(textBounds(rows), page, [rows](cairo_t* cairo) {
+    writeCairoPage(format, textBounds(rows), page, [rows](cairo_t* cairo) {
         // A painted ground covers the page from the start. Without it cairo unites the areas of all texts, one
         // by one, which costs it the square of their number.
         setColor(cairo, 0xFFFFFF);
@@ -105,4 +104,16 @@ void makeCairoText(int rows, std::string& page)
         CairoText canvas(cairo);
         drawText(canvas, rows);
     });
+}
+
+} // namespace
+
+void makeCairoText(int rows, std::string& page)
+{
+    writeText(PageFormat::svg, rows, page);
+}
+
+void makeCairoPostScriptText(int rows, std::string& page)
+{
+    writeText(PageFormat::postScript, rows, page);
 }

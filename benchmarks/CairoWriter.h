@@ -1,11 +1,12 @@
-// What the pages of the peer share: owners of cairo's objects, and a page written by cairo's SVG surface to
-// memory.
+// What the pages of the peer share: owners of cairo's objects, and a page written to memory by cairo's SVG surface
+// or by its PostScript surface, held to language level 2.
 #pragma once
 
 #include <memory>
 #include <stdexcept>
 #include <string>
 
+#include <cairo-ps.h>
 #include <cairo-svg.h>
 #include <cairo.h>
 #include <windows.h>
@@ -36,13 +37,25 @@ inline void setColor(cairo_t* cairo, unsigned long color)
     cairo_set_source_rgb(cairo, part(0), part(8), part(16));
 }
 
+enum class PageFormat { svg, postScript };
+
+inline CairoSurface makeCairoSurface(PageFormat format, const RECT& bounds, std::string& page)
+{
+    if (format == PageFormat::svg) {
+        return CairoSurface(
+            cairo_svg_surface_create_for_stream(appendBytes, &page, bounds.right, bounds.bottom));
+    }
+    CairoSurface surface(cairo_ps_surface_create_for_stream(appendBytes, &page, bounds.right, bounds.bottom));
+    cairo_ps_surface_restrict_to_level(surface.get(), CAIRO_PS_LEVEL_2);
+    return surface;
+}
+
 // Leaves in `page` what `draw` draws on the context that it is given.
 template <class Draw>
-void writeCairoPage(const RECT& bounds, std::string& page, Draw draw)
+void writeCairoPage(PageFormat format, const RECT& bounds, std::string& page, Draw draw)
 {
     page.clear();
-    const CairoSurface surface(
-        cairo_svg_surface_create_for_stream(appendBytes, &page, bounds.right, bounds.bottom));
+    const CairoSurface surface = makeCairoSurface(format, bounds, page);
     const CairoContext cairo(cairo_create(surface.get()));
     draw(cairo.get());
     cairo_surface_finish(surface.get());

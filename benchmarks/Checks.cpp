@@ -6,8 +6,11 @@
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "ImagePage.h"
+#include "PostScriptPage.h"
+#include "SampleEncoding.h"
 #include "StoredPage.h"
 #include "TextPage.h"
 #include "surfaceSVG.h"
@@ -89,6 +92,20 @@ cairo_status_t takeBytes(void* rest, unsigned char* bytes, unsigned int count)
 
 } // namespace
 
+bool documentsAgree(int rows)
+{
+    std::string page;
+    std::string floor;
+    makePostScriptPage(rows, page);
+    makeFloorPostScript(rows, floor);
+    if (!same("the floor of the table's document", page, floor)) {
+        return false;
+    }
+    makePostScriptText(rows, page);
+    makeFloorPostScriptText(rows, floor);
+    return same("the floor of the text's document", page, floor);
+}
+
 bool pagesAgree(int rows)
 {
     std::string page;
@@ -136,6 +153,27 @@ bool imagesSurvive()
         return false;
     }
     carryPng(image.get(), png);
-    makeCairoImage(image.get(), page);
+    makeCairoImage(PageFormat::svg, image.get(), page);
     return require(imageIn(page) == png, "cairo did not keep the PNG");
+}
+
+bool samplesSurvive()
+{
+    const CairoSurface image = drawImage();
+    std::string bitmap = bitmapOf(image.get());
+    std::string png = pngOf(image.get());
+    std::string page;
+    makePostScriptImage(bitmap, plainSamplesType, page);
+    std::string samples = bytesOf(samplesIn(page));
+    for (std::size_t red = 0; red + 2 < samples.size(); red += 3) {
+        std::swap(samples[red], samples[red + 2]);
+    }
+    std::string pageOfPng;
+    makePostScriptImage(bitmap, bitmapType, page);
+    makePostScriptImage(png, pngType, pageOfPng);
+    std::string digits;
+    makeFloorSamples(bytesOf(samplesIn(page)), digits);
+    return require(!samples.empty() && bitmap.ends_with(samples), "the bitmap did not keep its samples") &&
+           same("the document of the PNG", page, pageOfPng) &&
+           same("the floor of the samples", samplesIn(page), digits);
 }

@@ -3,7 +3,9 @@
 
 #include <numbers>
 
+#include "PostScriptPage.h"
 #include "StoredPage.h"
+#include "surfacePSPrinter.h"
 #include "surfaceSVG.h"
 
 namespace {
@@ -15,6 +17,15 @@ void appendNumber(std::string& out, unsigned int value)
     for (int shift = 0; shift < 32; shift += 8) {
         out += static_cast<char>(value >> shift & 0xFF);
     }
+}
+
+void writeImage(CSurface& surface, std::string& image, int pictureType, std::string& page)
+{
+    RECT rect = imageRect;
+    surface.includeImage(1, reinterpret_cast<unsigned char*>(image.data()), static_cast<int>(image.size()),
+                         imageSide, imageSide, pictureType);
+    surface.drawImage(&rect, 1, 1, 0, 0);
+    takePage(surface, page);
 }
 
 } // namespace
@@ -80,15 +91,18 @@ void makeSurfaceImage(std::string& image, int pictureType, std::string& page)
 {
     RECT rect = imageRect;
     CSurfaceSVG surface(&rect, &rect);
-    surface.includeImage(1, reinterpret_cast<unsigned char*>(image.data()), static_cast<int>(image.size()),
-                         imageSide, imageSide, pictureType);
-    surface.drawImage(&rect, 1, 1, 0, 0);
-    takePage(surface, page);
+    writeImage(surface, image, pictureType, page);
 }
 
-void makeCairoImage(cairo_surface_t* image, std::string& page)
+void makePostScriptImage(std::string& image, int pictureType, std::string& page)
 {
-    writeCairoPage(imageRect, page, [image](cairo_t* cairo) {
+    CSurfacePSPrinter surface = makePostScriptSurface(imageRect, imageRect);
+    writeImage(surface, image, pictureType, page);
+}
+
+void makeCairoImage(PageFormat format, cairo_surface_t* image, std::string& page)
+{
+    writeCairoPage(format, imageRect, page, [image](cairo_t* cairo) {
         cairo_set_source_surface(cairo, image, 0, 0);
         cairo_paint(cairo);
     });

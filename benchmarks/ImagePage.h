@@ -1,5 +1,6 @@
-// A page that holds one image, on CSurfaceSVG and on cairo's SVG surface. A PNG stays as it is on both; a
-// Windows bitmap becomes a PNG.
+// A page that holds one image, on CSurfaceSVG and on cairo's SVG surface, on CSurfacePSPrinter and on cairo's
+// PostScript surface. In SVG a PNG stays as it is on both, and a Windows bitmap becomes a PNG; in PostScript both
+// write samples.
 #pragma once
 
 #include <string>
@@ -11,6 +12,7 @@ inline constexpr int imageSide = 1000; // pixels
 // Picture types of a surface.
 inline constexpr int bitmapType = 1;
 inline constexpr int pngType = 8;
+inline constexpr int plainSamplesType = 7; // JPEG; in PostScript its samples stand without run lengths
 
 // Colour gradients under a thousand round spots: neither flat nor noise.
 CairoSurface drawImage();
@@ -19,6 +21,7 @@ std::string pngOf(cairo_surface_t* image);
 std::string bitmapOf(cairo_surface_t* image);
 
 void makeSurfaceImage(std::string& image, int pictureType, std::string& page);
+void makePostScriptImage(std::string& image, int pictureType, std::string& page);
 // From now on cairo keeps these bytes when it writes the image; they stay the caller's.
 void carryPng(cairo_surface_t* image, const std::string& png);
-void makeCairoImage(cairo_surface_t* image, std::string& page);
+void makeCairoImage(PageFormat format, cairo_surface_t* image, std::string& page);

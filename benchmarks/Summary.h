@@ -26,6 +26,14 @@ inline constexpr const char* textCairoName = "text_cairo";
 inline constexpr const char* textReplayName = "text_replay";
 inline constexpr const char* textParseName = "text_parse";
 
+// Both pages as PostScript.
+inline constexpr const char* psFloorName = "ps_floor";
+inline constexpr const char* psSurfaceName = "ps_surface";
+inline constexpr const char* psCairoName = "ps_cairo";
+inline constexpr const char* psTextFloorName = "ps_text_floor";
+inline constexpr const char* psTextSurfaceName = "ps_text_surface";
+inline constexpr const char* psTextCairoName = "ps_text_cairo";
+
 inline constexpr const char* stampName = "stamp";
 inline constexpr const char* copiesName = "stamp_copies";
 
@@ -41,12 +49,20 @@ inline constexpr const char* pngName = "png_surface";
 inline constexpr const char* pngCairoName = "png_cairo";
 inline constexpr const char* bitmapName = "bmp_surface";
 inline constexpr const char* bitmapCairoName = "bmp_cairo";
+inline constexpr const char* psPngName = "ps_png_surface";
+inline constexpr const char* psBitmapName = "ps_bmp_surface";
+inline constexpr const char* psImageCairoName = "ps_image_cairo";
+inline constexpr const char* psDecodeName = "ps_decode";
+inline constexpr const char* psEncodeName = "ps_encode";
+inline constexpr const char* psDigitsName = "ps_digits";
 
 inline constexpr int smallTable = 50;
 inline constexpr int largeTable = 5000;
 
 // Counter of each benchmark: calls per second; drawing calls, or the texts of the page that is worked on.
 inline constexpr const char* callsCounter = "calls";
+// And the bytes of the page that is written or worked on.
+inline constexpr const char* pageCounter = "page";
 
 class Summary : public benchmark::ConsoleReporter {
 public:
@@ -63,14 +79,16 @@ private:
         std::string key;  // name and argument
         double calls = 0; // per second
         double bytes = 0; // per second
+        double page = 0;  // bytes
     };
 
-    // 0: not measured.
-    double timePerCall(const std::string& key) const;
+    // Zeroes when it was not measured.
+    Median medianOf(const std::string& key) const;
     void printRates(std::ostream& out) const;
     void printRatios(std::ostream& out) const;
     void printRatio(std::ostream& out, const std::string& key, const std::string& baseKey,
                     double limit) const;
+    void printBytes(std::ostream& out, const std::string& key, const std::string& baseKey) const;
 
     std::map<std::pair<std::int64_t, std::int64_t>, Median> m_medians; // in the order of registration
 };

@@ -1,9 +1,11 @@
-// The text page on CSurfaceSVG, from construction to the caller's bytes.
+// The text page on CSurfaceSVG and on CSurfacePSPrinter, from construction to the caller's bytes.
 #include "TextPage.h"
 
 #include <array>
 
+#include "PostScriptPage.h"
 #include "StoredPage.h"
+#include "surfacePSPrinter.h"
 #include "surfaceSVG.h"
 
 namespace {
@@ -86,6 +88,14 @@ void makeSurfaceText(int rows, std::string& page)
     RECT millimetres = pageMillimetres;
     RECT bounds = textBounds(rows);
     CSurfaceSVG surface(&millimetres, &bounds);
+    SurfaceText canvas(surface);
+    drawText(canvas, rows);
+    takePage(surface, page);
+}
+
+void makePostScriptText(int rows, std::string& page)
+{
+    CSurfacePSPrinter surface = makePostScriptSurface(pageMillimetres, textBounds(rows));
     SurfaceText canvas(surface);
     drawText(canvas, rows);
     takePage(surface, page);

@@ -1,7 +1,8 @@
 // Measures what it costs to write a page of shapes and one of text, to replay them, to search and to stamp the
 // one of text, and to include an image. CSurfaceSVG stands beside cairo's SVG surface and beside the floor of
-// bare appends, CMetaFilePlayer on a surface that does nothing beside an expat parse of the same bytes, the
-// page operations beside memmem and memcpy as well.
+// bare appends, CSurfacePSPrinter likewise beside cairo's PostScript surface of level 2, CMetaFilePlayer on a
+// surface that does nothing beside an expat parse of the same bytes, the page operations beside memmem and
+// memcpy as well.
 //
 // Freed memory stays in the process, so that what a benchmark costs does not depend on what ran before it.
 // Only surface_fresh gives all of it back between its pages: each of them is written to memory that the system
@@ -9,11 +10,13 @@
 //
 // Before anything is measured, Checks.h is gone through; when something there does not hold, the program says
 // what and ends with 1. Google Benchmark's own options apply.
+#include <algorithm>
 #include <climits>
 #include <cstdint>
 #include <iostream>
 #include <iterator>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -22,6 +25,8 @@
 #include "Checks.h"
 #include "ImagePage.h"
 #include "NullSurface.h"
+#include "PostScriptPage.h"
+#include "SampleEncoding.h"
 #include "StoredPage.h"
 #include "Summary.h"
 #include "TextPage.h"
@@ -50,6 +55,7 @@ void count(benchmark::State& state, int callsOfPage, std::size_t pageBytes)
     state.counters[callsCounter] = benchmark::Counter(calls, benchmark::Counter::kIsRate);
     state.counters["per_call"] =
         benchmark::Counter(calls, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    state.counters[pageCounter] = static_cast<double>(pageBytes);
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(pageBytes));
 }
 
@@ -130,9 +136,15 @@ void registerPages()
     registerBenchmark(cairoName, measurePage, makeCairoPage, shapeCalls, Memory::kept);
     registerWork(replayName, makeSurfacePage, shapeCalls, replay);
     registerWork(parseName, makeSurfacePage, shapeCalls, parse);
+    registerBenchmark(psFloorName, measurePage, makeFloorPostScript, shapeCalls, Memory::kept);
+    registerBenchmark(psSurfaceName, measurePage, makePostScriptPage, shapeCalls, Memory::kept);
+    registerBenchmark(psCairoName, measurePage, makeCairoPostScript, shapeCalls, Memory::kept);
     registerBenchmark(textFloorName, measurePage, makeFloorText, textCalls, Memory::kept);
     registerBenchmark(textSurfaceName, measurePage, makeSurfaceText, textCalls, Memory::kept);
     registerBenchmark(textCairoName, measurePage, makeCairoText, textCalls, Memory::kept);
+    registerBenchmark(psTextFloorName, measurePage, makeFloorPostScriptText, textCalls, Memory::kept);
+    registerBenchmark(psTextSurfaceName, measurePage, makePostScriptText, textCalls, Memory::kept);
+    registerBenchmark(psTextCairoName, measurePage, makeCairoPostScriptText, textCalls, Memory::kept);
     registerWork(textReplayName, makeSurfaceText, textCalls, replay);
     registerWork(textParseName, makeSurfaceText, textCalls, parse);
 }
@@ -180,6 +192,36 @@ void registerImage(const char* name, Make make)
         ->Unit(benchmark::kMicrosecond);
 }
 
+// `timeOf` gives the seconds of one round, which leads to the digits of `samples`.
+template <class TimeOf>
+void registerTimes(const char* name, std::string_view samples, TimeOf timeOf)
+{
+    benchmark::RegisterBenchmark(name,
+                                 [samples, timeOf](benchmark::State& state) {
+                                     for ([[maybe_unused]] const auto iteration : state) {
+                                         state.SetIterationTime(timeOf());
+                                     }
+                                     count(state, 1, samples.size());
+                                 })
+        ->Arg(imageSide)
+        ->Unit(benchmark::kMicrosecond)
+        ->UseManualTime();
+}
+
+// Decoding, encoding and the floor of encoding. A bitmap decodes fast, so that little is lost in the difference.
+void registerSamples(std::string& bitmap)
+{
+    static std::string page;
+    makePostScriptImage(bitmap, bitmapType, page);
+    const std::string_view samples = samplesIn(page);
+    static const std::string bytes = bytesOf(samples);
+    registerTimes(psDecodeName, samples, [&bitmap] { return timeOfDecoding(bitmap); });
+    registerTimes(psEncodeName, samples, [&bitmap] {
+        return std::max(timeOfIncluding(bitmap, bitmapType) - timeOfDecoding(bitmap), 0.0);
+    });
+    registerImage(psDigitsName, [](std::string& digits) { makeFloorSamples(bytes, digits); });
+}
+
 void registerImages()
 {
     static const CairoSurface plain = drawImage();
@@ -188,9 +230,16 @@ void registerImages()
     static std::string bitmap = bitmapOf(plain.get());
     carryPng(carrier.get(), png);
     registerImage(pngName, [](std::string& page) { makeSurfaceImage(png, pngType, page); });
-    registerImage(pngCairoName, [](std::string& page) { makeCairoImage(carrier.get(), page); });
+    registerImage(pngCairoName,
+                  [](std::string& page) { makeCairoImage(PageFormat::svg, carrier.get(), page); });
     registerImage(bitmapName, [](std::string& page) { makeSurfaceImage(bitmap, bitmapType, page); });
-    registerImage(bitmapCairoName, [](std::string& page) { makeCairoImage(plain.get(), page); });
+    registerImage(bitmapCairoName,
+                  [](std::string& page) { makeCairoImage(PageFormat::svg, plain.get(), page); });
+    registerImage(psPngName, [](std::string& page) { makePostScriptImage(png, pngType, page); });
+    registerImage(psBitmapName, [](std::string& page) { makePostScriptImage(bitmap, bitmapType, page); });
+    registerImage(psImageCairoName,
+                  [](std::string& page) { makeCairoImage(PageFormat::postScript, plain.get(), page); });
+    registerSamples(bitmap);
 }
 
 void keepFreedMemory()
@@ -216,11 +265,11 @@ int main(int argc, char** argv)
         return 1;
     }
     for (const int rows : {smallTable, largeTable}) {
-        if (!pagesAgree(rows) || !operationsWork(rows)) {
+        if (!pagesAgree(rows) || !documentsAgree(rows) || !operationsWork(rows)) {
             return 1;
         }
     }
-    if (!imagesSurvive()) {
+    if (!imagesSurvive() || !samplesSurvive()) {
         return 1;
     }
 

@@ -67,6 +67,12 @@ std::string reasonsFor(const Page& drawn)
 
 } // namespace
 
+Calls callsOf(Page& page)
+{
+    RecordingSurface surface;
+    return playOn(surface, page) ? surface.calls() : Calls();
+}
+
 Comparison compareReplay(Page& drawn, Page& replay)
 {
     const Calls drawnCalls = withoutWholePageClips(callsOf(drawn));

@@ -4,7 +4,15 @@
 // table in the source says why, and clips of the whole page among the calls.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "storedPage.h"
+
+using Calls = std::vector<std::string>;
+
+// The calls that a player makes of the page; none when it could not be played.
+Calls callsOf(Page& page);
 
 struct Comparison {
     bool agrees;

@@ -13,7 +13,7 @@ constexpr const char* head = R"(<!DOCTYPE html>
 <head>
 <meta charset="utf-8">
 <meta name="viewport" content="width=device-width, initial-scale=1">
-<title>surface: an energy report, drawn and replayed</title>
+<title>surface: an energy report, drawn, replayed and printed</title>
 <style>
 :root { color-scheme: light dark; --text: #23334a; --soft: #5d6b7e; --ground: #f2f5f8; --card: #fff;
         --line: #d5dce4; --good: #1d7a4b; --bad: #b3261e; }
@@ -49,11 +49,12 @@ a { color: inherit; }
 </style>
 </head>
 <body>
-<h1>An energy report, drawn and replayed</h1>
+<h1>An energy report, drawn, replayed and printed</h1>
 <p>Each page was drawn through <code>CSurface</code>, stored as bytes, and played from those bytes on a second
 surface. Both pages were then played once more on a surface that only writes down its calls, and the two lists
 were compared. The page counts at the foot were stamped into the stored bytes when the number of pages was
-known.</p>
+known. The third column is the stored page played on a surface that writes PostScript, painted by Ghostscript; one
+page was drawn on that surface itself as well.</p>
 )";
 
 constexpr const char* foot = R"(<section>
@@ -77,18 +78,38 @@ Browsers show all of that.</p>
 <p>The page format stands: pages are made to be played, and a player gives back hatches, open lines, focus
 rectangles, frames, alignment and runs as they were drawn.</p>
 </section>
+<section>
+<h2>What PostScript shows differently</h2>
+<p>Hatches, open lines, focus rectangles, pictures, fitted runs and turned text show here. Pens have no dashes, and
+lines are drawn without a pen too. Polygons in one colour are left out, such as the area under the summer day.
+Ellipses are stroked before they are filled, and hatches and pictures fill them plainly. Angles of arcs are whole
+degrees, so that level tanks lean a little.</p>
+<p>Plain text has neither alignment nor lines through or under it, and begins a little higher: the point size counts
+as so many units down to its base line. A formatted text that is clipped and underlined gets a frame, the clip's own
+path. Bytes above 127 show what the face has at their place. Text in upright glyphs along a turned line takes the
+unit of a face to be a thousandth of its size, as in Type 1: with TrueType faces only its first glyph stays on the
+page.</p>
+<p>Offsets of pictures are not carried, and a mask is either there or not. A pen of the colour that a picture brush
+has hidden strokes with the picture. Inside of clips and transforms, colours and widths that were set before them
+come back when they end.</p>
+</section>
 </body>
 </html>
 )";
 
 void writeFigure(std::ostream& out, const GalleryEntry& entry, const GalleryFigure& figure)
 {
-    const std::string svg = fileOf(*entry.page, *figure.column, ".svg");
+    const std::string file = fileOf(*entry.page, *figure.column, figure.column->extension);
     const std::string png = fileOf(*entry.page, *figure.column, ".png");
-    out << "<figure>\n<a href=\"" << svg << "\"><img src=\"" << svg << "\" alt=\"" << entry.page->title
+    const std::string& shown = file.ends_with(".svg") ? file : png;
+    out << "<figure>\n<a href=\"" << shown << "\"><img src=\"" << shown << "\" alt=\"" << entry.page->title
         << ": " << figure.column->title << "\"></a>\n<figcaption><b>" << figure.column->title << "</b><span>"
-        << figure.bytes << " bytes</span><span>" << figure.calls << " calls</span><a href=\"" << png
-        << "\">PNG</a></figcaption>\n</figure>\n";
+        << figure.bytes << " bytes</span>";
+    if (figure.calls != 0) {
+        out << "<span>" << figure.calls << " calls</span>";
+    }
+    out << "<a href=\"" << file << "\">" << figure.column->extension + 1 << "</a><a href=\"" << png
+        << "\">png</a></figcaption>\n</figure>\n";
 }
 
 void writePage(std::ostream& out, const GalleryEntry& entry)

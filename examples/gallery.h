@@ -13,16 +13,17 @@
 
 struct ReportPage;
 
-// A way to make a page: the heading of its column, and what stands between page name and extension.
+// A way to make a page: the heading of its column, what stands between page name and extension, and the latter.
 struct GalleryColumn {
     const char* title;
     const char* suffix;
+    const char* extension; // browsers show ".svg" itself and of others the picture
 };
 
 struct GalleryFigure {
     const GalleryColumn* column;
     std::size_t bytes;
-    std::size_t calls; // that a player makes of the page
+    std::size_t calls; // that a player makes of the page; 0: none can play it
 };
 
 struct GalleryEntry {

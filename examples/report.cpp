@@ -6,23 +6,20 @@
 // Each page of reportPages() is drawn on a CSurfaceSVG and stored. When all are there, the pages that show a
 // page count get it stamped into their bytes. Each page is played on a second CSurfaceSVG and stored as well;
 // both are then played on a surface that writes down its calls. What differs is shown and makes the run fail.
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
+// Each stored page is also played on a CSurfacePSPrinter, and one is drawn on such a surface itself.
 #include <array>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string>
 #include <vector>
 
 #include "comparison.h"
 #include "gallery.h"
 #include "metaFilePlayer.h"
 #include "pageSearch.h"
+#include "painters.h"
 #include "pictures.h"
 #include "reportPages.h"
 #include "storedPage.h"
@@ -33,10 +30,12 @@ namespace {
 namespace fs = std::filesystem;
 
 // The ways to make a page. One more way is a line in both lists and its bytes in makeEntry.
-enum Column { Drawn, Replayed, ColumnCount };
+enum Column { Drawn, Replayed, Printed, PrintedDirectly, ColumnCount };
 constexpr GalleryColumn columns[] = {
-    {"Drawn on CSurfaceSVG", ""},
-    {"Replayed on CSurfaceSVG", "-replay"},
+    {"Drawn on CSurfaceSVG", "", ".svg"},
+    {"Replayed on CSurfaceSVG", "-replay", ".svg"},
+    {"Replayed on CSurfacePSPrinter", "-print", ".ps"},
+    {"Drawn on CSurfacePSPrinter", "-direct", ".ps"},
 };
 static_assert(std::size(columns) == ColumnCount);
 
@@ -44,6 +43,8 @@ using PageByColumn = std::array<Page, ColumnCount>;
 
 // Stands in headings, table cells, captions and runs, and once in two runs that share it.
 constexpr const char* wantedWord = "heating";
+
+constexpr const char* fontMapName = "Fontmap";
 
 bool writeFile(const fs::path& file, const Page& page)
 {
@@ -53,49 +54,31 @@ bool writeFile(const fs::path& file, const Page& page)
     return out.good();
 }
 
-// Has librsvg's rsvg-convert paint the page; false when it can't be run or fails.
-bool paint(const fs::path& svg, const fs::path& png)
-{
-    std::string arguments[] = {"rsvg-convert", "--zoom=1.25", "--background-color=white",
-                               "--output",     png.string(),  svg.string()};
-    std::vector<char*> list;
-    for (std::string& argument : arguments) {
-        list.push_back(argument.data());
-    }
-    list.push_back(nullptr);
-    pid_t child = 0;
-    int status = 0;
-    return posix_spawnp(&child, list.front(), nullptr, nullptr, list.data(), environ) == 0 &&
-           waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
+// Writes the page and has it painted.
 bool writePictures(const fs::path& folder, const ReportPage& page, const GalleryColumn& column,
                    const Page& bytes)
 {
-    const fs::path svg = folder / fileOf(page, column, ".svg");
+    const fs::path file = folder / fileOf(page, column, column.extension);
     const fs::path png = folder / fileOf(page, column, ".png");
-    if (!writeFile(svg, bytes)) {
-        std::printf("  cannot write %s\n", svg.c_str());
+    if (!writeFile(file, bytes)) {
+        std::printf("  cannot write %s\n", file.c_str());
         return false;
     }
-    if (!paint(svg, png)) {
-        std::printf("  rsvg-convert made no %s; is librsvg2-bin installed?\n", png.c_str());
-        return false;
+    constexpr double dotsPerInch = 120;
+    const bool isSvg = file.extension() == ".svg";
+    const bool painted = isSvg ? paintSvg(file, png, dotsPerInch)
+                               : paintPostScript(file, png, dotsPerInch, folder / fontMapName);
+    if (!painted) {
+        std::printf("  %s made no %s; is %s installed?\n", isSvg ? "rsvg-convert" : "Ghostscript",
+                    png.c_str(), isSvg ? "librsvg2-bin" : "ghostscript");
     }
-    return true;
+    return painted;
 }
 
 Page drawPage(const ReportPage& page)
 {
     CSurfaceSVG surface = emptyPage();
-    page.draw(surface);
-    letterTitle(surface, page);
-    if (page.letter != nullptr) {
-        page.letter(surface);
-    }
-    if (page.counted) {
-        letterPageCount(surface);
-    }
+    drawReportPage(surface, page);
     return stored(surface);
 }
 
@@ -120,10 +103,19 @@ bool stampPages(std::vector<Page>& pages)
 GalleryEntry makeEntry(const ReportPage& page, PageByColumn& made)
 {
     made[Replayed] = replayed(made[Drawn]);
+    made[Printed] = printed(made[Drawn]);
+    if (page.name == directPage) {
+        made[PrintedDirectly] = printedDirectly(page);
+    }
     const Comparison comparison = compareReplay(made[Drawn], made[Replayed]);
     GalleryEntry entry = {&page, {}, comparison.agrees, comparison.verdict, findAll(made[Drawn], wantedWord)};
     for (std::size_t column = 0; column < ColumnCount; ++column) {
-        entry.figures.push_back({&columns[column], made[column].size(), callsOf(made[column]).size()});
+        if (made[column].empty()) {
+            continue;
+        }
+        const bool playable = column == Drawn || column == Replayed;
+        entry.figures.push_back(
+            {&columns[column], made[column].size(), playable ? callsOf(made[column]).size() : 0});
     }
     std::printf("%-10s %7zu bytes %5zu calls %3zu hits   %s\n", page.name, made[Drawn].size(),
                 entry.figures[Drawn].calls, entry.hits.size(), entry.verdict.c_str());
@@ -135,6 +127,9 @@ bool makeReport(const fs::path& folder)
     fs::create_directories(folder);
     if (!canEncodePictures()) {
         std::printf("FreeImage is not there: the page of pictures has places without pictures.\n");
+    }
+    if (!writeFontMap(folder / fontMapName)) {
+        std::printf("fc-match named no font file: PostScript is painted in Ghostscript's own faces.\n");
     }
     std::vector<Page> pages;
     for (const ReportPage& page : reportPages()) {
@@ -148,7 +143,7 @@ bool makeReport(const fs::path& folder)
         entries.push_back(makeEntry(page, made));
         good &= entries.back().agrees;
         for (std::size_t column = 0; column < ColumnCount; ++column) {
-            good &= writePictures(folder, page, columns[column], made[column]);
+            good &= made[column].empty() || writePictures(folder, page, columns[column], made[column]);
         }
         std::fflush(stdout);
     }

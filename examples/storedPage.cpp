@@ -5,7 +5,6 @@
 
 #include "metaFilePlayer.h"
 #include "reportPages.h"
-#include "support/RecordingSurface.h"
 
 RECT wholePage()
 {
@@ -17,6 +16,18 @@ CSurfaceSVG emptyPage()
     RECT paper = {0, 0, pageMillimetresWide, pageMillimetresHigh};
     RECT logical = wholePage();
     return CSurfaceSVG(&paper, &logical);
+}
+
+void drawReportPage(CSurface& surface, const ReportPage& page)
+{
+    page.draw(surface);
+    letterTitle(surface, page);
+    if (page.letter != nullptr) {
+        page.letter(surface);
+    }
+    if (page.counted) {
+        letterPageCount(surface);
+    }
 }
 
 Page stored(CSurface& surface)
@@ -43,8 +54,20 @@ Page replayed(Page& page)
     return playOn(copy, page) ? stored(copy) : Page();
 }
 
-Calls callsOf(Page& page)
+Page printed(Page& page)
 {
-    RecordingSurface surface;
-    return playOn(surface, page) ? surface.calls() : Calls();
+    CSurfacePSPrinter paper(0, 0);
+    return playOn(paper, page) ? stored(paper) : Page();
+}
+
+Page printedDirectly(const ReportPage& page)
+{
+    // The size is what a player would set.
+    CSurfacePSPrinter paper(0, 0);
+    paper.m_width = logicalWidth;
+    paper.m_height = logicalHeight;
+    paper.m_pageWidth = pageMillimetresWide;
+    paper.m_pageHeight = pageMillimetresHigh;
+    drawReportPage(paper, page);
+    return stored(paper);
 }

@@ -1,22 +1,33 @@
-// A page as bytes: how the demo stores one and plays it.
+// A page as bytes: how the demo draws one, stores it and plays it.
 //
-// Used by the run (report.cpp) and by the comparison. Pages are A4 in the report's logical units.
+// Used by the run (report.cpp), by the comparison, and by tests that take the report's pages. Pages are A4 in the
+// report's logical units.
 #pragma once
 
-#include <string>
+#include <string_view>
 #include <vector>
 
+#include "surfacePSPrinter.h"
 #include "surfaceSVG.h"
 
+struct ReportPage;
+
 using Page = std::vector<unsigned char>;
-using Calls = std::vector<std::string>;
 
 RECT wholePage();
 CSurfaceSVG emptyPage();
+
+// The whole page: figures, title, words, and the place of the page count.
+void drawReportPage(CSurface& surface, const ReportPage& page);
+
 // Closes the surface.
 Page stored(CSurface& surface);
 bool playOn(CSurface& surface, Page& page);
 // The page played on a new page of SVG; empty when it could not be played.
 Page replayed(Page& page);
-// The calls that a player makes of the page; none when it could not be played.
-Calls callsOf(Page& page);
+// The page played as a PostScript document; empty when it could not be played.
+Page printed(Page& page);
+
+// The page that the demo also draws on a sheet of PostScript, without storing it before.
+inline constexpr std::string_view directPage = "shares";
+Page printedDirectly(const ReportPage& page);

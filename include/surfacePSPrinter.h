@@ -130,7 +130,8 @@ public:
     // Filled and outlined, or outlined only.
     void drawPolygon(POINT* points, unsigned int count, bool fill);
     void drawPolyline(POINT* points, unsigned int count);
-    // The outline of a rectangle in the foreground colour.
+    // Strokes a rectangle in the foreground colour, unless a hatch or picture brush (with `fill`) or a pen whose
+    // colour the text has not set yet (without) puts its own over it.
     void drawPath(RECT* rect, bool fill);
     void drawEraseRectangle(RECT* rect, unsigned long color);
     // Nothing: a page has no bevelled edges.
@@ -162,7 +163,6 @@ public:
     void appendClipStyle(TovoTextString& s, RECT* rect);
     void appendTextStyle(TovoTextString& s, RECT* rect, int flags);
     bool haveStroke() const;
-    // A picture number that no image can have counts as no brush.
     bool haveFill() const;
     // The rectangle in the coordinates of the page text.
     static void convertPostScriptCoords(RECT* out, RECT* in);
@@ -184,9 +184,6 @@ private:
         RotatedShowUsed = 0x20000,
         TransparentImageUsed = 0x40000
     };
-
-    // What the text says about the pattern of an image.
-    enum class PatternState : unsigned char { Unused, Missing, Defined };
 
     struct ArcOperands;
 
@@ -215,9 +212,9 @@ private:
     static void appendImageDictionary(TovoTextString& s, int width, int height);
     CPostScriptImage* imageAt(unsigned int id) const;
 
-    PatternState patternState(unsigned int id) const;
-    void usePattern(unsigned int id);
-    void definePattern(unsigned int id, int width, int height, const TovoTextString& samples);
+    bool isPatternDefined(int picture) const;
+    void usePattern(int picture);
+    void definePattern(int picture, int width, int height, const TovoTextString& samples);
     void defineMissingPatterns();
     void takePatternDefs(TovoTextString& front);
     void settlePatternDefs();
@@ -232,7 +229,8 @@ private:
     unsigned long m_currentColor;
     int m_currentLineWidth;
     bool m_clipActive;                         // a gsave of setClippingRegion is open
-    Vector<PatternState, 10> m_patternStates;  // by the number of the image
+    Vector<bool, 10> m_definedPatterns;        // by the number of the image
+    Vector<int, 10> m_missingPictures;         // of patterns that were used without an image, in that order
     TovoTextString m_patternDefs;              // definitions that are still to go in front of m_body
     Vector<unsigned int, 10> m_patternDefEnds; // where each of them ends
 };

@@ -34,6 +34,7 @@ bool isServed() noexcept
 
 struct alignas(std::max_align_t) BlockHeader {
     std::size_t usable;
+    std::size_t open; // what was asked for last
 };
 
 constexpr std::size_t smallestRoundedSize = 4096;
@@ -59,11 +60,16 @@ bool isNoBlock(const void* block) noexcept
     return block == nullptr || block == kstr_null_string;
 }
 
+// Only where the end moves over: a string grows many times in one block.
 void* openTo(BlockHeader* header, std::size_t size) noexcept
 {
     char* const block = reinterpret_cast<char*>(header + 1);
-    ASAN_UNPOISON_MEMORY_REGION(block, size);
-    ASAN_POISON_MEMORY_REGION(block + size, header->usable - size);
+    if (size > header->open) {
+        ASAN_UNPOISON_MEMORY_REGION(block + header->open, size - header->open);
+    } else {
+        ASAN_POISON_MEMORY_REGION(block + size, header->open - size);
+    }
+    header->open = size;
     return block;
 }
 
@@ -75,6 +81,7 @@ void* newBlock(void* oldHeader, std::size_t size) noexcept
         return nullptr;
     }
     header->usable = usable;
+    header->open = usable;
     return openTo(header, size);
 }
 

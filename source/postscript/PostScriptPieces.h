@@ -54,8 +54,7 @@ inline char* putPiece(char* at, const PsRectangle& rectangle)
     return putPiece(at, PsPoint{widthOf(rect), heightOf(rect)});
 }
 
-// The nearest of the thousand: 255 divides none of the halves between two of them, so this is what the float
-// would be rounded to as well.
+// The nearest thousandth. No channel lies halfway between two of them, so a float is rounded to the same.
 inline char* putChannel(char* at, int channel)
 {
     const int thousandths = (channel * 1000 + 127) / 255;

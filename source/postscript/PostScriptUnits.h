@@ -1,4 +1,4 @@
-// The unit that the interpreter starts with, in ours.
+// Sizes of pages are in millimetres; an interpreter starts with points.
 #pragma once
 
 inline constexpr double PointsPerMillimetre = 2.83465;

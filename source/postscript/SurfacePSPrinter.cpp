@@ -40,8 +40,9 @@ CSurfacePSPrinter::CSurfacePSPrinter(const CSurfacePSPrinter& other)
     : CSurface(other), m_originX(other.m_originX), m_originY(other.m_originY),
       m_proceduresUsed(other.m_proceduresUsed), m_body(other.m_body), m_images(other.m_images),
       m_currentColor(other.m_currentColor), m_currentLineWidth(other.m_currentLineWidth),
-      m_clipActive(other.m_clipActive), m_patternStates(other.m_patternStates),
-      m_patternDefs(other.m_patternDefs), m_patternDefEnds(other.m_patternDefEnds)
+      m_clipActive(other.m_clipActive), m_definedPatterns(other.m_definedPatterns),
+      m_missingPictures(other.m_missingPictures), m_patternDefs(other.m_patternDefs),
+      m_patternDefEnds(other.m_patternDefEnds)
 {
     addOwnerToEach(m_images);
 }
@@ -60,7 +61,8 @@ CSurfacePSPrinter& CSurfacePSPrinter::operator=(const CSurfacePSPrinter& other)
     m_currentColor = other.m_currentColor;
     m_currentLineWidth = other.m_currentLineWidth;
     m_clipActive = other.m_clipActive;
-    m_patternStates = other.m_patternStates;
+    m_definedPatterns = other.m_definedPatterns;
+    m_missingPictures = other.m_missingPictures;
     m_patternDefs = other.m_patternDefs;
     m_patternDefEnds = other.m_patternDefEnds;
     const Array<CPostScriptImage, 10> ownImages(m_images);

@@ -113,7 +113,11 @@ void CSurfacePSPrinter::drawSector(const ArcOperands& arc, std::string_view fill
         arc.append(text, fill);
     }
     if (haveStroke()) {
+        const unsigned int filled = text.length();
         appendDrawStyle(text);
+        // A pen may have nothing to set, and the operands must not join the operator of the fill.
+        const bool joined = filled > 0 && text.length() == filled && text.text()[filled - 1] != ' ';
+        appendPieces(text, std::string_view(joined ? " " : ""));
         arc.append(text, stroke);
     }
     appendPieces(text, "\n");

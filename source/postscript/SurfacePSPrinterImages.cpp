@@ -32,9 +32,7 @@ void CSurfacePSPrinter::includeImage(unsigned int id, unsigned char* data, int s
     putByNumber(m_images, id, image.get());
     const CPostScriptImage& held = *image.release();
     if (picType == TilePicture) {
-        definePattern(id, held.m_width, held.m_height, held.m_data);
-    } else if (patternState(id) == PatternState::Missing) {
-        usePattern(id);
+        definePattern(static_cast<int>(id), held.m_width, held.m_height, held.m_data);
     }
 }
 
@@ -61,7 +59,7 @@ void CSurfacePSPrinter::drawImage(RECT* rect, unsigned int id, int mode, int /*x
                  PsPoint{rect->left, scaled ? int{rect->bottom} : wrapAdd(rect->top, image->m_height)},
                  " translate ", width, " ", height, " scale ");
     if (mode == TiledMode) {
-        usePattern(id);
+        usePattern(static_cast<int>(id));
         appendPieces(head, "\n[/Pattern /DeviceRGB] setcolorspace Pattern", id,
                      " setpattern  clippath fill\ngrestore\n");
         m_body.append(head);

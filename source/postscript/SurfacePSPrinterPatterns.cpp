@@ -9,6 +9,7 @@
 
 #include "postscript/PostScriptPieces.h"
 #include "postscript/PostScriptSamples.h"
+#include "surface/drawingNumbers.h"
 #include "surface/putByNumber.h"
 #include "surface/putInFront.h"
 
@@ -54,32 +55,40 @@ TovoTextString plainSamples(const CPostScriptImage& image)
     return samples;
 }
 
+// Units of a pattern's side. A picture that could not be decoded may be stated as having no size, or one that
+// interpreters refuse; it paints nothing either way.
+int extentOf(int stated, const TovoTextString& samples)
+{
+    constexpr int Greatest = 32767;
+    return samples.isEmpty() && (stated < 1 || stated > Greatest) ? 1 : stated;
+}
+
 } // namespace
 
-CSurfacePSPrinter::PatternState CSurfacePSPrinter::patternState(unsigned int id) const
+bool CSurfacePSPrinter::isPatternDefined(int picture) const
 {
-    const PatternState* const state = m_patternStates.atGet(id);
-    return state != nullptr ? *state : PatternState::Unused;
+    const bool* const defined = m_definedPatterns.atGet(static_cast<unsigned int>(picture));
+    return defined != nullptr && *defined;
 }
 
-// Of an image that was not included as a tile, the pattern is defined when it is used first.
-void CSurfacePSPrinter::usePattern(unsigned int id)
+// Of an image that was not included as a tile, the pattern is defined when it is used first. The picture of a
+// brush can be any number, and its image can come later or never: the end of the page sees to those.
+void CSurfacePSPrinter::usePattern(int picture)
 {
-    if (patternState(id) == PatternState::Defined) {
+    if (isPatternDefined(picture)) {
         return;
     }
-    if (const CPostScriptImage* const image = imageAt(id)) {
-        definePattern(id, image->m_width, image->m_height, plainSamples(*image));
+    if (const CPostScriptImage* const image = imageAt(static_cast<unsigned int>(picture))) {
+        definePattern(picture, image->m_width, image->m_height, plainSamples(*image));
     } else {
-        putByNumber(m_patternStates, id, PatternState::Missing);
+        m_missingPictures.add(picture);
     }
 }
 
-// An interpreter takes no pattern without extent, so that of a picture without one is a single unit.
-void CSurfacePSPrinter::definePattern(unsigned int id, int width, int height, const TovoTextString& samples)
+void CSurfacePSPrinter::definePattern(int picture, int width, int height, const TovoTextString& samples)
 {
-    const int w = std::max(width, 1);
-    const int h = std::max(height, 1);
+    const int w = extentOf(width, samples);
+    const int h = extentOf(height, samples);
     TovoTextString text(TextRoom{300});
     appendPieces(text, "<<\n /PaintType 1 /PatternType 1 /TilingType 1 /BBox[0 0 ", w, " ", h, "] /XStep ", w,
                  " /YStep ", h, " /PaintProc {\n  pop\n  ", w, " ", h,
@@ -87,21 +96,29 @@ void CSurfacePSPrinter::definePattern(unsigned int id, int width, int height, co
     appendImageDictionary(text, w, h);
     appendPieces(text, "\n   <");
     text.append(samples);
-    appendPieces(text, ">\n  >>image\n }\n>> matrix makepattern /Pattern", id, " exch def\n");
+    appendPieces(text, ">\n  >>image\n }\n>> matrix makepattern /Pattern", picture, " exch def\n");
     m_patternDefs.append(text);
     m_patternDefEnds.add(m_patternDefs.length());
-    putByNumber(m_patternStates, id, PatternState::Defined);
+    if (picture >= 0 && picture <= GreatestImageId) {
+        putByNumber(m_definedPatterns, static_cast<unsigned int>(picture), true);
+    }
 }
 
 // A name that nobody defines would end the document: what is painted with an image that never came paints
 // nothing.
 void CSurfacePSPrinter::defineMissingPatterns()
 {
-    for (unsigned int id = 0; id < m_patternStates.size(); ++id) {
-        if (m_patternStates[id] == PatternState::Missing) {
-            definePattern(id, 1, 1, TovoTextString());
+    int* const first = m_missingPictures.atGet(0); // null when there is none
+    std::sort(first, first + m_missingPictures.size());
+    const int* const end = std::unique(first, first + m_missingPictures.size());
+    for (const int* picture = first; picture != end; ++picture) {
+        if (imageAt(static_cast<unsigned int>(*picture)) != nullptr) {
+            usePattern(*picture);
+        } else {
+            definePattern(*picture, 1, 1, TovoTextString());
         }
     }
+    m_missingPictures.clear();
 }
 
 void CSurfacePSPrinter::takePatternDefs(TovoTextString& front)

@@ -112,7 +112,7 @@ void CSurfacePSPrinter::drawPolygon(POINT* points, unsigned int count, bool fill
     TovoTextString text(ShapeRoom);
     appendPieces(text, " newpath ");
     appendPath(text, points, count);
-    if (fill) {
+    if (fill && haveFill()) {
         appendStrokeAndFill(text);
     } else {
         appendStroke(text);

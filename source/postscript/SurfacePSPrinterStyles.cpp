@@ -84,9 +84,6 @@ bool CSurfacePSPrinter::haveStroke() const
 
 bool CSurfacePSPrinter::haveFill() const
 {
-    if (m_brush.getStyle() == PictureBrush) {
-        return m_brush.getPicture() >= 0 && m_brush.getPicture() <= GreatestImageId;
-    }
     return m_brush.getStyle() != HollowBrush;
 }
 
@@ -118,8 +115,8 @@ void CSurfacePSPrinter::appendFillStyle(TovoTextString& s)
     if (style == SolidBrush) {
         m_currentColor = m_brush.getColor();
         appendPieces(s, " ", PsColor{m_currentColor}, " setrgbcolor ");
-    } else if (style == PictureBrush && haveFill()) {
-        usePattern(static_cast<unsigned int>(m_brush.getPicture()));
+    } else if (style == PictureBrush) {
+        usePattern(m_brush.getPicture());
         appendPieces(s, "\n[/Pattern /DeviceRGB] setcolorspace Pattern", m_brush.getPicture(),
                      " setpattern ");
     } else if (hatch >= 0 && hatch < HatchCount) {
@@ -139,7 +136,9 @@ void CSurfacePSPrinter::appendStroke(TovoTextString& s)
 void CSurfacePSPrinter::appendStrokeAndFill(TovoTextString& s)
 {
     if (!haveFill()) {
-        appendStroke(s);
+        if (haveStroke()) {
+            appendStroke(s);
+        }
         return;
     }
     if (!haveStroke()) {

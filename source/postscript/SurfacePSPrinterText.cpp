@@ -5,6 +5,8 @@
 #include "surfacePSPrinter.h"
 
 #include <algorithm>
+#include <climits>
+#include <cmath>
 #include <cstring>
 
 #include "postscript/PostScriptPieces.h"
@@ -210,9 +212,9 @@ bool CSurfacePSPrinter::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* re
         appendPieces(text, " clip");
     }
     appendPieces(text, "\n");
-    const double size = m_font.getSize() * unitsPerPoint();
-    const int ascent = saturateToInt(size);
-    const int lineHeight = saturateToInt(size * 1.2);
+    const double unit = unitsPerPoint();
+    const int ascent = saturateToInt(m_font.getSize() * unit);
+    const int lineHeight = saturateToInt(m_font.getSize() * 1.2 * unit);
     int offset = ascent; // of the lines that have no y of their own, below the top
     CSurfaceTextChunk* previous = nullptr;
     for (unsigned int i = 0; i < chunks->size(); ++i) {
@@ -226,10 +228,9 @@ bool CSurfacePSPrinter::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* re
         const int y = chunk->m_position.y < NoPosition ? wrapAdd(chunk->m_position.y, ascent)
                                                        : wrapAdd(rect->top, offset);
         appendPieces(text, "\t");
-        if (!chunk->m_followsPrevious) {
-            appendPieces(text, PsPoint{chunk->m_position.x, y}, " moveto ");
-        } else if (previous == nullptr) {
-            appendPieces(text, PsPoint{rect->left, y}, " moveto ");
+        if (!chunk->m_followsPrevious || previous == nullptr) {
+            const int x = chunk->m_followsPrevious ? rect->left : chunk->m_position.x;
+            appendPieces(text, PsPoint{x, y}, " moveto ");
         }
         appendChunk(text, *chunk);
         previous = chunk;

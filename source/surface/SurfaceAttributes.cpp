@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "surface/color.h"
+#include "surface/drawingNumbers.h"
 #include "surface/moduleHeap.h"
 
 CSurfaceFont::CSurfaceFont(char* faceName, float size, bool bold, bool italic, bool strikethru,
@@ -110,9 +111,8 @@ void CSurfaceBrush::setColor(unsigned long color)
 
 void CSurfaceBrush::setPicture(int picture)
 {
-    constexpr int PictureStyle = 99;
     m_picture = picture;
-    m_style = PictureStyle;
+    m_style = PictureBrush;
 }
 
 bool CSurfaceBrush::operator==(const CSurfaceBrush& other) const

@@ -1,6 +1,7 @@
 #include "surface/xmlText.h"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <string_view>
 
@@ -17,16 +18,19 @@ constexpr Entity Entities[] = {
     {'&', "&amp;"}, {'"', "&quot;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'\'', "&apos;"},
 };
 
-constexpr char Special[] = "&\"<>'";
-
-const Entity* entityOf(char character)
-{
+// For each byte, the place of its entity in the table, counted from 1.
+constexpr std::array<unsigned char, 256> EntityNumbers = [] {
+    std::array<unsigned char, 256> numbers{};
+    unsigned char number = 0;
     for (const Entity& entity : Entities) {
-        if (entity.character == character) {
-            return &entity;
-        }
+        numbers[static_cast<unsigned char>(entity.character)] = ++number;
     }
-    return nullptr;
+    return numbers;
+}();
+
+unsigned int entityNumber(char character)
+{
+    return EntityNumbers[static_cast<unsigned char>(character)];
 }
 
 const Entity* entityAt(std::string_view text)
@@ -52,10 +56,11 @@ void appendEscaped(TovoTextString& out, const char* text, unsigned int length)
     std::string_view rest = whole.substr(0, whole.find('\0'));
     const std::string_view behindZero = whole.substr(rest.size());
     for (std::size_t plain = 0; !rest.empty(); rest.remove_prefix(plain)) {
-        plain = std::min(rest.find_first_of(Special), rest.size());
+        const auto* const special = std::find_if(rest.begin(), rest.end(), entityNumber);
+        plain = static_cast<std::size_t>(special - rest.begin());
         appendView(out, rest.substr(0, plain));
         if (plain < rest.size()) {
-            appendView(out, entityOf(rest[plain])->text);
+            appendView(out, Entities[entityNumber(*special) - 1].text);
             ++plain;
         }
     }

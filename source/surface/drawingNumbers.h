@@ -10,6 +10,7 @@ inline constexpr int HollowBrush = 1;
 inline constexpr int FirstHatchBrush = 2;
 inline constexpr int PictureBrush = 99;
 
+inline constexpr int PenLineMask = 0xF;
 inline constexpr int PenWithoutLine = 5;
 inline constexpr unsigned int PenCapBit = 8; // the first of the four bits of the field
 inline constexpr unsigned int PenJoinBit = 12;
@@ -35,9 +36,10 @@ inline constexpr unsigned int CentreFlag = 0x1;
 inline constexpr unsigned int RightFlag = 0x2;
 inline constexpr unsigned int NoClipFlag = 0x100;
 
-inline constexpr int WholeText = -1; // as a length of text
+inline constexpr int WholeText = -1;    // as a length of text
+inline constexpr int NoTextLength = -1; // as a width to fit a run to
 
 // Numbers of the platform's message table.
-inline constexpr unsigned int NoMemory = 14001;
-inline constexpr unsigned int ImageNotConverted = 14015;
-inline constexpr unsigned int ImageLibraryMissing = 14029;
+inline constexpr int NoMemory = 14001;
+inline constexpr int ImageNotConverted = 14015;
+inline constexpr int ImageLibraryMissing = 14029;

@@ -6,6 +6,7 @@
 #include "metaFilePlayerSVG.h"
 
 #include "surface.h"
+#include "surface/drawingNumbers.h"
 #include "surface/wrappingInt.h"
 #include "svg/PageCursor.h"
 #include "svg/SvgColor.h"

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "surface.h"
+#include "surface/drawingNumbers.h"
 #include "surface/wrappingInt.h"
 #include "svg/PageCursor.h"
 #include "svg/SvgDialect.h"

@@ -5,6 +5,7 @@
 #include "metaFilePlayerSVG.h"
 
 #include "surface.h"
+#include "surface/drawingNumbers.h"
 #include "surface/wrappingInt.h"
 #include "svg/PageCursor.h"
 #include "svg/SvgDialect.h"

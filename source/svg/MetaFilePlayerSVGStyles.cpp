@@ -1,6 +1,7 @@
 // Stroke, fill and style attributes of shapes.
 #include "metaFilePlayerSVG.h"
 
+#include "surface/drawingNumbers.h"
 #include "surfaceAttributes.h"
 #include "svg/PageCursor.h"
 #include "svg/SvgColor.h"

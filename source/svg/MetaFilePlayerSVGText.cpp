@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "surface.h"
+#include "surface/drawingNumbers.h"
 #include "surface/moduleHeap.h"
 #include "surface/wrappingInt.h"
 #include "svg/PageCursor.h"

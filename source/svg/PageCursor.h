@@ -36,13 +36,13 @@ inline char* stepOver(char* from, int count)
     return from;
 }
 
-// The next place where `tag`, a text that begins with "<", stands. From one "<" to the next, because the
-// stretch may be long and is asked about again and again: no call measures it to its end.
+// As findKey, for a tag or the rest of one behind its "<". From one place of its first character to the next,
+// because the stretch may be long and is asked about again and again: no call measures it to its end.
 inline char* findTag(char* from, const char* tag)
 {
-    char* place = from != nullptr ? std::strchr(from, '<') : nullptr;
+    char* place = from != nullptr ? std::strchr(from, *tag) : nullptr;
     while (place != nullptr && !beginsWith(place, tag)) {
-        place = std::strchr(place + 1, '<');
+        place = std::strchr(place + 1, *tag);
     }
     return place;
 }

@@ -104,7 +104,7 @@ void PageTextSearch::parsePage(TovoTextString* page)
 char* PageTextSearch::parseTextElement(char* element, char* pageStart)
 {
     constexpr char Closing[] = "/text>";
-    char* const end = findKey(element, Closing);
+    char* const end = findTag(element, Closing);
     if (end == nullptr) {
         return nullptr;
     }
@@ -128,17 +128,17 @@ char* PageTextSearch::parseTextElement(char* element, char* pageStart)
     if (end > body && end[-1] == '<') {
         end[-1] = '\0';
     }
-    char* span = findKey(body, "<tspan");
+    char* span = findTag(body, "<tspan");
     record->addRun(offsetOf(element), span != nullptr ? "" : body);
     while (span != nullptr) {
         char* const text = findBehind(span, ">");
-        char* const textEnd = findKey(text, "</tspan");
+        char* const textEnd = findTag(text, "</tspan");
         if (textEnd == nullptr) {
             break;
         }
         *textEnd = '\0';
         record->addRun(offsetOf(span), text);
-        span = findKey(textEnd + 1, "<tspan");
+        span = findTag(textEnd + 1, "<tspan");
     }
     return end + 1;
 }

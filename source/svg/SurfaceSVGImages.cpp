@@ -8,16 +8,13 @@
 #include <cstdlib>
 
 #include "surface/decodedImage.h"
+#include "surface/drawingNumbers.h"
 #include "surface/pageText.h"
 #include "surface/rectangle.h"
 #include "svg/SvgDialect.h"
 #include "sys/krnutil.h"
 
 namespace {
-
-// Numbers of the platform's message table.
-constexpr int ImageLibraryMissing = 14029;
-constexpr int ImageNotConverted = 14015;
 
 // The format of the data by the caller's picture type; unknown: told by the data's own signature.
 struct PictureType {

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include "surface/drawingNumbers.h"
 #include "surface/pageText.h"
 #include "surface/rectangle.h"
 #include "svg/SvgDialect.h"

@@ -4,6 +4,7 @@
 // front of the stroke.
 #include "surfaceSVG.h"
 
+#include "surface/drawingNumbers.h"
 #include "surface/pageText.h"
 #include "surface/wrappingInt.h"
 #include "svg/SvgDialect.h"
@@ -30,14 +31,6 @@ constexpr std::string_view Joins[] = {
     "stroke-linejoin='bevel' ",
     "stroke-linejoin='miter' ",
 };
-
-// The text for one four-bit field of a pen's style word; none for a value the table does not have.
-template <std::size_t N>
-std::string_view textOfField(const std::string_view (&texts)[N], int style, unsigned int firstBit)
-{
-    const std::size_t value = (static_cast<unsigned int>(style) >> firstBit) & 0xFU;
-    return value < N ? texts[value] : std::string_view();
-}
 
 // True when there is a dash text; caps and joins are written only without one.
 bool appendDashes(TovoTextString& out, int lineStyle, int width)
@@ -81,7 +74,7 @@ void CSurfaceSVG::appendPenStyle(TovoTextString& out)
     appendPieces(out, " ", StrokeKey, RgbColor{m_pen.getColor()}, "' ", StrokeWidthKey, m_pen.getWidth(),
                  "' ");
     if (!appendDashes(out, lineStyle, m_pen.getWidth())) {
-        appendPieces(out, textOfField(Caps, style, 8), textOfField(Joins, style, 12));
+        appendPieces(out, textOfField(Caps, style, PenCapBit), textOfField(Joins, style, PenJoinBit));
     }
 }
 

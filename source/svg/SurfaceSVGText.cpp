@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "surface/drawingNumbers.h"
 #include "surface/pageText.h"
 #include "surface/rectangle.h"
 #include "surface/xmlText.h"
@@ -16,9 +17,6 @@
 
 namespace {
 
-constexpr unsigned int CentreFlag = 0x1;
-constexpr unsigned int RightFlag = 0x2;
-constexpr unsigned int NoClipFlag = 0x100;
 constexpr unsigned int ClippedOption = 0x4;
 
 constexpr int ShiftRoom = 12;

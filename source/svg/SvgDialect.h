@@ -64,20 +64,6 @@ inline constexpr char ItalicWord[] = "italic";
 inline constexpr char UnderlineWord[] = "underline";
 inline constexpr char LineThroughWord[] = "line-through";
 
-// Numbers of the format, as the caller's brush and pen words have them.
-inline constexpr int SolidBrush = 0;
-inline constexpr int HollowBrush = 1;
-inline constexpr int FirstHatchBrush = 2;
-inline constexpr int PictureBrush = 99;
-inline constexpr int PenLineMask = 0xF;
-inline constexpr int PenWithoutLine = 5;
-inline constexpr int NaturalMode = 0; // of drawImage
-inline constexpr int ScaledMode = 1;
-inline constexpr int TiledMode = 2;
-inline constexpr int GreatestImageId = 65535; // a table by ids must not grow because a page says so
-inline constexpr int WholeText = -1;          // as a length of text
-inline constexpr int NoTextLength = -1;       // as a width to fit a run to
-
 // The shared hatch patterns in the order of the brush styles from FirstHatchBrush on, each with the lines of
 // its 9 by 9 tile.
 struct SvgHatch {

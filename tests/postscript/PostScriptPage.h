@@ -4,8 +4,9 @@
 
 #include <cstddef>
 #include <functional>
-#include <ostream>
+#include <span>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -13,29 +14,20 @@
 
 using PsDrawing = std::function<void(CSurfacePSPrinter&)>;
 
-// Some calls and the page text they leave.
+// Some calls and the page text they leave, in which marks stand for what returns again and again.
 struct PsCase {
-    std::string name;
     PsDrawing draw;
     std::string text;
-    friend void PrintTo(const PsCase& drawn, std::ostream* out) { *out << drawn.name; }
 };
-inline std::string nameOf(const testing::TestParamInfo<PsCase>& drawn)
-{
-    return drawn.param.name;
-}
-
-// The test that the tables of all files run through; its body stands beside the document's own tests.
-class PostScriptPage : public testing::TestWithParam<PsCase> {};
 
 // A page of ten units to the millimetre.
-inline CSurfacePSPrinter freshPage(int width = 2100, int height = 2970)
+inline CSurfacePSPrinter freshPage()
 {
     CSurfacePSPrinter page(0, 0);
-    page.m_width = width;
-    page.m_height = height;
-    page.m_pageWidth = width / 10;
-    page.m_pageHeight = height / 10;
+    page.m_width = 2100;
+    page.m_height = 2970;
+    page.m_pageWidth = 210;
+    page.m_pageHeight = 297;
     return page;
 }
 
@@ -52,33 +44,62 @@ inline std::string drawnText(const PsDrawing& draw)
     return textOf(page);
 }
 
+inline void expectTexts(std::span<const PsCase> cases)
+{
+    constexpr std::pair<const char*, const char*> marks[] = {
+        {"@h", "1 -2 3 -4 @p0.000 0.000 0.000 Hatch"},
+        {"@i", " /DeviceRGB setcolorspace\n<< @d currentfile /ASCIIHexDecode filter"},
+        {"~", " 1 setlinecap  1 setlinejoin "},
+        {"@0", "0.000 0.000 0.000 setrgbcolor"},
+        {"@r", "1.000 0.000 0.000 setrgbcolor"},
+        {"@g", "0.000 1.000 0.000 setrgbcolor"},
+        {"@p", "\n[/Pattern /DeviceRGB] setcolorspace "},
+        {"@b", "newpath 1 -2  moveto 3 -2  lineto 3 -4  lineto 1 -4  lineto closepath"},
+        {"@l", "0 0  moveto 0 0  lineto stroke\n"},
+        {"@f", "gsave\n newpath 10 -20  moveto 110 -20  lineto 110 -70  lineto 10 -70  lineto closepath clip "
+               "newpath\n"},
+        {"@d", "/ImageType 1 /Width 2 /Height 2 /BitsPerComponent 8 /ImageMatrix [2 0 0 2 0 0] /Decode [0 1 "
+               "0 1 0 1] /DataSource"},
+    };
+    for (PsCase c : cases) {
+        for (const auto& [mark, meaning] : marks) {
+            for (std::size_t at = 0; (at = c.text.find(mark, at)) != std::string::npos;) {
+                c.text.replace(at, std::string(mark).size(), meaning);
+            }
+        }
+        EXPECT_EQ(c.text, drawnText(c.draw));
+    }
+}
+
+inline std::string documentOf(const PsDrawing& draw)
+{
+    CSurfacePSPrinter page = freshPage();
+    draw(page);
+    EXPECT_EQ(0, page.closeSurface());
+    return textOf(page);
+}
+
 // A rectangle that needs an address only while the call lasts.
 inline RECT* in(RECT&& rect)
 {
     return &rect;
 }
 
-// A Windows bitmap of one row: `pixels` holds blue, green, red and, with 32 bits, alpha.
-inline std::string bitmapOf(const std::string& pixels, int bits, int height = 1)
+// A Windows bitmap; `pixels` holds blue, green, red and, with 32 bits, alpha.
+inline std::string bitmapOf(const std::string& pixels, std::size_t bits, std::size_t height = 1)
 {
-    const auto number = [](std::size_t value, int bytes) {
-        std::string text;
-        for (; bytes > 0; --bytes, value >>= 8U) {
-            text += static_cast<char>(value);
-        }
-        return text;
-    };
-    const auto rows = static_cast<std::size_t>(height);
-    const std::size_t pixelSize = static_cast<std::size_t>(bits) / 8;
-    const std::size_t rowSize = pixels.size() / rows;
-    std::string padded;
-    for (std::size_t y = 0; y < rows; ++y) {
-        padded += pixels.substr(y * rowSize, rowSize);
-        padded.resize((padded.size() + 3) / 4 * 4, '\x7F');
+    const std::size_t rowSize = pixels.size() / height;
+    std::string file(54, '\0');
+    const std::pair<std::size_t, std::size_t> fields[] = {
+        {0, 'B'}, {1, 'M'}, {10, 54}, {14, 40}, {18, rowSize * 8 / bits}, {22, height}, {26, 1}, {28, bits}};
+    for (const auto& [at, value] : fields) {
+        file[at] = static_cast<char>(value);
     }
-    return "BM" + number(54 + padded.size(), 4) + number(0, 4) + number(54, 4) + number(40, 4) +
-           number(rowSize / pixelSize, 4) + number(rows, 4) + number(1, 2) + number(pixelSize * 8, 2) +
-           number(0, 24) + padded;
+    for (std::size_t at = 0; at < pixels.size(); at += rowSize) {
+        file += pixels.substr(at, rowSize);
+        file.resize((file.size() + 1) / 4 * 4 + 2, '\x7F'); // in fours behind the head
+    }
+    return file;
 }
 
 inline void include(CSurfacePSPrinter& s, unsigned int id, std::string image, int width, int height,
@@ -86,11 +107,4 @@ inline void include(CSurfacePSPrinter& s, unsigned int id, std::string image, in
 {
     s.includeImage(id, reinterpret_cast<unsigned char*>(image.data()), static_cast<int>(image.size()), width,
                    height, type);
-}
-
-inline void usePicture(CSurfacePSPrinter& s, int picture)
-{
-    CSurfaceBrush brush;
-    brush.setPicture(picture);
-    s.setBrush(&brush);
 }

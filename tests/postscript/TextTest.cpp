@@ -3,6 +3,8 @@
 
 #include <climits>
 
+#include "lettering.h"
+
 namespace {
 
 char arial[] = "Arial";
@@ -14,32 +16,8 @@ void black(CSurfacePSPrinter& s)
     s.setTextColor(0);
 }
 
-struct Chunk {
-    const char* text;
-    POINT position;
-    bool followsPrevious = false;
-    int textLength = -1;
-    bool underline = false;
-    bool isNewLine = false;
-};
-
-void drawChunks(CSurfacePSPrinter& s, std::initializer_list<Chunk> list, int flags = 0x100)
-{
-    std::vector<CSurfaceTextChunk> chunks(list.size());
-    Array<CSurfaceTextChunk, 2> array;
-    for (std::size_t i = 0; i < list.size(); ++i) {
-        const Chunk& chunk = list.begin()[i];
-        TovoTextString text(chunk.text);
-        chunks[i].create(&text, chunk.isNewLine, chunk.position, chunk.followsPrevious, chunk.textLength,
-                         chunk.underline);
-        array.add(&chunks[i]);
-    }
-    EXPECT_TRUE(s.drawString(&array, in({1, 1000, 3, 4}), flags));
-}
-
-const PsCase cases[] = {
-    {"Fonts",
-     [](auto& s) {
+const PsCase texts[] = {
+    {[](auto& s) {
          CSurfaceFont font(times, 10, true, true, true, true);
          s.setFont(&font);
          EXPECT_EQ(font, s.m_font);
@@ -49,81 +27,65 @@ const PsCase cases[] = {
          s.m_pageHeight = 0;
          s.writeFont(arial, 10, false, false, false, false);
      },
-     "/(Times New Roman-BoldItalic) findfont 35.28 scalefont setfont \n"
-     "/Arial findfont 35.28 scalefont setfont \n/Arial-Bold findfont -3.53 scalefont setfont \n"
-     "/-Italic findfont 3.53 scalefont setfont \n/Arial findfont 0.00 scalefont setfont \n"},
+     "/(Times New Roman-BoldItalic) findfont 35.28 scalefont setfont \n/Arial findfont 35.28 scalefont "
+     "setfont \n/Arial-Bold findfont -3.53 scalefont setfont \n/-Italic findfont 3.53 scalefont setfont "
+     "\n/Arial findfont 0.00 scalefont setfont \n"},
     // The point size is added as it is.
-    {"PlainText",
-     [](auto& s) {
+    {[](auto& s) {
          black(s);
          s.drawString("Hi", in({100, 200, 1, 2}), 0xFF);
          s.setTextColor(0xFF);
          s.drawText("&(\\)\x80\n", in({0, INT_MAX, 1, 2}), 0);
-     },
-     "\n 100 -210  moveto\n(Hi) show\n 1.000 0.000 0.000 setrgbcolor\n 0 2147483639  moveto\n"
-     "(&\\(\\\\\\)\x80\n) show\n"},
-    {"TextAtAPoint",
-     [](auto& s) {
-         black(s);
          POINT point{7, 8};
-         for (const unsigned int flags : {0U, 1U, 2U, 3U}) {
+         for (const unsigned int flags : {4U, 1U, 2U, 3U}) {
              s.drawTextAt("x", &point, flags);
          }
-         s.setTextColor(0xFF);
-         s.drawTextAt("x", &point, 4);
-     },
-     " 7 -18  moveto (x) show\n 7 -18  moveto (x) middleshow\n 7 -18  moveto (x) rightshow\n"
-     " 7 -18  moveto (x) rightshow\n1.000 0.000 0.000 setrgbcolor 7 -18  moveto (x) show\n"},
-    {"TextOnABaseLine",
-     [](auto& s) {
-         black(s);
+         s.setTextColor(0);
+         s.drawTextAt("x", &point, 0);
          char text[] = "(ab";
          s.drawTextOnBaseLine(7, 8, 0, in({1, 2, 3, 4}), text, -1);
          for (const int length : {0, 2, 4, -2}) {
              s.drawTextOnBaseLine(7, 8, 4, nullptr, text, length);
          }
      },
-     [] {
-         const std::string start = "0.000 0.000 0.000 setrgbcolor 7 -8  moveto (";
-         return "gsave newpath 1 -2  moveto 3 -2  lineto 3 -4  lineto 1 -4  lineto closepath clip newpath\n" +
-                start + "\\(ab) show\ngrestore\n" + start + ") show\n" + start + "\\(a) show\n" + start +
-                "\\(ab) show\n" + start + ") show\n";
-     }()},
+     "\n 100 -210  moveto\n(Hi) show\n @r\n 0 2147483639  moveto\n(&\\(\\\\\\)\x80\n) show\n 7 -18  moveto "
+     "(x) show\n 7 -18  moveto (x) middleshow\n 7 -18  moveto (x) rightshow\n 7 -18  moveto (x) "
+     "rightshow\n@0 7 -18  moveto (x) show\ngsave @b clip newpath\n@0 7 -8  moveto (\\(ab) "
+     "show\ngrestore\n@0 7 -8  moveto () show\n@0 7 -8  moveto (\\(a) show\n@0 7 -8  moveto (\\(ab) show\n@0 "
+     "7 -8  moveto () show\n"},
     // The first line is 35 units below the top and a line 42 high.
-    {"ChunksAndTheirPlaces",
-     [](auto& s) {
+    {[](auto& s) {
          black(s);
-         drawChunks(
-             s,
-             {{"Hi", {100, 200}, false, 350}, {"on", {0, 0}, true}, {"new", {9, INT_MAX}, false, -5, true}});
-         drawChunks(s, {{"a", {9, INT_MAX}, true}, {"b", {9, INT_MAX}, true, 0, false, true}}, 0);
+         RECT box{1, 1000, 3, 4};
+         Runs()
+             .at(100, 200, "Hi", {.width = 350})
+             .then("on")
+             .at(9, INT_MAX, "new", {true, -5})
+             .draw(s, box, 0x100);
+         Runs().then("a").then("b", {.width = 0}).draw(s, box, 0);
          s.setTextColor(0xFF);
-         drawChunks(s, {});
-     },
-     "gsave\n\t100 -235  moveto 350  false false (Hi) jshow\n\t0  false false (on) jshow\n"
-     "\t9 -1077  moveto 0  false true (new) jshow\ngrestore\n"
-     "gsave newpath 1 -1000  moveto 3 -1000  lineto 3 -4  lineto 1 -4  lineto closepath clip\n"
-     "\t1 -1035  moveto 0  false false (a) jshow\n\t0  false false (b) jshow\ngrestore\n"
-     "1.000 0.000 0.000 setrgbcolor\ngsave\ngrestore\n"},
-    {"ChunksTurnedAndStyled",
-     [](auto& s) {
-         black(s);
+         Runs().draw(s, box, 0x100);
          s.m_font = CSurfaceFont(arial, 10, false, false, true, true);
          s.setTextRotation(0, 90);
-         drawChunks(s, {{"(", {0, -35}}});
+         Runs().at(0, -35, "(").draw(s, box, 0x100);
          s.setTextRotation(-45, 0);
-         drawChunks(s, {{"", {0, -35}}});
+         Runs().at(0, -35, "").draw(s, box, 0x100);
      },
-     "gsave\n\t0 0  moveto 0  true true (\\() 0  90  rotatedshow\ngrestore\n"
-     "gsave\n\t0 0  moveto 0  true true () -45  0  rotatedshow\ngrestore\n"},
+     "gsave\n\t100 -235  moveto 350  false false (Hi) jshow\n\t0  false false (on) jshow\n\t9 -1077  moveto "
+     "0  false true (new) jshow\ngrestore\ngsave newpath 1 -1000  moveto 3 -1000  lineto 3 -4  lineto 1 -4  "
+     "lineto closepath clip\n\t1 -35  moveto 0  false false (a) jshow\n\t0  false false (b) "
+     "jshow\ngrestore\n@r\ngsave\ngrestore\ngsave\n\t0 0  moveto 0  true true (\\() 0  90  "
+     "rotatedshow\ngrestore\ngsave\n\t0 0  moveto 0  true true () -45  0  rotatedshow\ngrestore\n"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Text, PostScriptPage, testing::ValuesIn(cases), nameOf);
+TEST(PostScriptText, LeavesItsText)
+{
+    expectTexts(texts);
+}
 
 TEST(PostScriptText, IsEscapedUpToAZeroByte)
 {
-    const std::string raw("\\(a\0)", 5);
-    TovoTextString escaped = CSurfacePSPrinter::toPS(TovoTextString(raw.data(), 5));
+    TovoTextString escaped = CSurfacePSPrinter::toPS(TovoTextString("\\(a\0)", 5));
     EXPECT_EQ(std::string("\\\\\\(a\0)", 7), std::string(escaped.text(), escaped.length()));
     EXPECT_EQ(0U, CSurfacePSPrinter::toPS(TovoTextString()).length());
 }

@@ -4,13 +4,6 @@
 
 #include <sstream>
 
-// AddressSanitizer's own strstr measures the whole text at each search, which makes large pages quadratic.
-extern "C" SURFACE_API const char* __asan_default_options(); // NOLINT(bugprone-reserved-identifier)
-const char* __asan_default_options()                         // NOLINT(bugprone-reserved-identifier)
-{
-    return "intercept_strstr=0";
-}
-
 using namespace std::string_literals;
 
 namespace {

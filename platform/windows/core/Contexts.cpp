@@ -4,18 +4,13 @@
 #include "core/DeviceContext.h"
 #include "core/HandleTable.h"
 #include "core/ScreenDevice.h"
+#include "raster/RasterDevice.h"
 
 namespace {
 
 HDC addNew(ContextKind kind, std::unique_ptr<Device> device)
 {
     return addContext(std::make_shared<DeviceContext>(kind, std::move(device)));
-}
-
-// What memory contexts paint with: a device with the capabilities of the one that they are compatible with.
-std::unique_ptr<Device> makeMemoryDevice(const Device& /*reference*/)
-{
-    return std::make_unique<ScreenDevice>();
 }
 
 // True when the context is one that `ends` accepts, and was live.
@@ -54,7 +49,7 @@ int ReleaseDC(HWND window, HDC context)
 HDC CreateCompatibleDC(HDC context)
 {
     const auto create = [](const Device& reference) {
-        return addNew(ContextKind::memory, makeMemoryDevice(reference));
+        return addNew(ContextKind::memory, makeRasterDevice(reference));
     };
     if (context == nullptr) {
         return guarded<HDC>(nullptr, [&] { return create(ScreenDevice()); });

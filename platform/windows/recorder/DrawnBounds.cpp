@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 #include <cstdint>
+#include <numbers>
+#include <numeric>
 
 namespace {
 
@@ -64,8 +67,9 @@ DrawnBounds boundsOfPoints(const Mapping& mapping, std::span<const POINT> points
 DrawnBounds boundsWithEdges(const Mapping& mapping, const RECT& rect) noexcept
 {
     const POINT corners[] = {
-        {rect.left, rect.top}, {rect.right, rect.top}, {rect.right, rect.bottom}, {rect.left, rect.bottom}};
-    return boundsOfPoints(mapping, corners);
+        {rect.left, rect.top}, {rect.right, rect.bottom}, {rect.right, rect.top}, {rect.left, rect.bottom}};
+    const std::span<const POINT> all(corners);
+    return boundsOfPoints(mapping, mapping.isAxisAligned() ? all.first(2) : all);
 }
 
 DrawnBounds boundsOfArea(const Mapping& mapping, const RECT& rect) noexcept
@@ -76,5 +80,34 @@ DrawnBounds boundsOfArea(const Mapping& mapping, const RECT& rect) noexcept
     }
     --bounds.box.right;
     --bounds.box.bottom;
+    return bounds;
+}
+
+DrawnBounds boundsOfArc(const DrawnBounds& ellipse, POINT start, POINT end) noexcept
+{
+    constexpr double quarter = std::numbers::pi / 2;
+    const double centerX = std::midpoint<double>(ellipse.box.left, ellipse.box.right);
+    const double centerY = std::midpoint<double>(ellipse.box.top, ellipse.box.bottom);
+    const double radiusX = ellipse.box.right - centerX;
+    const double radiusY = ellipse.box.bottom - centerY;
+    const auto angleOf = [&](POINT point) {
+        return std::atan2((centerY - point.y) * radiusX, (point.x - centerX) * radiusY);
+    };
+    DrawnBounds bounds;
+    const auto addAt = [&](double angle) {
+        bounds.add(POINT{toDeviceUnit(centerX + radiusX * std::cos(angle)),
+                         toDeviceUnit(centerY - radiusY * std::sin(angle))});
+    };
+    const double first = angleOf(start);
+    double last = angleOf(end);
+    if (last <= first) {
+        last += 4 * quarter;
+    }
+    addAt(first);
+    addAt(last);
+    // Between its ends an arc reaches furthest where it crosses an axis.
+    for (double crossing = std::ceil(first / quarter) * quarter; crossing < last; crossing += quarter) {
+        addAt(crossing);
+    }
     return bounds;
 }

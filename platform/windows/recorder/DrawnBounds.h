@@ -26,3 +26,5 @@ struct DrawnBounds {
 DrawnBounds boundsOfPoints(const Mapping& mapping, std::span<const POINT> points) noexcept;
 DrawnBounds boundsWithEdges(const Mapping& mapping, const RECT& rect) noexcept;
 DrawnBounds boundsOfArea(const Mapping& mapping, const RECT& rect) noexcept;
+// The pixels of the part of an ellipse in this box that runs counter-clockwise between the radials through two points.
+DrawnBounds boundsOfArc(const DrawnBounds& ellipse, POINT start, POINT end) noexcept;

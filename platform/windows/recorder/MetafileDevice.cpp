@@ -46,12 +46,13 @@ RECTL frameAround(const RECTL& pixels)
 
 // How far a line of the context's pen reaches beyond its middle, in device units; mitres and square caps may reach
 // further.
-LONG penReach(const DeviceContext& context, const Mapping& mapping)
+LONG penReach(const DeviceContext& context)
 {
     const PenObject* const pen = context.state.pen.get();
     if (pen == nullptr || pen->width <= 1 || (pen->style & PS_STYLE_MASK) == PS_NULL) {
         return 0;
     }
+    const Mapping mapping = context.mapping();
     const double width = pen->width * std::max(mapping.scaleX(), mapping.scaleY());
     return width <= 1 ? 0 : toDeviceUnit((width + 1) / 2);
 }
@@ -133,7 +134,7 @@ RECTL MetafileDevice::markStroked(const DeviceContext& context, DrawnBounds boun
         m_path.add(bounds.box);
         return DrawnBounds{}.box;
     }
-    bounds.grow(penReach(context, context.mapping()));
+    bounds.grow(penReach(context));
     markDrawn(context, bounds);
     return bounds.box;
 }

@@ -2,7 +2,8 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
-#include <type_traits>
+#include <numeric>
+#include <utility>
 
 #include "core/DeviceContext.h"
 #include "recorder/MetafileDevice.h"
@@ -92,6 +93,28 @@ DrawnBounds boundsOfShape(const DeviceContext& context, const RECT& rect) noexce
                                                        : boundsWithEdges(context.mapping(), rect);
 }
 
+// Under a rotation: those of the whole ellipse.
+DrawnBounds boundsOfPart(const DeviceContext& context, ArcShape shape, const RECT& rect, POINT start,
+                         POINT end)
+{
+    const Mapping mapping = context.mapping();
+    const DrawnBounds ellipse = boundsOfShape(context, rect);
+    if (ellipse.empty() || !mapping.isAxisAligned()) {
+        return ellipse;
+    }
+    // Directions are those of the device in GM_COMPATIBLE, of the logical plane in GM_ADVANCED.
+    const bool mirrored = context.state.graphicsMode == GM_ADVANCED && (mapping.xx < 0) != (mapping.yy < 0);
+    if ((context.state.arcDirection == AD_CLOCKWISE) != mirrored) {
+        std::swap(start, end);
+    }
+    DrawnBounds bounds = boundsOfArc(ellipse, mapping.toDevice(start), mapping.toDevice(end));
+    if (shape == ArcShape::pie) {
+        bounds.add(POINT{std::midpoint(ellipse.box.left, ellipse.box.right),
+                         std::midpoint(ellipse.box.top, ellipse.box.bottom)});
+    }
+    return bounds;
+}
+
 } // namespace
 
 bool MetafileDevice::lineTo(DeviceContext& context, POINT from, POINT to)
@@ -157,7 +180,7 @@ bool MetafileDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rec
     if (!inclusiveBox(context, rect, inclusive)) {
         return true;
     }
-    DrawnBounds bounds = boundsOfShape(context, rect);
+    DrawnBounds bounds = boundsOfPart(context, shape, rect, start, end);
     if (shape == ArcShape::arcTo) {
         bounds.add(context.mapping().toDevice(context.state.position));
     }

@@ -220,6 +220,8 @@ TEST(MetafileHeader, TellsBoundsFrameAndDevice)
     const RECT frame{0, 0, 21000, 29700};
     const Case cases[] = {
         {[](HDC) {}, nullptr, "1: 0 0 -1 -1 0 0 0 0"},
+        {[](HDC context) { Arc(context, 0, 0, 100, 100, 100, 50, 50, 0); }, nullptr,
+         "1: 50 0 99 50 1322 0 2645 1349"},
         {drawClipped, nullptr, "1: 96 96 191 100 2540 2540 5080 2672"},
         {drawClipped, &frame, "1: 96 96 191 100 0 0 21000 29700"},
     };

@@ -1,0 +1,156 @@
+#include "raster/PenLook.h"
+
+#include <cairo.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/DeviceContext.h"
+
+namespace {
+
+// A wider pen covers every bitmap that cairo can paint on.
+constexpr double widest = 1 << 18;
+// The most dashes that a pen may have.
+constexpr std::size_t mostDashes = 16;
+
+// Dashes of the styles in multiples of the width.
+std::vector<double> dashesOf(DWORD style)
+{
+    switch (style) {
+    case PS_DASH:
+        return {3, 1};
+    case PS_DOT:
+        return {1, 1};
+    case PS_DASHDOT:
+        return {3, 1, 1, 1};
+    case PS_DASHDOTDOT:
+        return {3, 1, 1, 1, 1, 1};
+    case PS_ALTERNATE:
+        return {1, 1};
+    default:
+        return {};
+    }
+}
+
+void setDashes(PenLook& look, const PenObject& pen, const Mapping& mapping)
+{
+    const DWORD style = pen.style & PS_STYLE_MASK;
+    // Those of CreatePen have dashes only as thin lines.
+    if (!pen.extended && !look.thin) {
+        return;
+    }
+    if (style == PS_USERSTYLE) {
+        const double scale = (mapping.scaleX() + mapping.scaleY()) / 2;
+        const std::size_t count = std::min(pen.dashes.size(), mostDashes);
+        for (std::size_t i = 0; i < count; ++i) {
+            look.dashes.push_back(std::min(pen.dashes[i] * scale, widest));
+        }
+    } else {
+        look.dashes = dashesOf(style);
+        for (double& dash : look.dashes) {
+            dash *= look.width;
+        }
+    }
+    double period = 0;
+    for (const double dash : look.dashes) {
+        period += dash;
+    }
+    if (!(period >= 1)) {
+        look.dashes.clear();
+    }
+}
+
+cairo_line_cap_t capOf(DWORD style)
+{
+    switch (style & PS_ENDCAP_MASK) {
+    case PS_ENDCAP_FLAT:
+        return CAIRO_LINE_CAP_BUTT;
+    case PS_ENDCAP_SQUARE:
+        return CAIRO_LINE_CAP_SQUARE;
+    default:
+        return CAIRO_LINE_CAP_ROUND;
+    }
+}
+
+cairo_line_join_t joinOf(DWORD style)
+{
+    switch (style & PS_JOIN_MASK) {
+    case PS_JOIN_BEVEL:
+        return CAIRO_LINE_JOIN_BEVEL;
+    case PS_JOIN_MITER:
+        return CAIRO_LINE_JOIN_MITER;
+    default:
+        return CAIRO_LINE_JOIN_ROUND;
+    }
+}
+
+void strokeTraced(cairo_t* cairo, const PenLook& pen)
+{
+    cairo_set_line_cap(cairo, capOf(pen.style));
+    cairo_set_line_join(cairo, joinOf(pen.style));
+    cairo_set_miter_limit(cairo, pen.miterLimit);
+    if (!pen.nib) {
+        cairo_set_line_width(cairo, pen.width);
+        cairo_stroke(cairo);
+        return;
+    }
+    cairo_matrix_t before;
+    cairo_get_matrix(cairo, &before);
+    const cairo_matrix_t nib{pen.nib->xx, pen.nib->xy, pen.nib->yx, pen.nib->yy, 0, 0};
+    cairo_transform(cairo, &nib);
+    cairo_set_line_width(cairo, pen.logicalWidth);
+    cairo_stroke(cairo);
+    cairo_set_matrix(cairo, &before);
+}
+
+} // namespace
+
+double PenLook::reach() const
+{
+    const bool pointed = (style & PS_JOIN_MASK) == PS_JOIN_MITER;
+    return std::min(width * (pointed ? std::max(1.0, miterLimit) : 1.0), widest) + 2;
+}
+
+PenLook lookOf(const DeviceContext& context, const PenObject& pen)
+{
+    PenLook look;
+    look.style = pen.style;
+    look.miterLimit = std::clamp(static_cast<double>(context.state.miterLimit), 1.0, 1000.0);
+    const Mapping mapping = context.mapping();
+    const bool cosmetic = pen.extended && (pen.style & PS_TYPE_MASK) != PS_GEOMETRIC;
+    const double logical = cosmetic ? 0 : static_cast<double>(pen.width);
+    const double across = logical * mapping.scaleX();
+    const double down = logical * mapping.scaleY();
+    look.thin = !(std::max(across, down) >= 1.5);
+    if (!look.thin) {
+        look.width = std::min(std::max(across, down), widest);
+        const double area = std::abs(mapping.xx * mapping.yy - mapping.xy * mapping.yx);
+        const bool round = std::abs(across - down) <= 0.01 * look.width;
+        // The nib of a pen that is flat one way is still a pixel wide.
+        if (!round && look.width < widest && area * logical * logical >= look.width) {
+            look.nib = mapping;
+            look.logicalWidth = logical;
+        }
+    }
+    setDashes(look, pen, mapping);
+    if (!pen.extended && !look.dashes.empty() && context.state.backMode == OPAQUE) {
+        look.gapColor = pixelOf(context.state.backColor);
+    }
+    return look;
+}
+
+void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, const PenLook& pen,
+                const Ink& ink)
+{
+    const int reach = static_cast<int>(std::ceil(pen.reach()));
+    const RECT box = outline.box();
+    painter.paint(canvas, grown(box, reach), ink, [&](cairo_t* cairo, const RECT& window) {
+        if (pen.dashes.empty() && liesWithin(box, grown(window, nearby))) {
+            outline.trace(cairo);
+        } else {
+            outline.clippedLines(grown(window, reach), pen.dashes).trace(cairo);
+        }
+        strokeTraced(cairo, pen);
+    });
+}

@@ -1,0 +1,36 @@
+// How a pen looks on the device, and the drawing of lines with it.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <vector>
+
+#include "raster/CairoPainter.h"
+#include "raster/Ink.h"
+#include "raster/Outline.h"
+
+class DeviceContext;
+class PenObject;
+
+struct PenLook {
+    // One device pixel, drawn by whole steps of the grid, the last point of an open figure left out.
+    bool thin = true;
+    double width = 1; // device units
+    // Where the axes differ: the pen is a circle of logicalWidth under this mapping.
+    std::optional<Mapping> nib;
+    double logicalWidth = 1;
+    std::vector<double> dashes; // device units on and off in turn; none: unbroken
+    std::optional<DWORD> gapColor;
+    DWORD style = 0;
+    double miterLimit = 10;
+
+    // How far from a line its ink may lie.
+    double reach() const;
+};
+
+PenLook lookOf(const DeviceContext& context, const PenObject& pen);
+
+void strokeThin(Canvas& canvas, const Outline& outline, const PenLook& pen, const Ink& ink);
+void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, const PenLook& pen,
+                const Ink& ink);

@@ -1,0 +1,209 @@
+#include "raster/PixelSource.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "raster/DeviceRect.h"
+#include "raster/PixelRows.h"
+
+namespace {
+
+constexpr double farthest = 1 << 26;
+
+double bounded(LONG value)
+{
+    return std::clamp(static_cast<double>(value), -farthest, farthest);
+}
+
+RECT rectBetween(POINT first, POINT second)
+{
+    return {std::min(first.x, second.x), std::min(first.y, second.y), std::max(first.x, second.x),
+            std::max(first.y, second.y)};
+}
+
+// The source positions of the target positions [begin, end) along one axis, cut to those within [low, high). Source
+// positions run one way, so what is cut lies at the ends; begin and end follow.
+std::vector<int> positionsAlong(double target, double targetEnd, double source, double sourceEnd, int low,
+                                int high, LONG& begin, LONG& end)
+{
+    const double targetLength = targetEnd - target;
+    const double sourceLength = sourceEnd - source;
+    const auto at = [&](LONG position) {
+        return std::floor(source + (position + 0.5 - target) * sourceLength / targetLength);
+    };
+    const auto isInside = [&](LONG position) {
+        return at(position) >= low && at(position) < high;
+    };
+    while (begin < end && !isInside(begin)) {
+        ++begin;
+    }
+    while (end > begin && !isInside(end - 1)) {
+        --end;
+    }
+    std::vector<int> positions;
+    positions.reserve(static_cast<std::size_t>(end - begin));
+    for (LONG position = begin; position < end; ++position) {
+        positions.push_back(static_cast<int>(at(position)));
+    }
+    return positions;
+}
+
+bool isRun(const std::vector<int>& positions)
+{
+    for (std::size_t i = 1; i < positions.size(); ++i) {
+        if (positions[i] != positions[i - 1] + 1) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+PixelSource::PixelSource(const BitmapView& view, const CornerPair& area, const RECT& target,
+                         const Mapping& toDevice, const RECT& visible, const ColorRule& rule)
+    : m_view(view), m_rule(rule),
+      m_inside(overlap(rectBetween(area.first, area.second), {0, 0, view.width, view.height})),
+      m_turned(!toDevice.isAxisAligned())
+{
+    if (isEmpty(m_inside)) {
+        return;
+    }
+    if (m_turned) {
+        placeTurned(area, target, toDevice, visible);
+        return;
+    }
+    placeStraight(
+        area,
+        {toDevice.toDevice({target.left, target.top}), toDevice.toDevice({target.right, target.bottom})},
+        visible);
+}
+
+void PixelSource::placeStraight(const CornerPair& area, const CornerPair& target, const RECT& visible)
+{
+    m_box = overlap(rectBetween(target.first, target.second), visible);
+    if (isEmpty(m_box)) {
+        return;
+    }
+    m_columns =
+        positionsAlong(bounded(target.first.x), bounded(target.second.x), bounded(area.first.x),
+                       bounded(area.second.x), m_inside.left, m_inside.right, m_box.left, m_box.right);
+    m_rows = positionsAlong(bounded(target.first.y), bounded(target.second.y), bounded(area.first.y),
+                            bounded(area.second.y), m_inside.top, m_inside.bottom, m_box.top, m_box.bottom);
+    m_unscaled = isRun(m_columns);
+}
+
+void PixelSource::placeTurned(const CornerPair& area, const RECT& target, const Mapping& toDevice,
+                              const RECT& visible)
+{
+    const auto stretch = [](double from, double to, double unit) {
+        return to == from ? 0 : unit / (to - from);
+    };
+    const double alongX = stretch(bounded(area.first.x), bounded(area.second.x),
+                                  static_cast<double>(target.right) - target.left);
+    const double alongY = stretch(bounded(area.first.y), bounded(area.second.y),
+                                  static_cast<double>(target.bottom) - target.top);
+    const Mapping toTarget{alongX,
+                           0,
+                           0,
+                           alongY,
+                           target.left - bounded(area.first.x) * alongX,
+                           target.top - bounded(area.first.y) * alongY};
+    const Mapping whole = toTarget.then(toDevice);
+    const double size = whole.xx * whole.yy - whole.xy * whole.yx;
+    if (size == 0 || !std::isfinite(size)) {
+        return;
+    }
+    m_toSource = whole.inverse();
+    RECT around{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
+    for (const POINT corner :
+         {POINT{m_inside.left, m_inside.top}, POINT{m_inside.right, m_inside.top},
+          POINT{m_inside.left, m_inside.bottom}, POINT{m_inside.right, m_inside.bottom}}) {
+        const DevicePoint point = whole.apply(corner.x, corner.y);
+        const auto x = static_cast<LONG>(std::clamp(std::floor(point.x), -farthest, farthest));
+        const auto y = static_cast<LONG>(std::clamp(std::floor(point.y), -farthest, farthest));
+        around = {std::min(around.left, x), std::min(around.top, y), std::max(around.right, x + 1),
+                  std::max(around.bottom, y + 1)};
+    }
+    m_box = overlap(around, visible);
+}
+
+PixelSource::Stretch PixelSource::read(int x, int y, int count)
+{
+    if (m_turned) {
+        return readTurned(x, y, count);
+    }
+    if (m_unscaled) {
+        const int column = m_columns[static_cast<std::size_t>(x - m_box.left)];
+        const int row = m_rows[static_cast<std::size_t>(y - m_box.top)];
+        if (m_rule.kind == ColorRule::Kind::none && hasCommonOrder(m_view)) {
+            return {reinterpret_cast<const DWORD*>(m_view.row(row)) + column, 0, count};
+        }
+        m_pixels.resize(static_cast<std::size_t>(count));
+        readPixels(m_view, column, row, count, m_pixels.data());
+        applyRule(m_pixels.data(), count);
+    } else {
+        readScaled(x, y, count);
+    }
+    return {m_pixels.data(), 0, count};
+}
+
+void PixelSource::readScaled(int x, int y, int count)
+{
+    const auto [low, high] = std::minmax(m_columns.front(), m_columns.back());
+    const int row = m_rows[static_cast<std::size_t>(y - m_box.top)];
+    if (row != m_sourceRowAt) {
+        m_sourceRow.resize(static_cast<std::size_t>(high - low + 1));
+        readPixels(m_view, low, row, high - low + 1, m_sourceRow.data());
+        applyRule(m_sourceRow.data(), high - low + 1);
+        m_sourceRowAt = row;
+    }
+    m_pixels.resize(static_cast<std::size_t>(count));
+    const int* column = m_columns.data() + (x - m_box.left);
+    for (int i = 0; i < count; ++i) {
+        m_pixels[static_cast<std::size_t>(i)] = m_sourceRow[static_cast<std::size_t>(column[i] - low)];
+    }
+}
+
+// What lies on the area is one stretch of each row.
+PixelSource::Stretch PixelSource::readTurned(int x, int y, int count)
+{
+    m_pixels.resize(static_cast<std::size_t>(count));
+    int begin = count;
+    int end = 0;
+    for (int i = 0; i < count; ++i) {
+        const DevicePoint point = m_toSource.apply(x + i + 0.5, y + 0.5);
+        const bool inside = point.x >= m_inside.left && point.x < m_inside.right && point.y >= m_inside.top &&
+                            point.y < m_inside.bottom;
+        if (inside) {
+            readPixels(m_view, static_cast<int>(point.x), static_cast<int>(point.y), 1,
+                       &m_pixels[static_cast<std::size_t>(i)]);
+            begin = std::min(begin, i);
+            end = i + 1;
+        } else if (end != 0) {
+            break;
+        }
+    }
+    if (begin >= end) {
+        return {nullptr, 0, 0};
+    }
+    applyRule(m_pixels.data() + begin, end - begin);
+    return {m_pixels.data() + begin, begin, end - begin};
+}
+
+void PixelSource::applyRule(DWORD* pixels, int count) const
+{
+    constexpr DWORD white = 0xFFFFFF;
+    switch (m_rule.kind) {
+    case ColorRule::Kind::none:
+        return;
+    case ColorRule::Kind::toMonochrome:
+        std::transform(pixels, pixels + count, pixels,
+                       [this](DWORD pixel) { return (pixel & white) == m_rule.back ? white : 0; });
+        return;
+    case ColorRule::Kind::fromMonochrome:
+        std::transform(pixels, pixels + count, pixels,
+                       [this](DWORD pixel) { return pixel != 0 ? m_rule.back : m_rule.text; });
+        return;
+    }
+}

@@ -1,0 +1,65 @@
+// What a copy reads: an area of a bitmap, brought to the size and place that it takes on the device. Each target pixel
+// shows the source pixel that its middle falls on, so that the same areas choose the same pixels whatever is copied.
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+#include "core/Bitmap.h"
+#include "core/Mapping.h"
+
+// Two corners, which may be swapped: that mirrors.
+struct CornerPair {
+    POINT first;
+    POINT second;
+};
+
+// What becomes of colours between monochrome bitmaps and others, as 0x00RRGGBB.
+struct ColorRule {
+    enum class Kind : unsigned char { none, toMonochrome, fromMonochrome };
+
+    Kind kind = Kind::none;
+    DWORD back = 0; // what becomes white, or what white becomes
+    DWORD text = 0; // what black becomes
+};
+
+class PixelSource {
+public:
+    // Pixels of the view at `area`; `target` in logical units; what lies outside `visible` is not asked for.
+    PixelSource(const BitmapView& view, const CornerPair& area, const RECT& target, const Mapping& toDevice,
+                const RECT& visible, const ColorRule& rule);
+
+    // Around all target pixels that have a source pixel. Device units.
+    const RECT& box() const noexcept { return m_box; }
+
+    // A row of source pixels for the target pixels from `offset` on; the others have none.
+    struct Stretch {
+        const DWORD* pixels;
+        int offset;
+        int count;
+    };
+    // For the target pixels from (x, y) on to the right, within box(). Stands until the next call.
+    Stretch read(int x, int y, int count);
+
+private:
+    void placeStraight(const CornerPair& area, const CornerPair& target, const RECT& visible);
+    void placeTurned(const CornerPair& area, const RECT& target, const Mapping& toDevice,
+                     const RECT& visible);
+    Stretch readTurned(int x, int y, int count);
+    void readScaled(int x, int y, int count);
+    void applyRule(DWORD* pixels, int count) const;
+
+    BitmapView m_view;
+    ColorRule m_rule;
+    RECT m_inside{}; // the part of the area that lies on the view
+    RECT m_box{};
+    std::vector<int> m_columns; // straight: the source's for each of the box, and its rows
+    std::vector<int> m_rows;
+    bool m_unscaled = false;
+    bool m_turned = false;
+    Mapping m_toSource; // turned
+    std::vector<DWORD> m_pixels;
+    std::vector<DWORD> m_sourceRow; // the row that was read last, from the leftmost column in use on
+    int m_sourceRowAt = -1;
+};

@@ -1,0 +1,112 @@
+// RasterDevice: copies of pixels from contexts and from memory.
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+#include "core/DeviceContext.h"
+#include "raster/PixelSource.h"
+#include "raster/RasterDevice.h"
+
+namespace {
+
+LONG sum(int first, int second)
+{
+    return static_cast<LONG>(std::clamp<std::int64_t>(std::int64_t{first} + second, INT32_MIN, INT32_MAX));
+}
+
+CornerPair cornersOf(const SourceArea& area, const Mapping& toPixels)
+{
+    return {toPixels.toDevice({area.x, area.y}),
+            toPixels.toDevice({sum(area.x, area.width), sum(area.y, area.height)})};
+}
+
+ColorRule ruleBetween(const DeviceContext& target, const DeviceContext& source)
+{
+    const bool toMonochrome = target.bitmap->bitmap->isMonochrome();
+    if (toMonochrome == source.bitmap->bitmap->isMonochrome()) {
+        return {};
+    }
+    if (toMonochrome) {
+        return {ColorRule::Kind::toMonochrome, pixelOf(source.state.backColor), 0};
+    }
+    return {ColorRule::Kind::fromMonochrome, pixelOf(target.state.backColor),
+            pixelOf(target.state.textColor)};
+}
+
+bool holdsPixels(const DeviceContext& context)
+{
+    return context.bitmap && context.bitmap->bitmap;
+}
+
+} // namespace
+
+void RasterDevice::lay(DeviceContext& context, Canvas& canvas, PixelSource& source, BYTE operation)
+{
+    std::optional<Ink> ink;
+    if (usesPattern(operation)) {
+        ink = m_inks.ofBrush(context, *context.state.brush, operation);
+        if (!ink) {
+            return;
+        }
+    }
+    std::vector<DWORD> pattern;
+    canvas.change(source.box(), [&](DWORD* pixels, int x, int y, int count) {
+        const PixelSource::Stretch stretch = source.read(x, y, count);
+        const auto length = static_cast<std::size_t>(stretch.count);
+        if (!ink || !ink->tile) {
+            combine(operation, pixels + stretch.offset, ink ? ink->color : 0, stretch.pixels, length);
+            return;
+        }
+        pattern.resize(length);
+        ink->pattern(pattern.data(), x + stretch.offset, y, stretch.count);
+        combine(operation, pixels + stretch.offset, pattern.data(), stretch.pixels, length);
+    });
+}
+
+bool RasterDevice::copy(DeviceContext& context, const RECT& target, DeviceContext& source,
+                        const SourceArea& area, DWORD operation, bool stretch)
+{
+    if (!holdsPixels(context) || !holdsPixels(source) || (stretch && !mayStretch())) {
+        return false;
+    }
+    Canvas canvas(context);
+    BitmapView view = source.bitmap->bitmap->view();
+    // A bitmap that is copied onto itself is read before it changes.
+    std::vector<BYTE> before;
+    if (source.bitmap == context.bitmap) {
+        before.assign(view.bits.begin(), view.bits.end());
+        view.bits = before;
+    }
+    PixelSource pixels(view, cornersOf(area, source.mapping()), target, context.mapping(), canvas.box(),
+                       ruleBetween(context, source));
+    lay(context, canvas, pixels, ternaryOf(operation));
+    m_stretches += stretch ? 1 : 0;
+    return true;
+}
+
+bool RasterDevice::copyDib(DeviceContext& context, const RECT& target, const BITMAPINFO* info,
+                           const void* bits, UINT usage, const SourceArea& area, DWORD operation)
+{
+    const std::optional<DibHead> head = readDibHead(info, usage);
+    if (!head || bits == nullptr || !holdsPixels(context)) {
+        return false;
+    }
+    std::optional<BitmapView> view;
+    std::shared_ptr<Bitmap> expanded;
+    if (head->compression == BI_RLE8 || head->compression == BI_RLE4) {
+        expanded = Bitmap::createDib(*head, bits);
+        if (expanded) {
+            view = expanded->view();
+        }
+    } else {
+        view = viewDib({reinterpret_cast<const BYTE*>(info), head->headBytes},
+                       {static_cast<const BYTE*>(bits), head->bitsBytes}, usage);
+    }
+    if (!view) {
+        return false;
+    }
+    Canvas canvas(context);
+    PixelSource pixels(*view, cornersOf(area, Mapping{}), target, context.mapping(), canvas.box(), {});
+    lay(context, canvas, pixels, ternaryOf(operation));
+    return true;
+}

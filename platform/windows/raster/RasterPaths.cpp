@@ -1,0 +1,101 @@
+// RasterDevice: paths, which collect what the shapes would draw.
+#include <algorithm>
+
+#include "core/DeviceContext.h"
+#include "raster/PenLook.h"
+#include "raster/RasterDevice.h"
+
+bool RasterDevice::path(DeviceContext& context, PathStep step)
+{
+    switch (step) {
+    case PathStep::begin:
+        m_path.clear();
+        m_pathState = PathState::open;
+        m_pathMoved = true;
+        m_pathWidened = false;
+        return true;
+    case PathStep::abort:
+        m_path.clear();
+        m_pathState = PathState::none;
+        return true;
+    case PathStep::closeFigure:
+        m_path.close();
+        return m_pathState == PathState::open;
+    case PathStep::end:
+        if (m_pathState != PathState::open) {
+            return false;
+        }
+        m_pathState = PathState::complete;
+        return true;
+    default:
+        break;
+    }
+    if (m_pathState != PathState::complete) {
+        return false;
+    }
+    if (step == PathStep::flatten || step == PathStep::widen) {
+        m_path = m_path.flattened();
+        m_pathWidened = m_pathWidened || step == PathStep::widen;
+        return true;
+    }
+    drawPath(context, step);
+    m_path.clear();
+    m_pathState = PathState::none;
+    return true;
+}
+
+void RasterDevice::drawPath(DeviceContext& context, PathStep step)
+{
+    Canvas canvas(context);
+    if (canvas.empty() || m_path.empty()) {
+        return;
+    }
+    const ContextState& state = context.state;
+    const bool filled = step == PathStep::fill || step == PathStep::strokeAndFill;
+    const bool stroked = step == PathStep::stroke || step == PathStep::strokeAndFill;
+    const PenLook look = lookOf(context, *state.pen);
+    if (step == PathStep::strokeAndFill) {
+        m_path = m_path.closed();
+    }
+    if (filled) {
+        if (const auto ink = m_inks.ofBrush(context, *state.brush, ternaryOfBinary(state.rop2))) {
+            // What a widened path surrounds is what its pen would have covered.
+            if (m_pathWidened) {
+                stroke(canvas, m_path, look, *ink);
+            } else {
+                fill(canvas, m_path, state.polyFillMode, *ink);
+            }
+        }
+    }
+    if (stroked) {
+        if (const auto ink = m_inks.ofPen(context, *state.pen)) {
+            stroke(canvas, m_path, look, *ink);
+        }
+    }
+}
+
+bool RasterDevice::selectClipPath(DeviceContext& context, int mode)
+{
+    if (m_pathState != PathState::complete || !context.bitmap || !context.bitmap->bitmap) {
+        return false;
+    }
+    const Outline flat = m_path.flattened();
+    std::vector<POINT> points;
+    std::vector<INT> counts;
+    for (const Outline::Figure& figure : flat.figures()) {
+        for (const DevicePoint point : figure.points) {
+            points.push_back({toDeviceUnit(point.x), toDeviceUnit(point.y)});
+        }
+        counts.push_back(static_cast<INT>(figure.points.size()));
+    }
+    const Region shape = Region::fromPolygons(points, counts, context.state.polyFillMode);
+    std::optional<Region>& clip = context.state.clip;
+    if (!clip) {
+        const Bitmap& bitmap = *context.bitmap->bitmap;
+        clip = Region(RECT{0, 0, bitmap.width(), bitmap.height()});
+    }
+    clip->combine(shape, mode);
+    m_path.clear();
+    m_pathState = PathState::none;
+    return true;
+}

@@ -1,0 +1,161 @@
+// RasterDevice: text, the one thing that is smoothed.
+#include <cairo.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "core/DeviceContext.h"
+#include "raster/RasterDevice.h"
+#include "raster/ShapeOutlines.h"
+#include "text/RealizedFont.h"
+
+namespace {
+
+// A point of the line: so far along its base line, so far below it.
+struct LineSpace {
+    double x;
+    double y;
+    double rightX;
+    double rightY;
+    double downX;
+    double downY;
+
+    DevicePoint at(double along, double below) const
+    {
+        return {x + along * rightX + below * downX, y + along * rightY + below * downY};
+    }
+    bool isUpright() const { return rightX == 1 && downY == 1; }
+};
+
+LineSpace spaceOf(const TextOutput& output)
+{
+    // Down from the line lies where down from the letters lies, on the other side where they are mirrored.
+    const double turn =
+        output.glyphRightX * output.glyphDownY - output.glyphRightY * output.glyphDownX < 0 ? -1 : 1;
+    return {output.baselineX,  output.baselineY,          output.directionX,
+            output.directionY, -turn * output.directionY, turn * output.directionX};
+}
+
+// The part of the line from `left` to `right` along it, from `top` to `bottom` below its base line.
+Outline barOf(const LineSpace& space, double left, double top, double right, double bottom)
+{
+    Outline bar;
+    bar.moveTo(space.at(left, top));
+    bar.lineTo(space.at(right, top));
+    bar.lineTo(space.at(right, bottom));
+    bar.lineTo(space.at(left, bottom));
+    bar.close();
+    return bar;
+}
+
+double lengthOf(std::span<const double> advances)
+{
+    double length = 0;
+    for (const double advance : advances) {
+        length += advance;
+    }
+    return length;
+}
+
+// Glyphs that may be seen, placed in the space that the letters' own directions span around the first one.
+std::vector<cairo_glyph_t> placeGlyphs(const TextOutput& output, const LineSpace& space,
+                                       const cairo_matrix_t& turn, const RECT& visible)
+{
+    cairo_matrix_t back = turn;
+    if (cairo_matrix_invert(&back) != CAIRO_STATUS_SUCCESS) {
+        return {};
+    }
+    const bool indices = (output.options & ETO_GLYPH_INDEX) != 0;
+    const TEXTMETRICA& metrics = output.font->metrics();
+    const RECT near = grown(visible, std::max(metrics.tmHeight, metrics.tmMaxCharWidth) + 1);
+    std::vector<cairo_glyph_t> glyphs;
+    glyphs.reserve(output.text.size());
+    double along = 0;
+    for (std::size_t i = 0; i < output.text.size(); ++i) {
+        const DevicePoint point = space.at(along, 0);
+        if (point.x >= near.left && point.x < near.right && point.y >= near.top && point.y < near.bottom) {
+            double x = point.x - space.x;
+            double y = point.y - space.y;
+            cairo_matrix_transform_distance(&back, &x, &y);
+            const WCHAR character = output.text[i];
+            glyphs.push_back({indices ? character : output.font->glyph(character), x, y});
+        }
+        along += i < output.deviceAdvances.size() ? output.deviceAdvances[i] : 0;
+    }
+    return glyphs;
+}
+
+} // namespace
+
+void RasterDevice::drawGlyphs(Canvas& canvas, const TextOutput& output, const Ink& ink)
+{
+    const LineSpace space = spaceOf(output);
+    const cairo_matrix_t turn{
+        output.glyphRightX, output.glyphRightY, output.glyphDownX, output.glyphDownY, 0, 0};
+    const std::vector<cairo_glyph_t> glyphs = placeGlyphs(output, space, turn, canvas.box());
+    cairo_scaled_font_t* font = output.font->scaledFont();
+    if (glyphs.empty() || font == nullptr) {
+        return;
+    }
+    // Letters may reach beyond their cells.
+    const int reach = output.font->metrics().tmHeight + output.font->metrics().tmMaxCharWidth;
+    const RECT cell{output.bounds.left, output.bounds.top, output.bounds.right, output.bounds.bottom};
+    const RECT around = overlap(canvas.box(), grown(overlap(cell, grown(canvas.box(), reach)), reach));
+    m_painter.paint(canvas, around, ink, [&](cairo_t* cairo, const RECT&) {
+        cairo_matrix_t before;
+        cairo_get_matrix(cairo, &before);
+        cairo_translate(cairo, space.x, space.y);
+        cairo_set_scaled_font(cairo, font);
+        if (!space.isUpright() || turn.xx != 1 || turn.yy != 1) {
+            cairo_transform(cairo, &turn);
+        }
+        cairo_show_glyphs(cairo, glyphs.data(), static_cast<int>(glyphs.size()));
+        cairo_set_matrix(cairo, &before);
+    });
+}
+
+void RasterDevice::drawBar(Canvas& canvas, const TextOutput& output, double top, double bottom,
+                           const Ink& ink)
+{
+    const LineSpace space = spaceOf(output);
+    if (space.isUpright()) {
+        const RECT bar{toDeviceUnit(space.x), toDeviceUnit(space.y + top),
+                       toDeviceUnit(space.x + lengthOf(output.deviceAdvances)),
+                       toDeviceUnit(space.y + bottom)};
+        canvas.fill(bar, ink);
+        return;
+    }
+    fill(canvas, barOf(space, 0, top, lengthOf(output.deviceAdvances), bottom), WINDING, ink);
+}
+
+bool RasterDevice::text(DeviceContext& context, const TextOutput& output)
+{
+    const Ink back{copyPattern, pixelOf(context.state.backColor), nullptr, {0, 0}};
+    if ((output.options & ETO_OPAQUE) != 0) {
+        fillRects(context, {&output.rect, 1}, back);
+    }
+    Canvas canvas(context);
+    if ((output.options & ETO_CLIPPED) != 0) {
+        canvas.restrict(deviceBox(context.mapping(), output.rect));
+    }
+    if (output.text.empty() || !output.font || canvas.empty()) {
+        return true;
+    }
+    const TEXTMETRICA& metrics = output.font->metrics();
+    if (context.state.backMode == OPAQUE) {
+        drawBar(canvas, output, -metrics.tmAscent, metrics.tmDescent, back);
+    }
+    const Ink ink{copyPattern, pixelOf(context.state.textColor), nullptr, {0, 0}};
+    drawGlyphs(canvas, output, ink);
+    const int thickness = output.font->lineThickness();
+    if (metrics.tmUnderlined != 0) {
+        const int top = output.font->underlinePosition();
+        drawBar(canvas, output, top, top + thickness, ink);
+    }
+    if (metrics.tmStruckOut != 0) {
+        const int top = output.font->strikeOutPosition();
+        drawBar(canvas, output, top, top + thickness, ink);
+    }
+    return true;
+}
