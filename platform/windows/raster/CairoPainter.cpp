@@ -3,6 +3,7 @@
 #include <cairo.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 namespace {
@@ -31,14 +32,29 @@ DWORD blended(DWORD under, DWORD over, unsigned int coverage)
     return channel(16) | channel(8) | channel(0);
 }
 
+// How many bytes from the first on are like it. Most masks are nothing or everything for long stretches.
+int equalRun(const BYTE* bytes, int count)
+{
+    const BYTE first = bytes[0];
+    const std::uint64_t wanted = first * std::uint64_t{0x0101010101010101};
+    int end = 1;
+    for (std::uint64_t next = 0; end + 8 <= count; end += 8) {
+        std::memcpy(&next, bytes + end, sizeof next);
+        if (next != wanted) {
+            break;
+        }
+    }
+    while (end < count && bytes[end] == first) {
+        ++end;
+    }
+    return end;
+}
+
 void layCovered(DWORD* pixels, int x, int y, int count, const BYTE* coverage, const Ink& ink)
 {
     for (int i = 0; i < count;) {
         const BYTE first = coverage[i];
-        int end = i + 1;
-        while (end < count && coverage[end] == first) {
-            ++end;
-        }
+        const int end = i + equalRun(coverage + i, count - i);
         if (first == 255) {
             ink.lay(pixels + i, x + i, y, end - i);
         } else if (first != 0) {

@@ -43,7 +43,7 @@ void readPixels(const BitmapView& view, int x, int y, int count, DWORD* pixels)
     }
 }
 
-Canvas::Canvas(const DeviceContext& context)
+Canvas::Canvas(const DeviceContext& context, const Region* within)
 {
     if (!context.bitmap || !context.bitmap->bitmap) {
         return;
@@ -52,23 +52,24 @@ Canvas::Canvas(const DeviceContext& context)
     m_view = m_bitmap->view();
     m_direct = hasCommonOrder(m_view);
     m_box = {0, 0, m_view.width, m_view.height};
-    if (!context.state.clip && !context.state.metaClip) {
+    const bool clipped = context.state.clip || context.state.metaClip;
+    if (!clipped && within == nullptr) {
         return;
     }
-    if (const std::optional<Region> clip = context.effectiveClip()) {
-        if (clip->complexity() == COMPLEXREGION) {
-            m_clip = clip->rectangles();
-        }
-        restrict(overlap(m_box, clip->box()));
+    Region clip = clipped ? *context.effectiveClip() : *within;
+    if (clipped && within != nullptr) {
+        clip.combine(*within, RGN_AND);
     }
+    setClip(clip);
 }
 
-void Canvas::restrict(const RECT& rect)
+void Canvas::setClip(const Region& clip)
 {
-    m_box = overlap(m_box, rect);
-    if (m_clip.empty()) {
+    m_box = overlap(m_box, clip.box());
+    if (clip.complexity() != COMPLEXREGION) {
         return;
     }
+    m_clip = clip.rectangles();
     for (RECT& piece : m_clip) {
         piece = overlap(piece, m_box);
     }

@@ -25,11 +25,8 @@ void readPixels(const BitmapView& view, int x, int y, int count, DWORD* pixels);
 // The bitmap of a context within its clip, for one call. Device units.
 class Canvas {
 public:
-    // Nothing may be painted on when the context holds no bitmap.
-    explicit Canvas(const DeviceContext& context);
-
-    // Takes away what lies outside.
-    void restrict(const RECT& rect);
+    // Nothing may be painted on when the context holds no bitmap. `within` (may be null) restricts the clip.
+    explicit Canvas(const DeviceContext& context, const Region* within = nullptr);
 
     bool empty() const noexcept { return isEmpty(m_box); }
     // Around all that may be painted.
@@ -59,6 +56,7 @@ public:
     }
 
 private:
+    void setClip(const Region& clip);
     // The first clip rectangle that reaches below `y`.
     std::size_t firstBand(int y) const noexcept;
     DWORD* directRow(int y) const noexcept { return reinterpret_cast<DWORD*>(m_bitmap->row(y)); }

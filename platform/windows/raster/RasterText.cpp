@@ -68,13 +68,14 @@ std::vector<cairo_glyph_t> placeGlyphs(const TextOutput& output, const LineSpace
     }
     const bool indices = (output.options & ETO_GLYPH_INDEX) != 0;
     const TEXTMETRICA& metrics = output.font->metrics();
-    const RECT near = grown(visible, std::max(metrics.tmHeight, metrics.tmMaxCharWidth) + 1);
+    const RECT around = grown(visible, std::max(metrics.tmHeight, metrics.tmMaxCharWidth) + 1);
     std::vector<cairo_glyph_t> glyphs;
     glyphs.reserve(output.text.size());
     double along = 0;
     for (std::size_t i = 0; i < output.text.size(); ++i) {
         const DevicePoint point = space.at(along, 0);
-        if (point.x >= near.left && point.x < near.right && point.y >= near.top && point.y < near.bottom) {
+        if (point.x >= around.left && point.x < around.right && point.y >= around.top &&
+            point.y < around.bottom) {
             double x = point.x - space.x;
             double y = point.y - space.y;
             cairo_matrix_transform_distance(&back, &x, &y);
@@ -135,10 +136,9 @@ bool RasterDevice::text(DeviceContext& context, const TextOutput& output)
     if ((output.options & ETO_OPAQUE) != 0) {
         fillRects(context, {&output.rect, 1}, back);
     }
-    Canvas canvas(context);
-    if ((output.options & ETO_CLIPPED) != 0) {
-        canvas.restrict(deviceBox(context.mapping(), output.rect));
-    }
+    const bool clipped = (output.options & ETO_CLIPPED) != 0;
+    const Region within = clipped ? deviceRegion(context.mapping(), output.rect) : Region();
+    Canvas canvas(context, clipped ? &within : nullptr);
     if (output.text.empty() || !output.font || canvas.empty()) {
         return true;
     }

@@ -106,6 +106,18 @@ RECT deviceBox(const Mapping& mapping, const RECT& rect)
     return box;
 }
 
+Region deviceRegion(const Mapping& mapping, const RECT& rect)
+{
+    if (mapping.isAxisAligned()) {
+        return Region(deviceBox(mapping, rect));
+    }
+    const POINT corners[] = {
+        mapping.toDevice({rect.left, rect.top}), mapping.toDevice({rect.right, rect.top}),
+        mapping.toDevice({rect.right, rect.bottom}), mapping.toDevice({rect.left, rect.bottom})};
+    const INT count = 4;
+    return Region::fromPolygons(corners, {&count, 1}, WINDING);
+}
+
 DevicePoint pointInFrame(const DeviceContext& context, const ShapeFrame& frame, POINT point)
 {
     const Mapping mapping = context.mapping();

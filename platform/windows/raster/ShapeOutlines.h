@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "core/Device.h"
+#include "core/Region.h"
 #include "raster/Outline.h"
 
 // The bounding rectangle of a shape, as points of the grid that both belong to it, and the way from its units to
@@ -28,6 +29,8 @@ ShapeFrame frameOf(const DeviceContext& context, const RECT& rect);
 ShapeFrame wholeFrame(const Mapping& mapping, const RECT& rect);
 // The device rectangle around a logical one, cut off at +-2^26; right and bottom excluded from both.
 RECT deviceBox(const Mapping& mapping, const RECT& rect);
+// The device pixels of a logical rectangle, however it is turned.
+Region deviceRegion(const Mapping& mapping, const RECT& rect);
 // A logical point in the frame's units.
 DevicePoint pointInFrame(const DeviceContext& context, const ShapeFrame& frame, POINT point);
 

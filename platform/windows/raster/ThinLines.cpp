@@ -21,10 +21,16 @@ struct Walk {
 
     std::int64_t majorAt(std::int64_t i) const { return major + majorStep * i; }
     // Halfway between two pixels the line keeps to the upper or left one, whichever way it runs.
-    std::int64_t minorAt(std::int64_t i) const
+    std::int64_t bias() const { return length - (minorStep > 0 ? 1 : 0); }
+    // How far the line has come on the shorter axis.
+    std::int64_t risen(std::int64_t i) const { return (2 * i * rise + bias()) / (2 * length); }
+    // The first step after `i` at which it comes farther.
+    std::int64_t nextRise(std::int64_t i) const
     {
-        return minor + minorStep * ((2 * i * rise + length - (minorStep > 0 ? 1 : 0)) / (2 * length));
+        const std::int64_t wanted = 2 * length * (risen(i) + 1) - bias();
+        return rise == 0 ? length : (wanted + 2 * rise - 1) / (2 * rise);
     }
+    std::int64_t minorAt(std::int64_t i) const { return minor + minorStep * risen(i); }
 };
 
 struct Steps {
@@ -72,12 +78,13 @@ public:
         const std::int64_t dy = std::int64_t{to.y} - from.y;
         const int stepX = dx < 0 ? -1 : 1;
         const int stepY = dy < 0 ? -1 : 1;
+        if (dx == 0 && dy == 0) {
+            return;
+        }
         if (std::abs(dx) >= std::abs(dy)) {
-            if (dx != 0) {
-                drawFlat({from.x, from.y, std::abs(dx), std::abs(dy), stepX, stepY});
-            }
+            draw({from.x, from.y, std::abs(dx), std::abs(dy), stepX, stepY}, true);
         } else {
-            drawSteep({from.y, from.x, std::abs(dy), std::abs(dx), stepY, stepX});
+            draw({from.y, from.x, std::abs(dy), std::abs(dx), stepY, stepX}, false);
         }
         m_position += std::max(std::abs(dx), std::abs(dy));
     }
@@ -92,36 +99,22 @@ private:
         return stepsWithin(walk.minor, slope, lowMinor, highMinor, along);
     }
 
-    void drawFlat(const Walk& walk)
+    // By runs of pixels that lie beside or on top of one another.
+    void draw(const Walk& walk, bool flat)
     {
         const RECT& box = m_canvas.box();
-        const Steps steps = visibleSteps(walk, box.left, box.right, box.top, box.bottom);
+        const Steps steps = flat ? visibleSteps(walk, box.left, box.right, box.top, box.bottom)
+                                 : visibleSteps(walk, box.top, box.bottom, box.left, box.right);
         for (std::int64_t i = steps.begin; i < steps.end;) {
-            const std::int64_t y = walk.minorAt(i);
-            std::int64_t end = walk.rise == 0 ? steps.end : i + 1;
-            while (end < steps.end && walk.minorAt(end) == y) {
-                ++end;
-            }
+            const auto minor = static_cast<int>(walk.minorAt(i));
+            const std::int64_t end = std::min(steps.end, walk.nextRise(i));
             run(i, end, [&](std::int64_t first, std::int64_t last, const Ink& ink) {
                 const auto a = static_cast<int>(walk.majorAt(first));
                 const auto b = static_cast<int>(walk.majorAt(last - 1));
-                m_canvas.fillSpan(static_cast<int>(y), std::min(a, b), std::max(a, b) + 1, ink);
-            });
-            i = end;
-        }
-    }
-
-    void drawSteep(const Walk& walk)
-    {
-        const RECT& box = m_canvas.box();
-        const Steps steps = visibleSteps(walk, box.top, box.bottom, box.left, box.right);
-        for (std::int64_t i = steps.begin; i < steps.end;) {
-            const auto x = static_cast<int>(walk.minorAt(i));
-            const std::int64_t end = walk.rise == 0 ? steps.end : i + 1;
-            run(i, end, [&](std::int64_t first, std::int64_t last, const Ink& ink) {
-                const auto a = static_cast<int>(walk.majorAt(first));
-                const auto b = static_cast<int>(walk.majorAt(last - 1));
-                m_canvas.fill({x, std::min(a, b), x + 1, std::max(a, b) + 1}, ink);
+                const auto [low, high] = std::minmax(a, b);
+                m_canvas.fill(flat ? RECT{low, minor, high + 1, minor + 1}
+                                   : RECT{minor, low, minor + 1, high + 1},
+                              ink);
             });
             i = end;
         }
