@@ -1,4 +1,5 @@
 // The clip of a context: a region in device units.
+#include <algorithm>
 #include <utility>
 
 #include "core/DeviceContext.h"
@@ -37,6 +38,22 @@ Region regionOf(const DeviceContext& context, const RECT& rect)
     }
     const INT count = 4;
     return Region::fromPolygons(corners, {&count, 1}, ALTERNATE);
+}
+
+// A rectangle of the device in logical units: mapped as it is, or the box of its corners where it lies askew.
+RECT logicalBox(const Mapping& mapping, const RECT& device)
+{
+    const Mapping back = mapping.inverse();
+    const POINT first = back.toDevice({device.left, device.top});
+    const POINT last = back.toDevice({device.right, device.bottom});
+    if (mapping.isAxisAligned()) {
+        return {first.x, first.y, last.x, last.y};
+    }
+    const POINT third = back.toDevice({device.right, device.top});
+    const POINT fourth = back.toDevice({device.left, device.bottom});
+    const auto [left, right] = std::minmax({first.x, last.x, third.x, fourth.x});
+    const auto [top, bottom] = std::minmax({first.y, last.y, third.y, fourth.y});
+    return {left, top, right, bottom};
 }
 
 int combineRect(HDC handle, const char* function, const RECT& rect, int mode)
@@ -120,11 +137,7 @@ int GetClipBox(HDC context, RECT* box)
         if (const std::optional<Region> clip = found.effectiveClip()) {
             visible.combine(*clip, RGN_AND);
         }
-        const RECT device = visible.box();
-        const Mapping mapping = found.mapping().inverse();
-        const POINT first = mapping.toDevice({device.left, device.top});
-        const POINT last = mapping.toDevice({device.right, device.bottom});
-        *box = {first.x, first.y, last.x, last.y};
+        *box = visible.empty() ? RECT{} : logicalBox(found.mapping(), visible.box());
         return visible.complexity();
     });
 }

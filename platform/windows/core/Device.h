@@ -1,6 +1,6 @@
 // What a device context draws on. The functions of <windows.h> look the context up, check their arguments and change
 // its state; what is left to do on the device ends here. Two kinds exist: RasterDevice paints pixels,
-// MetafileDevice writes records. A context of the screen has a raster device without pixels.
+// MetafileDevice writes records. The screen's ScreenDevice only answers and measures.
 //
 // Coordinates are logical unless told otherwise; the context tells map mode, transform, clip and objects. Operations
 // give false when they failed; those with a body here do nothing, gladly, on a device that has no use for them.

@@ -8,9 +8,9 @@
 namespace {
 
 constexpr std::size_t mostRows = 1'000'000;
-constexpr std::int64_t mostSteps = 100'000'000;
+constexpr std::int64_t mostSteps = 1 << 24;
 
-// A side of a polygon that crosses the centre lines of the rows from `top` to `bottom` - 1.
+// A side of a polygon that crosses the rows from `top` to `bottom` - 1.
 struct Edge {
     std::int64_t x;
     std::int64_t y; // the end from which crossings are reckoned
@@ -20,19 +20,17 @@ struct Edge {
     std::int64_t bottom;
     int winding; // 1 downward, -1 upward
 
-    // The first pixel of the row whose centre is not left of the edge.
+    // The first pixel of the row that is not left of the edge: x + (row - y) * width / height, rounded up.
     std::int64_t firstPixel(std::int64_t row) const noexcept
     {
-        // x + (row + 1/2 - y) * width / height - 1/2, rounded up; exact as long as the product fits 64 bits.
-        constexpr std::int64_t exact = std::int64_t{1} << 29;
-        const std::int64_t steps = 2 * (row - y) + 1;
+        constexpr std::int64_t exact = std::int64_t{1} << 31; // the product fits 64 bits
+        const std::int64_t steps = row - y;
         if (std::abs(width) < exact && height < exact) {
-            const std::int64_t numerator = steps * width - height;
-            const std::int64_t quotient = numerator / (2 * height);
-            return x + quotient + (numerator > 0 && numerator % (2 * height) != 0 ? 1 : 0);
+            const std::int64_t numerator = steps * width;
+            return x + numerator / height + (numerator > 0 && numerator % height != 0 ? 1 : 0);
         }
         const double offset = static_cast<double>(steps) * static_cast<double>(width);
-        return x + static_cast<std::int64_t>(std::ceil(offset / (2.0 * static_cast<double>(height)) - 0.5));
+        return x + static_cast<std::int64_t>(std::ceil(offset / static_cast<double>(height)));
     }
 };
 

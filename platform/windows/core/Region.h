@@ -23,8 +23,9 @@ public:
     // All of them together, in any order.
     explicit Region(std::span<const RECT> rects);
 
-    // The pixels whose centres lie inside, by ALTERNATE or WINDING; `counts` splits the points into polygons. A shape
-    // that would take more than some 10^8 steps to scan becomes its box.
+    // The pixels (x, y) whose point (x, y) lies inside, on a left or on a top edge, by ALTERNATE or WINDING; `counts`
+    // splits the points into polygons. A shape that would take more than 2^24 steps to scan becomes its box: a step is
+    // one edge on one row.
     static Region fromPolygons(std::span<const POINT> points, std::span<const INT> counts, int fillMode);
 
     // This region becomes the combination of itself and the other (RGN_AND, RGN_OR, RGN_XOR, RGN_DIFF, RGN_COPY).

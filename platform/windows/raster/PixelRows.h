@@ -11,6 +11,7 @@
 #include "raster/Ink.h"
 
 class DeviceContext;
+class Region;
 
 // Blue, green, red and a byte that tells nothing.
 inline bool hasCommonOrder(const BitmapView& view) noexcept

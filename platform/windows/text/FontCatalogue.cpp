@@ -9,6 +9,14 @@
 
 #include "text/CodePageText.h"
 
+// The leak check's own switch; there in a process that runs with one, else null.
+// NOLINTBEGIN(bugprone-reserved-identifier): the sanitizer's names
+extern "C" {
+[[gnu::weak]] void __lsan_disable();
+[[gnu::weak]] void __lsan_enable();
+}
+// NOLINTEND(bugprone-reserved-identifier)
+
 namespace {
 
 constexpr const char* sans = "Liberation Sans";
@@ -34,10 +42,24 @@ constexpr BYTE pitchMask = 0x03;
 constexpr int heaviest = 1000;
 constexpr std::size_t mostFoundFonts = 64;
 
-std::mutex& fontconfigMutex()
+// One thread at a time, with the configuration read.
+std::unique_lock<std::mutex> lockFontconfig()
 {
     static std::mutex mutex;
-    return mutex;
+    static bool started = false;
+    std::unique_lock lock(mutex);
+    if (!started) {
+        started = true;
+        // fontconfig loses a few bytes of its own, once, while it reads its configuration.
+        if (__lsan_disable != nullptr) {
+            __lsan_disable();
+        }
+        FcInit();
+        if (__lsan_enable != nullptr) {
+            __lsan_enable();
+        }
+    }
+    return lock;
 }
 
 std::string asciiLower(std::string text)
@@ -209,7 +231,7 @@ std::shared_ptr<const FoundFont> findFont(const LOGFONTW& description)
 {
     static std::map<FontRequest, std::shared_ptr<const FoundFont>> foundFonts;
     FontRequest request = requestFor(description);
-    const std::lock_guard lock(fontconfigMutex());
+    const auto lock = lockFontconfig();
     if (const auto known = foundFonts.find(request); known != foundFonts.end()) {
         return known->second;
     }
@@ -236,7 +258,7 @@ std::vector<InstalledFont> installedFonts()
     struct ReleaseFonts {
         void operator()(FcFontSet* fonts) const noexcept { FcFontSetDestroy(fonts); }
     };
-    const std::lock_guard lock(fontconfigMutex());
+    const auto lock = lockFontconfig();
     const Pattern pattern(FcPatternCreate());
     const std::unique_ptr<FcObjectSet, ReleaseObjects> objects(
         FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, FC_STYLE, FC_STYLELANG, FC_FULLNAME, FC_FULLNAMELANG,

@@ -1,0 +1,67 @@
+// Bitmaps from memory: forms that are read, and heads that are refused.
+#include <windows.h>
+
+#include <climits>
+#include <cstring>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct PackedDib {
+    BITMAPINFOHEADER head;
+    RGBQUAD colors[256];
+    BYTE rows[8];
+};
+
+BITMAPINFOHEADER head(LONG width, LONG height, WORD bits, DWORD compression = BI_RGB, DWORD colors = 0)
+{
+    return {sizeof(BITMAPINFOHEADER), width, height, 1, bits, compression, 8, 0, 0, colors, 0};
+}
+
+TEST(Bitmaps, RefuseUnsoundHeads)
+{
+    const BITMAPINFOHEADER heads[] = {
+        head(0, 1, 24),         head(1, 0, 24),          head(-1, 1, 24),
+        head(1, 1, 2),          head(1, INT_MIN, 24),    head(INT_MAX, INT_MAX, 32),
+        head(1, 1, 24, 4),      head(16384, 8192, 24),   head(1, 1, 4, BI_RGB, 17),
+        head(1, 1, 4, BI_RLE8), head(1, -1, 8, BI_RLE8),
+    };
+    for (const BITMAPINFOHEADER& entry : heads) {
+        const PackedDib dib{entry, {}, {}};
+        EXPECT_EQ(CreateDIBPatternBrushPt(&dib, DIB_RGB_COLORS), nullptr) << &entry - heads;
+    }
+}
+
+// Each form holds the same two rows of one pixel, red over blue.
+TEST(Bitmaps, AreFilledFromEveryForm)
+{
+    constexpr RGBQUAD red{0, 0, 0xFF, 0};
+    constexpr RGBQUAD blue{0xFF, 0, 0, 0};
+    constexpr RGBQUAD masks[] = {{0, 0xF8, 0, 0}, {0xE0, 7, 0, 0}, {0x1F, 0, 0, 0}};
+    const PackedDib forms[] = {
+        {head(1, -2, 1), {blue, red}, {0x80, 0, 0, 0, 0}},
+        {head(1, -2, 4), {red, blue}, {0, 0, 0, 0, 0x10}},
+        {head(1, 2, 8), {red, blue}, {1, 0, 0, 0, 0}},
+        {head(1, 2, 8, BI_RLE8), {red, blue}, {1, 1, 0, 0, 1, 0, 0, 1}},
+        {head(1, 2, 16), {}, {0x1F, 0, 0, 0, 0, 0x7C}},
+        {head(1, 2, 16, BI_BITFIELDS), {masks[0], masks[1], masks[2]}, {0x1F, 0, 0, 0, 0, 0xF8}},
+        {head(1, 2, 24), {}, {0xFF, 0, 0, 9, 0, 0, 0xFF, 9}},
+        {head(1, -2, 32), {}, {0, 0, 0xFF, 0, 0xFF, 0, 0, 0}},
+    };
+    const BITMAPINFO sectionInfo{head(1, -2, 24), {}};
+    for (const PackedDib& form : forms) {
+        void* bits = nullptr;
+        const HBITMAP section = CreateDIBSection(nullptr, &sectionInfo, DIB_RGB_COLORS, &bits, nullptr, 0);
+        ASSERT_NE(bits, nullptr);
+        const auto* info = reinterpret_cast<const BITMAPINFO*>(&form);
+        EXPECT_EQ(SetDIBits(nullptr, section, 0, 2, form.rows, info, DIB_RGB_COLORS), 2);
+        const BYTE* pixels = static_cast<const BYTE*>(bits);
+        const std::vector<BYTE> both = {pixels[0], pixels[1], pixels[2], pixels[4], pixels[5], pixels[6]};
+        EXPECT_EQ(both, (std::vector<BYTE>{0, 0, 0xFF, 0xFF, 0, 0})) << &form - forms;
+        EXPECT_TRUE(DeleteObject(section));
+    }
+}
+
+} // namespace

@@ -1,0 +1,117 @@
+// Handles: what is refused, what lives on while it is selected, and what is counted.
+#include <windows.h>
+
+#include <cstring>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+DWORD liveObjects()
+{
+    return GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+}
+
+TEST(Objects, DeletedOnesLiveOnWhereTheyAreSelected)
+{
+    const DWORD before = liveObjects();
+    const HDC first = CreateCompatibleDC(nullptr);
+    const HDC second = GetDC(nullptr);
+    const HBRUSH brush = CreateSolidBrush(0x01123456);
+    const HGDIOBJ initial = SelectObject(first, brush);
+    EXPECT_EQ(initial, GetStockObject(WHITE_BRUSH));
+    EXPECT_EQ(SelectObject(second, brush), initial);
+    EXPECT_EQ(SaveDC(first), 1);
+
+    EXPECT_TRUE(DeleteObject(brush));
+    LOGBRUSH record{7, 7, 7};
+    EXPECT_EQ(GetObjectA(brush, sizeof record, &record), 0);
+    EXPECT_EQ(record.lbStyle, 7U);
+    EXPECT_FALSE(DeleteObject(brush));
+    EXPECT_EQ(SelectObject(first, brush), nullptr);
+    EXPECT_EQ(GetCurrentObject(first, OBJ_BRUSH), brush);
+
+    EXPECT_EQ(SelectObject(first, initial), brush);
+    EXPECT_EQ(liveObjects(), before + 3);
+    EXPECT_TRUE(DeleteDC(first)); // its saved state held the brush as well
+    EXPECT_EQ(SelectObject(second, initial), brush);
+    EXPECT_EQ(liveObjects(), before + 1);
+    const HBRUSH next = CreateSolidBrush(0); // in the same slot
+    EXPECT_EQ(SelectObject(second, brush), nullptr);
+    EXPECT_TRUE(DeleteObject(next));
+    EXPECT_EQ(ReleaseDC(nullptr, second), 1);
+    EXPECT_EQ(ReleaseDC(nullptr, second), 0);
+    EXPECT_EQ(liveObjects(), before);
+}
+
+TEST(Objects, OneContextAtATimeHoldsABitmap)
+{
+    const HDC first = CreateCompatibleDC(nullptr);
+    const HDC second = CreateCompatibleDC(first);
+    const HBITMAP bitmap = CreateBitmap(4, 4, 1, 32, nullptr);
+    const HGDIOBJ pixel = GetCurrentObject(second, OBJ_BITMAP);
+    EXPECT_EQ(SelectObject(first, bitmap), pixel);
+    EXPECT_EQ(SelectObject(first, bitmap), bitmap);
+    EXPECT_EQ(SelectObject(second, bitmap), nullptr);
+    EXPECT_FALSE(DeleteObject(bitmap));
+    EXPECT_TRUE(DeleteDC(first));
+    EXPECT_EQ(SelectObject(second, bitmap), pixel);
+    EXPECT_EQ(SelectObject(second, pixel), bitmap);
+    EXPECT_TRUE(DeleteObject(bitmap) && DeleteDC(second));
+}
+
+TEST(Objects, RefuseHandlesThatNameSomethingElse)
+{
+    HDC context = CreateCompatibleDC(nullptr);
+    const HRGN region = CreateRectRgn(0, 0, 1, 1);
+    const HGDIOBJ pen = GetCurrentObject(context, OBJ_PEN);
+    for (HGDIOBJ object : {HGDIOBJ{nullptr}, HGDIOBJ{context}, HGDIOBJ{region}, HGDIOBJ{&context}}) {
+        EXPECT_EQ(SelectObject(context, object), nullptr);
+    }
+    EXPECT_EQ(SelectObject(static_cast<HDC>(pen), pen), nullptr);
+    EXPECT_FALSE(DeleteObject(context));
+    EXPECT_FALSE(DeleteDC(static_cast<HDC>(HGDIOBJ{region})));
+    EXPECT_TRUE(DeleteObject(pen)); // a stock object, which stays
+    EXPECT_EQ(GetObjectType(pen), OBJ_PEN);
+    EXPECT_TRUE(DeleteObject(region) && DeleteDC(context));
+    EXPECT_EQ(GetTextColor(context), CLR_INVALID);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+}
+
+TEST(Objects, PensFollowTheRulesOfTheirKind)
+{
+    constexpr DWORD dashes[] = {3, 0, 2};
+    const LOGBRUSH brush{BS_SOLID, 0xFF0000FF, 0};
+    const HPEN pen = ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE, 5, &brush, 3, dashes);
+    EXTLOGPEN record[2]{};
+    EXPECT_EQ(GetObjectA(pen, sizeof record, record), int{offsetof(EXTLOGPEN, elpStyleEntry)} + 12);
+    EXPECT_EQ(record->elpColor, 0xFFU);
+    EXPECT_TRUE(DeleteObject(pen));
+    EXPECT_EQ(ExtCreatePen(PS_GEOMETRIC | PS_DASH, 5, &brush, 3, dashes), nullptr);
+    EXPECT_EQ(ExtCreatePen(PS_COSMETIC, 2, &brush, 0, nullptr), nullptr);
+}
+
+TEST(Objects, ComeAndGoOnSeveralThreads)
+{
+    const DWORD before = liveObjects();
+    const auto work = [] {
+        LOGFONTA font{};
+        std::strcpy(font.lfFaceName, "Liberation S\xE9rif");
+        for (int round = 0; round < 2000; ++round) {
+            const HDC context = CreateCompatibleDC(nullptr);
+            const HFONT handle = CreateFontIndirectA(&font);
+            SelectObject(context, handle);
+            LOGFONTA read{};
+            ASSERT_EQ(GetObjectA(handle, sizeof read, &read), 60);
+            ASSERT_STREQ(read.lfFaceName, font.lfFaceName);
+            ASSERT_TRUE(DeleteObject(handle) && DeleteDC(context));
+        }
+    };
+    std::thread other(work);
+    work();
+    other.join();
+    EXPECT_EQ(liveObjects(), before);
+}
+
+} // namespace
