@@ -18,6 +18,17 @@ BITMAPINFOHEADER headerOf(const std::vector<BYTE>& head)
     return header;
 }
 
+// The number of colours to be entered in a header that announces all that its pixels can tell, but is followed by
+// fewer; 0 when it is right.
+DWORD colorsHeld(const BITMAPINFOHEADER& header, std::size_t length)
+{
+    if (header.biBitCount == 0 || header.biBitCount > 8 || header.biClrUsed != 0 || header.biSize > length) {
+        return 0;
+    }
+    const std::size_t held = (length - header.biSize) / sizeof(RGBQUAD);
+    return held < std::size_t{1} << header.biBitCount ? static_cast<DWORD>(held) : 0;
+}
+
 } // namespace
 
 bool FileDib::stands(const Record& record, const DibPlace& place) noexcept
@@ -37,6 +48,10 @@ std::optional<FileDib> FileDib::read(Playback& playback, const Record& record, c
     BITMAPINFOHEADER header = headerOf(*head);
     if (rows > 0 && rows < std::abs(std::int64_t{header.biHeight}) && !isRunLength(header.biCompression)) {
         header.biHeight = header.biHeight < 0 ? -rows : rows;
+        std::memcpy(head->data(), &header, sizeof(header));
+    }
+    if (const DWORD colors = colorsHeld(header, head->size())) {
+        header.biClrUsed = colors;
         std::memcpy(head->data(), &header, sizeof(header));
     }
     FileDib dib;

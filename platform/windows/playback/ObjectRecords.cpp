@@ -1,6 +1,5 @@
 // Records that make, select and delete pens, brushes and fonts.
 #include <cstring>
-#include <limits>
 
 #include "playback/FileDib.h"
 #include "playback/RecordHandlers.h"
@@ -27,16 +26,25 @@ void createPen(Playback& playback, const EMRCREATEPEN& record)
     playback.objects().add(record.ihPen, CreatePen(style, record.width.x, record.color));
 }
 
-// Patterns of pens are drawn in their colour.
-LOGBRUSH penBrush(const EXTLOGPEN32& pen)
+// The brush of a file's pen or brush. Hatches beyond those of calls ([MS-EMF] 2.1.17) are plain areas in the colour
+// told, the text's or the background's; the rest of a pattern would be an address of somebody else's memory.
+LOGBRUSH brushOf(HDC target, const LOGBRUSH32& brush)
 {
-    switch (pen.elpBrushStyle) {
+    constexpr ULONG textColorHatch = 8;
+    constexpr ULONG backColorHatch = 10;
+    switch (brush.lbStyle) {
     case BS_NULL:
         return {BS_NULL, 0, 0};
     case BS_HATCHED:
-        return {BS_HATCHED, pen.elpColor, pen.elpHatch};
+        if (brush.lbHatch <= ULONG{HS_DIAGCROSS}) {
+            return {BS_HATCHED, brush.lbColor, brush.lbHatch};
+        }
+        if (brush.lbHatch >= backColorHatch) {
+            return {BS_SOLID, GetBkColor(target), 0};
+        }
+        return {BS_SOLID, brush.lbHatch >= textColorHatch ? GetTextColor(target) : brush.lbColor, 0};
     default:
-        return {BS_SOLID, pen.elpColor, 0};
+        return {BS_SOLID, brush.lbColor, 0};
     }
 }
 
@@ -57,20 +65,17 @@ bool createExtendedPen(Playback& playback, const Record& record)
     if (!dashes) {
         return false;
     }
-    const LOGBRUSH brush = penBrush(pen);
+    const LOGBRUSH brush = brushOf(playback.target(), {pen.elpBrushStyle, pen.elpColor, pen.elpHatch});
     playback.objects().add(*number, ExtCreatePen(pen.elpPenStyle, pen.elpWidth, &brush,
                                                  static_cast<DWORD>(dashes->size()),
                                                  dashes->empty() ? nullptr : dashes->data()));
     return true;
 }
 
-// In a file the hatch of a pattern would be an address of somebody else's memory.
 void createBrush(Playback& playback, const EMRCREATEBRUSHINDIRECT& record)
 {
-    const LOGBRUSH brush{record.lb.lbStyle, record.lb.lbColor, record.lb.lbHatch};
-    if (brush.lbStyle == BS_SOLID || brush.lbStyle == BS_NULL || brush.lbStyle == BS_HATCHED) {
-        playback.objects().add(record.ihBrush, CreateBrushIndirect(&brush));
-    }
+    const LOGBRUSH brush = brushOf(playback.target(), record.lb);
+    playback.objects().add(record.ihBrush, CreateBrushIndirect(&brush));
 }
 
 bool createPatternBrush(Playback& playback, const Record& record)

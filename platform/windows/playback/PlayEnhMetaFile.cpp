@@ -44,6 +44,8 @@ Handlers allHandlers()
     enter(polyRecords(), true);
     enter(regionRecords(), true);
     enter(bitmapRecords(), true);
+    enter(maskedBitmapRecords(), true);
+    enter(gradientRecords(), true);
     enter(textRecords(), true);
     return handlers;
 }

@@ -24,6 +24,8 @@ std::span<const RecordEntry> shapeRecords() noexcept;
 std::span<const RecordEntry> polyRecords() noexcept;
 std::span<const RecordEntry> regionRecords() noexcept;
 std::span<const RecordEntry> bitmapRecords() noexcept;
+std::span<const RecordEntry> maskedBitmapRecords() noexcept;
+std::span<const RecordEntry> gradientRecords() noexcept;
 std::span<const RecordEntry> textRecords() noexcept;
 
 // The handler of a record that needs no more than the fields it begins with.
