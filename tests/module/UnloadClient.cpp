@@ -29,14 +29,23 @@ std::vector<unsigned char> drawnOn(CSurface& surface)
     return page;
 }
 
-bool plays(std::vector<unsigned char> page, CSurface& surface)
+bool playsPage(std::vector<unsigned char> page, HDC device)
 {
     RECT all{0, 0, 200, 200};
+    CSurfaceHdc surface(device);
     CMetaFilePlayer* const player =
         CMetaFilePlayer::createPlayer(page.data(), static_cast<unsigned int>(page.size()));
-    const bool played = player != nullptr && player->play(&surface, &all) == 0;
+    const bool played = player != nullptr && player->play(&surface, &all) == 1;
     delete player;
     return played;
+}
+
+bool playsMetafile(const std::vector<unsigned char>& page, HDC device)
+{
+    const RECT all{0, 0, 200, 200};
+    const HENHMETAFILE metafile = SetEnhMetaFileBits(static_cast<UINT>(page.size()), page.data());
+    const BOOL played = PlayEnhMetaFile(device, metafile, &all);
+    return DeleteEnhMetaFile(metafile) != FALSE && played != FALSE;
 }
 
 bool drawsAndPlays()
@@ -47,12 +56,9 @@ bool drawsAndPlays()
     CSurfaceSVG svg(&millimetres, &logical);
     CSurfaceEMF emf(&frame);
     const HDC device = gdiCreateDevice(nullptr);
-    bool played = false;
-    {
-        CSurfaceHdc pixels(device);
-        played = plays(drawnOn(svg), pixels) && plays(drawnOn(emf), pixels);
-    }
-    return DeleteDC(device) != FALSE && played;
+    const bool page = playsPage(drawnOn(svg), device);
+    const bool metafile = playsMetafile(drawnOn(emf), device);
+    return DeleteDC(device) != FALSE && page && metafile;
 }
 
 } // namespace
