@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/bitmapFile.h"
 #include "surfacePSPrinter.h"
 
 using PsDrawing = std::function<void(CSurfacePSPrinter&)>;
@@ -83,23 +84,6 @@ inline std::string documentOf(const PsDrawing& draw)
 inline RECT* in(RECT&& rect)
 {
     return &rect;
-}
-
-// A Windows bitmap; `pixels` holds blue, green, red and, with 32 bits, alpha.
-inline std::string bitmapOf(const std::string& pixels, std::size_t bits, std::size_t height = 1)
-{
-    const std::size_t rowSize = pixels.size() / height;
-    std::string file(54, '\0');
-    const std::pair<std::size_t, std::size_t> fields[] = {
-        {0, 'B'}, {1, 'M'}, {10, 54}, {14, 40}, {18, rowSize * 8 / bits}, {22, height}, {26, 1}, {28, bits}};
-    for (const auto& [at, value] : fields) {
-        file[at] = static_cast<char>(value);
-    }
-    for (std::size_t at = 0; at < pixels.size(); at += rowSize) {
-        file += pixels.substr(at, rowSize);
-        file.resize((file.size() + 1) / 4 * 4 + 2, '\x7F'); // in fours behind the head
-    }
-    return file;
 }
 
 inline void include(CSurfacePSPrinter& s, unsigned int id, std::string image, int width, int height,

@@ -1,0 +1,217 @@
+// Pictures on pixels: modes, transparency, and what is told when a device can't do it.
+#include <gdidevice.h>
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "support/bitmapFile.h"
+#include "surfaceHdc.h"
+#include "sys/krnutil.h"
+
+namespace {
+
+// Pixels as letters; what has no letter is "?".
+struct Paint {
+    char letter;
+    std::string bytes; // blue, green, red, alpha
+};
+const Paint paints[] = {{'r', std::string("\0\0\xFF\xFF", 4)},    {'g', std::string("\0\xFF\0\xFF", 4)},
+                        {'b', std::string("\xFF\0\0\xFF", 4)},    {'k', std::string("\0\0\0\xFF", 4)},
+                        {'T', std::string("\xFF\xFF\0\0", 4)}, // transparent
+                        {'.', std::string("\xFF\xFF\xFF\xFF", 4)}};
+
+// Rows from the top, as a 32-bit bitmap file.
+std::string imageOf(const std::vector<std::string>& rows)
+{
+    std::string pixels;
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+        for (const char letter : *row) {
+            for (const Paint& paint : paints) {
+                pixels += paint.letter == letter ? paint.bytes : "";
+            }
+        }
+    }
+    return bitmapOf(pixels, 32, rows.size());
+}
+
+// What stands on a page of 8 by 6 pixels.
+std::string pageOf(HDC device)
+{
+    int stride = 0;
+    const unsigned char* const bits = gdiDeviceBits(device, &stride);
+    std::string page;
+    for (int y = 0; y < 6; ++y) {
+        for (int x = 0; x < 8; ++x) {
+            const std::string pixel(reinterpret_cast<const char*>(bits + y * stride + 4 * x), 3);
+            char letter = '?';
+            for (const Paint& paint : paints) {
+                letter = paint.letter != 'T' && paint.bytes.compare(0, 3, pixel) == 0 ? paint.letter : letter;
+            }
+            page += letter;
+        }
+        page += '\n';
+    }
+    return page;
+}
+
+struct PictureCase {
+    const char* name;
+    std::vector<std::string> image;
+    RECT rect;
+    int mode;
+    POINT offset;
+    std::string page;
+    GdiDeviceOptions device = {8, 6, 96};
+    std::string log = "";
+};
+
+const std::vector<std::string> quarters = {"rg", "bk"};
+const std::vector<std::string> holed = {"rTg", "bkT"};
+const GdiDeviceOptions withoutBlits{8, 6, 96, 0};
+const GdiDeviceOptions failing{8, 6, 96, RC_BITBLT | RC_STRETCHBLT, 1};
+
+const PictureCase cases[] = {
+    {"scaled", quarters, {1, 1, 5, 5}, 1, {}, "........\n.rrgg...\n.rrgg...\n.bbkk...\n.bbkk...\n........\n"},
+    {"own size",
+     quarters,
+     {1, 1, 7, 5},
+     0,
+     {},
+     "........\n.rg.....\n.bk.....\n........\n........\n........\n"},
+    {"top rows in a low rectangle",
+     quarters,
+     {1, 1, 7, 2},
+     0,
+     {},
+     "........\n.rg.....\n........\n........\n........\n........\n"},
+    {"further down",
+     quarters,
+     {1, 1, 7, 2},
+     0,
+     {1, 1},
+     "........\n.k......\n........\n........\n........\n........\n"},
+    {"tiled",
+     quarters,
+     {1, 1, 6, 4},
+     2,
+     {1, 0},
+     "........\n.grgrg..\n.kbkbk..\n.grgrg..\n........\n........\n"},
+    {"no mode",
+     quarters,
+     {1, 1, 6, 4},
+     3,
+     {},
+     "........\n........\n........\n........\n........\n........\n"},
+    {"holes, own size",
+     holed,
+     {1, 1, 7, 2},
+     0,
+     {},
+     "........\n.r.g....\n........\n........\n........\n........\n"},
+    {"holes, scaled",
+     holed,
+     {0, 0, 6, 4},
+     1,
+     {},
+     "rr..gg..\nrr..gg..\nbbkk....\nbbkk....\n........\n........\n"},
+    {"a device without raster steps",
+     holed,
+     {0, 0, 3, 2},
+     1,
+     {},
+     "r?g.....\nbk?.....\n........\n........\n........\n........\n",
+     withoutBlits,
+     "Printer doesn't support 'Blt' operations required to print transparent image, printed "
+     "non-transparently "
+     "instead"},
+    {"a step that fails",
+     holed,
+     {0, 0, 3, 2},
+     1,
+     {},
+     "r?g.....\nbk?.....\n........\n........\n........\n........\n",
+     failing,
+     "Printer error 31 (Device not functioning)  Unable to print transparent "
+     "image, "
+     "printed non-transparently instead"},
+};
+
+TEST(Pictures, AreDrawnInTheirModes)
+{
+    for (const PictureCase& c : cases) {
+        std::string log;
+        krnSetLogSink([](const char* line, void* text) { *static_cast<std::string*>(text) += line; }, &log);
+        const HDC device = gdiCreateDevice(&c.device);
+        {
+            CSurfaceHdc surface(device);
+            std::string image = imageOf(c.image);
+            auto* const bytes = reinterpret_cast<unsigned char*>(image.data());
+            const int width = static_cast<int>(c.image[0].size());
+            const int height = static_cast<int>(c.image.size());
+            surface.includeImage(7, bytes, static_cast<int>(image.size()), width, height, 8);
+            surface.includeImage(7, bytes, 3, 99, 99, 8); // the first one stays
+            RECT rect = c.rect;
+            surface.drawImage(&rect, 8, c.mode, c.offset.x, c.offset.y);
+            surface.drawImage(&rect, 7, c.mode, c.offset.x, c.offset.y);
+            EXPECT_EQ(c.page, pageOf(device)) << c.name;
+        }
+        DeleteDC(device);
+        krnSetLogSink(nullptr, nullptr);
+        EXPECT_EQ(c.log, log) << c.name;
+    }
+}
+
+// A tile smaller than a hatch is made one, and is one from then on.
+TEST(Pictures, SmallerThanAHatchBecomeOne)
+{
+    const HDC device = gdiCreateDevice(nullptr);
+    std::string image = imageOf({"rg"});
+    CSurfacePicture picture;
+    picture.m_width = 2;
+    picture.m_height = 1;
+    picture.m_length = static_cast<unsigned int>(image.size());
+    picture.m_data = reinterpret_cast<unsigned char*>(image.data());
+    RECT rect{0, 0, 4, 4};
+    EXPECT_EQ(0, picture.draw(device, &rect, 0, 0, 2));
+    EXPECT_EQ(8, picture.m_width);
+    EXPECT_EQ(8, picture.m_height);
+    picture.m_height = 0;
+    EXPECT_EQ(0, picture.draw(device, &rect, 0, 0, 2));
+    picture.m_length = 9;
+    EXPECT_EQ(CSurfacePicture::notDecodable, picture.draw(device, &rect, 0, 0, 1));
+    krnSetImageLibrary("/nowhere");
+    EXPECT_EQ(CSurfacePicture::libraryMissing, picture.draw(device, &rect, 0, 0, 1));
+    krnSetImageLibrary(nullptr);
+    picture.m_data = nullptr; // belongs to the test
+    DeleteDC(device);
+}
+
+// A brush of a picture fills with it; one of no picture is hollow; one that can't be decoded changes nothing.
+TEST(Pictures, FillAsBrushes)
+{
+    const GdiDeviceOptions options{8, 6, 96};
+    const HDC device = gdiCreateDevice(&options);
+    {
+        CSurfaceHdc surface(device);
+        std::string image = imageOf(std::vector<std::string>(8, "rgbkrgbk"));
+        surface.includeImage(1, reinterpret_cast<unsigned char*>(image.data()),
+                             static_cast<int>(image.size()), 8, 8, 8);
+        surface.includeImage(2, reinterpret_cast<unsigned char*>(image.data()), 9, 8, 8, 8);
+        surface.setPen(0, PS_NULL, 1);
+        RECT rect{0, 0, 9, 4};
+        for (const int picture : {1, 2, 3}) {
+            CSurfaceBrush brush;
+            brush.setPicture(picture);
+            surface.setBrush(&brush);
+            surface.drawRectangle(&rect);
+            rect = {0, 3, 9, 7};
+        }
+        const std::string row = "rgbkrgbk\n";
+        EXPECT_EQ(row + row + row + row + row + row, pageOf(device));
+    }
+    DeleteDC(device);
+}
+
+} // namespace

@@ -1,0 +1,206 @@
+// What calls on a recording surface leave in the metafile, in their order.
+#include "RecordedPage.h"
+
+#include "text/Runs.h"
+
+namespace {
+
+RECT* in(RECT&& rect)
+{
+    return &rect;
+}
+
+void chooseArial(CSurfaceEMF& s, float size)
+{
+    char face[] = "Arial";
+    s.setFont(face, size, false, false, false, false);
+}
+
+struct RecordedCase {
+    const char* name;
+    GdiDrawing draw;
+    std::string records;
+    friend void PrintTo(const RecordedCase& recorded, std::ostream* out) { *out << recorded.name; }
+};
+
+class RecordedSurface : public testing::TestWithParam<RecordedCase> {};
+
+TEST_P(RecordedSurface, HoldsExactly)
+{
+    EXPECT_EQ(GetParam().records, recordsOf(GetParam().draw));
+}
+
+const std::string page = " 1065353216 0 0 1065353216 0 0\n"; // the identity transform
+const std::string noBitmap = " 0 0 1065353216 0 0 1065353216 0 0 0 0 0 0 0 0\n";
+
+const RecordedCase cases[] = {
+    {"Shapes",
+     [](CSurfaceEMF& s) {
+         POINT points[] = {{1, 2}, {30, 4}, {5, 60}};
+         s.drawLine(1, 2, 3, 4);
+         s.drawRectangle(in({10, 20, 30, 40}));
+         s.drawRoundedRectangle(in({10, 20, 30, 40}), 5, 6);
+         s.drawArc(in({10, 20, 30, 40}), 1, 2, 3, 4);
+         s.drawPie(in({10, 20, 30, 40}), 1, 2, 3, 4);
+         s.drawChord(in({10, 20, 30, 40}), 1, 2, 3, 4);
+         s.polyline(points, 3);
+         s.drawSolidRectangle(in({1, 2, 3, 4}), 0xFF0000FF);
+         s.floodFill(1, 2, 0x11000003, 1);
+         s.polygon(nullptr, 3);
+         s.drawRectangle(nullptr);
+     },
+     "27: 1 2\n54: 3 4\n43: 10 20 29 39\n44: 10 20 29 39 5 6\n45: 10 20 29 39 1 2 3 4\n47: 10 20 29 39 1 2 3 "
+     "4\n46: 10 20 29 39 1 2 3 4\n87: 1 2 30 60 3 131073 262174 3932165\n39: 1 0 255 0\n37: 1\n76: 1 2 2 3 1 "
+     "2 2 2 "
+     "15728673" +
+         noBitmap + "37: -2147483648\n40: 1\n53: 1 2 3 1\n"},
+    // A brush that leaves is deleted; all but solid ones reset the brush origin.
+    {"PensAndBrushes",
+     [](CSurfaceEMF& s) {
+         s.setPen(0xFF, 1, 3);
+         s.setPen(0xFF, 1, 3);
+         s.setBrush(0xFF00, 0);
+         s.setBrush(0xFF00, 4);
+         s.setBrush(0, 1);
+         s.setPen(0, 0x2200, 1);
+     },
+     "95: 1 0 0 0 0 65537 3 0 255 0 0 0\n37: 1\n39: 2 0 65280 0\n37: 2\n39: 3 2 65280 2\n37: 3\n40: 2\n13: 0 "
+     "0\n37: -2147483643\n40: 3\n13: 0 0\n95: 2 0 0 0 0 74240 1 0 0 0 0 0\n37: 2\n40: 1\n"},
+    // 5 is white, and 24 is no system colour.
+    {"Colours",
+     [](CSurfaceEMF& s) {
+         s.setForeColor(0x80000005);
+         s.setForeColor(0xFFFFFF);
+         s.setForeColor(0x80000018);
+         s.setBackColor(3);
+         s.setBackMode(1);
+         s.setBackMode(1);
+         s.drawEraseRectangle(nullptr, 0x123456);
+     },
+     "24: 16777215\n24: 24\n18: 1\n24: 1193046\n24: 24\n"},
+    // A second transform multiplies on top of the first, and only one is kept to go back to.
+    {"Mapping",
+     [](CSurfaceEMF& s) {
+         s.setTransform(1, 0, 0, 1, 5, 6);
+         s.setClippingRegion(in({1, 2, 30, 40}));
+         s.setTransform(2, 0, 0, 2, 0, 0);
+         s.clearTransform();
+         s.setClippingRegion(nullptr);
+         POINT origin{-13, 21};
+         s.resetBrushOrg(&origin, 0);
+         s.resetBrushOrg(&origin, 5);
+         s.resetBrushOrg(nullptr, -3);
+     },
+     "36: 1065353216 0 0 1065353216 1084227584 1086324736 2\n75: 48 5 32 1 1 16 6 8 35 46 6 8 35 46\n36: "
+     "1073741824 "
+     "0 0 1073741824 0 0 2\n35: 1065353216 0 0 1065353216 1084227584 1086324736\n75: 0 5\n13: -5 5\n13: -3 "
+     "1\n13: 0 "
+     "0\n"},
+    // A font that leaves the device goes at the next change; one of no size has the default height.
+    {"Fonts",
+     [](CSurfaceEMF& s) {
+         chooseArial(s, 12);
+         chooseArial(s, 12);
+         chooseArial(s, -3);
+         CTextStyle style(0xFF0000, 0, 30, 45);
+         s.setTextStyle(&style);
+         s.drawText("AB", in({1, 2, 100, 200}), 0);
+     },
+     "font 1 -16 0 0\n37: 1\nfont 2 0 0 0\n37: 2\n40: 1\nfont 1 0 450 300\n37: 1\n24: 16711680\n18: "
+     "1\n'AB' 1 2 4 "
+     "9\n37: -2147483635\n"},
+    // A last single ampersand is not drawn.
+    {"PlainText",
+     [](CSurfaceEMF& s) {
+         chooseArial(s, 12);
+         s.drawString("&&", in({1, 2, 100, 200}), 0);
+         s.drawString("A&", in({1, 2, 100, 200}), 0);
+         s.drawString("&", in({1, 2, 100, 200}), 0);
+         s.drawString("a&", in({1, 2, 100, 200}), DT_NOPREFIX);
+         POINT point{50, 60};
+         s.drawTextAt("Mid", &point, DT_CENTER);
+         s.drawTextAt("End", &point, DT_RIGHT | DT_CENTER);
+         RECT rect{0, 0, 100, 200};
+         s.drawText("C", &rect, DT_CENTER);
+         s.drawText("C", &rect, DT_CENTER);
+         EXPECT_EQ(137, rect.top);
+         char text[] = "base";
+         s.drawTextOnBaseLine(7, 8, 4, in({1, 2, 3, 4}), text, 2);
+         s.drawTextOnBaseLine(7, 8, 0, nullptr, text, 5);
+     },
+     "font 1 -16 0 0\n37: 1\n18: 1\n'&' 1 2 4 11\n'A' 1 2 4 11\n'a&' 1 2 4 9\n24: 255\n'Mid' 37 60 4 "
+     "13\n'End' 21 60 "
+     "4 11\n'C' 44 91 4 12\n'C' 44 137 4 12\n22: 24\n'ba' 7 8 4 9\n22: 0\n22: 24\n'base' 7 8 0 9\n22: 0\n37: "
+     "-2147483635\n"},
+    {"TurnedText",
+     [](CSurfaceEMF& s) {
+         chooseArial(s, 12);
+         s.drawStringRotated("R", in({1, 2, 100, 200}), 0, 10, 20);
+         chooseArial(s, 12); // is made again: the turned one had come between
+     },
+     "font 1 -16 0 0\n37: 1\nfont 2 -16 200 100\n37: 2\n18: 1\n'R' 1 2 4 12\n37: 1\n40: 2\nfont 2 -16 0 "
+     "0\n37: "
+     "2\n37: -2147483635\n"},
+    // Text is drawn in device units, and the mapping comes back.
+    {"StretchedPages",
+     [](CSurfaceEMF& s) {
+         SetMapMode(s.getHDC(), MM_ANISOTROPIC);
+         SetViewportExtEx(s.getHDC(), 200, 300, nullptr);
+         SetWindowExtEx(s.getHDC(), 100, 100, nullptr);
+         s.setTransform(1, 0, 0, 1, 10, 20);
+         s.drawString("A", in({1, 2, 100, 200}), 0);
+     },
+     "17: 8\n11: 200 300\n9: 100 100\n36: 1065353216 0 0 1065353216 1092616192 1101004800 2\n35: 1065353216 "
+     "0 0 "
+     "1065353216 1101004800 1114636288\n17: 1\n18: 1\n'A' 2 6 4 10\n17: 8\n11: 200 300\n9: 100 100\n35: "
+     "1065353216 0 "
+     "0 1065353216 1092616192 1101004800\n"},
+    // Lines that are too high get a smaller font; the largest need of a run tightens all; a run with a tab has none.
+    {"FormattedText",
+     [](CSurfaceEMF& s) {
+         chooseArial(s, 12);
+         Runs runs = {run("One & ", {5, 10}), run("under", {0, 0}, true, 10, true), run("second", {5, 20}),
+                      run("tab\t.", {0, 0}, true, 1)};
+         Array<CSurfaceTextChunk, 2> pointers = pointersTo(runs);
+         EXPECT_TRUE(s.drawString(&pointers, in({5, 10, 300, 200}), DT_WORDBREAK));
+         EXPECT_EQ(0, GetTextCharacterExtra(s.getHDC()));
+         EXPECT_EQ(12, s.m_font.getSize());
+     },
+     "font 1 -16 0 0\n37: 1\n35:" + page +
+         "17: 1\nfont 2 -9 0 0\n37: 2\n18: 1\n39: 3 0 0 0\n37: 3\n76: 16 19 17 19 "
+         "16 19 2 1 15728673" +
+         noBitmap +
+         "37: -2147483648\n40: 3\n'One & under' 5 10 4 4\n'secondtab\t.' 5 20 4 2\n40: 1\nfont 1 -16 0 "
+         "0\n37: 1\n17: "
+         "1\n35:" +
+         page + "37: -2147483635\n"},
+    {"Marker",
+     [](CSurfaceEMF& s) {
+         s.printerNofMMarker({-5, 500});
+     },
+     "70: 11 -79474604 -184549377 1\n"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Calls, RecordedSurface, testing::ValuesIn(cases),
+                         [](const auto& recorded) { return std::string(recorded.param.name); });
+
+TEST(RecordedSurfaceLife, ClosesOnceAndReportsWhatItNeverHad)
+{
+    RECT frame{0, 0, 21000, 29700};
+    CSurfaceEMF surface(&frame);
+    EXPECT_EQ(1, surface.getSurfaceType());
+    EXPECT_NE(nullptr, surface.getEMFPlayerDestination());
+    const std::vector<unsigned char> bytes = closedPage(surface);
+    EXPECT_EQ(2U, metafileRecords(bytes).size());
+    EXPECT_EQ(0, surface.closeSurface());
+    EXPECT_EQ(nullptr, surface.getEMFPlayerDestination());
+
+    CSurfaceEMF empty;
+    chooseArial(empty, 12);
+    empty.drawText("A", &frame, DT_CENTER);
+    empty.printerNofMMarker({});
+    EXPECT_EQ(-1, empty.closeSurface());
+    EXPECT_EQ(0, empty.getDataLength());
+}
+
+} // namespace
