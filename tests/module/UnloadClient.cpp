@@ -29,7 +29,7 @@ std::vector<unsigned char> drawnOn(CSurface& surface)
     return page;
 }
 
-bool playsPage(std::vector<unsigned char> page, HDC device)
+bool plays(std::vector<unsigned char> page, HDC device)
 {
     RECT all{0, 0, 200, 200};
     CSurfaceHdc surface(device);
@@ -40,14 +40,6 @@ bool playsPage(std::vector<unsigned char> page, HDC device)
     return played;
 }
 
-bool playsMetafile(const std::vector<unsigned char>& page, HDC device)
-{
-    const RECT all{0, 0, 200, 200};
-    const HENHMETAFILE metafile = SetEnhMetaFileBits(static_cast<UINT>(page.size()), page.data());
-    const BOOL played = PlayEnhMetaFile(device, metafile, &all);
-    return DeleteEnhMetaFile(metafile) != FALSE && played != FALSE;
-}
-
 bool drawsAndPlays()
 {
     RECT millimetres{0, 0, 50, 50};
@@ -56,8 +48,8 @@ bool drawsAndPlays()
     CSurfaceSVG svg(&millimetres, &logical);
     CSurfaceEMF emf(&frame);
     const HDC device = gdiCreateDevice(nullptr);
-    const bool page = playsPage(drawnOn(svg), device);
-    const bool metafile = playsMetafile(drawnOn(emf), device);
+    const bool page = plays(drawnOn(svg), device);
+    const bool metafile = plays(drawnOn(emf), device);
     return DeleteDC(device) != FALSE && page && metafile;
 }
 

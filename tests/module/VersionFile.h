@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <initializer_list>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -38,34 +37,18 @@ public:
     {
         kind == FileKind::pe ? putPe() : putElf();
         // The named one has the number of the type, and no directory behind it.
-        putNumbers({{types + 12, 1, 2},
-                    {types + 14, 3, 2},
-                    {types + 16, 16, 4},
-                    {types + 24, 3, 4},
-                    {types + 32, 16, 4},
-                    {types + 36, directory | (names - types), 4},
-                    {types + 40, 24, 4},
-                    {names + 12, 1, 2},
-                    {names + 14, 2, 2},
-                    {names + 16, 16, 4},
-                    {names + 24, 1, 4},
-                    {names + 28, directory | (languages - types), 4},
-                    {names + 32, 2, 4},
-                    {languages + 12, 1, 2},
-                    {languages + 14, in.size(), 2},
-                    {languages + 16, 16, 4}});
+        put(types + 12, 2, {1, 3});
+        put(types + 16, 4, {16, 0, 3, 0, 16, directory | (names - types), 24, 0});
+        put(names + 12, 2, {1, 2});
+        put(names + 16, 4, {16, 0, 1, directory | (languages - types), 2, 0});
+        put(languages + 12, 2, {1, in.size()});
+        put(languages + 16, 4, {16, 0});
         for (std::size_t i = 0; i < in.size(); ++i) {
-            const std::size_t entry = languages + 24 + i * 8;
-            const std::size_t place = data + i * 16;
             const std::size_t block = blocks + i * blockSize;
-            putNumbers({{entry, in[i].first, 4},
-                        {entry + 4, place - types, 4},
-                        {place, block - types + (kind == FileKind::pe ? 0x2000 : 0), 4},
-                        {block, blockSize, 2},
-                        {block + 2, 52, 2},
-                        {block + 40, 0xFEEF04BD, 4},
-                        {block + 48, 0x00010002, 4},
-                        {block + 52, 0x00030000U | in[i].second, 4}});
+            put(languages + 24 + i * 8, 4, {in[i].first, data - types + i * 16});
+            put(data + i * 16, 4, {block - types + (kind == FileKind::pe ? 0x2000 : 0)});
+            put(block, 2, {blockSize, 52});
+            put(block + 40, 4, {0xFEEF04BD, 0, 0x00010002, 0x00030000U | in[i].second});
         }
     }
 
@@ -75,25 +58,18 @@ public:
     // The first byte behind all that a reader needs.
     std::size_t end() const { return m_bytes.size() - 36; }
 
-    void put(std::size_t offset, std::uint64_t value, unsigned int width)
+    // Numbers of one width, one behind the other.
+    void put(std::size_t offset, unsigned int width, std::initializer_list<std::uint64_t> values)
     {
-        for (unsigned int i = 0; i < width; ++i) {
-            m_bytes[offset + (m_swapped ? width - 1 - i : i)] = static_cast<char>(value >> (8 * i));
+        for (const std::uint64_t value : values) {
+            for (unsigned int i = 0; i < width; ++i) {
+                m_bytes[offset + (m_swapped ? width - 1 - i : i)] = static_cast<char>(value >> (8 * i));
+            }
+            offset += width;
         }
     }
 
 private:
-    struct Number {
-        std::size_t offset;
-        std::uint64_t value;
-        unsigned int width;
-    };
-    void putNumbers(std::initializer_list<Number> numbers)
-    {
-        for (const Number& number : numbers) {
-            put(number.offset, number.value, number.width);
-        }
-    }
     void putText(std::size_t offset, std::string_view text) { m_bytes.replace(offset, text.size(), text); }
 
     void putPe()
@@ -101,12 +77,10 @@ private:
         putText(0, "MZ");
         putText(peSections, ".rsrcs");
         putText(peSections + 40, ".rsrc");
-        putNumbers({{60, peHeader, 4},
-                    {peHeader, 0x4550, 4},
-                    {peHeader + 6, 2, 2},
-                    {peHeader + 20, 8, 2},
-                    {peSections + 52, 0x2000, 4},
-                    {peSections + 60, types, 4}});
+        put(60, 4, {peHeader, 0x4550});
+        put(peHeader + 6, 2, {2});
+        put(peHeader + 20, 2, {8});
+        put(peSections + 52, 4, {0x2000, 0, types});
     }
 
     void putElf()
@@ -116,35 +90,31 @@ private:
         putText(1, "ELF");
         putText(elfNames, {"\0.dynsym\0.dynstr\0.rodata", 25});
         putText(elfNames + 32, {"\0__rsrcs\0__rsrc", 16});
-        putNumbers({{0, 0x7F, 1},
-                    {4, m_wide ? 2U : 1U, 1},
-                    {5, m_swapped ? 2U : 1U, 1},
-                    {6, 1, 1},
-                    {16, 3, 2},
-                    {20, 1, 4},
-                    {m_wide ? 40U : 32U, elfSections, width},
-                    {m_wide ? 58U : 46U, m_wide ? 64U : 40U, 2},
-                    {m_wide ? 60U : 48U, 5, 2},
-                    {m_wide ? 62U : 50U, 1, 2}});
-        // Name in the table of names, address, offset, size, size of an entry.
-        const std::uint64_t sections[][5] = {{24, 0, elfNames, 32, 0},
-                                             {1, 0, elfSymbols, 3 * symbolSize, symbolSize},
-                                             {9, 0, elfNames + 32, 32, 0},
-                                             {17, 0x9000, types - 32, 400, 0}};
-        const std::size_t fields[][5] = {{0, 12, 16, 20, 36}, {0, 16, 24, 32, 56}};
-        for (std::size_t i = 0; i < std::size(sections); ++i) {
-            const std::size_t head = elfSection(i + 1);
-            put(head + 4, 1, 4);
-            for (std::size_t field = 0; field < std::size(fields[0]); ++field) {
-                put(head + fields[m_wide ? 1 : 0][field], sections[i][field], field == 0 ? 4 : width);
-            }
-        }
+        put(0, 1, {0x7F});
+        put(4, 1, {m_wide ? 2U : 1U, m_swapped ? 2U : 1U, 1});
+        put(16, 2, {3});
+        put(20, 4, {1});
+        put(m_wide ? 40 : 32, width, {elfSections});
+        put(m_wide ? 58 : 46, 2, {m_wide ? 64U : 40U, 5, 1});
+        putSection(1, 24, {0, elfNames, 32}, 0);
+        putSection(2, 1, {0, elfSymbols, 3 * symbolSize}, symbolSize);
+        putSection(3, 9, {0, elfNames + 32, 32}, 0);
+        putSection(4, 17, {0x9000, types - 32, 400}, 0);
         for (std::size_t i = 1; i <= 2; ++i) {
             const std::size_t symbol = elfSymbols + i * symbolSize;
-            putNumbers({{symbol, i == 1 ? 1U : 9U, 4},
-                        {symbol + (m_wide ? 6 : 14), 4, 2},
-                        {symbol + (m_wide ? 8 : 4), 0x9000 + 32 * (i - 1), width}});
+            put(symbol, 4, {i == 1 ? 1U : 9U});
+            put(symbol + (m_wide ? 6 : 14), 2, {4});
+            put(symbol + (m_wide ? 8 : 4), width, {0x9000 + 32 * (i - 1)});
         }
+    }
+
+    // Its name's place among the names; address, offset and size; the size of an entry.
+    void putSection(std::size_t index, std::size_t name, std::initializer_list<std::uint64_t> place,
+                    std::uint64_t entrySize)
+    {
+        put(elfSection(index), 4, {name, 1});
+        put(elfSection(index) + (m_wide ? 16 : 12), addressWidth(), place);
+        put(elfSection(index) + (m_wide ? 56 : 36), addressWidth(), {entrySize});
     }
 
     bool m_swapped;
