@@ -23,6 +23,11 @@ if(SURFACE_SANITIZE)
     target_link_options(surface_settings INTERFACE -fsanitize=${sanitizers})
 endif()
 
+if(SURFACE_SANITIZE_THREADS)
+    target_compile_options(surface_settings INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+    target_link_options(surface_settings INTERFACE -fsanitize=thread)
+endif()
+
 if(SURFACE_FUZZ)
     # The library reports its coverage to libFuzzer.
     target_compile_options(surface_settings INTERFACE -fsanitize=fuzzer-no-link)

@@ -1,0 +1,82 @@
+// Surfaces of several threads at once: each gets its own page, as if it were alone. This program also runs under
+// ThreadSanitizer (./test threads).
+#include <gdidevice.h>
+
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "surfaceEMF.h"
+#include "surfaceHdc.h"
+
+namespace {
+
+// A page with a face, a size and figures of its own.
+void drawPage(CSurfaceGDI& surface, int page)
+{
+    char faces[][16] = {"Arial", "Times New Roman", "Courier New"};
+    for (int row = 0; row < 12; ++row) {
+        surface.setFont(faces[(page + row) % 3], static_cast<float>(6 + (page + row) % 9), row % 2 == 0,
+                        row % 3 == 0, false, false);
+        surface.setPen(static_cast<unsigned long>(page * 999), row % 5, 1 + row % 3);
+        surface.setBrush(0xFF0000U >> (4U * static_cast<unsigned int>(row % 5)), row % 8);
+        const LONG top = 20 * row;
+        RECT rect{10, top, 200, top + 20};
+        surface.drawRectangle(&rect);
+        surface.drawText(("&Page " + std::to_string(page) + ", row " + std::to_string(row)).c_str(), &rect,
+                         DT_CENTER);
+        surface.drawStringRotated("turned", &rect, 0, row * 7, row * 7);
+    }
+}
+
+std::string recordedPage(int page)
+{
+    RECT frame{0, 0, 10000, 10000};
+    CSurfaceEMF surface(&frame);
+    drawPage(surface, page);
+    EXPECT_EQ(0, surface.closeSurface());
+    std::string bytes(static_cast<std::size_t>(surface.getDataLength()), '\0');
+    unsigned int size = static_cast<unsigned int>(bytes.size());
+    surface.getData(reinterpret_cast<unsigned char*>(bytes.data()), size);
+    return bytes;
+}
+
+std::string paintedPage(int page)
+{
+    const GdiDeviceOptions options{240, 260, 96};
+    const HDC device = gdiCreateDevice(&options);
+    std::string colors;
+    {
+        CSurfaceHdc surface(device);
+        drawPage(surface, page);
+        int stride = 0;
+        const unsigned char* const bits = gdiDeviceBits(device, &stride);
+        for (int i = 0; i < stride * options.height; ++i) {
+            colors += i % 4 == 3 ? '\0' : static_cast<char>(bits[i]); // the fourth byte is nobody's
+        }
+    }
+    DeleteDC(device);
+    return colors;
+}
+
+TEST(SurfacesOnThreads, EachDrawItsOwnPage)
+{
+    constexpr int Pages = 8;
+    std::vector<std::string> drawn(Pages);
+    std::vector<std::thread> threads;
+    for (int page = 0; page < Pages; ++page) {
+        threads.emplace_back([&drawn, page] {
+            drawn[static_cast<std::size_t>(page)] = recordedPage(page) + paintedPage(page);
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    for (int page = 0; page < Pages; ++page) {
+        EXPECT_TRUE(drawn[static_cast<std::size_t>(page)] == recordedPage(page) + paintedPage(page)) << page;
+    }
+}
+
+} // namespace
