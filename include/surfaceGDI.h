@@ -43,7 +43,7 @@ public:
     void drawString(const char* text, RECT* rect, unsigned int flags) override;
     // Joins the runs into lines and draws them at once, with the font made smaller when the lines are too high for
     // the places recorded for them, and with the characters moved together when a run is too wide. True; false
-    // without runs or rectangle.
+    // without an array or a rectangle.
     bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags) override;
     // 1, whatever it is asked.
     int requiredPictureType(int picType) override;

@@ -53,8 +53,8 @@ private:
     struct Placement;
 
     Placement placementOf(const RECT& rect, int x, int y, int mode) const;
-    void drawPlaced(HDC hdc, const Placement& placement, const BITMAPINFO* info,
-                    const unsigned char* bits) const;
+    static void drawPlaced(HDC hdc, const Placement& placement, const BITMAPINFO* info,
+                           const unsigned char* bits, HBITMAP section, COLORREF transparent);
     void tile(HDC hdc, const RECT& rect, int x, int y, const BITMAPINFO* info, const unsigned char* bits);
     HBRUSH smallTile(const BITMAPINFO* info, const unsigned char* bits);
 };

@@ -73,7 +73,7 @@ bool CSurfaceGDI::reduceFont(int height, int laidOut, int lines)
     if (lines < 2 || height <= laidOut) {
         return false;
     }
-    const float surplus = static_cast<float>(wrapSubtract(height, laidOut));
+    const float surplus = static_cast<float>(height) - static_cast<float>(laidOut);
     const float dotsPerInch = static_cast<float>(std::max(GetDeviceCaps(m_hdc, LOGPIXELSY), 1));
     CSurfaceFont reduced(m_font);
     reduced.setSize(m_font.getSize() - surplus * 72 / dotsPerInch / static_cast<float>(lines));

@@ -92,6 +92,9 @@ HBRUSH CSurfaceGDI::pictureBrush(int position) const
         return static_cast<HBRUSH>(GetStockObject(NULL_BRUSH));
     }
     FreeImageDesc library(false);
+    if (!library.isProcLoaded()) {
+        return nullptr;
+    }
     const DecodedImage bitmap(library, decoded(library, *picture));
     return bitmap.get() != nullptr
                ? CreateDIBPatternBrushPt(library.imageGetInfo(bitmap.get()), DIB_RGB_COLORS)

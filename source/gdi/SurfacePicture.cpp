@@ -12,11 +12,16 @@ constexpr int scaled = 1;
 constexpr int tiled = 2;
 constexpr int hatchSize = 8; // of the smallest brush that devices take
 
-// A bitmap object for as long as a picture is drawn.
+// The pixels of a picture as a bitmap object, for as long as the picture is drawn; none for a picture without a
+// transparent colour.
 class Section {
 public:
-    Section(HDC hdc, const BITMAPINFO* info, const unsigned char* bits)
+    Section(HDC hdc, const BITMAPINFO* info, const unsigned char* bits, COLORREF transparent)
+        : m_transparent(transparent), m_bitmap(nullptr)
     {
+        if (transparent == CSurfacePicture::noColor) {
+            return;
+        }
         void* room = nullptr;
         m_bitmap = CreateDIBSection(hdc, info, DIB_RGB_COLORS, &room, nullptr, 0);
         if (m_bitmap != nullptr) {
@@ -34,8 +39,10 @@ public:
     Section& operator=(const Section&) = delete;
 
     HBITMAP get() const { return m_bitmap; }
+    COLORREF transparent() const { return m_transparent; }
 
 private:
+    COLORREF m_transparent;
     HBITMAP m_bitmap;
 };
 
@@ -92,19 +99,15 @@ CSurfacePicture::Placement CSurfacePicture::placementOf(const RECT& rect, int x,
 }
 
 void CSurfacePicture::drawPlaced(HDC hdc, const Placement& place, const BITMAPINFO* info,
-                                 const unsigned char* bits) const
+                                 const unsigned char* bits, HBITMAP section, COLORREF transparent)
 {
-    const COLORREF transparent = formatOf(*this) == FIF_PNG ? findTransparentColor(info, bits) : noColor;
-    if (transparent != noColor) {
-        const Section section(hdc, info, bits);
-        const int sourceY = place.fromBottom ? wrapSubtract(info->bmiHeader.biHeight,
-                                                            wrapAdd(place.sourceY, place.sourceHeight))
-                                             : place.sourceY;
-        if (section.get() != nullptr &&
-            drawTransparent(hdc, section.get(), place.left, place.top, place.width, place.height,
-                            place.sourceX, sourceY, place.sourceWidth, place.sourceHeight, transparent)) {
-            return;
-        }
+    const int sourceY =
+        place.fromBottom ? wrapSubtract(info->bmiHeader.biHeight, wrapAdd(place.sourceY, place.sourceHeight))
+                         : place.sourceY;
+    if (section != nullptr &&
+        drawTransparent(hdc, section, place.left, place.top, place.width, place.height, place.sourceX,
+                        sourceY, place.sourceWidth, place.sourceHeight, transparent)) {
+        return;
     }
     StretchDIBits(hdc, place.left, place.top, place.width, place.height, place.sourceX, place.sourceY,
                   place.sourceWidth, place.sourceHeight, bits, info, DIB_RGB_COLORS, SRCCOPY);
@@ -161,8 +164,12 @@ int CSurfacePicture::draw(HDC hdc, RECT* rect, int x, int y, int mode)
     const unsigned char* const bits = library.imageGetBits(bitmap.get());
     if (mode == tiled) {
         tile(hdc, *rect, x, y, info, bits);
-    } else if (mode == ownSize || mode == scaled) {
-        drawPlaced(hdc, placementOf(*rect, x, y, mode), info, bits);
+        return 0;
+    }
+    const Section section(hdc, info, bits,
+                          formatOf(*this) == FIF_PNG ? findTransparentColor(info, bits) : noColor);
+    if (mode == ownSize || mode == scaled) {
+        drawPlaced(hdc, placementOf(*rect, x, y, mode), info, bits, section.get(), section.transparent());
     }
     return 0;
 }

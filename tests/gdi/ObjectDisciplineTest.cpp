@@ -67,6 +67,19 @@ const Sequence sequences[] = {
          choose(s, 8);
      },
      0},
+    {"restored last",
+     [](CSurfaceGDI& s) {
+         choose(s, 8);
+         choose(s, 9);
+         s.restoreFont();
+     },
+     1},
+    {"a brush that can't be made",
+     [](CSurfaceGDI& s) {
+         s.setBrush(0xFF, 0);
+         s.setBrush(0xFF, 98);
+     },
+     1},
     {"created",
      [](CSurfaceGDI& s) {
          for (int i = 0; i < 3; ++i) {

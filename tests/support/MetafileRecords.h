@@ -70,12 +70,12 @@ inline std::vector<MetafileRecord> metafileRecords(const std::vector<unsigned ch
     return records;
 }
 
-// A record as its type and its fields: "43: 10 20 109 69".
-inline std::string textOf(const MetafileRecord& record)
+// A record as its type and at most so many fields: "43: 10 20 109 69".
+inline std::string textOf(const MetafileRecord& record, std::size_t fields = SIZE_MAX)
 {
     std::string text = std::to_string(record.type).append(":");
-    for (const std::int32_t field : record.fields) {
-        text.append(" ").append(std::to_string(field));
+    for (std::size_t index = 0; index < std::min(fields, record.fields.size()); ++index) {
+        text.append(" ").append(std::to_string(record.fields[index]));
     }
     return text;
 }
