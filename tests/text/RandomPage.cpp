@@ -30,7 +30,6 @@ auto element(Call& c)
 constexpr auto rect = address<&Call::rect>;
 constexpr auto color = value<&Call::color>;
 constexpr auto flags = value<&Call::flags>;
-constexpr auto mode = value<&Call::mode>;
 constexpr auto point = address<&Call::point>;
 template <int index>
 constexpr auto number = element<&Call::numbers, index>;
@@ -81,19 +80,9 @@ void drawPaths(CSurface& s, Call& c)
     }
 }
 
-void drawString(CSurface& s, Call& c)
-{
-    s.drawString(c.text.c_str(), &c.rect, c.flags);
-}
-
 void setFont(CSurface& s, Call& c)
 {
     s.setFont(c.text.data(), c.matrix[0], c.looks[0], c.looks[1], c.looks[2], c.looks[3]);
-}
-
-void setTextRotation(CSurface& s, Call& c)
-{
-    s.setTextRotation(c.style.getCharAngle(), c.style.getTextAngle());
 }
 
 struct Operation {
@@ -104,15 +93,14 @@ struct Operation {
 using S = CSurface;
 const Operation operations[] = {
     {"prepareSurface", perform<&S::prepareSurface>},
-    {"requiredPictureType", perform<&S::requiredPictureType, mode>},
-    {"drawString", drawString},
+    {"drawString",
+     perform<static_cast<void (S::*)(const char*, RECT*, UINT)>(&S::drawString), text, rect, flags>},
     {"drawText", perform<&S::drawText, text, rect, flags>},
     {"drawTextAt", perform<&S::drawTextAt, text, point, flags>},
     {"drawTextOnBaseLine",
      perform<&S::drawTextOnBaseLine, number<0>, number<1>, flags, rectOrNull, text, value<&Call::length>>},
     {"drawRuns", drawRuns<false>},
     {"drawStraightRuns", drawRuns<true>},
-    {"drawStringRotated", perform<&S::drawStringRotated, text, rect, flags, number<0>, number<1>>},
     {"drawLine", perform<&S::drawLine, number<0>, number<1>, number<2>, number<3>>},
     {"drawArc", performArc<&S::drawArc>},
     {"drawChord", performArc<&S::drawChord>},
@@ -128,20 +116,14 @@ const Operation operations[] = {
     {"frameRect", perform<&S::frameRect, rect, color>},
     {"drawFocusRect", perform<&S::drawFocusRect, rect>},
     {"drawPaths", drawPaths},
-    {"floodFill", perform<&S::floodFill, number<0>, number<1>, color, flags>},
     {"setPen", perform<static_cast<void (S::*)(CSurfacePen*)>(&S::setPen), address<&Call::pen>>},
     {"setBrush", perform<static_cast<void (S::*)(CSurfaceBrush*)>(&S::setBrush), address<&Call::brush>>},
     {"setTextStyle", perform<&S::setTextStyle, address<&Call::style>>},
-    {"setTextRotation", setTextRotation},
+    {"setTextRotation", perform<&S::setTextRotation, number<0>, number<1>>},
     {"setTextColor", perform<&S::setTextColor, color>},
     {"setForeColor", perform<&S::setForeColor, color>},
     {"setBackColor", perform<&S::setBackColor, color>},
-    {"setBackMode", perform<&S::setBackMode, mode>},
     {"setViewportOrigin", perform<&S::setViewportOrigin, number<0>, number<1>>},
-    {"resetBrushOrg", perform<&S::resetBrushOrg, point, mode>},
-    {"restoreBrush", perform<&S::restoreBrush>},
-    {"restoreFont", perform<&S::restoreFont>},
-    {"restorePen", perform<&S::restorePen>},
     {"setFont", setFont},
     {"setClippingRegion", perform<&S::setClippingRegion, rectOrNull>},
     {"setTransform",
@@ -174,7 +156,6 @@ constexpr const char* faces[] = {"Arial", "",          "It's a name of more than
                                  "A>B",   "transform", "A name that is cut before transform"};
 constexpr unsigned int flagWords[] = {0, 1, 2, 3, 4, 6, 0x25, 0x100, 0x101, 0x102, 0x80000000};
 constexpr int lengths[] = {-1, -1, 0, 3, 100};
-constexpr int modes[] = {0, 1, 1, 2, 3, 7, 8};
 constexpr int penStyles[] = {0, 1, 2, 3, 4, 5, 6, 0x105, 0x211, 0x2205, -1, -11};
 constexpr int brushStyles[] = {0, 0, 1, 2, 7, 8, -3, 50};
 constexpr int angles[] = {0, 0, 0, 0, 90, -90, 45, 100, 225, 360, -720, INT_MIN};
@@ -223,27 +204,18 @@ float randomFraction(Random& random)
     return static_cast<float>(random.between(-999, 999) * 10 + random.of(thousandths)) / 1000.0F;
 }
 
-void drawAttributes(Random& random, Call& call)
-{
-    call.pen.set(random.word(), random.of(penStyles), random.below(9));
-    call.brush.setPicture(random.below(4));
-    call.brush.set(random.word(), random.of(brushStyles));
-    call.style = CTextStyle(random.word(), random.below(3), random.of(angles), random.of(angles));
-}
-
 Call randomCall(Random& random, std::string_view operation)
 {
     Call call;
     call.operation = operation;
     call.rect = randomRect(random);
     call.nullRect = random.once(3);
-    for (int& number : call.numbers) {
-        number = randomCoordinate(random);
-    }
+    std::ranges::generate(call.numbers, [&] {
+        return call.is("setTextRotation") ? random.of(angles) : randomCoordinate(random);
+    });
     call.cornerWidth = random.word() % 3;
     call.cornerHeight = random.word() % 3;
     call.point = {randomCoordinate(random), randomCoordinate(random)};
-    call.mode = random.of(modes);
     call.flags = random.of(flagWords);
     call.length = random.of(lengths);
     call.color = random.word();
@@ -257,7 +229,10 @@ Call randomCall(Random& random, std::string_view operation)
     }
     std::ranges::generate(call.matrix, [&] { return randomFraction(random); });
     std::ranges::generate(call.looks, [&] { return random.once(2); });
-    drawAttributes(random, call);
+    call.pen.set(random.word(), random.of(penStyles), random.below(9));
+    call.brush.setPicture(random.below(4));
+    call.brush.set(random.word(), random.of(brushStyles));
+    call.style = CTextStyle(random.word(), random.below(3), random.of(angles), random.of(angles));
     return call;
 }
 

@@ -16,11 +16,10 @@ struct Call {
     std::string_view operation;
     RECT rect{};
     bool nullRect = false; // for the operations to which null says something
-    int numbers[4]{};      // coordinates and offsets, in the order of the arguments
+    int numbers[4]{};      // coordinates, or the angles of a rotation
     POINT point{};
     unsigned int cornerWidth = 0; // of a rounded rectangle
     unsigned int cornerHeight = 0;
-    int mode = 0;
     unsigned int flags = 0; // or options
     int length = -1;
     unsigned long color = 0;

@@ -14,10 +14,7 @@ namespace {
 
 using Names = std::vector<std::string_view>;
 const Names attributes = {"setPen", "setBrush", "setTextStyle", "setTextRotation", "setTextColor"};
-const Names unwritten = {"prepareSurface", "requiredPictureType", "drawPaths",    "drawStringRotated",
-                         "floodFill",      "setBackMode",         "setBackColor", "resetBrushOrg",
-                         "restorePen",     "setForeColor",        "restoreBrush", "setViewportOrigin",
-                         "restoreFont"};
+const Names unwritten = {"prepareSurface", "drawPaths", "setForeColor", "setBackColor", "setViewportOrigin"};
 const Names runForms = {"drawRuns", "drawStraightRuns"};
 const Names texts = {"drawText", "drawTextAt", "drawTextOnBaseLine", "drawRuns"};
 const Names lines = {"drawLine", "polyline"};
@@ -49,7 +46,7 @@ void bindAttributes(Calls& calls)
         } else if (call.is("setTextStyle")) {
             now.style = call.style;
         } else if (call.is("setTextRotation")) {
-            now.style.setRotation(call.style.getCharAngle(), call.style.getTextAngle());
+            now.style.setRotation(call.numbers[0], call.numbers[1]);
         } else if (call.is("setTextColor")) {
             now.style = CTextStyle(call.color, 0, now.style.getCharAngle(), now.style.getTextAngle());
         } else {
@@ -78,7 +75,11 @@ void setAttributes(Calls& calls)
         list.push_back(renamed(call, shape ? "setBrush" : ""));
         list.push_back(renamed(call, shape || isOneOf(lines, call) ? "setPen" : ""));
         list.push_back(renamed(call, text ? "setTextColor" : ""));
-        list.push_back(renamed(call, turns ? "setTextRotation" : ""));
+        if (turns) {
+            list.push_back(renamed(call, "setTextRotation"));
+            list.back().numbers[0] = style.getCharAngle();
+            list.back().numbers[1] = style.getTextAngle();
+        }
         list.push_back(call);
     }
     calls = std::move(list);
