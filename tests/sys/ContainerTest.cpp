@@ -44,11 +44,6 @@ TEST(Vector, CountsFromOneAndFromZero)
     EXPECT_EQ(roomOf(values), (std::vector<int>{10, 20, 30, 40, 20, 0, 0}));
 }
 
-// Nothing in the interface sets the step, so a derived class does.
-struct Stepped : Vector<int, 10> {
-    Stepped() { _growBy = 8; }
-};
-
 TEST(Vector, StoresPastTheEndWithZerosBetween)
 {
     Vector<int, 7> values;
@@ -61,13 +56,6 @@ TEST(Vector, StoresPastTheEndWithZerosBetween)
     EXPECT_EQ(values.size(), 5U);
     values.atPut(6, 9);
     EXPECT_EQ(roomOf(values), (std::vector<int>{0, 0, 0, 0, 7, 0, 9}));
-
-    Stepped stepped;
-    stepped.atPut(9, 1);
-    stepped.atPut(10, 2);
-    EXPECT_EQ(stepped.capacity(), 18U);
-    stepped.atPut(40, 3);
-    EXPECT_EQ(stepped.capacity(), 41U);
 }
 
 TEST(Vector, AssignmentKeepsTheRoomAndCleansIt)
