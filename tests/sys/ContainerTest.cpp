@@ -56,6 +56,14 @@ TEST(Vector, StoresPastTheEndWithZerosBetween)
     EXPECT_EQ(values.size(), 5U);
     values.atPut(6, 9);
     EXPECT_EQ(roomOf(values), (std::vector<int>{0, 0, 0, 0, 7, 0, 9}));
+
+    struct Stepped : Vector<int, 10> { // nothing in the interface sets the step
+        Stepped() { _growBy = 8; }
+    } stepped;
+    stepped.atPut(10, 2);
+    EXPECT_EQ(stepped.capacity(), 11U);
+    stepped.atPut(11, 3);
+    EXPECT_EQ(stepped.capacity(), 19U);
 }
 
 TEST(Vector, AssignmentKeepsTheRoomAndCleansIt)
