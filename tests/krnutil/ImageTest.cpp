@@ -40,11 +40,15 @@ protected:
 
     static unsigned char* bytesOf(std::string& text) { return reinterpret_cast<unsigned char*>(text.data()); }
 
-    // "width x height x bits: " and the pixel bytes of the bottom row; "none" when nothing was decoded.
-    std::string look(FREE_IMAGE_FORMAT stated, std::string image)
+    FIBITMAP* load(FREE_IMAGE_FORMAT stated, std::string image)
     {
-        return lookAt(
-            _desc.imageLoadFromMem(stated, bytesOf(image), static_cast<unsigned int>(image.size())));
+        return _desc.imageLoadFromMem(stated, bytesOf(image), static_cast<unsigned int>(image.size()));
+    }
+
+    // "width x height x bits: " and the pixel bytes of the bottom row; "none" when nothing was decoded.
+    std::string look(FREE_IMAGE_FORMAT stated, const std::string& image)
+    {
+        return lookAt(load(stated, image));
     }
 
     std::string lookAt(FIBITMAP* bitmap)
@@ -67,10 +71,9 @@ protected:
     }
 
     // The BMP in another format.
-    std::string converted(std::string image, FREE_IMAGE_FORMAT target)
+    std::string converted(const std::string& image, FREE_IMAGE_FORMAT target)
     {
-        FIBITMAP* const bitmap =
-            _desc.imageLoadFromMem(FIF_BMP, bytesOf(image), static_cast<unsigned int>(image.size()));
+        FIBITMAP* const bitmap = load(FIF_BMP, image);
         fiio_mem_handle_s handle = {};
         EXPECT_TRUE(_desc.imageSaveToMem(target, bitmap, &handle));
         std::string result(static_cast<const char*>(handle.data), static_cast<std::size_t>(handle.datalen));
@@ -84,12 +87,8 @@ protected:
 
 TEST_F(Image, ComesOutAsAStandardBitmapWithThePixelsBehindTheHeader)
 {
-    struct Case {
-        std::string image;
-        const char* expected;
-    };
     using namespace std::string_literals;
-    const Case cases[] = {
+    const std::pair<std::string, const char*> cases[] = {
         {bmp(8, 1, 1, 4), "8x1x8: 0 255 0 255 0 255 0 255"},
         {bmp(4, 1, 4, 4), "4x1x4: 85 94"},
         {bmp(4, 2, 8, 8), "4x2x8: 85 94 103 112"},
@@ -101,8 +100,8 @@ TEST_F(Image, ComesOutAsAStandardBitmapWithThePixelsBehindTheHeader)
         {"Pf\n2 1\n-1.0\n\x00\x00\x00\x3F\x00\x00\x80\x3F"s, "2x1x8: 0 255"},
         {"PF\n1 1\n-1.0\n\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00"s, "1x1x24: 0 0 0"},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(look(FIF_UNKNOWN, c.image), c.expected);
+    for (const auto& [image, expected] : cases) {
+        EXPECT_EQ(look(FIF_UNKNOWN, image), expected);
     }
 }
 
@@ -149,18 +148,15 @@ TEST_F(Image, WithAHeaderThatNoPictureHasIsRefused)
     using namespace std::string_literals;
     const std::string icon = converted(bmp(16, 16, 8, 256), FIF_ICO);
     const std::size_t header = 22;
-    struct Case {
-        std::size_t offset;
-        std::string bytes;
-    };
-    const Case cases[] = {{header + 14, number(64, 2)},        {header + 14, number(0, 2)},
-                          {header + 4, number(0xFFFFFFF0, 4)}, {header + 8, number(0xFFFFFFE0, 4)},
-                          {header + 4, number(0x40000000, 4)}, {header + 8, number(1, 4)},
-                          {18, number(0x7FFFFFF0, 4)},         {18, number(2000, 4)}};
-    for (const Case& c : cases) {
+    const std::pair<std::size_t, std::string> cases[] = {
+        {header + 14, number(64, 2)},        {header + 14, number(0, 2)},
+        {header + 4, number(0xFFFFFFF0, 4)}, {header + 8, number(0xFFFFFFE0, 4)},
+        {header + 4, number(0x40000000, 4)}, {header + 8, number(1, 4)},
+        {18, number(0x7FFFFFF0, 4)},         {18, number(2000, 4)}};
+    for (const auto& [offset, bytes] : cases) {
         std::string damaged = icon;
-        damaged.replace(c.offset, c.bytes.size(), c.bytes);
-        EXPECT_EQ(look(FIF_ICO, damaged), "none") << c.offset;
+        damaged.replace(offset, bytes.size(), bytes);
+        EXPECT_EQ(look(FIF_ICO, damaged), "none") << offset;
     }
     const std::string tiff = converted(bmp(16, 16, 8, 256), FIF_TIFF);
     const std::size_t samples = tiff.find("\x15\x01\x03\x00\x01\x00\x00\x00\x01\x00"s);
@@ -178,9 +174,7 @@ TEST_F(Image, WithAHeaderThatNoPictureHasIsRefused)
 
 TEST_F(Image, Becomes24BitsAndIsSaved)
 {
-    std::string image = bmp(2, 1, 8, 4);
-    FIBITMAP* const narrow =
-        _desc.imageLoadFromMem(FIF_BMP, bytesOf(image), static_cast<unsigned int>(image.size()));
+    FIBITMAP* const narrow = load(FIF_BMP, bmp(2, 1, 8, 4));
     FIBITMAP* const wide = _desc.imageConvertTo24Bits(narrow);
     fiio_mem_handle_s handle = {};
     EXPECT_FALSE(_desc.imageSaveToMem(FIF_UNKNOWN, wide, &handle));

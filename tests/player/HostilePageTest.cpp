@@ -11,6 +11,7 @@ const char* __asan_default_options()                         // NOLINT(bugprone-
 namespace {
 
 constexpr int megabyte = 1 << 20;
+constexpr int depth = megabyte / 8;
 
 std::string repeated(const std::string& piece, int count)
 {
@@ -24,7 +25,6 @@ std::string repeated(const std::string& piece, int count)
 // The innermost are too deep to follow. No level has a size, so each looks for one in all the rest.
 TEST(HostilePage, NestedDocuments)
 {
-    constexpr int depth = megabyte / 6;
     const PlayedPage played = playPage(repeated("<svg >", 500) + mark(1) + repeated("<svg >", depth) +
                                        mark(2) + repeated("</svg>", depth + 500) + mark(3));
     EXPECT_EQ(played.calls,
@@ -34,7 +34,6 @@ TEST(HostilePage, NestedDocuments)
 
 TEST(HostilePage, NestedDocumentsWithoutEnd)
 {
-    constexpr int depth = megabyte / 6;
     EXPECT_EQ(playPage(repeated("<svg >", depth)).calls, "");
     // Here each of the outer walks ends at a document that does not.
     EXPECT_EQ(playPage(repeated("<svg >", 900) + repeated("<text >", depth) + repeated("</svg>", 900)).calls,
@@ -43,10 +42,8 @@ TEST(HostilePage, NestedDocumentsWithoutEnd)
 
 TEST(HostilePage, NestedDefinitions)
 {
-    constexpr int depth = megabyte / 8;
-    EXPECT_EQ(playPage(framed("<defs>" + repeated("<symbol>", depth) + repeated("</symbol>", depth) +
-                              "</defs>" + mark(1)))
-                  .calls,
+    const std::string symbols = repeated("<symbol>", depth) + repeated("</symbol>", depth);
+    EXPECT_EQ(playPage(framed("<defs>" + symbols + "</defs>" + mark(1))).calls,
               prepared + "drawFocusRect (1, 0, 1, 0)");
 }
 

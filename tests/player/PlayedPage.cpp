@@ -2,9 +2,6 @@
 
 #include "metaFilePlayerSVG.h"
 
-#include <algorithm>
-#include <memory>
-
 CaughtReports::CaughtReports()
 {
     krnSetLogSink(
@@ -27,9 +24,8 @@ CaughtReports::~CaughtReports()
 
 int playOn(CSurface& surface, const std::string& page)
 {
-    const auto bytes = std::make_unique<unsigned char[]>(page.size());
-    std::copy(page.begin(), page.end(), bytes.get());
-    CMetaFilePlayerSVG player(bytes.get(), static_cast<unsigned int>(page.size()));
+    std::vector<unsigned char> bytes(page.begin(), page.end());
+    CMetaFilePlayerSVG player(bytes.data(), static_cast<unsigned int>(bytes.size()));
     RECT rect{5, 6, 50, 60};
     return player.play(&surface, &rect);
 }
@@ -53,7 +49,6 @@ std::string framed(const std::string& content)
 
 std::string mark(int number)
 {
-    return std::string("<use x='")
-        .append(std::to_string(number))
-        .append("' y='0' xlink:href='#FocusRect'/>\n");
+    const std::string start = "<use x='";
+    return start + std::to_string(number) + "' y='0' xlink:href='#FocusRect'/>\n";
 }

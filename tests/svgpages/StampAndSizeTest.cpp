@@ -4,6 +4,7 @@
 
 #include "sys/krnutil.h"
 
+#include <tuple>
 #include <vector>
 
 using namespace std::string_literals;
@@ -59,7 +60,6 @@ const StampCase stamps[] = {
     {"CutOff", marked("   ") + "<text class='nofm'>   ", marked("12 ") + "<text class='nofm'>   "},
     {"CutInTheRun", "<text class='nofm'><tspan>   ", "<text class='nofm'><tspan>   "},
     {"ZeroByte", marked("   ") + '\0' + marked("   "), marked("12 ") + '\0' + marked("   ")},
-    {"OtherQuotes", "<text class=\"nofm\">   </text>", "<text class=\"nofm\">   </text>"},
     {"LongWord", marked(std::string(210, '.')), marked("12 " + longWord + " 30...."), 0, longWord.c_str()},
     {"NoWord", marked("........."), marked("12 of 30."), 0, nullptr},
 };
@@ -69,20 +69,15 @@ INSTANTIATE_TEST_SUITE_P(Fields, Stamp, testing::ValuesIn(stamps),
 
 TEST(PageSize, IsThatOfTheViewBox)
 {
-    struct {
-        std::string content;
-        unsigned int width;
-        unsigned int height;
-    } const cases[] = {
+    const std::tuple<const char*, unsigned int, unsigned int> cases[] = {
         {"viewBox='0 0 1 2'<svg width='3mm' viewBox='0 0 800 600'>", 800, 600},
         {"<svg >\n<svg viewBox='-5 6 70 80'", 70, 80},
         {"<svg viewBox='0 0 80", 80, 0},
         {"<svg viewBox='\xB2 0 0 80 90'", 0, 0}, // a digit, but of no number
-        {"<svg viewBox='none'>", 0, 0},
         {"viewBox='0 0 80 90'", 0, 0},
     };
     for (const auto& [content, width, height] : cases) {
-        const std::string text = "<?xml ?><!DOCTYPE svg>" + content;
+        const std::string text = std::string("<?xml ?><!DOCTYPE svg>") + content;
         std::vector<unsigned char> page(text.begin(), text.end());
         unsigned int size[] = {1, 1};
         CMetaFilePlayer::getImageSize(page.data(), static_cast<int>(page.size()), size[0], size[1]);

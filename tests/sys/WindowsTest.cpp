@@ -40,16 +40,13 @@ TEST(WindowsStrings, LowerCaseIsThatOfCodePage1252)
 
 TEST(WindowsStrings, LettersAndDigitsAreThoseOfCodePage1252)
 {
-    std::string letters;
-    std::string digits;
+    std::string letters, digits;
     for (int value = CHAR_MIN; value <= CHAR_MAX; ++value) {
         const char character = static_cast<char>(value);
-        if (IsCharAlphaA(character) != 0) {
-            letters += character;
-        } else if (IsCharAlphaNumericA(character) != 0) {
-            digits += character;
-        }
+        letters += IsCharAlphaA(character) != 0 ? std::string(1, character) : "";
+        digits += IsCharAlphaNumericA(character) != 0 ? std::string(1, character) : "";
     }
+    std::erase_if(digits, [&](char c) { return letters.find(c) != letters.npos; });
     EXPECT_EQ(letters.size(), 52U + 9 + 3 + 62);
     EXPECT_EQ(letters.find_first_of("\xD7\xF7\x80\xA0_0"), std::string::npos);
     EXPECT_EQ(digits, "\xB2\xB3\xB9"
@@ -58,19 +55,16 @@ TEST(WindowsStrings, LettersAndDigitsAreThoseOfCodePage1252)
 
 TEST(WindowsRectangles, IntersectWithoutOverflow)
 {
-    struct Case {
-        RECT first, second, expected;
-    };
     const RECT whole = {INT_MIN, INT_MIN, INT_MAX, INT_MAX};
-    const Case cases[] = {{{0, 0, 10, 10}, {5, -5, 20, 7}, {5, 0, 10, 7}},
-                          {{0, 0, 10, 10}, {10, 0, 20, 10}, {}},
-                          {{0, 0, 10, 10}, {2, 5, 8, 5}, {}},
-                          {{8, 8, 2, 2}, whole, {}},
-                          {whole, {INT_MIN, 0, INT_MAX, 1}, {INT_MIN, 0, INT_MAX, 1}}};
-    for (const Case& c : cases) {
-        RECT target = c.first;
-        EXPECT_EQ(IntersectRect(&target, &target, &c.second), c.expected.bottom != 0 ? TRUE : FALSE);
-        EXPECT_EQ(std::memcmp(&target, &c.expected, sizeof target), 0) << &c - cases;
+    const RECT cases[][3] = {{{0, 0, 10, 10}, {5, -5, 20, 7}, {5, 0, 10, 7}},
+                             {{0, 0, 10, 10}, {10, 0, 20, 10}, {}},
+                             {{0, 0, 10, 10}, {2, 5, 8, 5}, {}},
+                             {{8, 8, 2, 2}, whole, {}},
+                             {whole, {INT_MIN, 0, INT_MAX, 1}, {INT_MIN, 0, INT_MAX, 1}}};
+    for (const auto& [first, second, expected] : cases) {
+        RECT target = first;
+        EXPECT_EQ(IntersectRect(&target, &target, &second), expected.bottom != 0 ? TRUE : FALSE);
+        EXPECT_EQ(std::memcmp(&target, &expected, sizeof target), 0) << target.left << ' ' << target.top;
     }
     RECT target = whole;
     EXPECT_EQ(IntersectRect(&target, nullptr, &whole), FALSE);

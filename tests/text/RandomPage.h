@@ -16,16 +16,14 @@ struct Call {
     std::string_view operation;
     RECT rect{};
     bool nullRect = false; // for the operations to which null says something
-    int numbers[4]{};      // coordinates and offsets, in the order of the arguments
+    int numbers[4]{};      // coordinates, or the angles of a rotation
     POINT point{};
     unsigned int cornerWidth = 0; // of a rounded rectangle
     unsigned int cornerHeight = 0;
-    unsigned int id = 0;    // of an image, which has the size of the rectangle
-    int mode = 0;           // of a placement; the picture type of an image
     unsigned int flags = 0; // or options
     int length = -1;
     unsigned long color = 0;
-    std::string text; // or face name, or the bytes of an image
+    std::string text; // or face name
     std::vector<POINT> points;
     Runs runs;
     std::array<float, 6> matrix{}; // or in the first the size of a font
@@ -33,7 +31,6 @@ struct Call {
     CSurfacePen pen;
     CSurfaceBrush brush;
     CTextStyle style;
-    bool pageCount = false; // a string that carries the page-count class
 
     bool is(std::string_view name) const { return operation == name; }
 };
@@ -44,7 +41,7 @@ constexpr int pageWidth = 1000;
 constexpr int pageHeight = 800;
 
 // The calls that make the page of a seed. Groups come in the usual order: font, clip inside it, transform
-// innermost. One page of twenty includes images.
+// innermost. Half of the pages have no clips.
 Calls randomPage(unsigned int seed);
 
 // The stored page that the calls make.

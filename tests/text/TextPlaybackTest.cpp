@@ -29,8 +29,6 @@ const std::string blt = " class='BLT'";
 const std::string nofm = " class='nofm'";
 
 const PageCase plainText[] = {
-    {"AtAPoint", text("", "A"), black + "drawTextAt \"A\" (1, 2) 0"},
-    {"InARectangle", text(box, "&lt;&amp;lt;\xE9"), black + "drawText \"<&lt;\\xe9\" (0, 0, 10, 10) 0"},
     {"InAClip", clips + text(" clip-path='url(#clip1)' ", ""), black + "drawText \"\" (3, 4, 5, 6) 0"},
     {"RectangleGoesBeforeClip", clips + text(" clip-path='url(#clip1)'" + box, "A"),
      black + "drawText \"A\" (0, 0, 10, 10) 0"},
@@ -44,14 +42,8 @@ const PageCase plainText[] = {
     // The value of the class cuts off what stands behind it, and is read last for that.
     {"ClassBeforeTheStyle", text(nofm + box + " tovo:drawOptions='5' fill='rgb(1,2,3)'", "1   "),
      coloured("1,2,3") + "drawText \"1\" (0, 0, 10, 10) 5"},
-    {"OtherClassesAreNone", text(" class='blt'", "A ") + text(nofm, "  "),
-     black + "drawTextAt \"A \" (1, 2) 0; " + black + "drawTextAt \"\" (1, 2) 0"},
-    {"BaseLine",
-     clips + text(blt + box, "A ") + text(" style=' TovoFlags:2'" + blt, "B") +
-         text(" clip-path='url(#clip1)' style=' TovoFlags:4'" + blt, "C"),
-     black + "drawTextOnBaseLine 1 2 0 null \"A \" -1; " + black +
-         "drawTextOnBaseLine 1 2 2 (1, 2, 0, 0) \"B\" -1; " + black +
-         "drawTextOnBaseLine 1 2 4 (3, 4, 5, 6) \"C\" -1"},
+    {"BaseLine", clips + text(" clip-path='url(#clip1)' style=' TovoFlags:4'" + blt, "C"),
+     black + "drawTextOnBaseLine 1 2 4 (3, 4, 5, 6) \"C\" -1"},
     {"WithoutPlace", "<text y='2'>A</text><text x='1'>B</text><text x='1' a='>' y='2'>C</text>" + mark(1),
      "drawFocusRect (1, 0, 1, 0)"},
 };
@@ -65,9 +57,6 @@ const PageCase runs[] = {
      black + "drawString [{\"a>\" (3, 5) length 6 find 7 8 newline underline} {\" b\" (" + noPlace +
          ", 5) length -9 find 0 0 follows} {\"c\" (1, " + noPlace +
          ") length -1 find 0 0}] (0, 0, 10, 10) -1"},
-    {"FirstRunFollows", text("", "<tspan y='7'>a</tspan>") + text("", "<tspan>a</tspan>"),
-     black + "drawString [{\"a\" (" + noPlace + ", 7) length -1 find 0 0 follows}] (1, 2, 0, 0) 0; " + black +
-         "drawString [{\"a\" (" + noPlace + ", " + noPlace + ") length -1 find 0 0 follows}] (1, 2, 0, 0) 0"},
     // A start tag and an end tag that stand too near: the run and all behind it are lost.
     {"BareEmptyRun", text("", "<tspan x='1' y='2'></tspan><tspan></tspan><tspan x='3' y='4'>b</tspan>"),
      black + "drawString [{\"\" (1, 2) length -1 find 0 0}] (1, 2, 0, 0) 0"},
@@ -82,14 +71,6 @@ const PageCase runs[] = {
           "<tspan>c</tspan>"),
      black + "setTextRotation -5 400; drawString [{\"a\" (1, 47) length -1 find 0 0} {\"c\" (" + noPlace +
          ", 47) length -1 find 0 0 follows}] (0, 50, 9, 9) 0"},
-    // A turn is set when it changes; plain text has no say in it.
-    {"Rotation",
-     text(" tovo:charAngle='7'", "<tspan x='1' y='1'></tspan>") + text("", "A") +
-         text(" tovo:charAngle='7'", "<tspan x='1' y='1'></tspan>") + text("", "<tspan x='1' y='1'></tspan>"),
-     black + "setTextRotation 7 0; drawString [{\"\" (1, 1) length -1 find 0 0}] (1, 2, 0, 0) 0; " + black +
-         "drawTextAt \"A\" (1, 2) 0; " + black +
-         "drawString [{\"\" (1, 1) length -1 find 0 0}] (1, 2, 0, 0) 0; " + black +
-         "setTextRotation 0 0; drawString [{\"\" (1, 1) length -1 find 0 0}] (1, 2, 0, 0) 0"},
     {"PageCount",
      text(nofm + " tovo:charAngle='7'", "<tspan x='1' y='1'> 1 &amp;  </tspan><tspan>of</tspan>"),
      black + "drawText \" 1 &\" (1, 2, 0, 0) 0"},
