@@ -97,17 +97,15 @@ TEST(PostScriptDocument, GivesAsManyBytesAsThereIsRoomFor)
     CSurfacePSPrinter page = freshPage();
     page.drawFocusRect(in({0, 0, 1, 1}));
     const std::string text = textOf(page);
-    std::string bytes(text.size() + 1, '#');
-    auto* const place = reinterpret_cast<unsigned char*>(bytes.data());
-    auto size = static_cast<unsigned int>(text.size() - 1);
-    page.getData(place, size);
-    EXPECT_EQ(text.substr(0, text.size() - 1) + "##", bytes);
-    size = 1000;
-    page.getData(place, size);
-    EXPECT_EQ(text.size(), size);
-    EXPECT_EQ(text + '#', bytes);
-    page.getData(nullptr, size);
-    EXPECT_EQ(0U, size);
+    for (const std::size_t room : {std::size_t{0}, text.size() - 1, text.size() + 1}) {
+        std::string bytes(text.size() + 1, '#');
+        auto size = static_cast<unsigned int>(room);
+        page.getData(reinterpret_cast<unsigned char*>(bytes.data()), size);
+        ASSERT_EQ(std::min(room, text.size()), size);
+        EXPECT_EQ(text.substr(0, size) + std::string(bytes.size() - size, '#'), bytes);
+        page.getData(nullptr, size);
+        EXPECT_EQ(0U, size);
+    }
 }
 
 TEST(PostScriptDocument, StateAndNullArgumentsLeaveNoText)
@@ -118,18 +116,25 @@ TEST(PostScriptDocument, StateAndNullArgumentsLeaveNoText)
                   s.setBrush(1, 2);
                   s.setViewportOrigin(9, 10);
                   s.setClipRegion(&region);
+                  s.setClipRegion(nullptr);
                   s.solidPolygon(&point, 1, 0);
                   s.setFont(nullptr);
                   s.drawText(nullptr, &region, 0);
                   s.drawTextAt("x", nullptr, 0);
+                  s.drawTextOnBaseLine(1, 2, 0, &region, nullptr, 0);
                   EXPECT_FALSE(s.drawString(nullptr, &region, 0));
                   s.drawRectangle(nullptr);
+                  s.drawFocusRect(nullptr);
                   s.ellipse(nullptr);
                   s.drawArc(nullptr, 1, 2, 3, 4);
+                  s.drawPie(nullptr, 1, 2, 3, 4);
+                  s.drawChord(nullptr, 1, 2, 3, 4);
                   s.drawRoundedRectangle(nullptr, 1, 2);
                   s.drawSolidRectangle(nullptr, 0);
+                  s.frameRect(nullptr, 0);
                   s.drawEraseRectangle(nullptr, 1);
                   s.polygon(nullptr, 1);
+                  s.polyline(nullptr, 1);
                   EXPECT_EQ(10, s.m_viewportOriginY);
                   EXPECT_EQ(4, s.getClipRegion()->bottom);
                   EXPECT_EQ(5, s.getSurfaceType());

@@ -50,8 +50,10 @@ TEST(PostScriptImages, AreWrittenAsSamples)
             include(s, 0, bitmapOf(c.pixels, c.bits, c.rows), c.width, c.height, c.type);
             s.drawImage(in({0, 0, 1, 1}), 0, 0, 0, 0);
         });
-        const std::size_t start = text.find("image\n") + 6;
-        EXPECT_EQ(c.data, text.empty() ? "none" : text.substr(start, text.rfind("\n>\n") - start));
+        const std::size_t start = text.find("image\n");
+        EXPECT_EQ(c.data, start == std::string::npos
+                              ? "none"
+                              : text.substr(start + 6, text.rfind("\n>\n") - start - 6));
     }
 }
 

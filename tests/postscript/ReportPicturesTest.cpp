@@ -1,11 +1,11 @@
-// The demo's pages painted twice, from SVG by librsvg and from PostScript by Ghostscript, which differ no more and
-// no less than is known.
+// The demo's pages painted twice, from SVG by librsvg and from PostScript by Ghostscript: where the pictures differ
+// and why. A difference at another place, or another one at a known place, is news.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <numeric>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -17,55 +17,110 @@
 
 namespace {
 
-// Squares of a page that look different: viewers fill polylines and ellipses plainly, and leave hatches, images,
-// picture brushes and focus rectangles out; PostScript has no dashes and no solid polygons, and shows lines
-// without a pen. The words have other places in PostScript.
-constexpr std::pair<std::string_view, int> knownDifferences[] = {
-    {"overview", 0}, {"shares", 0}, {"curves", 118}, {"groups", 0}, {"sheet", 27}, {"pictures", 885}};
+using Channels = std::array<double, 3>; // blue, green, red
 
-FreeImageDesc& library()
-{
-    static FreeImageDesc instance(false);
-    return instance;
-}
+constexpr const char* polylines = "viewers fill polylines";
+constexpr const char* hatches = "viewers leave hatches out; PostScript has no dashes";
+constexpr const char* lines = "PostScript has no dashes, shows lines without a pen, but no solid polygons";
+constexpr const char* images = "librsvg leaves images out";
+constexpr const char* ellipses = "ellipses are filled plainly, a picture brush is black";
 
-// The mean of the channels in a part of a picture, which counts rows from the bottom.
-double meanOf(FIBITMAP* picture, const RECT& box)
-{
-    const BITMAPINFOHEADER& head = library().imageGetInfo(picture)->bmiHeader;
-    const std::size_t row = (static_cast<std::size_t>(head.biWidth) * 3 + 3) / 4 * 4;
-    double sum = 0;
-    for (LONG y = head.biHeight - box.bottom; y < head.biHeight - box.top; ++y) {
-        const unsigned char* const dots = library().imageGetBits(picture) + static_cast<std::size_t>(y) * row;
-        sum = std::accumulate(dots + box.left * 3, dots + box.right * 3, sum);
-    }
-    return sum / ((box.right - box.left) * (box.bottom - box.top) * 3);
-}
+const struct {
+    std::string_view page; // "": all
+    RECT place;
+    Channels difference; // the mean of PostScript less that of SVG
+    const char* reason;
+} knownDifferences[] = {
+    {"", {56, 8, 84, 48}, {-3, 11, 20}, polylines},
+    {"overview", {84, 548, 722, 1000}, {-3, -3, -3}, hatches},
+    {"overview", {100, 1008, 722, 1048}, {-7, -6, -6}, hatches},
+    {"shares", {416, 108, 728, 420}, {-6, -6, -5}, hatches},
+    {"curves", {84, 112, 720, 438}, {34, 13, 1}, lines},
+    {"curves", {64, 510, 371, 770}, {-5, -5, -6}, lines},
+    {"curves", {66, 840, 728, 1030}, {41, 41, 41}, polylines},
+    {"groups", {424, 105, 730, 402}, {-5, -5, -4}, "viewers show no focus rectangle"},
+    {"sheet", {48, 84, 382, 556}, {-3, -3, -3}, hatches},
+    {"sheet", {48, 592, 382, 820}, {15, 5, -1}, lines},
+    {"sheet", {68, 940, 368, 1024}, {35, 35, 36}, polylines},
+    {"pictures", {64, 130, 731, 166}, {-84, -76, -96}, images},
+    {"pictures", {64, 166, 731, 202}, {-47, -40, -97}, images},
+    {"pictures", {68, 324, 320, 576}, {-50, -48, -72}, images},
+    {"pictures", {427, 324, 713, 574}, {-91, -89, -134}, images},
+    {"pictures", {104, 690, 410, 1020}, {-31, -31, -46}, images},
+    {"pictures", {448, 688, 572, 812}, {-184, -183, -182}, ellipses},
+    {"pictures", {448, 856, 572, 982}, {-56, -52, -84}, images},
+    {"pictures", {598, 688, 722, 982}, {-61, -59, -91}, images},
+};
 
-FIBITMAP* pictureIn(const std::filesystem::path& file)
+struct Picture {
+    LONG width, height;
+    std::size_t row; // bytes
+    Page dots;       // bottom row first
+};
+
+Picture pictureIn(const std::filesystem::path& file)
 {
     std::ifstream in(file, std::ios::binary);
     Page bytes{std::istreambuf_iterator<char>(in), {}};
-    FIBITMAP* const loaded =
-        library().imageLoadFromMem(FIF_PNG, bytes.data(), static_cast<unsigned int>(bytes.size()));
-    FIBITMAP* const picture = library().imageConvertTo24Bits(loaded);
-    library().imageUnload(loaded);
+    FreeImageDesc library(false);
+    const auto size = static_cast<unsigned int>(bytes.size());
+    FIBITMAP* const loaded = library.imageLoadFromMem(FIF_PNG, bytes.data(), size);
+    FIBITMAP* const bitmap = library.imageConvertTo24Bits(loaded);
+    const BITMAPINFOHEADER& head = library.imageGetInfo(bitmap)->bmiHeader;
+    const unsigned char* const dots = library.imageGetBits(bitmap);
+    const std::size_t row = (static_cast<std::size_t>(head.biWidth) * 3 + 3) / 4 * 4;
+    const Page rows(dots, dots + row * static_cast<std::size_t>(head.biHeight));
+    Picture picture{head.biWidth, head.biHeight, row, rows};
+    library.imageUnload(loaded);
+    library.imageUnload(bitmap);
     return picture;
 }
 
-int differentSquares(FIBITMAP* svg, FIBITMAP* postScript)
+Channels meanOf(const Picture& picture, const RECT& box)
 {
-    constexpr LONG side = 16;
-    constexpr double limit = 40; // of 255; edges that lie half a dot aside come near to it
-    const BITMAPINFOHEADER& head = library().imageGetInfo(postScript)->bmiHeader;
-    int count = 0;
-    for (LONG y = 0; y + side <= head.biHeight; y += side) {
-        for (LONG x = 0; x + side <= head.biWidth; x += side) {
-            const RECT box{x, y, x + side, y + side};
-            count += std::abs(meanOf(postScript, box) - meanOf(svg, box)) > limit ? 1 : 0;
+    Channels mean{};
+    const double area = (box.right - box.left) * (box.bottom - box.top);
+    for (LONG y = box.top; y < box.bottom; ++y) {
+        const std::size_t row = picture.row * static_cast<std::size_t>(picture.height - 1 - y);
+        const unsigned char* dot = &picture.dots[row + static_cast<std::size_t>(box.left) * 3];
+        for (LONG x = box.left; x < box.right; ++x) {
+            std::ranges::for_each(mean, [&](double& channel) { channel += *dot++ / area; });
         }
     }
-    return count;
+    return mean;
+}
+
+// Expects the known differences on a page, and in the rest, tile by tile, none.
+void compare(std::string_view page, const Picture& svg, const Picture& postScript)
+{
+    constexpr double Tolerance = 1.5; // of 255: rounded here, and painters smooth edges in their own ways
+    constexpr double Limit = 40;      // edges that lie half a dot aside come near to it
+    constexpr LONG side = 16;
+    const auto expect = [&](const RECT& box, const Channels& expected, double tolerance, const char* reason) {
+        const Channels before = meanOf(svg, box);
+        const Channels after = meanOf(postScript, box);
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            EXPECT_NEAR(expected[i], after[i] - before[i], tolerance)
+                << page << " at " << box.left << ", " << box.top << ": " << reason;
+        }
+    };
+    for (const auto& [name, place, difference, reason] : knownDifferences) {
+        if (name.empty() || name == page) {
+            expect(place, difference, Tolerance, reason);
+        }
+    }
+    for (RECT tile{0, 0, side, side}; tile.bottom <= postScript.height;
+         tile.top += side, tile.bottom += side) {
+        for (tile.left = 0; (tile.right = tile.left + side) <= postScript.width; tile.left += side) {
+            RECT overlap{};
+            if (std::ranges::none_of(knownDifferences, [&](const auto& known) {
+                    return (known.page.empty() || known.page == page) &&
+                           IntersectRect(&overlap, &tile, &known.place) != 0;
+                })) {
+                expect(tile, {}, Limit, "no known difference");
+            }
+        }
+    }
 }
 
 TEST(ReportPictures, OfSvgAndPostScriptDifferAsKnown)
@@ -74,10 +129,8 @@ TEST(ReportPictures, OfSvgAndPostScriptDifferAsKnown)
     std::filesystem::create_directories(folder);
     EXPECT_TRUE(writeFontMap(folder / "Fontmap"));
     for (const ReportPage& page : reportPages()) {
-        const auto* const known =
-            std::ranges::find(knownDifferences, page.name, &std::pair<std::string_view, int>::first);
-        if (known == std::end(knownDifferences)) {
-            continue;
+        if (page.name == std::string_view("words")) {
+            continue; // those have other places in PostScript
         }
         CSurfaceSVG surface = emptyPage();
         page.draw(surface);
@@ -87,11 +140,7 @@ TEST(ReportPictures, OfSvgAndPostScriptDifferAsKnown)
         std::ofstream(folder / "ps") << std::string(document.begin(), document.end());
         ASSERT_TRUE(paintSvg(folder / "svg", folder / "svg.png", 96));
         ASSERT_TRUE(paintPostScript(folder / "ps", folder / "ps.png", 96, folder / "Fontmap"));
-        FIBITMAP* const pictures[] = {pictureIn(folder / "svg.png"), pictureIn(folder / "ps.png")};
-        // Painters smooth edges in their own ways.
-        EXPECT_NEAR(known->second, differentSquares(pictures[0], pictures[1]), 4) << page.name;
-        library().imageUnload(pictures[0]);
-        library().imageUnload(pictures[1]);
+        compare(page.name, pictureIn(folder / "svg.png"), pictureIn(folder / "ps.png"));
     }
     std::filesystem::remove_all(folder);
 }
