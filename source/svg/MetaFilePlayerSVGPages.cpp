@@ -8,11 +8,11 @@
 #include <string_view>
 
 #include "surface/moduleHeap.h"
+#include "surface/pageCountWord.h"
 #include "surface/pageText.h"
 #include "svg/PageCursor.h"
 #include "svg/PageTextSearch.h"
 #include "svg/SvgDialect.h"
-#include "sys/krnutil.h"
 
 namespace {
 
@@ -32,14 +32,6 @@ PageCountField nextPageCountField(char* from, const char* mark)
         end = findTag(start, "<");
     }
     return end != nullptr ? PageCountField{start, end} : PageCountField{nullptr, nullptr};
-}
-
-void appendPageCountWord(TovoTextString& text)
-{
-    constexpr int Message = 15301;
-    char word[300];
-    appendPieces(text, " ",
-                 std::string_view(krnGetMessageText(Message, word, sizeof word) == 0 ? word : "of"), " ");
 }
 
 std::string_view viewOf(const unsigned char* page, unsigned int length)
@@ -64,8 +56,7 @@ bool CMetaFilePlayerSVG::insertPageCount(unsigned char* page, int length, int pa
     TovoTextString number;
     appendPieces(number, pageNumber);
     TovoTextString numberAndCount(number);
-    appendPageCountWord(numberAndCount);
-    appendPieces(numberAndCount, pageCount);
+    appendPieces(numberAndCount, " ", std::string_view(PageCountWord().text()), " ", pageCount);
     TovoTextString copy(page, static_cast<unsigned int>(length));
     bool changed = false;
     PageCountField field = nextPageCountField(copy.text(), mark.text());

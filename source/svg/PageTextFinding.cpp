@@ -6,27 +6,10 @@
 #include "svg/PageTextSearch.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
+#include "surface/wordSeparators.h"
 #include "surface/wrappingInt.h"
-
-namespace {
-
-constexpr std::array<bool, 256> wordSeparators = [] {
-    std::array<bool, 256> separators{};
-    for (const char character : std::string_view(" ,;:/\"'\0", 8)) {
-        separators[static_cast<unsigned char>(character)] = true;
-    }
-    return separators;
-}();
-
-bool isSeparator(char character)
-{
-    return wordSeparators[static_cast<unsigned char>(character)];
-}
-
-} // namespace
 
 // A text cut into words.
 struct PageTextSearch::WordText {
@@ -184,14 +167,14 @@ unsigned int PageTextSearch::splitWords(TovoTextString* text, WordPlaces* words)
     const unsigned int before = words->size();
     unsigned int at = 0;
     for (;;) {
-        while (at < length && isSeparator(start[at])) {
+        while (at < length && isWordSeparator(start[at])) {
             ++at;
         }
         if (at == length) {
             return words->size() - before;
         }
         words->add(at);
-        while (at < length && !isSeparator(start[at])) {
+        while (at < length && !isWordSeparator(start[at])) {
             ++at;
         }
         start[at] = '\0';

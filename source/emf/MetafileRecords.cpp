@@ -1,0 +1,70 @@
+#include "emf/MetafileRecords.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace {
+
+// Whether `count` elements at an offset lie behind the fields of a text record and inside it.
+bool holds(const MetafileRecord& record, std::uint64_t offset, std::uint64_t count, std::uint64_t size)
+{
+    return offset >= sizeof(EMREXTTEXTOUT) && offset + count * size <= record.bytes.size();
+}
+
+} // namespace
+
+std::optional<MetafileRecord> recordAt(MetafilePage page, unsigned int position)
+{
+    const MetafileRecord rest{0, position, page.subspan(std::min<std::size_t>(position, page.size()))};
+    const std::optional<EMR> head = rest.as<EMR>();
+    if (!head || head->nSize < sizeof(EMR) || head->nSize % 4 != 0 || head->nSize > rest.bytes.size()) {
+        return std::nullopt;
+    }
+    return MetafileRecord{head->iType, position, rest.bytes.first(head->nSize)};
+}
+
+void MetafileRecords::Iterator::moveTo(unsigned int position)
+{
+    _record = recordAt(_page, position);
+    if (_record && _record->type == EMR_EOF) {
+        _record.reset();
+    }
+}
+
+std::optional<MetafileText> textOf(const MetafileRecord& record)
+{
+    if (record.type != EMR_EXTTEXTOUTA && record.type != EMR_EXTTEXTOUTW) {
+        return std::nullopt;
+    }
+    const std::optional<EMREXTTEXTOUT> fields = record.as<EMREXTTEXTOUT>();
+    const unsigned int characterSize = record.type == EMR_EXTTEXTOUTW ? 2 : 1;
+    if (!fields || (fields->emrtext.nChars != 0 &&
+                    !holds(record, fields->emrtext.offString, fields->emrtext.nChars, characterSize))) {
+        return std::nullopt;
+    }
+    return MetafileText{*fields, characterSize};
+}
+
+void appendCharacters(const MetafileRecord& record, const MetafileText& text, TovoTextString& out)
+{
+    constexpr unsigned int Piece = 256;
+    unsigned short wide[Piece + 1];
+    const unsigned int count = text.fields.emrtext.nChars;
+    if (count == 0) {
+        return; // then its text may lie anywhere
+    }
+    char* const target = out.room(count);
+    const unsigned char* const source = record.bytes.data() + text.offsetOf(0);
+    if (text.characterSize == 1) {
+        std::memcpy(target, source, count);
+        std::replace(target, target + count, '\0', ' ');
+    }
+    for (unsigned int done = 0; text.characterSize == 2 && done < count; done += Piece) {
+        const unsigned int length = std::min(Piece, count - done);
+        std::memcpy(wide, source + std::size_t{done} * 2, std::size_t{length} * 2);
+        std::replace(wide, wide + length, 0, static_cast<int>(' '));
+        wide[length] = 0;
+        intlUnicodeToCString(wide, target + done, static_cast<int>(length) + 1);
+    }
+    out.grow(count);
+}

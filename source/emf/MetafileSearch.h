@@ -1,0 +1,59 @@
+// MetafileSearch: finds a text, or a phrase of whole words, in the fields of a metafile page, also where it runs
+// on from one field into the next in reading order. Made by CMetaFilePlayerEMF::searchPageForString for one call;
+// what it finds goes to markMetafile.
+#pragma once
+
+#include <string_view>
+
+#include "emf/MetafileFields.h"
+#include "emf/WordCursor.h"
+#include "sys/tovoarray.h"
+#include "sys/tovostr.h"
+
+// Characters of one record that belong to a hit. The last index can lie beyond the record's text.
+struct MatchEntry {
+    unsigned int position; // of the record in the page, in bytes
+    unsigned int first;
+    unsigned int last;
+};
+
+using MatchEntries = Vector<MatchEntry, 10>;
+
+class MetafileSearch {
+public:
+    // `text` is not empty; without `matchCase` it is made lower case here. Throws KrnException without memory.
+    MetafileSearch(MetafilePage page, TovoTextString text, bool matchCase, bool wholeWord);
+
+    // Whether there is anything to be found: a search for words needs one.
+    bool hasTarget() const { return !m_wholeWord || m_words.size() != 0; }
+
+    // Looks through the fields whose records begin at `position` or behind it, in the first of those for a hit
+    // that begins at `textOffset` or behind it. `place` becomes that of the last field met, searched or not: of
+    // the one that a hit begins in. Adds the entries of the hit, in its order.
+    bool find(unsigned int position, unsigned int textOffset, POINTL& place, MatchEntries& entries);
+
+private:
+    // What became of a candidate. One that failed behind its first field ends the search of that field.
+    enum class Outcome { hit, failed, failedBehindField };
+
+    // The text from an offset on.
+    std::string_view sought(unsigned int offset) const
+    {
+        return {m_text.text() + offset, m_text.length() - offset};
+    }
+
+    bool findText(unsigned int field, unsigned int from, MatchEntries& entries);
+    bool runsOn(unsigned int field, unsigned int start, MatchEntries* entries);
+    unsigned int firstCandidate(std::string_view text, unsigned int from) const;
+    unsigned int behindBlanks(unsigned int consumed) const;
+    bool adjoins(unsigned int field, unsigned int next) const;
+
+    bool findWords(unsigned int field, unsigned int from, MatchEntries& entries);
+    Outcome wordsRunOn(unsigned int field, WordCursor word, unsigned int count, MatchEntries* entries);
+
+    TovoTextString m_text;
+    bool m_wholeWord;
+    MetafileFields m_fields;
+    Vector<unsigned int, 10> m_borders;   // for a plain search, see firstCandidate
+    Vector<std::string_view, 10> m_words; // of m_text, for a search of words
+};

@@ -1,0 +1,57 @@
+// The search for a phrase of whole words.
+#include "emf/MetafileSearch.h"
+
+namespace {
+
+// How many words of the fields of one candidate are read, counted from the beginning of its first field.
+constexpr unsigned int FieldWordLimit = 1000;
+
+} // namespace
+
+bool MetafileSearch::findWords(unsigned int field, unsigned int from, MatchEntries& entries)
+{
+    WordCursor word(m_fields.text(field));
+    for (unsigned int count = 1; count <= FieldWordLimit && word.next(); ++count) {
+        if (word.start() < from) {
+            continue;
+        }
+        const Outcome outcome = wordsRunOn(field, word, count, nullptr);
+        if (outcome == Outcome::hit) {
+            wordsRunOn(field, word, count, &entries);
+        }
+        if (outcome != Outcome::failed) {
+            return outcome == Outcome::hit;
+        }
+    }
+    return false;
+}
+
+// Whether the phrase stands there: `word` is at its first word, which is number `count` of the field.
+MetafileSearch::Outcome MetafileSearch::wordsRunOn(unsigned int field, WordCursor word, unsigned int count,
+                                                   MatchEntries* entries)
+{
+    Outcome failure = Outcome::failed;
+    for (unsigned int i = 0; word.word() == m_words[i];) {
+        if (entries != nullptr) {
+            entries->add({m_fields[field].position, word.start(), word.end() - 1});
+        }
+        if (++i == m_words.size()) {
+            return Outcome::hit;
+        }
+        if (++count > FieldWordLimit) {
+            return Outcome::failedBehindField;
+        }
+        if (!word.next()) {
+            failure = Outcome::failedBehindField;
+            field = m_fields.next(field);
+            if (field == MetafileFields::none) {
+                return failure;
+            }
+            word = WordCursor(m_fields.text(field));
+            if (!word.next()) {
+                return failure;
+            }
+        }
+    }
+    return failure;
+}
