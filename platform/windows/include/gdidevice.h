@@ -24,3 +24,7 @@ SURFACE_API int gdiDeviceCalls(HDC device, const char* function);
 
 // False when the context is no such device or the file can't be written.
 SURFACE_API bool gdiSavePng(HDC device, const char* path);
+
+// How many records of this type PlayEnhMetaFile has passed over in this process so far, because it has nothing to play
+// them with or knows their bitmap's form not; 0 asks for the types that no documentation names.
+SURFACE_API int gdiUnplayedRecords(DWORD type);

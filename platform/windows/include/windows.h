@@ -12,6 +12,7 @@
 #include "windows/contexts.h"
 #include "windows/drawing.h"
 #include "windows/files.h"
+#include "windows/foreignRecords.h"
 #include "windows/metafiles.h"
 #include "windows/objects.h"
 #include "windows/records.h"

@@ -14,6 +14,8 @@ constexpr double widest = 1 << 18;
 // The most dashes that a pen may have.
 constexpr std::size_t mostDashes = 16;
 
+constexpr double shortestDash = 0.05; // pixels; cairo leaves out shorter ones
+
 // Dashes of the styles in multiples of the width.
 std::vector<double> dashesOf(DWORD style)
 {
@@ -44,7 +46,8 @@ void setDashes(PenLook& look, const PenObject& pen, const Mapping& mapping)
         const double scale = (mapping.scaleX() + mapping.scaleY()) / 2;
         const std::size_t count = std::min(pen.dashes.size(), mostDashes);
         for (std::size_t i = 0; i < count; ++i) {
-            look.dashes.push_back(std::min(pen.dashes[i] * scale, widest));
+            // A dash of no length still has its caps.
+            look.dashes.push_back(std::clamp(pen.dashes[i] * scale, i % 2 == 0 ? shortestDash : 0, widest));
         }
     } else {
         look.dashes = dashesOf(style);

@@ -65,7 +65,12 @@ void RasterDevice::continueFrom(Outline& outline, DevicePoint from) const
 
 bool RasterDevice::lineTo(DeviceContext& context, POINT from, POINT to)
 {
-    return poly(context, PolyShape::polyline, {{from, to}}, {});
+    if (m_pathState == PathState::open) {
+        // It goes on with the path's figure.
+        return poly(context, PolyShape::polylineTo, {&to, 1}, {});
+    }
+    const POINT line[] = {from, to};
+    return poly(context, PolyShape::polyline, line, {});
 }
 
 bool RasterDevice::poly(DeviceContext& context, PolyShape shape, std::span<const POINT> points,

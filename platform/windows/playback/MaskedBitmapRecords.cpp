@@ -1,0 +1,168 @@
+// Records that copy some pixels of a bitmap and leave others: by a mask, or all but those of one colour. The pixels to
+// be copied become a clip, so that they come out on any device.
+#include <cstdint>
+#include <cstdlib>
+
+#include "playback/FileDib.h"
+#include "playback/PlayedRegion.h"
+#include "playback/RecordHandlers.h"
+#include "playback/SourceBitmap.h"
+#include "playback/UnplayedRecords.h"
+
+namespace {
+
+// A rectangle of pixels of a view that cover a rectangle of logical units.
+struct Coverage {
+    POINTL pixel; // top left
+    SIZEL pixels;
+    POINTL place;
+    SIZEL size;
+};
+
+// More pieces than a region would keep; they would cost far more memory than the mask.
+constexpr std::size_t mostPieces = 1'000'000;
+
+// The pixels that `accepts` as a region of the target; outside of the view it is asked for no pixel and accepts none.
+template <class Accepts>
+Region regionOf(HDC target, const BitmapView& view, const Coverage& coverage, const Accepts& accepts)
+{
+    std::vector<POINT> corners;
+    const double scaleX = static_cast<double>(coverage.size.cx) / coverage.pixels.cx;
+    const double scaleY = static_cast<double>(coverage.size.cy) / coverage.pixels.cy;
+    const auto enter = [&](std::int64_t x, std::int64_t end, int y) {
+        const auto across = [&](std::int64_t column) {
+            return toDeviceUnit(coverage.place.x + static_cast<double>(column - coverage.pixel.x) * scaleX);
+        };
+        const auto down = [&](std::int64_t row) {
+            return toDeviceUnit(coverage.place.y + static_cast<double>(row - coverage.pixel.y) * scaleY);
+        };
+        const LONG top = down(y);
+        const LONG bottom = down(std::int64_t{y} + 1);
+        corners.insert(corners.end(),
+                       {{across(x), top}, {across(end), top}, {across(end), bottom}, {across(x), bottom}});
+    };
+    for (int y = 0; y < view.height; ++y) {
+        int begin = 0;
+        for (int x = 0; x <= view.width; ++x) {
+            if (x < view.width && accepts(x, y)) {
+                continue;
+            }
+            if (x > begin && corners.size() < mostPieces * 4) {
+                enter(begin, x, y);
+            }
+            begin = x + 1;
+        }
+    }
+    LPtoDP(target, corners.data(), static_cast<int>(corners.size()));
+    const std::vector<INT> counts(corners.size() / 4, 4);
+    return Region::fromPolygons(corners, counts, WINDING);
+}
+
+// Runs a drawing with the clip cut down to the region.
+template <class Draw>
+void drawWithin(HDC target, const Region& region, const Draw& draw)
+{
+    const PlayedRegion clip(region);
+    if (SaveDC(target) != 0) {
+        ExtSelectClipRgn(target, clip.handle(), RGN_AND);
+        draw();
+        RestoreDC(target, -1);
+    }
+}
+
+DibPlace sourceOf(const EMRBITBLT& fields)
+{
+    return {fields.offBmiSrc, fields.cbBmiSrc, fields.offBitsSrc, fields.cbBitsSrc};
+}
+
+// Without a mask the operation for its set bits holds everywhere.
+bool maskBlt(Playback& playback, const Record& record)
+{
+    const auto fields = record.field<EMRMASKBLT>(0);
+    if (!fields) {
+        return false;
+    }
+    const EMRBITBLT& blt = fields->blt;
+    const DibPlace maskPlace{fields->offBmiMask, fields->cbBmiMask, fields->offBitsMask, fields->cbBitsMask};
+    if (!FileDib::stands(record, sourceOf(blt)) || !FileDib::stands(record, maskPlace)) {
+        return false;
+    }
+    const auto dib = FileDib::read(playback, record, sourceOf(blt), blt.iUsageSrc);
+    const auto mask = FileDib::read(playback, record, maskPlace, fields->iUsageMask);
+    if (!dib || (fields->cbBmiMask != 0 && !mask)) {
+        countUnplayed(record.type());
+        return true;
+    }
+    const HDC target = playback.target();
+    const SourceBitmap bitmap(target, *dib, dib->isMonochrome());
+    const SourceContext source(target, bitmap, blt.xformSrc, blt.crBkColorSrc);
+    const auto copy = [&](DWORD operation) {
+        BitBlt(target, blt.xDest, blt.yDest, blt.cxDest, blt.cyDest, source.handle(), blt.xSrc, blt.ySrc,
+               operation);
+    };
+    const DWORD setOperation = blt.dwRop & 0xFFFFFF;
+    if (!mask) {
+        copy(setOperation);
+        return true;
+    }
+    const BitmapView view = mask->view();
+    const SIZEL size{std::abs(blt.cxDest), std::abs(blt.cyDest)};
+    if (size.cx == 0 || size.cy == 0 || view.bitsPerPixel != 1) {
+        return true;
+    }
+    const Coverage coverage{
+        {fields->xMask, fields->yMask}, size, {blt.xDest, blt.yDest}, {blt.cxDest, blt.cyDest}};
+    const DWORD clearOperation = (blt.dwRop >> 8 & 0xFF0000);
+    for (const unsigned int bit : {0U, 1U}) {
+        const Region region =
+            regionOf(target, view, coverage, [&](int x, int y) { return view.index(x, y) == bit; });
+        drawWithin(target, region, [&] { copy(bit == 1 ? setOperation : clearOperation); });
+    }
+    return true;
+}
+
+// The operation is the colour that is left out.
+bool transparentBlt(Playback& playback, const Record& record)
+{
+    const auto fields = record.field<EMRSTRETCHBLT>(0);
+    if (!fields || !FileDib::stands(record, sourceOf(fields->blt))) {
+        return false;
+    }
+    const EMRBITBLT& blt = fields->blt;
+    const auto dib = FileDib::read(playback, record, sourceOf(blt), blt.iUsageSrc);
+    if (!dib) {
+        countUnplayed(record.type());
+        return true;
+    }
+    if (fields->cxSrc <= 0 || fields->cySrc <= 0) {
+        return true;
+    }
+    const HDC target = playback.target();
+    const BitmapView view = dib->view();
+    const DWORD left = (blt.dwRop & 0xFF) << 16 | (blt.dwRop & 0xFF00) | (blt.dwRop >> 16 & 0xFF);
+    const Coverage coverage{{blt.xSrc, blt.ySrc},
+                            {fields->cxSrc, fields->cySrc},
+                            {blt.xDest, blt.yDest},
+                            {blt.cxDest, blt.cyDest}};
+    const Region region =
+        regionOf(target, view, coverage, [&](int x, int y) { return view.pixel(x, y) != left; });
+    const SourceBitmap bitmap(target, *dib, false);
+    const SourceContext source(target, bitmap, blt.xformSrc, blt.crBkColorSrc);
+    drawWithin(target, region, [&] {
+        StretchBlt(target, blt.xDest, blt.yDest, blt.cxDest, blt.cyDest, source.handle(), blt.xSrc, blt.ySrc,
+                   fields->cxSrc, fields->cySrc, SRCCOPY);
+    });
+    return true;
+}
+
+constexpr RecordEntry entries[] = {
+    {EMR_MASKBLT, maskBlt},
+    {EMR_TRANSPARENTBLT, transparentBlt},
+};
+
+} // namespace
+
+std::span<const RecordEntry> maskedBitmapRecords() noexcept
+{
+    return entries;
+}

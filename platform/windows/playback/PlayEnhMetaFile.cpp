@@ -1,0 +1,129 @@
+// PlayEnhMetaFile: the walk over the records of a metafile.
+#include <windows.h>
+
+#include <array>
+#include <atomic>
+#include <memory>
+#include <optional>
+#include <span>
+
+#include "core/DeviceContext.h"
+#include "core/HandleTable.h"
+#include "gdidevice.h"
+#include "playback/Playback.h"
+#include "playback/Record.h"
+#include "playback/RecordHandlers.h"
+#include "playback/UnplayedRecords.h"
+
+namespace {
+
+constexpr DWORD typeLimit = 128; // above all types that are documented
+
+std::array<std::atomic<int>, typeLimit> unplayed;
+
+using HandlerTable = std::array<RecordHandler, typeLimit>;
+
+struct Handlers {
+    HandlerTable play{};
+    std::array<bool, typeLimit> draws{}; // and so needs the mapping on the target
+};
+
+Handlers allHandlers()
+{
+    Handlers handlers;
+    const auto enter = [&](std::span<const RecordEntry> group, bool draws) {
+        for (const RecordEntry& entry : group) {
+            handlers.play[entry.type] = entry.play;
+            handlers.draws[entry.type] = draws;
+        }
+    };
+    enter(stateRecords(), false);
+    enter(mappingRecords(), false);
+    enter(objectRecords(), false);
+    enter(shapeRecords(), true);
+    enter(polyRecords(), true);
+    enter(regionRecords(), true);
+    enter(bitmapRecords(), true);
+    enter(maskedBitmapRecords(), true);
+    enter(gradientRecords(), true);
+    enter(textRecords(), true);
+    return handlers;
+}
+
+// The record at the front of the bytes; nothing when its size can't be true.
+std::optional<Record> firstRecord(std::span<const BYTE> bytes)
+{
+    const auto size = Record(bytes).field<DWORD>(offsetof(EMR, nSize));
+    if (!size || *size < sizeof(EMR) || *size % sizeof(DWORD) != 0 || *size > bytes.size()) {
+        return std::nullopt;
+    }
+    return Record(bytes.first(*size));
+}
+
+// False when the record contradicts itself.
+bool playRecord(Playback& playback, const Record& record)
+{
+    static const Handlers handlers = allHandlers();
+    const DWORD type = record.type();
+    const RecordHandler play = type < typeLimit ? handlers.play[type] : nullptr;
+    if (play == nullptr) {
+        countUnplayed(type);
+        return true;
+    }
+    if (handlers.draws[type]) {
+        playback.applyMapping();
+    }
+    return play(playback, record);
+}
+
+// False when something could not be played because the bytes are unsound: a single record, or all from a place on
+// where no record is.
+bool playRecords(Playback& playback, std::span<const BYTE> bytes)
+{
+    bool sound = true;
+    while (const std::optional<Record> record = firstRecord(bytes)) {
+        if (record->type() == EMR_EOF) {
+            return sound;
+        }
+        sound = playRecord(playback, *record) && sound;
+        bytes = bytes.subspan(record->size());
+    }
+    return false;
+}
+
+bool play(HDC handle, DeviceContext& context, std::span<const BYTE> bytes, const RECT& rect)
+{
+    const std::optional<Record> header = firstRecord(bytes);
+    const std::optional<ReferenceDevice> device =
+        header && header->type() == EMR_HEADER ? ReferenceDevice::of(*header) : std::nullopt;
+    if (!device) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return false;
+    }
+    Playback playback(handle, context, *device, rect);
+    return playback.ready() && playRecords(playback, bytes.subspan(header->size()));
+}
+
+} // namespace
+
+void countUnplayed(DWORD type) noexcept
+{
+    ++unplayed[type < typeLimit ? type : 0];
+}
+
+int gdiUnplayedRecords(DWORD type)
+{
+    return unplayed[type < typeLimit ? type : 0];
+}
+
+BOOL PlayEnhMetaFile(HDC context, HENHMETAFILE metafile, const RECT* rect)
+{
+    return onContext(context, "PlayEnhMetaFile", FALSE, [&](DeviceContext& found) {
+        const auto file = HandleTable::instance().find<MetafileObject>(metafile, ObjectKind::metafile);
+        if (!file || rect == nullptr) {
+            SetLastError(file ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE);
+            return FALSE;
+        }
+        return play(context, found, file->bytes, *rect) ? TRUE : FALSE;
+    });
+}
