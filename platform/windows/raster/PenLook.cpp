@@ -9,8 +9,10 @@
 
 namespace {
 
+// What cairo's curves may be off by, as it comes.
+constexpr double tolerance = 0.1;
 // A wider pen covers every bitmap that cairo can paint on.
-constexpr double widest = 1 << 18;
+constexpr double widest = 1 << 17;
 // The most dashes that a pen may have.
 constexpr std::size_t mostDashes = 16;
 
@@ -88,6 +90,12 @@ cairo_line_join_t joinOf(DWORD style)
     }
 }
 
+// Round ends and joins take more corners the larger they are; beyond some size nobody sees them any more.
+double toleranceOf(const PenLook& pen)
+{
+    return std::clamp(pen.width / 8192, tolerance, 16.0);
+}
+
 void strokeTraced(cairo_t* cairo, const PenLook& pen)
 {
     cairo_set_line_cap(cairo, capOf(pen.style));
@@ -154,6 +162,8 @@ void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, c
         } else {
             outline.clippedLines(grown(window, reach), pen.dashes).trace(cairo);
         }
+        cairo_set_tolerance(cairo, toleranceOf(pen));
         strokeTraced(cairo, pen);
+        cairo_set_tolerance(cairo, tolerance);
     });
 }

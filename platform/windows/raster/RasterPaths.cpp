@@ -4,6 +4,7 @@
 #include "core/DeviceContext.h"
 #include "raster/PenLook.h"
 #include "raster/RasterDevice.h"
+#include "raster/ShapeOutlines.h"
 
 bool RasterDevice::path(DeviceContext& context, PathStep step)
 {
@@ -79,20 +80,12 @@ bool RasterDevice::selectClipPath(DeviceContext& context, int mode)
     if (m_pathState != PathState::complete || !context.bitmap || !context.bitmap->bitmap) {
         return false;
     }
-    const Outline flat = m_path.flattened();
-    std::vector<POINT> points;
-    std::vector<INT> counts;
-    for (const Outline::Figure& figure : flat.figures()) {
-        for (const DevicePoint point : figure.points) {
-            points.push_back({toDeviceUnit(point.x), toDeviceUnit(point.y)});
-        }
-        counts.push_back(static_cast<INT>(figure.points.size()));
-    }
-    const Region shape = Region::fromPolygons(points, counts, context.state.polyFillMode);
+    const Bitmap& bitmap = *context.bitmap->bitmap;
+    const RECT all{0, 0, bitmap.width(), bitmap.height()};
+    const Region shape = visibleRegion(m_path, all, context.state.polyFillMode);
     std::optional<Region>& clip = context.state.clip;
     if (!clip) {
-        const Bitmap& bitmap = *context.bitmap->bitmap;
-        clip = Region(RECT{0, 0, bitmap.width(), bitmap.height()});
+        clip = Region(all);
     }
     clip->combine(shape, mode);
     m_path.clear();

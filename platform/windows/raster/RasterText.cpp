@@ -49,6 +49,15 @@ Outline barOf(const LineSpace& space, double left, double top, double right, dou
     return bar;
 }
 
+Region textClip(const DeviceContext& context, const RECT& rect)
+{
+    const Mapping mapping = context.mapping();
+    if (mapping.isAxisAligned()) {
+        return Region(deviceBox(mapping, rect));
+    }
+    return visibleRegion(rectangleOutline(wholeFrame(mapping, rect)), context.deviceArea(), WINDING);
+}
+
 double lengthOf(std::span<const double> advances)
 {
     double length = 0;
@@ -137,7 +146,7 @@ bool RasterDevice::text(DeviceContext& context, const TextOutput& output)
         fillRects(context, {&output.rect, 1}, back);
     }
     const bool clipped = (output.options & ETO_CLIPPED) != 0;
-    const Region within = clipped ? deviceRegion(context.mapping(), output.rect) : Region();
+    const Region within = clipped ? textClip(context, output.rect) : Region();
     Canvas canvas(context, clipped ? &within : nullptr);
     if (output.text.empty() || !output.font || canvas.empty()) {
         return true;

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "core/DeviceContext.h"
+#include "raster/DeviceRect.h"
 
 namespace {
 
@@ -106,16 +107,20 @@ RECT deviceBox(const Mapping& mapping, const RECT& rect)
     return box;
 }
 
-Region deviceRegion(const Mapping& mapping, const RECT& rect)
+Region visibleRegion(const Outline& outline, const RECT& visible, int fillMode)
 {
-    if (mapping.isAxisAligned()) {
-        return Region(deviceBox(mapping, rect));
+    const RECT around = grown(visible, 1);
+    const Outline flat =
+        liesWithin(outline.box(), around) ? outline.flattened() : outline.clippedArea(around);
+    std::vector<POINT> points;
+    std::vector<INT> counts;
+    for (const Outline::Figure& figure : flat.figures()) {
+        for (const DevicePoint point : figure.points) {
+            points.push_back({toDeviceUnit(point.x), toDeviceUnit(point.y)});
+        }
+        counts.push_back(static_cast<INT>(figure.points.size()));
     }
-    const POINT corners[] = {
-        mapping.toDevice({rect.left, rect.top}), mapping.toDevice({rect.right, rect.top}),
-        mapping.toDevice({rect.right, rect.bottom}), mapping.toDevice({rect.left, rect.bottom})};
-    const INT count = 4;
-    return Region::fromPolygons(corners, {&count, 1}, WINDING);
+    return Region::fromPolygons(points, counts, fillMode);
 }
 
 DevicePoint pointInFrame(const DeviceContext& context, const ShapeFrame& frame, POINT point)

@@ -29,8 +29,8 @@ ShapeFrame frameOf(const DeviceContext& context, const RECT& rect);
 ShapeFrame wholeFrame(const Mapping& mapping, const RECT& rect);
 // The device rectangle around a logical one, cut off at +-2^26; right and bottom excluded from both.
 RECT deviceBox(const Mapping& mapping, const RECT& rect);
-// The device pixels of a logical rectangle, however it is turned.
-Region deviceRegion(const Mapping& mapping, const RECT& rect);
+// The pixels of an area, within a rectangle at least: what lies beyond may be left out.
+Region visibleRegion(const Outline& outline, const RECT& visible, int fillMode);
 // A logical point in the frame's units.
 DevicePoint pointInFrame(const DeviceContext& context, const ShapeFrame& frame, POINT point);
 
