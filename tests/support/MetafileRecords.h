@@ -34,11 +34,10 @@ inline std::vector<MetafileRecord> metafileRecords(const std::vector<unsigned ch
             ADD_FAILURE() << "size " << size << " at " << offset;
             return records;
         }
-        MetafileRecord record{static_cast<std::uint32_t>(word(offset)), {}};
+        records.push_back({static_cast<std::uint32_t>(word(offset)), {}});
         for (std::size_t field = 8; field < size; field += 4) {
-            record.fields.push_back(word(offset + field));
+            records.back().fields.push_back(word(offset + field));
         }
-        records.push_back(std::move(record));
         offset += size;
     }
     EXPECT_EQ(offset, bytes.size());
@@ -71,12 +70,12 @@ inline std::vector<MetafileRecord> metafileRecords(const std::vector<unsigned ch
     return records;
 }
 
-// A record as its type and at most so many fields: "43: 10 20 109 69".
-inline std::string textOf(const MetafileRecord& record, std::size_t fields = SIZE_MAX)
+// A record as its type and its fields: "43: 10 20 109 69".
+inline std::string textOf(const MetafileRecord& record)
 {
     std::string text = std::to_string(record.type).append(":");
-    for (std::size_t index = 0; index < std::min(fields, record.fields.size()); ++index) {
-        text.append(" ").append(std::to_string(record.fields[index]));
+    for (const std::int32_t field : record.fields) {
+        text.append(" ").append(std::to_string(field));
     }
     return text;
 }

@@ -106,8 +106,9 @@ DrawnBounds boundsOfArc(const DrawnBounds& ellipse, POINT start, POINT end) noex
     addAt(first);
     addAt(last);
     // Between its ends an arc reaches furthest where it crosses an axis.
-    for (double crossing = std::ceil(first / quarter) * quarter; crossing < last; crossing += quarter) {
-        addAt(crossing);
+    const int lastQuarter = static_cast<int>(std::ceil(last / quarter));
+    for (int crossing = static_cast<int>(std::ceil(first / quarter)); crossing < lastQuarter; ++crossing) {
+        addAt(crossing * quarter);
     }
     return bounds;
 }
