@@ -20,7 +20,7 @@ TextVector directionOf(LONG tenths)
     if (angle % quarterTurn == 0) {
         return quarters[angle / quarterTurn];
     }
-    const double radians = angle * std::numbers::pi / (fullTurn / 2);
+    const double radians = angle * 2 * std::numbers::pi / fullTurn;
     return {std::cos(radians), -std::sin(radians)};
 }
 
