@@ -36,8 +36,8 @@ TEST_F(ContextState, ExtentsBelongToTheScalableModes)
     EXPECT_EQ(device(5, 6), (Place{15, 26})); // extents of MM_TEXT, until some are set
     EXPECT_TRUE(SetWindowExtEx(m_context, 1000, 500, nullptr));
     EXPECT_TRUE(SetViewportExtEx(m_context, 100, -100, nullptr));
-    EXPECT_FALSE(SetViewportExtEx(m_context, 0, 7, nullptr));
-    EXPECT_FALSE(ScaleWindowExtEx(m_context, 1, 0, 1, 1, nullptr));
+    EXPECT_FALSE(SetViewportExtEx(m_context, 0, 7, nullptr) ||
+                 ScaleWindowExtEx(m_context, 1, 0, 1, 1, nullptr));
     EXPECT_EQ(device(50, 100), (Place{15, 0}));
     EXPECT_EQ(device(INT_MAX, INT_MIN), (Place{214748375, 429496750}));
     POINT back{15, 0};
@@ -82,7 +82,6 @@ TEST_F(ContextState, WorldTransformsNeedTheAdvancedMode)
     EXPECT_EQ(device(3, 4), (Place{4, 12}));
     EXPECT_TRUE(ModifyWorldTransform(m_context, nullptr, MWT_IDENTITY));
     EXPECT_EQ(SetGraphicsMode(m_context, GM_COMPATIBLE), GM_ADVANCED);
-    EXPECT_EQ(SetGraphicsMode(m_context, 3), 0);
 }
 
 TEST_F(ContextState, RestoringGoesBackByDepthOrByDistance)

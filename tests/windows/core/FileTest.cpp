@@ -32,8 +32,7 @@ TEST(Files, AreMappedOnceTheyAreSound)
     ASSERT_NE(view, nullptr);
     EXPECT_EQ(static_cast<const char*>(view)[1], 'E');
     EXPECT_TRUE(UnmapViewOfFile(view));
-    EXPECT_FALSE(UnmapViewOfFile(view));
-    EXPECT_FALSE(CloseHandle(mapping));
+    EXPECT_FALSE(UnmapViewOfFile(view) || CloseHandle(mapping));
     EXPECT_EQ(CreateFileMappingA(file, nullptr, PAGE_READONLY, 0, 0, nullptr), nullptr);
 }
 
@@ -41,7 +40,6 @@ TEST(Files, ThatCannotBeReadAreRefused)
 {
     const std::string empty = testing::TempDir() + "surface_empty_file";
     std::fclose(std::fopen(empty.c_str(), "w"));
-    EXPECT_EQ(openFile(testing::TempDir()), INVALID_HANDLE_VALUE);
     const HANDLE file = openFile(empty);
     EXPECT_EQ(CreateFileMappingA(file, nullptr, PAGE_READONLY, 0, 0, nullptr), nullptr);
     EXPECT_EQ(GetLastError(), ERROR_FILE_INVALID);
