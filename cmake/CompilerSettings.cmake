@@ -4,6 +4,11 @@ target_compile_features(surface_settings INTERFACE cxx_std_20)
 target_compile_options(surface_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Werror)
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # A library with unique symbols is never unloaded.
+    target_compile_options(surface_settings INTERFACE -fno-gnu-unique)
+endif()
+
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)

@@ -14,6 +14,7 @@
 #include <cwchar>
 #include <dlfcn.h>
 
+#include "krnos/AtModuleEnd.h"
 #include "sys/krnos.h"
 
 // FreeImage's header declares Windows types under their own names, so it gets a namespace to do that in. The
@@ -185,10 +186,11 @@ private:
     std::vector<Loaded> _loaded;
 };
 
-// Never destroyed: objects that end with the process may still hold a bitmap.
+// Ends last, since static objects may hold a bitmap to the end. The libraries themselves stay loaded.
 ImageLibraries& imageLibraries()
 {
     static ImageLibraries* const libraries = new ImageLibraries;
+    static const AtModuleEnd end([] { delete libraries; });
     return *libraries;
 }
 

@@ -1,5 +1,8 @@
 // What the module makes once when it is loaded. Destruction at unload runs in the reverse order.
+#include <windows.h>
+
 #include "module/versionNumbers.h"
+#include "moduleUse.h"
 #include "surface/drawTextLock.h"
 #include "surface/moduleHeap.h"
 #include "surface/moduleVersion.h"
@@ -11,4 +14,13 @@ ThreadMutex__ drawTextLock("DrawTextLock");
 const char* moduleVersionText()
 {
     return SURFACE_VERSION;
+}
+
+void surfaceModuleUse(ModuleUse* use)
+{
+    if (use != nullptr) {
+        use->moduleBlocks = moduleHeap.blocksInUse();
+        use->containerBlocks = kosDefaultHeap.blocksInUse();
+        use->drawingObjects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    }
 }

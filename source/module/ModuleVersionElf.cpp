@@ -70,7 +70,7 @@ bool CModuleVersion::elfSymbol(const ElfLayout& layout, std::uint64_t table, std
         const ElfSection holder = index < sections ? elfSection(layout, table, index) : ElfSection{};
         const std::uint64_t place =
             number(symbol + layout.symbolValue, layout.width) - holder.address + holder.offset;
-        if (holds(place, 1)) {
+        if (holder.type != 0 && holds(place, 1)) {
             m_resources = m_view + place;
         }
         break;

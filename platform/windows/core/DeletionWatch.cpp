@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "core/Device.h"
+#include "krnos/AtModuleEnd.h"
 
 namespace {
 
@@ -11,10 +12,15 @@ struct Watchers {
     std::vector<Device*> devices;
 };
 
-// Never destroyed: a recording may be left open until the process ends.
+// Stays when a recording is left open until the process ends.
 Watchers& watchers()
 {
     static Watchers& all = *new Watchers;
+    static const AtModuleEnd end([] {
+        if (all.devices.empty()) {
+            delete &all;
+        }
+    });
     return all;
 }
 

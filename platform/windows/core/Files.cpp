@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "core/DeviceContext.h"
+#include "krnos/AtModuleEnd.h"
 
 namespace {
 
@@ -49,7 +50,8 @@ class OpenFiles {
 public:
     static OpenFiles& instance()
     {
-        static OpenFiles& files = *new OpenFiles; // for every thread until the process ends
+        static OpenFiles& files = *new OpenFiles; // for every thread until the module ends
+        static const AtModuleEnd end([] { delete &files; });
         return files;
     }
 

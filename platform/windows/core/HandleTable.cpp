@@ -4,6 +4,8 @@
 #include <new>
 #include <utility>
 
+#include "krnos/AtModuleEnd.h"
+
 namespace {
 
 // A handle is generation and slot side by side in the width of a pointer. Generations begin at 1, so that no handle is
@@ -25,11 +27,23 @@ DWORD nextGeneration(DWORD generation) noexcept
 
 } // namespace
 
-// Never destroyed: contexts and objects of other threads and of static storage may outlive any moment of the exit.
+// Ends last, and not at all while there are contexts or objects: those of other threads and of static storage may
+// outlive any moment of the exit.
 HandleTable& HandleTable::instance()
 {
     static HandleTable& table = *new HandleTable;
+    static const AtModuleEnd end([] {
+        if (table.count() == 0) {
+            delete &table;
+        }
+    });
     return table;
+}
+
+// Objects that end with their slot ask for it, and find none.
+HandleTable::~HandleTable()
+{
+    const std::vector<Slot> ending = std::exchange(m_slots, {});
 }
 
 HGDIOBJ HandleTable::add(std::shared_ptr<GdiObject> object) noexcept

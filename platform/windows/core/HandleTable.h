@@ -13,6 +13,8 @@
 class HandleTable {
 public:
     static HandleTable& instance();
+    HandleTable(const HandleTable&) = delete;
+    HandleTable& operator=(const HandleTable&) = delete;
 
     // Enters an object and gives its handle; null without memory.
     HGDIOBJ add(std::shared_ptr<GdiObject> object) noexcept;
@@ -42,6 +44,9 @@ public:
 
 private:
     friend class GdiObject;
+
+    HandleTable() = default;
+    ~HandleTable();
 
     struct Slot {
         std::shared_ptr<GdiObject> object; // null: free, or dead and still held elsewhere

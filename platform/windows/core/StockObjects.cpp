@@ -7,6 +7,7 @@
 
 #include "core/DeviceContext.h"
 #include "core/HandleTable.h"
+#include "krnos/AtModuleEnd.h"
 
 namespace {
 
@@ -94,6 +95,15 @@ StockTable makeStockTable()
     return table;
 }
 
+// What stands in the handle table lives as long as that: no longer than the last context or object.
+template <class Stock>
+void endUnlessUsed(Stock* stock)
+{
+    if (HandleTable::instance().count() == 0) {
+        delete stock;
+    }
+}
+
 // Classic values of the system colours, from COLOR_SCROLLBAR (0) to COLOR_INFOTEXT (23).
 constexpr COLORREF systemColors[] = {
     0xC8D0D4, 0xA56E3A, 0x6A240A, 0x808080, 0xC8D0D4, 0xFFFFFF, 0x000000, 0x000000,
@@ -106,7 +116,8 @@ static_assert(std::size(systemColors) == 24);
 
 std::shared_ptr<GdiObject> stockObject(int index)
 {
-    static const StockTable& table = *new StockTable(makeStockTable()); // lives as long as the handle table
+    static const StockTable& table = *new StockTable(makeStockTable());
+    static const AtModuleEnd end([] { endUnlessUsed(&table); });
     return index >= 0 && index <= STOCK_LAST ? table[static_cast<std::size_t>(index)] : nullptr;
 }
 
@@ -122,6 +133,7 @@ std::shared_ptr<BitmapObject> makeDefaultBitmap()
         HandleTable::instance().addStock(*object, defaultBitmapIndex);
         return object.release();
     }();
+    static const AtModuleEnd end([] { endUnlessUsed(&stock); });
     std::shared_ptr<BitmapObject> own = make();
     HandleTable::standFor(*own, *stock);
     return own->bitmap ? own : nullptr;

@@ -8,6 +8,7 @@
 #include <mutex>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 #include "core/DeviceContext.h"
 #include "text/TextFrame.h"
@@ -60,7 +61,12 @@ public:
     {
         {
             const std::lock_guard lock(m_mutex);
+            // Most calls ask for the font of the call before.
+            if (m_latest != nullptr && m_latest->first == key) {
+                return m_latest->second;
+            }
             if (const auto known = m_fonts.find(key); known != m_fonts.end()) {
+                m_latest = &*known;
                 return known->second;
             }
         }
@@ -71,6 +77,7 @@ public:
         auto font = std::make_shared<const RealizedFont>(found, key.description, key.scale);
         const std::lock_guard lock(m_mutex);
         if (m_fonts.size() >= mostFonts) {
+            m_latest = nullptr;
             m_fonts.clear(); // those in use are held by their users
         }
         m_fonts.emplace(key, font);
@@ -82,6 +89,7 @@ private:
 
     std::mutex m_mutex;
     std::unordered_map<CacheKey, SharedFont, CacheHash> m_fonts;
+    const std::pair<const CacheKey, SharedFont>* m_latest = nullptr; // in m_fonts
 };
 
 int rounded(double value) noexcept
@@ -110,16 +118,8 @@ SharedFont RealizedFont::realize(const DeviceContext& context, const TextFrame& 
     key.scale.stretched = context.state.graphicsMode == GM_ADVANCED;
     key.scale.dotsPerInch = context.device().capability(LOGPIXELSY);
 
-    // Most calls of a thread ask for the font of the call before.
-    thread_local struct {
-        CacheKey key;
-        SharedFont font;
-    } latest;
-    if (!latest.font || !(latest.key == key)) {
-        latest.font = FontCache::instance().find(key);
-        latest.key = key;
-    }
-    return latest.font;
+    // Nothing is kept for a thread: objects that end with their thread would hold the module until then.
+    return FontCache::instance().find(key);
 }
 
 RealizedFont::RealizedFont(std::shared_ptr<const FoundFont> found, const LOGFONTW& description,

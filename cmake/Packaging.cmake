@@ -1,0 +1,41 @@
+# What `cmake --install` puts where, and the Debian package that `cpack -G DEB` makes of it: the library, its headers in a
+# folder of their own, <windows.h> and gdidevice.h in another beside it, and the descriptions for CMake and pkg-config.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/surface)
+set(windows_folder ${CMAKE_INSTALL_INCLUDEDIR}/surface-windows)
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/surface)
+
+target_include_directories(surface INTERFACE
+    $<INSTALL_INTERFACE:${header_folder}> $<INSTALL_INTERFACE:${windows_folder}>)
+install(TARGETS surface EXPORT surface)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${header_folder})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/windows/include/ DESTINATION ${windows_folder})
+
+install(EXPORT surface FILE surfaceTargets.cmake NAMESPACE surface:: DESTINATION ${package_folder})
+file(WRITE ${PROJECT_BINARY_DIR}/surfaceConfig.cmake
+    "include(\${CMAKE_CURRENT_LIST_DIR}/surfaceTargets.cmake)\n")
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/surfaceConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/surfaceConfig.cmake ${PROJECT_BINARY_DIR}/surfaceConfigVersion.cmake
+    DESTINATION ${package_folder})
+
+# The prefix is told from where surface.pc stands, so that an installation may be moved.
+file(RELATIVE_PATH prefix_from_pkgconfig
+    ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+configure_file(${CMAKE_CURRENT_LIST_DIR}/surface.pc.in ${PROJECT_BINARY_DIR}/surface.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/surface.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+set(CPACK_PACKAGE_NAME libsurface)
+set(CPACK_PACKAGE_CONTACT "The surface developers <surface@example.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "draws report pages, stores, replays, stamps and searches them")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+# Loaded where they are there: without the library images are PNG and JPEG only, without the fonts text is measured by
+# others.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libfreeimage3, fonts-liberation")
+include(CPack)
