@@ -1,0 +1,171 @@
+// surfacepage: looks into stored pages, plays, stamps, searches and traces them. See man/surfacepage.1.
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <limits>
+
+#include "FilePatterns.h"
+#include "commands.h"
+
+namespace {
+
+// What is wrong with the arguments; CLI11 reports it.
+void refuse(const std::string& option, const std::string& problem)
+{
+    throw CLI::ValidationError(option, problem);
+}
+
+class CommandLine {
+public:
+    CommandLine()
+    {
+        _app.set_version_flag("--version", "surfacepage " SURFACEPAGE_VERSION);
+        _app.require_subcommand(1);
+        _app.footer(
+            "Exit codes: 0 done, 1 nothing found or stamped, 2 a file failed or the arguments are wrong.");
+        addInfo();
+        addPlay();
+        addStamp();
+        addFind();
+        addTrace();
+    }
+
+    int run(int count, char** arguments)
+    {
+        try {
+            _app.parse(count, arguments);
+        } catch (const CLI::ParseError& problem) {
+            return _app.exit(problem) == 0 ? 0 : static_cast<int>(Outcome::Failed);
+        }
+        return runJobs(_files, _threads, _command);
+    }
+
+private:
+    // A command on files; `check` looks at its options once all are known.
+    CLI::App* add(const char* name, const char* does, FileCommand command,
+                  const std::function<void()>& check = {})
+    {
+        CLI::App* const added = _app.add_subcommand(name, does);
+        added->positionals_at_end();
+        added->add_option("FILE", _files, "Stored pages: SVG pages or enhanced metafiles")->required();
+        added->add_option("-j,--jobs", _threads, "Files worked on at the same time")
+            ->check(CLI::Range(1, 256))
+            ->capture_default_str();
+        added->final_callback([this, command = std::move(command), check] {
+            if (check) {
+                check();
+            }
+            _command = command;
+        });
+        return added;
+    }
+
+    std::vector<std::string> outputs(const std::string& pattern)
+    {
+        std::string problem;
+        std::vector<std::string> names = outputNames(pattern, _files, problem);
+        if (!problem.empty()) {
+            refuse("-o", problem);
+        }
+        return names;
+    }
+
+    void addInfo()
+    {
+        CLI::App* const info =
+            add("info", "Tell what is on pages", [this](FileJob& job) { return infoCommand(job, _info); });
+        info->add_flag("-b,--brief", _info.brief, "Count fonts, images and texts, and list none");
+    }
+
+    void addPlay()
+    {
+        CLI::App* const play = add(
+            "play", "Play pages to another format", [this](FileJob& job) { return playCommand(job, _play); },
+            [this] { checkPlay(); });
+        play->add_option(
+                "-o,--output", _pattern,
+                "What to write, ending in .svg, .ps, .emf or .png; a metafile plays to .png and .emf only. "
+                "{} stands for the name of FILE without folder and ending")
+            ->required();
+        _dpi = play->add_option("--dpi", _play.dpi, "Dots per inch of a .png")
+                   ->check(CLI::Range(1, 4800))
+                   ->capture_default_str();
+    }
+
+    void checkPlay()
+    {
+        _play.outputs = outputs(_pattern);
+        for (const std::string& output : _play.outputs) {
+            if (const std::string problem = problemOfPlayOutput(output, _dpi->count() > 0);
+                !problem.empty()) {
+                refuse("-o", problem);
+            }
+        }
+    }
+
+    void addStamp()
+    {
+        constexpr int most = std::numeric_limits<int>::max();
+        CLI::App* const stamp = add(
+            "stamp", "Stamp the page count \"N of M\" into pages, in place",
+            [this](FileJob& job) { return stampCommand(job, _stamp); },
+            [this] {
+                if (_files.size() > std::size_t{most} - static_cast<std::size_t>(_stamp.firstNumber)) {
+                    refuse("N", "is too high for so many pages");
+                }
+            });
+        stamp->add_option("N", _stamp.firstNumber, "Number of the page; further files count on from it")
+            ->required()
+            ->check(CLI::Range(0, most));
+        stamp->add_option("M", _stamp.pageCount, "Number of pages")->required()->check(CLI::Range(0, most));
+    }
+
+    void addFind()
+    {
+        CLI::App* const find = add(
+            "find", "Find a text on pages, all hits with their places",
+            [this](FileJob& job) { return findCommand(job, _find); },
+            [this] {
+                if (_find.text.empty()) {
+                    refuse("TEXT", "is empty");
+                }
+                if (!_pattern.empty()) {
+                    _find.markedPages = outputs(_pattern);
+                }
+            });
+        find->add_option("TEXT", _find.text, "What to find")->required();
+        find->add_flag("--case", _find.matchCase, "Upper and lower case differ");
+        find->add_flag("--word", _find.wholeWord, "Whole words only");
+        CLI::Option* const marked = find->add_option(
+            "-o,--output", _pattern, "Write a copy of the page with a hit marked; {} as for play");
+        find->add_option("--hit", _find.markedHit, "Which hit is marked there")
+            ->needs(marked)
+            ->check(CLI::Range(1, std::numeric_limits<int>::max()))
+            ->capture_default_str();
+    }
+
+    void addTrace()
+    {
+        add("trace", "List the surface calls of SVG pages, or the records of metafiles, one a line",
+            traceCommand);
+    }
+
+    CLI::App _app{"Looks into stored pages of the surface library, plays, stamps, searches and traces them.",
+                  "surfacepage"};
+    std::vector<std::string> _files;
+    unsigned int _threads = 1;
+    std::string _pattern; // of output files
+    CLI::Option* _dpi = nullptr;
+    InfoOptions _info;
+    PlayOptions _play;
+    StampOptions _stamp;
+    FindOptions _find;
+    FileCommand _command;
+};
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    return CommandLine().run(count, arguments);
+}
