@@ -46,7 +46,8 @@ const std::string& OutputFile::create()
     }
     struct stat status {};
     const bool exists = stat(place.c_str(), &status) == 0;
-    if (exists && !S_ISREG(status.st_mode)) {
+    const bool danglingLink = !exists && fs::is_symlink(_path, error);
+    if (danglingLink || (exists && !S_ISREG(status.st_mode))) {
         _job.complain(std::string("can't write ").append(_path).append(": it is no regular file"));
         return _temporary;
     }
