@@ -1,6 +1,9 @@
 // surfacepage: looks into stored pages, plays, stamps, searches and traces them. See man/surfacepage.1.
 #include <CLI/CLI.hpp>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <charconv>
 #include <limits>
 #include <memory>
@@ -222,5 +225,13 @@ private:
 
 int main(int count, char** arguments)
 {
+    // A file must not be opened under the number of a closed standard stream: messages would go into it.
+    int stream = 0;
+    while (stream >= 0 && stream <= STDERR_FILENO) {
+        stream = open("/dev/null", O_RDWR);
+    }
+    if (stream >= 0) {
+        close(stream);
+    }
     return CommandLine().run(count, arguments);
 }
