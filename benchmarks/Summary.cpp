@@ -35,6 +35,11 @@ constexpr Ratio ratios[] = {
     {wordHitName, textParseName, 1.0},
     {plainMissName, scanMissName, noLimit},
     {plainHitName, scanHitName, noLimit},
+    {metafileStampName, metafileCopyName, noLimit},
+    {metafileMissName, metafileCopyName, noLimit},
+    {metafileHitName, metafileCopyName, noLimit},
+    {metafileWordMissName, metafileCopyName, noLimit},
+    {metafileWordHitName, metafileCopyName, noLimit},
 };
 
 constexpr Ratio imageRatios[] = {
@@ -72,10 +77,10 @@ struct Growth {
 };
 
 constexpr Growth growths[] = {
-    {floorName, noLimit},  {surfaceName, 1.2},         {freshSurfaceName, 1.2},  {psFloorName, noLimit},
-    {psSurfaceName, 1.2},  {replayName, 1.2},          {textFloorName, noLimit}, {textSurfaceName, 1.2},
-    {textReplayName, 1.2}, {psTextFloorName, noLimit}, {psTextSurfaceName, 1.2}, {plainMissName, 2.0},
-    {wordMissName, 2.0},
+    {floorName, noLimit},  {surfaceName, 1.2},         {freshSurfaceName, 1.2},     {psFloorName, noLimit},
+    {psSurfaceName, 1.2},  {replayName, 1.2},          {textFloorName, noLimit},    {textSurfaceName, 1.2},
+    {textReplayName, 1.2}, {psTextFloorName, noLimit}, {psTextSurfaceName, 1.2},    {plainMissName, 2.0},
+    {wordMissName, 2.0},   {metafileMissName, 1.2},    {metafileWordMissName, 1.2},
 };
 
 std::string key(const std::string& name, int argument)

@@ -44,6 +44,14 @@ inline constexpr const char* wordHitName = "word_closing";
 inline constexpr const char* scanMissName = "scan_missing";
 inline constexpr const char* scanHitName = "scan_closing";
 
+// The page operations on a metafile, with the number of its text records as their argument.
+inline constexpr const char* metafileCopyName = "emf_copy";
+inline constexpr const char* metafileStampName = "emf_stamp";
+inline constexpr const char* metafileMissName = "emf_find_missing";
+inline constexpr const char* metafileHitName = "emf_find_closing";
+inline constexpr const char* metafileWordMissName = "emf_word_missing";
+inline constexpr const char* metafileWordHitName = "emf_word_closing";
+
 // These run with the side of the image as their argument.
 inline constexpr const char* pngName = "png_surface";
 inline constexpr const char* pngCairoName = "png_cairo";

@@ -24,6 +24,7 @@
 
 #include "Checks.h"
 #include "ImagePage.h"
+#include "MetafilePage.h"
 #include "NullSurface.h"
 #include "PostScriptPage.h"
 #include "SampleEncoding.h"
@@ -175,6 +176,31 @@ void registerOperations()
                  [](std::string& page) { return scanPage(page, closingWord); });
 }
 
+int textRecords(int records)
+{
+    return records;
+}
+
+void registerMetafiles()
+{
+    registerWork(metafileCopyName, makeMetafilePage, textRecords, copyPage);
+    registerWork(metafileStampName, makeMetafilePage, textRecords, stampPage);
+    struct Sought {
+        const char* name;
+        Search search;
+    };
+    constexpr Sought searches[] = {{metafileMissName, {missingWord, true, false}},
+                                   {metafileHitName, {closingWord, true, false}},
+                                   {metafileWordMissName, {missingWord, false, true}},
+                                   {metafileWordHitName, {closingWord, false, true}}};
+    for (const Sought& sought : searches) {
+        const Search search = sought.search;
+        registerWork(sought.name, makeMetafilePage, textRecords, [search](std::string& page) {
+            return (findInPage(page, search).markedBytes > 0) == (search.text == closingWord);
+        });
+    }
+}
+
 // One page per call, which is given the bytes of the image; `make` is timed with nothing else.
 template <class Make>
 void registerImage(const char* name, Make make)
@@ -265,7 +291,7 @@ int main(int argc, char** argv)
         return 1;
     }
     for (const int rows : {smallTable, largeTable}) {
-        if (!pagesAgree(rows) || !documentsAgree(rows) || !operationsWork(rows)) {
+        if (!pagesAgree(rows) || !documentsAgree(rows) || !operationsWork(rows) || !metafileWorks(rows)) {
             return 1;
         }
     }
@@ -276,6 +302,7 @@ int main(int argc, char** argv)
     keepFreedMemory();
     registerPages();
     registerOperations();
+    registerMetafiles();
     registerImages();
     std::cout << "Measuring; the lines come together at the end, all of them after about a minute and a half."
               << std::endl;

@@ -8,6 +8,7 @@
 #include <random>
 #include <set>
 #include <string>
+#include <string_view>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -20,13 +21,13 @@ void run(const std::string& page)
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(page.data()), page.size());
 }
 
-// Changes one to eight places: a byte, a number, a piece left out or copied elsewhere.
+// Changes one to eight places: a byte, a number in digits or in four bytes, a piece left out or copied elsewhere.
 std::string derived(std::string page, std::mt19937& random)
 {
     for (auto changes = random() % 8 + 1; changes > 0 && !page.empty(); --changes) {
         const std::size_t place = random() % page.size();
         const std::size_t length = random() % 40;
-        switch (random() % 4) {
+        switch (random() % 5) {
         case 0:
             page[place] = "<>'=,# \0g/"[random() % 10];
             break;
@@ -36,6 +37,12 @@ std::string derived(std::string page, std::mt19937& random)
         case 2:
             page.erase(place, length);
             break;
+        case 3: {
+            const std::string_view numbers("\0\0\0\0\x08\0\0\0\x54\0\0\0\xFC\xFF\xFF\x7F\xFF\xFF\xFF\xFF",
+                                           20);
+            page.replace(place / 4 * 4, 4, numbers.substr(random() % 5 * 4, 4));
+            break;
+        }
         default:
             page.insert(place, page.substr(random() % page.size(), length));
         }

@@ -23,6 +23,7 @@ constexpr ErrorText errorTexts[] = {
     {8, "Not enough memory"},
     {13, "Invalid data"},
     {14, "Out of memory"},
+    {31, "Device not functioning"},
     {50, "Request not supported"},
     {87, "Invalid parameter"},
     {120, "Function not supported on this system"},

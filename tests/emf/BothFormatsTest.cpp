@@ -7,7 +7,7 @@
 
 namespace {
 
-// Page 2 of 9: a title, and two placeholders for its count.
+// A title, and a placeholder for the page count.
 std::string reportOn(CSurface& surface, const char* placeholder)
 {
     char face[] = "DejaVu Sans";
@@ -25,77 +25,55 @@ std::string reportOn(CSurface& surface, const char* placeholder)
 }
 
 struct Pages {
-    explicit Pages(const char* placeholder)
-    {
-        RECT frame{0, 0, 21000, 29700};
-        CSurfaceEMF metafileSurface(&frame);
-        metafile = reportOn(metafileSurface, placeholder);
-        RECT millimetres{0, 0, 210, 297};
-        RECT units{0, 0, 500, 700};
-        CSurfaceSVG svgSurface(&millimetres, &units);
-        svg = reportOn(svgSurface, placeholder);
-    }
-
     std::string metafile;
     std::string svg;
 };
 
-bool stampPage(std::string& page)
+Pages pagesWith(const char* placeholder)
 {
-    return CMetaFilePlayer::insertPageCount(reinterpret_cast<unsigned char*>(page.data()),
-                                            static_cast<int>(page.size()), 2, 9);
+    RECT frame{0, 0, 21000, 29700}; // hundredths of a millimetre
+    RECT paper{0, 0, 210, 297};
+    RECT units{0, 0, 500, 700};
+    CSurfaceEMF metafile(&frame);
+    CSurfaceSVG svg(&paper, &units);
+    return {reportOn(metafile, placeholder), reportOn(svg, placeholder)};
 }
 
-bool found(const std::string& page, const char* text)
+// Whether the page count, page 2 of 9, went into the page, and the text is on it now.
+bool stampGives(std::string page, const char* text)
 {
-    return !PageSearch{text, true}.next(page).empty();
+    const bool changed = CMetaFilePlayer::insertPageCount(reinterpret_cast<unsigned char*>(page.data()),
+                                                          static_cast<int>(page.size()), 2, 9);
+    return changed && !PageSearch{text}.next(page).empty();
 }
 
-TEST(BothFormats, StampWithinTheirOwnRules)
+TEST(BothFormats, StampByTheirOwnRules)
 {
     const CaughtReports reports;
-    const struct {
-        const char* placeholder;
-        const char* onMetafile;
-        const char* onSvg;
-        bool svgChanges;
-    } cases[] = {
-        {"p of 99", "2 of 9", "2 of 9", true},
-        {"p of 9", "2 of 9", "p of 9", false}, // a field of just this length is too short on one
-        {"        ", "9", "2", true},          // the total here, the number there
-    };
-    for (const auto& [placeholder, onMetafile, onSvg, svgChanges] : cases) {
-        Pages pages(placeholder);
-        EXPECT_TRUE(stampPage(pages.metafile));
-        EXPECT_EQ(stampPage(pages.svg), svgChanges);
-        EXPECT_TRUE(found(pages.metafile, onMetafile)) << placeholder;
-        EXPECT_TRUE(found(pages.svg, onSvg)) << placeholder;
-    }
+    EXPECT_TRUE(stampGives(pagesWith("p of 99").metafile, "2 of 9"));
+    EXPECT_TRUE(stampGives(pagesWith("p of 99").svg, "2 of 9"));
+    EXPECT_TRUE(stampGives(pagesWith("p of 9").metafile, "2 of 9"));
+    EXPECT_FALSE(stampGives(pagesWith("p of 9").svg, "2 of 9")); // must be longer than what goes in
+    EXPECT_TRUE(stampGives(pagesWith("      ").metafile, "9"));  // the total
+    EXPECT_TRUE(stampGives(pagesWith("      ").svg, "2"));       // the number
 }
 
-TEST(BothFormats, TellSizeAndResumeInTheirOwnUnits)
+TEST(BothFormats, TellSizesAndResumeByTheirOwnRules)
 {
-    const Pages pages("p of 99");
-    const struct {
-        std::string page;
-        unsigned int size[2];
-        unsigned int resume; // once the first of two hits in one text is found
-    } cases[] = {{pages.metafile, {793, 1122}, 2}, {pages.svg, {500, 700}, 1}};
-    for (auto [page, size, resume] : cases) {
-        unsigned int width = 0;
-        unsigned int height = 0;
-        CMetaFilePlayer::getImageSize(reinterpret_cast<unsigned char*>(page.data()),
-                                      static_cast<int>(page.size()), width, height);
-        EXPECT_TRUE(width == size[0] && height == size[1]) << width << ' ' << height;
+    const auto [metafile, svg] = pagesWith("p of 99");
+    const std::pair<std::string, std::vector<unsigned int>> pages[] = {{metafile, {793, 1122, 2}},
+                                                                       {svg, {500, 700, 1}}};
+    for (auto [page, answers] : pages) {
         PageSearch search{"ab"};
         EXPECT_FALSE(search.next(page).empty());
-        EXPECT_EQ(search.textOffset, resume);
-        EXPECT_FALSE(search.next(page).empty());
-        EXPECT_TRUE(search.next(page).empty());
+        std::vector<unsigned int> given{0, 0, search.textOffset};
+        CMetaFilePlayer::getImageSize(reinterpret_cast<unsigned char*>(page.data()),
+                                      static_cast<int>(page.size()), given[0], given[1]);
+        EXPECT_EQ(given, answers);
     }
 }
 
-// A gap of so many units between two texts, "a" of width 10 and "b".
+// "a" is 10 units wide; the bounds of a metafile's text leave the last one out.
 TEST(BothFormats, JoinTextsOverTheirOwnGap)
 {
     for (int gap = 0; gap < 8; ++gap) {

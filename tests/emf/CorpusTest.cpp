@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 
 namespace {
 
@@ -16,73 +17,49 @@ const std::filesystem::path corpus = std::filesystem::path(SURFACE_CORPUS) / "em
 std::string pageOf(const std::filesystem::path& file)
 {
     std::ifstream stream(file, std::ios::binary);
-    std::string page{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    page.shrink_to_fit();
-    return page;
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
-// How many hits there are; the marked pages must tell their own size and number of records.
-int countHits(const std::string& page, PageSearch search, bool whole)
+int countHits(const std::string& page, PageSearch search)
 {
     int hits = 0;
-    for (std::string marked = search.next(page); !marked.empty(); marked = search.next(page), ++hits) {
+    for (std::string marked; !(marked = search.next(page)).empty(); ++hits) {
         EXPECT_EQ(numberAt(marked, 48), marked.size());
-        if (whole) {
-            EXPECT_EQ(numberAt(marked, 52), recordsOf(marked).size());
-        }
     }
     return hits;
 }
 
-TEST(MetafileCorpus, HoldsTheWordsItIsKnownFor)
+// The words are counted; of all files, the damaged ones too, it is expected that each operation ends and keeps to
+// the bytes of the page.
+TEST(MetafileCorpus, IsSearchedAndStampedToItsEnd)
 {
-    const struct {
-        const char* file;
+    struct Known {
         const char* text;
         int hits;
         int wordHits;
-    } cases[] = {
-        {"test_mm_text_ref.emf", "ul", 1, 1},       {"py-test-drawing1.emf", "arial", 2, 2},
-        {"py-test-paths1.emf", "StrokePath", 3, 3}, {"py-test-worldtransform1.emf", "rotate 45 deg", 1, 1},
-        {"lib-check1.emf", "A larger font", 1, 1},  {"w2s-fulltest.emf", "overview", 1, 1},
-        {"test-156.emf", "milwaukee", 1, 1},        {"EA-test-file-001.emf", "Zonal Identifier", 1, 0},
-        {"test-022.emf", "M\xE9th. de Ward", 1, 1}, {"test-183.emf", "Hebrew text below", 1, 1},
-        {"fh-TestText2D.emf", "Graphics", 24, 0},   {"test_libuemf_ref.emf", "STRETCHDI", 5, 0},
+    };
+    const std::map<std::string, Known> words = {
+        {"test_mm_text_ref", {"ul", 1, 1}},       {"py-test-drawing1", {"arial", 2, 2}},
+        {"py-test-paths1", {"StrokePath", 3, 3}}, {"py-test-worldtransform1", {"rotate 45 deg", 1, 1}},
+        {"w2s-fulltest", {"overview", 1, 1}},     {"EA-test-file-001", {"Zonal Identifier", 1, 0}},
+        {"fh-TestText2D", {"Graphics", 24, 0}},   {"test-022", {"M\xE9th. de Ward", 1, 1}},
     };
     if (!std::filesystem::exists(corpus)) {
         GTEST_SKIP() << "no corpus";
     }
-    for (const auto& [file, text, hits, wordHits] : cases) {
-        const std::string page = pageOf(corpus / file);
-        EXPECT_EQ(countHits(page, {text}, true), hits) << file;
-        EXPECT_EQ(countHits(page, {text, false, true}, true), wordHits) << file;
-    }
-}
-
-// Nothing is expected of the damaged ones but that each operation ends and keeps to its bytes.
-TEST(MetafileCorpus, IsGoneThroughToItsEnd)
-{
-    if (!std::filesystem::exists(corpus)) {
-        GTEST_SKIP() << "no corpus";
-    }
-    const std::string marker =
-        recordOf(EMR_GDICOMMENT, bytesOf(DWORD{11}) + "TPC" + bytesOf(POINTL{-9, 9000}));
     for (const auto& file : std::filesystem::recursive_directory_iterator(corpus)) {
-        if (file.path().extension() != ".emf") {
-            continue;
+        std::string page = file.path().extension() == ".emf" ? pageOf(file.path()) : metafileOf({});
+        if (const auto known = words.find(file.path().stem()); known != words.end()) {
+            EXPECT_EQ(countHits(page, {known->second.text}), known->second.hits) << file;
+            EXPECT_EQ(countHits(page, {known->second.text, false, true}), known->second.wordHits) << file;
         }
-        std::string page = pageOf(file.path());
-        for (const char* const text : {"a", "e ", "o a", "1 1"}) {
-            countHits(page, {text}, false);
-            countHits(page, {text, true, true}, false);
+        for (const char* const text : {"a", "o a"}) {
+            countHits(page, {text});
+            countHits(page, {text, true, true});
         }
-        // Behind the header, so that a text of the page is the placeholder.
-        page.insert(std::min<std::size_t>(numberAt(page, 4), page.size()), marker);
-        page.shrink_to_fit();
-        const std::size_t size = page.size();
-        CMetaFilePlayer::insertPageCount(reinterpret_cast<unsigned char*>(page.data()),
-                                         static_cast<int>(size), 1, 2);
-        EXPECT_EQ(page.size(), size);
+        page.insert(std::min<std::size_t>(numberAt(page, 4), page.size()), markerRecord(-9, 9000));
+        std::vector<unsigned char> bytes(page.begin(), page.end());
+        CMetaFilePlayer::insertPageCount(bytes.data(), static_cast<int>(bytes.size()), 1, 2);
     }
 }
 

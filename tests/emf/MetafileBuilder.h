@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-// Numbers, or one of the record layouts, as bytes.
 template <typename Layout>
 std::string bytesOf(const Layout& layout)
 {
@@ -32,21 +31,23 @@ inline std::string withNumber(std::string bytes, std::size_t offset, DWORD numbe
     return bytes.replace(offset, 4, bytesOf(number));
 }
 
+inline std::string markerRecord(int left, int right)
+{
+    return recordOf(EMR_GDICOMMENT, bytesOf(DWORD{11}) + "TPC" + bytesOf(POINTL{left, right}));
+}
+
 // A text of characters 10 units wide and high, with advances of 7 behind it.
 inline std::string textRecord(int x, int y, const std::string& text, bool wide = false)
 {
-    std::string characters = text;
-    if (wide) {
-        characters.clear();
-        for (const char character : text) {
-            characters += {character, '\0'};
-        }
+    std::string characters;
+    for (const char character : text) {
+        characters += wide ? std::string{character, '\0'} : std::string{character};
     }
     characters.resize((characters.size() + 3) / 4 * 4);
     const auto count = static_cast<DWORD>(text.size());
     EMREXTTEXTOUT record{};
-    record.rclBounds = {x, y, x + 10 * static_cast<int>(count) - 1, y + 9};
     const auto advances = static_cast<DWORD>(sizeof(record) + characters.size());
+    record.rclBounds = {x, y, x + 10 * static_cast<int>(count) - 1, y + 9};
     record.emrtext = {{x, y}, count, sizeof(record), ETO_CLIPPED, {}, advances};
     for (DWORD i = 0; i < count; ++i) {
         characters += bytesOf(DWORD{7});
@@ -72,27 +73,23 @@ inline std::string metafileOf(const std::vector<std::string>& records)
     return recordOf(EMR_HEADER, bytesOf(header).substr(8)) + page;
 }
 
-// The records of a page up to the first that can't be one.
 inline std::vector<std::string> recordsOf(const std::string& page)
 {
     std::vector<std::string> records;
-    for (std::size_t at = 0; at + 8 <= page.size(); at += records.back().size()) {
-        const DWORD size = numberAt(page, at + 4);
-        if (size < 8 || size > page.size() - at) {
-            break;
-        }
-        records.push_back(page.substr(at, size));
+    for (std::size_t at = 0; at < page.size(); at += records.back().size()) {
+        records.push_back(page.substr(at, numberAt(page, at + 4)));
     }
     return records;
 }
 
-// The characters of a text record, the low bytes of wide ones.
+// The characters of a text record, the low bytes of wide ones; blanks as points.
 inline std::string charactersOf(const std::string& record)
 {
     std::string text;
     const std::size_t step = numberAt(record, 0) == EMR_EXTTEXTOUTW ? 2 : 1;
     for (DWORD i = 0; i < numberAt(record, 44); ++i) {
-        text += record[numberAt(record, 48) + i * step];
+        const char character = record[numberAt(record, 48) + i * step];
+        text += character == ' ' ? '.' : character;
     }
     return text;
 }

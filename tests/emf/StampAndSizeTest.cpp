@@ -7,229 +7,172 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
-
-using namespace std::string_literals;
+#include <numeric>
+#include <sstream>
 
 namespace {
 
-std::string markerRecord(int left, int right)
+// Page 7 of 12, in a buffer of exactly the page's length; the records afterwards.
+std::vector<std::string> stamped(const std::vector<std::string>& records, bool found = true)
 {
-    return recordOf(EMR_GDICOMMENT, bytesOf(DWORD{11}) + "TPC" + bytesOf(POINTL{left, right}));
-}
-
-// Page 7 of 12, from a buffer of exactly the page's length.
-bool stamp(std::string& page)
-{
+    const std::string page = metafileOf(records);
     std::vector<unsigned char> bytes(page.begin(), page.end());
-    const bool found = CMetaFilePlayer::insertPageCount(bytes.data(), static_cast<int>(bytes.size()), 7, 12);
-    page.assign(bytes.begin(), bytes.end());
-    return found;
+    EXPECT_EQ(CMetaFilePlayer::insertPageCount(bytes.data(), static_cast<int>(bytes.size()), 7, 12), found);
+    return recordsOf({bytes.begin(), bytes.end()});
 }
 
-// Without a font nothing but characters, their number and the options change.
 TEST(MetafileStamp, GoesToTheNextTextWithRoom)
 {
-    const std::string marker = markerRecord(0, 90);
     const std::string word(299, 'w');
     const struct {
-        std::vector<std::string> texts; // each behind a marker, but for those that begin with "+"
-        std::vector<std::string> stamped;
+        const char* texts; // those behind a marker begin with "!"
+        std::string stamped;
         const char* word = "of";
-        bool found = true;
     } cases[] = {
-        {{"page x of y"}, {"7 of 12"}},
-        {{" x of y"}, {"12"}},
-        {{"1234567"}, {"7 of 12"}},
-        {{"123456", "+1234567", "+1234567"}, {"123456", "7 of 12", "1234567"}},
-        {{"", "+ ", "+  "}, {"", " ", "12"}},
-        {{"123456"}, {"123456"}},
-        {{"12345678", "12345678"}, {"7 of 12", "7 of 12"}},
-        {{"+12345678"}, {"12345678"}, "of", false},
-        {{"12345678"}, {"7 of 12"}, nullptr},
-        {{std::string(310, '.')}, {"7 " + word + " 12"}, word.c_str()},
+        {"!page x of y", "7.of.12/"},
+        {"!  of y", "12/"},
+        {"!1234567/1234567", "7.of.12/1234567/"},
+        {"!123456/1234567", "123456/7.of.12/"},
+        {"!/ /  ", "/./12/"},
+        {"!12345678/!12345678", "7.of.12/7.of.12/"},
+        {"!12345678", "7.of.12/", nullptr},
+        {word.c_str(), word + '/'},
     };
-    for (const auto& [texts, stamped, between, found] : cases) {
+    for (const auto& [texts, expected, between] : cases) {
         for (const bool wide : {false, true}) {
-            std::vector<std::string> before;
-            std::vector<std::string> after;
-            for (std::size_t i = 0; i < texts.size(); ++i) {
-                const bool marked = texts[i].substr(0, 1) != "+";
-                const std::string old = texts[i].substr(marked ? 0 : 1);
-                std::string changed =
-                    textRecord(5, 6, stamped[i] + old.substr(std::min(old.size(), stamped[i].size())), wide);
-                if (old != stamped[i]) {
-                    changed =
-                        withNumber(withNumber(changed, 44, static_cast<DWORD>(stamped[i].size())), 52, 0);
+            std::vector<std::string> records;
+            std::istringstream lines(texts);
+            for (std::string text; std::getline(lines, text, '/');) {
+                if (text[0] == '!') {
+                    records.insert(records.end(), 2, markerRecord(0, 90));
+                    text.erase(0, 1);
                 }
-                for (auto* const records : {&before, &after}) {
-                    records->insert(records->end(), marked ? 2 : 0, marker);
-                }
-                before.push_back(textRecord(5, 6, old, wide));
-                after.push_back(changed);
+                records.push_back(textRecord(5, 6, text, wide));
             }
-            std::string page = metafileOf(before);
             krnSetMessageText(15301, between);
-            EXPECT_EQ(stamp(page), found) << texts[0];
-            krnSetMessageText(15301, "of");
-            EXPECT_EQ(page, metafileOf(after)) << texts[0] << wide;
+            std::string after;
+            for (const std::string& record : stamped(records, texts[0] == '!')) {
+                after += numberAt(record, 0) == numberAt(records.back(), 0) ? charactersOf(record) + '/' : "";
+            }
+            EXPECT_EQ(after, expected);
         }
     }
+    krnSetMessageText(15301, word.c_str());
+    EXPECT_EQ(charactersOf(stamped({markerRecord(0, 9), textRecord(0, 0, std::string(310, 'x'))})[2]),
+              "7." + word + ".12");
+    krnSetMessageText(15301, "of");
 }
 
-LOGFONTW fontOf(int number)
+std::string fontRecord(DWORD number)
 {
     LOGFONTW font{};
-    font.lfHeight = -5 * number;
+    font.lfHeight = -5 * static_cast<int>(number);
     std::copy_n(u"DejaVu Sans", 11, font.lfFaceName);
-    return font;
+    return recordOf(EMR_EXTCREATEFONTINDIRECTW, bytesOf(number) + bytesOf(font));
 }
 
-// What the stamp leaves: the advances, left and right of the bounds, x of the reference point.
-std::vector<int> spacingOf(const std::string& record)
+// The advances of "7 of 12" over sevens, and its width behind them.
+std::vector<int> measuresIn(DWORD number)
 {
-    std::vector<int> spacing;
-    for (const std::size_t offset : {8, 16, 36}) {
-        spacing.push_back(static_cast<int>(numberAt(record, offset)));
-    }
-    const std::size_t advances = record.size() - 36; // of nine characters
-    for (std::size_t i = 0; i < 9; ++i) {
-        spacing.push_back(static_cast<int>(numberAt(record, advances + 4 * i)));
-    }
-    return spacing;
-}
-
-// By the measures of "7 of 12" in the font: null without one.
-struct Measures {
-    explicit Measures(int number)
-    {
-        const LOGFONTW description = fontOf(number);
-        const HDC screen = GetDC(nullptr);
-        const HFONT font = CreateFontIndirectW(&description);
-        const HGDIOBJ before = SelectObject(screen, font);
-        SIZE size{};
-        GetTextExtentExPointA(screen, "7 of 12", 7, 400, &fit, extents, &size);
-        width = size.cx;
-        SelectObject(screen, before);
-        DeleteObject(font);
-        ReleaseDC(nullptr, screen);
-    }
-    INT extents[7]{};
+    LOGFONTW font{};
+    std::memcpy(&font, fontRecord(number).data() + 12, sizeof(font));
+    const HDC screen = GetDC(nullptr);
+    const HFONT made = CreateFontIndirectW(&font);
+    const HGDIOBJ before = SelectObject(screen, made);
+    std::vector<INT> measures(8, 7);
+    SIZE size{};
     INT fit = 0;
-    int width = 0;
-};
+    GetTextExtentExPointA(screen, "7 of 12", 7, 400, &fit, measures.data(), &size);
+    SelectObject(screen, before);
+    DeleteObject(made);
+    ReleaseDC(nullptr, screen);
+    std::adjacent_difference(measures.begin(), measures.end() - 1, measures.begin());
+    measures.back() = size.cx;
+    return measures;
+}
 
-std::string objectRecord(char kind, DWORD number)
+std::string select(DWORD number)
 {
-    switch (kind) {
-    case 'c':
-        return recordOf(EMR_EXTCREATEFONTINDIRECTW,
-                        bytesOf(number) + bytesOf(fontOf(static_cast<int>(number))));
-    case 'x': // a font that is cut short
-        return recordOf(EMR_EXTCREATEFONTINDIRECTW, bytesOf(number) + std::string(88, 'x'));
-    default:
-        return recordOf(kind == 's' ? EMR_SELECTOBJECT : EMR_DELETEOBJECT, bytesOf(number));
-    }
+    return recordOf(EMR_SELECTOBJECT, bytesOf(number));
 }
 
 TEST(MetafileStamp, SpacesAndAlignsTheText)
 {
-    enum Alignment { left, centred, right };
-    constexpr DWORD stock = ENHMETA_STOCK_OBJECT;
-    constexpr DWORD noAdvances = 0;
+    const std::string font = fontRecord(4);
+    const std::string larger = fontRecord(6);
+    const std::string last = fontRecord(99);
+    const std::string beyond = fontRecord(100); // too high for its text to fit the measure
+    const std::string cut = withNumber(font, 4, 100).substr(0, 100);
     const struct {
-        std::vector<std::pair<char, DWORD>> objects;
-        int font; // its number; 0: none
+        std::vector<std::string> objects;
+        DWORD font; // 0: nothing is spaced or moved
         POINTL band{0, 80};
-        Alignment alignment = left;
+        char alignment = 'l';
         DWORD advances = 88; // their offset
     } cases[] = {
         {{}, 0},
-        {{{'x', 4}}, 0},
-        {{{'c', 4}}, 4},
-        {{{'c', 4}, {'s', stock + 13}, {'s', 5}}, 4},
-        {{{'c', 4}, {'c', 5}, {'s', 4}}, 4},
-        {{{'c', 4}, {'c', 100}}, 100},
-        {{{'c', 99}, {'c', 100}, {'c', 4}, {'s', 100}, {'s', 99}, {'s', 100}}, 99},
-        {{{'c', 4}, {'d', 4}}, 4},
-        {{{'c', 4}, {'c', 5}, {'d', 4}, {'s', 4}}, 5},
-        {{{'c', 4}}, 4, {-10, 150}, centred},
-        {{{'c', 4}}, 4, {-10, 90}, right},
-        {{{'c', 4}}, 4, {1, 150}, left},
-        {{{'c', 4}}, 4, {-10, 150}, centred, noAdvances},
-        {{{'c', 4}}, 4, {-10, 90}, right, 124 - 24},
+        {{cut}, 0},
+        {{font, select(ENHMETA_STOCK_OBJECT + 13), select(5)}, 4},
+        {{font, larger, select(4)}, 4},
+        {{font, beyond}, 100},
+        {{last, beyond, font, select(100), select(99)}, 99},
+        {{last, beyond, font, select(100)}, 4},
+        {{font, larger, recordOf(EMR_DELETEOBJECT, bytesOf(DWORD{4})), select(4)}, 6},
+        {{font}, 4, {-10, 150}, 'c'},
+        {{font}, 4, {-10, 90}, 'r'},
+        {{font}, 4, {1, 150}},
+        {{font}, 4, {-10, 150}, 'c', 0},
+        {{font}, 4, {-10, 90}, 'r', 100},
     };
-    for (const auto& [objects, font, band, alignment, advances] : cases) {
-        std::vector<std::string> records;
-        for (const auto& [kind, number] : objects) {
-            records.push_back(objectRecord(kind, number));
-        }
+    for (auto [records, number, band, alignment, offset] : cases) {
         records.push_back(markerRecord(band.x, band.y));
-        records.push_back(withNumber(textRecord(0, 6, "123456789"), 72, advances));
-        std::string page = metafileOf(records);
-        EXPECT_TRUE(stamp(page));
-
-        std::vector<int> expected{0, 89, 0, 7, 7, 7, 7, 7, 7, 7, 7, 7};
-        if (font != 0) {
-            const Measures measures(font);
-            for (int i = 6; i >= 0 && advances == 88; --i) {
-                const int end = i < measures.fit ? measures.extents[i] : 7;
-                const int start = i == 0 ? 0 : i - 1 < measures.fit ? measures.extents[i - 1] : 7;
-                expected[static_cast<std::size_t>(i) + 3] = end - start;
-            }
-            if (alignment == centred) {
-                expected[0] = (band.y - band.x - measures.width) / 2 + band.x;
-                expected[1] = band.y;
-            } else if (alignment == right) {
-                expected[0] = 89 - measures.width;
-            }
-            expected[2] = expected[0];
+        records.push_back(withNumber(textRecord(0, 6, "123456789"), 72, offset));
+        const std::string text = stamped(records)[records.size()];
+        const std::vector<int> measures = measuresIn(number);
+        RECTL bounds{0, 6, 89, 15};
+        if (alignment == 'c') {
+            bounds = {(band.y - band.x - measures[7]) / 2 + band.x, 6, band.y, 15};
+        } else if (alignment == 'r') {
+            bounds.left = bounds.right - measures[7];
         }
-        EXPECT_EQ(spacingOf(recordsOf(page)[records.size()]), expected)
-            << font << ' ' << band.x << ' ' << advances;
+        std::string expected;
+        for (std::size_t i = 0; i < 9; ++i) {
+            expected += bytesOf(number != 0 && offset == 88 && i < 7 ? measures[i] : 7);
+        }
+        EXPECT_EQ(text.substr(8, 16), bytesOf(bounds)) << alignment << number;
+        EXPECT_EQ(text.substr(36, 8), bytesOf(POINTL{bounds.left, 6}));
+        EXPECT_EQ(text.substr(88), expected);
     }
 }
 
 TEST(MetafileSize, IsThatOfTheFrameInPixels)
 {
     const std::string page = metafileOf({});
-    const struct {
-        std::string page;
-        unsigned int width;
-        unsigned int height;
-    } cases[] = {
-        {page, 793, 1122},
-        {page.substr(0, 88), 793, 1122},
-        {page.substr(0, 87), 0, 0},
-        {withNumber(page, 72, 0), 0, 0},
-        {withNumber(page, 84, 0), 0, 0},
-        {withNumber(page, 32, 0xFFFFFFFF), 0, 0},                                  // ends before it begins
-        {withNumber(withNumber(page, 24, 0x80000000), 80, 1), 0, 0},               // wider than 32 bits
-        {withNumber(withNumber(page, 72, 0xFFFFF880), 32, 0xFFFFADF8), 793, 1122}, // both negative
-    };
-    for (const auto& test : cases) {
-        std::vector<unsigned char> bytes(test.page.begin(), test.page.end());
-        unsigned int width = 1;
-        unsigned int height = 1;
-        CMetaFilePlayer::getImageSize(bytes.data(), static_cast<int>(bytes.size()), width, height);
-        EXPECT_TRUE(width == test.width && height == test.height) << width << ' ' << height;
+    const std::string tooWide = withNumber(withNumber(page, 24, 0x80000000), 80, 1);
+    const std::pair<std::string, unsigned int> cases[] = {{page, 793},
+                                                          {page.substr(0, 88), 793},
+                                                          {page.substr(0, 87), 0},
+                                                          {withNumber(page, 72, 0), 0},
+                                                          {tooWide, 0}};
+    for (auto [bytes, expected] : cases) {
+        unsigned int size[] = {0, 0};
+        CMetaFilePlayer::getImageSize(reinterpret_cast<unsigned char*>(bytes.data()),
+                                      static_cast<int>(bytes.size()), size[0], size[1]);
+        EXPECT_EQ(size[0], expected);
     }
 }
 
 TEST(MetafilePlayer, TellsTheLogWithoutADevice)
 {
     std::string page = metafileOf({});
-    const std::unique_ptr<CMetaFilePlayer> player(CMetaFilePlayer::createPlayer(
-        reinterpret_cast<unsigned char*>(page.data()), static_cast<unsigned int>(page.size())));
+    CMetaFilePlayerEMF player(reinterpret_cast<unsigned char*>(page.data()), 0);
     std::string line;
     krnSetLogSink([](const char* text, void* to) { *static_cast<std::string*>(to) = text; }, &line);
     RecordingSurface surface;
     RECT rect{0, 0, 100, 100};
-    EXPECT_EQ(player->play(&surface, &rect), 0);
+    EXPECT_EQ(player.play(&surface, &rect), 0);
     krnSetLogSink(nullptr, nullptr);
-    EXPECT_TRUE(line.starts_with("CMetaFilePlayerEMF::player - output device=0, emf=")) << line;
-    EXPECT_TRUE(line.ends_with(", both should be non-zero")) << line;
-    EXPECT_EQ(player->metaFileFormat(), 1);
+    EXPECT_EQ(line, "CMetaFilePlayerEMF::player - output device=0, emf=0, both should be non-zero");
 }
 
 } // namespace

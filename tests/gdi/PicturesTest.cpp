@@ -133,7 +133,7 @@ const PictureCase cases[] = {
      {},
      "r?g.....\nbk?.....\n........\n........\n........\n........\n",
      failing,
-     "Printer error 31 (A device attached to the system is not functioning.)  Unable to print transparent "
+     "Printer error 31 (Device not functioning)  Unable to print transparent "
      "image, "
      "printed non-transparently instead"},
 };

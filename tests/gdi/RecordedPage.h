@@ -46,15 +46,20 @@ inline std::string recordsOf(const GdiDrawing& draw)
     for (std::size_t i = 1; i + 1 < records.size(); ++i) {
         const MetafileRecord& record = records[i];
         const std::vector<std::int32_t>& field = record.fields;
+        const auto appendNumbers = [&](std::initializer_list<int> numbers) {
+            for (const int number : numbers) {
+                lines.append(" ").append(std::to_string(number));
+            }
+        };
         if (record.type == EMR_EXTTEXTOUTW) {
-            lines += "'" + textIn(record) + "' " + std::to_string(field[7]) + " " + std::to_string(field[8]) +
-                     " " + std::to_string(field[11]) + " " +
-                     std::to_string(field[static_cast<std::size_t>(field[16] / 4 - 2)]);
+            const auto advances = static_cast<std::size_t>(field[16] / 4 - 2);
+            lines.append("'").append(textIn(record)).append("'");
+            appendNumbers({field[7], field[8], field[11], field[advances]});
         } else if (record.type == EMR_EXTCREATEFONTINDIRECTW) {
-            lines += "font " + std::to_string(field[0]) + ": " + std::to_string(field[1]) + " " +
-                     std::to_string(field[3]) + " " + std::to_string(field[4]);
+            lines.append("font");
+            appendNumbers({field[0], field[1], field[3], field[4]});
         } else {
-            lines += textOf(record);
+            lines.append(textOf(record));
         }
         lines += "\n";
     }

@@ -46,7 +46,7 @@ Handlers allHandlers()
     enter(bitmapRecords(), true);
     enter(maskedBitmapRecords(), true);
     enter(gradientRecords(), true);
-    enter(textRecords(), true);
+    enter(textRecords(), false); // these bring their own
     return handlers;
 }
 

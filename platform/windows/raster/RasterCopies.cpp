@@ -52,6 +52,9 @@ void RasterDevice::lay(DeviceContext& context, Canvas& canvas, PixelSource& sour
     std::vector<DWORD> pattern;
     canvas.change(source.box(), [&](DWORD* pixels, int x, int y, int count) {
         const PixelSource::Stretch stretch = source.read(x, y, count);
+        if (stretch.count == 0) {
+            return;
+        }
         const auto length = static_cast<std::size_t>(stretch.count);
         if (!ink || !ink->tile) {
             combine(operation, pixels + stretch.offset, ink ? ink->color : 0, stretch.pixels, length);

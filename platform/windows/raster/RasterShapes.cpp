@@ -65,12 +65,11 @@ void RasterDevice::continueFrom(Outline& outline, DevicePoint from) const
 
 bool RasterDevice::lineTo(DeviceContext& context, POINT from, POINT to)
 {
-    if (m_pathState == PathState::open) {
-        // It goes on with the path's figure.
-        return poly(context, PolyShape::polylineTo, {&to, 1}, {});
-    }
-    const POINT line[] = {from, to};
-    return poly(context, PolyShape::polyline, line, {});
+    const Mapping mapping = context.mapping();
+    Outline outline;
+    continueFrom(outline, wholePoint(mapping, from));
+    outline.lineTo(wholePoint(mapping, to));
+    return draw(context, outline, false);
 }
 
 bool RasterDevice::poly(DeviceContext& context, PolyShape shape, std::span<const POINT> points,

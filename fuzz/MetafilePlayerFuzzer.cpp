@@ -1,0 +1,53 @@
+// Plays any bytes as an enhanced metafile: on a page, and on a metafile, which must be one that plays again.
+#include "gdidevice.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+namespace {
+
+constexpr RECT target{0, 0, 64, 48};
+
+void require(bool holds)
+{
+    if (!holds) {
+        std::abort();
+    }
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    // The length that the header tells is set right, or a changed file would not get past it.
+    std::vector<BYTE> bytes(data, data + size);
+    if (const auto length = static_cast<DWORD>(size); size >= sizeof(ENHMETAHEADER)) {
+        std::memcpy(bytes.data() + offsetof(ENHMETAHEADER, nBytes), &length, sizeof(length));
+    }
+    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    const HENHMETAFILE metafile = SetEnhMetaFileBits(static_cast<UINT>(size), bytes.data());
+    if (metafile == nullptr) {
+        return 0;
+    }
+    GdiDeviceOptions options;
+    options.width = target.right;
+    options.height = target.bottom;
+    const HDC page = gdiCreateDevice(&options);
+    PlayEnhMetaFile(page, metafile, &target);
+
+    const RECT frame{0, 0, 6400, 4800};
+    const HDC recording = CreateEnhMetaFileA(nullptr, nullptr, &frame, nullptr);
+    PlayEnhMetaFile(recording, metafile, &target);
+    const HENHMETAFILE again = CloseEnhMetaFile(recording);
+    require(again == nullptr || PlayEnhMetaFile(page, again, &target) != FALSE);
+
+    DeleteEnhMetaFile(again);
+    DeleteEnhMetaFile(metafile);
+    DeleteDC(page);
+    require(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS) == before);
+    return 0;
+}

@@ -1,0 +1,241 @@
+// What metafiles look like when they are played, what playing leaves on its target, what becomes of damaged files.
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include <gtest/gtest.h>
+
+#include "HandMadeMetafile.h"
+#include "support/MetafileRecords.h"
+
+namespace {
+
+constexpr RECT wholePage{0, 0, 12, 6};
+
+// Head, palette, rows.
+const std::map<std::string, Words> bitmaps{
+    // Black, white; below red, green.
+    {"four", {40, 2, 2, 0x80001, 0, 8, 0, 0, 4, 0, 0, 0xFFFFFF, 0xFF0000, 0x00FF00, 0x0302, 0x0100}},
+    {"four24", {40, 2, -2, 0x180001, 0, 0, 0, 0, 0, 0, 0x000000FF, 0x0000FF00, 0x000000FF, 0x0000FF00}},
+    // A run of two, the end of the row, a pixel each.
+    {"runs", {40, 2, 2, 0x80001, BI_RLE8, 8, 0, 0, 2, 0, 0, 0xFF0000, 0x00000102, 0x00010101, 0x0100}},
+    {"bits", {40, 4, 2, 0x10001, 0, 8, 0, 0, 2, 0, 0, 0xFFFFFF, 0x50, 0xA0}},
+    {"mask", {40, 2, 2, 0x10001, 0, 8, 0, 0, 2, 0, 0, 0xFFFFFF, 0x80, 0x40}},
+};
+
+std::vector<unsigned char> metafile(const std::string& records, bool withEnd = true)
+{
+    return HandMadeMetafile(records, bitmaps, withEnd).bytes();
+}
+
+// Fills without outlines; fills all, to show clips and mappings.
+const std::string black = "37 0x80000008; 37 0x80000004;";
+const std::string all = "43 -99 -99 99 99;";
+const std::string bar = "76 0 0 0 0 0 1 12 2 0x42 0 0 0 0 0 0 0 0 0 0 0 0 0 0;";
+
+TEST(Playback, PaintsRecords)
+{
+    const struct {
+        const char* name;
+        std::string records;
+        std::string picture;
+    } cases[] = {
+        {"objects, one of them with a number used again",
+         "38 1 0 0 0 0xFF; 39 2 0 0xFF0000 0; 37 1; 37 2; 43 1 1 4 4; 40 2; 39 2 0 0xFF00 0; 37 2; 37 77; 43 "
+         "6 0 9 2;",
+         "......rrrr.. .rrrr.rggr.. .rbbr.rrrr.. .rbbr....... .rrrr....... ............ "},
+        {"lines",
+         "27 1 0; 54 1 5; 87 0 0 0 0 3 0x10003 0x10009 0x50009; 27 9 5; 89 0 0 0 0 1 0x50005;"
+         "7 0 0 0 0 2 4 2 2 11 0 11 2 11 4 11 6; 15 6 3 0xFF;",
+         ".#.........# .#.#######.# .#.......#.. .#....r..#.. .#.......#.# ......####.# "},
+        {"polygons",
+         black + "3 0 0 0 0 4 0 0 3 0 3 3 0 3;"
+                 "91 0 0 0 0 2 8 4 4 5 11 0x6000B 0x60005 0x20007 0x20009 0x40009 0x40007;",
+         "###..######. ###..######. ###..##..##. .....##..##. .....######. .....######. "},
+        {"figures of PolyDraw",
+         "92 0 0 0 0 3 0x10001 0x10005 0x40005 0x030206; 27 6 5; 56 0 0 0 0 3 7 5 9 5 11 5 0x040404;",
+         "............ .#####...... ..##.#...... ....##...... .....#...... ......#####. "},
+        {"a filled path, a clip path",
+         black +
+             "59; 27 1 1; 54 4 1; 54 4 4; 54 1 4; 61; 60; 62 0 0 0 0;"
+             "59; 86 0 0 0 0 4 0x10006 0x1000B 0x50008 0x50006; 60; 67 5;" +
+             all,
+         "............ .###..#####. .###..####.. .###..###... ......##.... ............ "},
+        {"saved states",
+         black + "33; 39 1 0 0xFF 0; 37 1; 30 0 0 4 6; 10 -2 0; 43 0 0 20 3; 34 -1; 34 -1; 34 5; 43 6 0 8 3;",
+         "..rr..##.... ..rr..##.... ..rr..##.... ............ ............ ............ "},
+        {"clips",
+         black + "75 $ 5 R( 1 1 4 4 6 2 11 5 ); 26 0 1; 29 2 0 3 6;" + all +
+             "28; 75 0 5; 39 1 0 0xFF 0; 37 1; 43 0 0 12 3; 75 $ 5 R( 0 5 12 6 );" + all,
+         "............ ............ .r.r........ .#.#..#####. .#.#..#####. ......rrrrr. "},
+        {"regions",
+         "39 1 0 0xFF 0; 71 0 0 0 0 $ 1 R( 1 1 4 4 6 2 11 5 ); 37 0x80000004; 74 0 0 0 0 $ R( 0 0 2 1 );"
+         "73 0 0 0 0 $ R( 3 3 8 4 ); 72 0 0 0 0 $ 1 1 1 R( 8 0 12 4 );",
+         "##......rrrr .rrr....r..r .rrr..rrrrrr .rrc##ccrrrr ......rrrrr. ............ "},
+        {"axes that point up",
+         black + "17 8; 9 24 -12; 11 12 6; 12 0 6; 43 2 2 10 4; 17 2; 32 2 1 2 1; 43 80 30 100 50;",
+         "............ ........##.. ........##.. ............ .####....... ............ "},
+        {"world transforms",
+         black + "35 0f 1f -1f 0f 6f 0f; 43 1 0 2 4; 36 1f 0f 0f 1f 2f -5f 2; 43 1 1 3 2;"
+                 "36 0f 0f 0f 0f 0f 0f 1; 43 0 0 1 6;",
+         "#........... #.####...... #........... #........#.. #........#.. #........... "},
+        {"raster operations",
+         bar + "76 0 0 0 0 4 0 4 3 0x550009 0 0 0 0 0 0 0 0 0 0 0 0 0 0; 20 6; 27 0 2; 54 12 2;",
+         "....####.... ####....#### ....####.... ............ ............ ............ "},
+        {"bitmaps",
+         "81 0 0 0 0 0 0 0 0 2 2 @four 0 0xCC0020 2 2; 81 0 0 0 0 3 0 0 0 2 2 @four 0 0xCC0020 4 4;"
+         "81 0 0 0 0 8 0 0 0 2 2 @four24 0 0xCC0020 2 2; 81 0 0 0 0 0 4 0 0 2 2 @runs 0 0xCC0020 2 2;"
+         "80 0 0 0 0 8 4 0 0 2 2 @four 0 0 2; 80 0 0 0 0 11 4 0 0 2 2 @four 0 0 1;",
+         "#..##...br.. rg.##...br.. ...rrgg..... ...rrgg..... r#......#... rr......rg.r "},
+        {"copies, monochrome ones in the text's colours",
+         "24 0xFF; 25 0xFF0000;"
+         "76 0 0 0 0 1 1 4 2 0xCC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @bits;"
+         "77 0 0 0 0 6 0 4 4 0xCC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;",
+         "......##.... .brbr.##.... .rbrb.rrgg.. ......rrgg.. ............ ............ "},
+        {"chosen pixels",
+         "39 1 0 0xFF0000 0; 37 1; 37 0x80000008;" + all +
+             "116 0 0 0 0 0 0 4 4 0xFFFFFF 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;"
+             "78 0 0 0 0 6 0 2 2 0xAACC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 0 0 0 @mask;",
+         "##bbbbb.bbbb ##bbbbrbbbbb rrggbbbbbbbb rrggbbbbbbbb bbbbbbbbbbbb bbbbbbbbbbbb "},
+        {"gradients",
+         "118 0 0 0 0 2 1 0 1 1 0xFF000000 0 4 3 0xFF000000 0 0 1;"
+         "118 0 0 0 0 3 1 2 6 0 0 0xFF00 12 0 0 0xFF00 6 6 0 0xFF00 0 1 2;",
+         "......bbbbb. .ggg..bbbb.. .ggg..bbb... ......bb.... ......b..... ............ "},
+    };
+    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    for (const auto& [name, records, picture] : cases) {
+        Page page;
+        EXPECT_TRUE(play(page.context(), metafile(records), wholePage)) << name;
+        EXPECT_EQ(page.picture(), picture) << name;
+    }
+    EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before);
+}
+
+TEST(Playback, LeavesItsTargetAsItWas)
+{
+    Page page;
+    const HDC target = page.context();
+    SetMapMode(target, MM_ANISOTROPIC);
+    SetWindowExtEx(target, 6, 3, nullptr);
+    SetViewportExtEx(target, 12, 6, nullptr);
+    IntersectClipRect(target, 1, 0, 3, 3);
+    MoveToEx(target, 2, 1, nullptr);
+    const int level = SaveDC(target);
+    // The file's clip can't reach beyond the target's, and what it saves, opens and selects ends with it.
+    EXPECT_TRUE(play(target,
+                     metafile("38 1 0 0 0 255; 37 1; 33; 75 0 5; 34 -9; 27 5 5; 24 255;" + bar + "59;"),
+                     {0, 0, 6, 3}));
+    EXPECT_EQ(page.picture(),
+              "............ ..####...... ..####...... ............ ............ ............ ");
+    POINT position{};
+    GetCurrentPositionEx(target, &position);
+    EXPECT_EQ(position.x, 2);
+    EXPECT_EQ(GetCurrentObject(target, OBJ_PEN), GetStockObject(BLACK_PEN));
+    EXPECT_EQ(GetGraphicsMode(target), GM_COMPATIBLE);
+    EXPECT_EQ(GetMapMode(target), MM_ANISOTROPIC);
+    EXPECT_EQ(GetTextColor(target), 0U);
+    EXPECT_EQ(SaveDC(target), level + 1);
+    PatBlt(target, 0, 0, 6, 1, BLACKNESS);
+    EXPECT_EQ(page.picture().substr(0, 13), "..####...... ");
+}
+
+// The frame lies on the rectangle, whose corners may be swapped.
+TEST(Playback, MapsTheFrame)
+{
+    Page page;
+    EXPECT_TRUE(play(page.context(), metafile(bar), {3, 6, 9, 0}));
+    EXPECT_EQ(page.picture(),
+              "............ ............ ............ ...######... ...######... ............ ");
+}
+
+// Six fields of each record; of texts the reference point, the length, and all from the characters on.
+std::string recordedAgain(const std::string& records)
+{
+    const RECT frame{0, 0, 50800, 38100};
+    const HDC recording = CreateEnhMetaFileA(nullptr, nullptr, &frame, nullptr);
+    EXPECT_TRUE(play(recording, metafile(records), {0, 0, 24, 12}));
+    const HENHMETAFILE closed = CloseEnhMetaFile(recording);
+    std::vector<unsigned char> bytes(GetEnhMetaFileBits(closed, 0, nullptr));
+    GetEnhMetaFileBits(closed, static_cast<UINT>(bytes.size()), bytes.data());
+    DeleteEnhMetaFile(closed);
+    std::string text;
+    for (MetafileRecord& record : metafileRecords(bytes)) {
+        if (record.type == EMR_EXTTEXTOUTW) {
+            record.fields.erase(record.fields.begin() + 10, record.fields.begin() + 17);
+            record.fields.erase(record.fields.begin(), record.fields.begin() + 7);
+        }
+        if (record.type != EMR_HEADER && record.type != EMR_EOF) {
+            text += textOf(record, 6) + "; ";
+        }
+    }
+    return text;
+}
+
+// Texts of all forms come out as the characters that a search finds; objects and their numbers are made anew. Where
+// the axes point up, text is turned over around its reference point.
+TEST(Playback, RecordsAgain)
+{
+    const std::string wide = "84 0 0 0 0 1 0 0 5 3 2 76 0 0 0 -1 -1 80 0x620061 4 4;";
+    EXPECT_EQ(recordedAgain("39 5 0 255 0; 37 5; 70 4 0x01020304; 70 4 0x2B464D45;" + wide +
+                            "83 0 0 0 0 1 0 0 5 3 2 76 0 0 0 -1 -1 80 0x6261 4 4;"),
+              "33:; 39: 1 0 255 0; 37: 1; 70: 4 16909060; 35: 1073741824 0 0 1073741824 0 0; "
+              "84: 5 3 2 6422625 4 4; 84: 5 3 2 6422625 4 4; 34: -1; 40: 1; ");
+    EXPECT_EQ(
+        recordedAgain("108 7 2 2 0x300 1 0 0 0x6261;"
+                      "97 0 0 0 0 1 0 0 1 5 3 2 80 0 0 0 -1 -1 84 0x620061 4 4;"),
+        "33:; 35: 1073741824 0 0 1073741824 0 0; 84: 7 2 2 6422625 8 9; 84: 5 3 2 6422625 4 4; 34: -1; ");
+    EXPECT_EQ(recordedAgain("17 8; 11 1 -1;" + wide + "54 9 9;"),
+              "33:; 35: 1073741824 0 0 1073741824 0 -1052770304; 84: 5 3 2 6422625 4 4; "
+              "35: 1073741824 0 0 -1073741824 0 0; 54: 9 9; 34: -1; ");
+}
+
+TEST(Playback, PlaysWhatIsSound)
+{
+    const std::string unsound[] = {"86 0 0 0 0 0x40000001 0;",
+                                   "91 0 0 0 0 2 3 2 -2 0 1 2;",
+                                   "84 0 0 0 0 1 0 0 0 0 5 -4 0 0 0 0 0 76;",
+                                   "81 0 0 0 0 0 0 0 0 2 2 80 -16 16 9 0 0xCC0020 2 2;",
+                                   "75 48 5 32 1 0x10000001 16 0 0 0 0 0 0 9 9;",
+                                   "43 1 2;"};
+    for (const std::string& record : unsound) {
+        Page page;
+        EXPECT_FALSE(play(page.context(), metafile(record + bar), wholePage)) << record;
+        EXPECT_EQ(page.picture().substr(13, 12), "############") << record;
+    }
+    // No next record is found.
+    for (const unsigned char size : {'\0', '\4', '\12', '\377'}) {
+        Page page;
+        auto bytes = metafile(bar + bar);
+        bytes[88 + 4] = size;
+        EXPECT_FALSE(play(page.context(), bytes, wholePage));
+        EXPECT_EQ(page.picture().find('#'), std::string::npos);
+    }
+    Page page;
+    EXPECT_FALSE(play(page.context(), metafile(bar, false), wholePage));
+    const int before = gdiUnplayedRecords(EMR_PLGBLT);
+    EXPECT_TRUE(play(page.context(), metafile("79; 48 0;"), wholePage));
+    EXPECT_EQ(gdiUnplayedRecords(EMR_PLGBLT), before + 1);
+    EXPECT_EQ(gdiUnplayedRecords(EMR_SELECTPALETTE), 0);
+}
+
+// Files of other writers, where they are at hand.
+TEST(Playback, PlaysFilesOfOthers)
+{
+    const std::filesystem::path folder = METAFILE_SAMPLES;
+    if (!std::filesystem::exists(folder)) {
+        GTEST_SKIP();
+    }
+    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        if (entry.path().extension() == ".emf") {
+            std::ifstream stream(entry.path(), std::ios::binary);
+            const std::vector<unsigned char> bytes{std::istreambuf_iterator<char>(stream), {}};
+            Page page;
+            const bool damaged = entry.path().parent_path().filename() == "corrupted";
+            EXPECT_TRUE(play(page.context(), bytes, {0, 0, 400, 300}) || damaged) << entry.path();
+        }
+    }
+    EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before);
+}
+
+} // namespace

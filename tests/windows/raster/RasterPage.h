@@ -1,0 +1,84 @@
+// A small page to draw on, and its pixels as text: one letter for each, each row behind a line break.
+#pragma once
+
+#include <gdidevice.h>
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+
+constexpr COLORREF red = 0x0000FF;
+constexpr COLORREF green = 0x00FF00;
+constexpr COLORREF blue = 0xFF0000;
+constexpr COLORREF yellow = 0x00FFFF;
+constexpr COLORREF white = 0xFFFFFF;
+constexpr COLORREF black = 0x000000;
+
+// '?' for a colour that is none of these.
+inline char letterOf(COLORREF color)
+{
+    constexpr COLORREF colors[] = {red, green, blue, yellow, white, black};
+    const auto* found = std::find(std::begin(colors), std::end(colors), color);
+    return "rgby.#?"[found - std::begin(colors)];
+}
+
+template <class ColorAt>
+std::string pictureFrom(int width, int height, const ColorAt& colorAt)
+{
+    std::string picture;
+    for (int y = 0; y < height; ++y) {
+        picture += '\n';
+        for (int x = 0; x < width; ++x) {
+            picture += letterOf(colorAt(x, y));
+        }
+    }
+    return picture;
+}
+
+inline std::string pictureOf(HDC context, int width, int height)
+{
+    return pictureFrom(width, height, [context](int x, int y) { return GetPixel(context, x, y); });
+}
+
+class RasterPage {
+public:
+    RasterPage(int width, int height) : m_options{width, height}, m_context(gdiCreateDevice(&m_options)) {}
+    RasterPage(const RasterPage&) = delete;
+    RasterPage& operator=(const RasterPage&) = delete;
+    ~RasterPage() { DeleteDC(m_context); }
+
+    HDC context() const { return m_context; }
+    // Whatever the context's mapping and clip are.
+    std::string picture() const
+    {
+        int stride = 0;
+        const unsigned char* bits = gdiDeviceBits(m_context, &stride);
+        return pictureFrom(m_options.width, m_options.height, [&](int x, int y) {
+            const unsigned char* pixel = bits + y * stride + 4 * x;
+            return static_cast<COLORREF>(pixel[2] | pixel[1] << 8 | pixel[0] << 16);
+        });
+    }
+
+private:
+    GdiDeviceOptions m_options;
+    HDC m_context;
+};
+
+// Selects an object that goes when the context does.
+inline void use(HDC context, HGDIOBJ object)
+{
+    SelectObject(context, object);
+    DeleteObject(object);
+}
+
+inline HPEN geometricPen(DWORD style, DWORD width, COLORREF color)
+{
+    const LOGBRUSH brush{BS_SOLID, color, 0};
+    return ExtCreatePen(style | PS_GEOMETRIC, width, &brush, 0, nullptr);
+}
+
+inline void line(HDC context, POINT from, POINT to)
+{
+    MoveToEx(context, from.x, from.y, nullptr);
+    LineTo(context, to.x, to.y);
+}
