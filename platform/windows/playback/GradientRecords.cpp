@@ -2,6 +2,7 @@
 // its box is clipped away.
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -118,7 +119,7 @@ void fillTriangle(Playback& playback, const Triangle& corners)
     });
     LPtoDP(target, outline, 3);
     const INT count = 3;
-    const PlayedRegion shape(Region::fromPolygons(outline, {&count, 1}, ALTERNATE));
+    const PlayedRegion shape(regionOfPolygons({std::begin(outline), std::end(outline)}, {&count, 1}));
     if (SaveDC(target) != 0) {
         ExtSelectClipRgn(target, shape.handle(), RGN_AND);
         stretch(target, box, shadesOf(corners, box, area), triangleSide, triangleSide);

@@ -2,6 +2,7 @@
 // be copied become a clip, so that they come out on any device.
 #include <cstdint>
 #include <cstdlib>
+#include <utility>
 
 #include "playback/FileDib.h"
 #include "playback/PlayedRegion.h"
@@ -55,7 +56,7 @@ Region regionOf(HDC target, const BitmapView& view, const Coverage& coverage, co
     }
     LPtoDP(target, corners.data(), static_cast<int>(corners.size()));
     const std::vector<INT> counts(corners.size() / 4, 4);
-    return Region::fromPolygons(corners, counts, WINDING);
+    return regionOfPolygons(std::move(corners), counts);
 }
 
 // Runs a drawing with the clip cut down to the region.

@@ -1,9 +1,30 @@
 #include "playback/PlayedRegion.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
 #include "core/HandleTable.h"
+
+Region regionOfRectangles(std::span<const RECT> rectangles)
+{
+    if (rectangles.size() <= 1) {
+        return rectangles.empty() ? Region() : Region(rectangles.front());
+    }
+    const std::size_t half = rectangles.size() / 2;
+    Region all = regionOfRectangles(rectangles.first(half));
+    all.combine(regionOfRectangles(rectangles.subspan(half)), RGN_OR);
+    return all;
+}
+
+Region regionOfPolygons(std::vector<POINT> corners, std::span<const INT> counts)
+{
+    constexpr LONG farthest = 1 << 17;
+    for (POINT& corner : corners) {
+        corner = {std::clamp(corner.x, -farthest, farthest), std::clamp(corner.y, -farthest, farthest)};
+    }
+    return Region::fromPolygons(corners, counts, WINDING);
+}
 
 PlayedRegion::PlayedRegion(Region region)
 {

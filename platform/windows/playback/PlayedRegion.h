@@ -3,7 +3,16 @@
 
 #include <windows.h>
 
+#include <span>
+#include <vector>
+
 #include "core/Region.h"
+
+// The region of rectangles, joined by halves so that many cost little more than few.
+Region regionOfRectangles(std::span<const RECT> rectangles);
+// The region of polygons. Corners are drawn in to 131,072 pixels: scanning taller ones would take a file's time for
+// nothing anybody sees.
+Region regionOfPolygons(std::vector<POINT> corners, std::span<const INT> counts);
 
 class PlayedRegion {
 public:

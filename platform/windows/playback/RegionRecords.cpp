@@ -1,6 +1,7 @@
 // Records of the clip and of filled regions. A clip's region is in pixels of the reference device, others are in
 // logical units.
 #include <algorithm>
+#include <utility>
 
 #include "core/HandleTable.h"
 #include "playback/PlayedRegion.h"
@@ -23,8 +24,17 @@ std::optional<std::vector<RECT>> readRectangles(const Record& record, std::size_
 // Rectangles of a region as a region of other units, where they may lie askew.
 Region regionOf(std::span<const RECT> rectangles, const Mapping& mapping)
 {
+    if (mapping.isAxisAligned()) {
+        std::vector<RECT> mapped;
+        mapped.reserve(rectangles.size());
+        for (const RECT& rect : rectangles) {
+            const POINT first = mapping.toDevice({rect.left, rect.top});
+            const POINT last = mapping.toDevice({rect.right, rect.bottom});
+            mapped.push_back({first.x, first.y, last.x, last.y});
+        }
+        return regionOfRectangles(mapped);
+    }
     std::vector<POINT> corners;
-    std::vector<INT> counts(rectangles.size(), 4);
     corners.reserve(rectangles.size() * 4);
     for (const RECT& rect : rectangles) {
         for (const POINT corner : {POINT{rect.left, rect.top}, POINT{rect.right, rect.top},
@@ -32,10 +42,7 @@ Region regionOf(std::span<const RECT> rectangles, const Mapping& mapping)
             corners.push_back(mapping.toDevice(corner));
         }
     }
-    if (rectangles.size() == 1 && mapping.isAxisAligned()) {
-        return Region(RECT{corners[0].x, corners[0].y, corners[2].x, corners[2].y});
-    }
-    return Region::fromPolygons(corners, counts, WINDING);
+    return regionOfPolygons(std::move(corners), std::vector<INT>(rectangles.size(), 4));
 }
 
 bool selectClip(Playback& playback, const Record& record)
