@@ -27,6 +27,7 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/surface.pc.in ${PROJECT_BINARY_DIR}/sur
 install(FILES ${PROJECT_BINARY_DIR}/surface.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 set(CPACK_PACKAGE_NAME libsurface)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT "The surface developers <surface@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "draws report pages, stores, replays, stamps and searches them")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)

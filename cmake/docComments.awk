@@ -1,25 +1,36 @@
-# Shows Doxygen the comments of the headers, which are plain ones: the first block of a file is that of the file, others
-# belong to the declaration below them, and those behind a declaration to that declaration.
+# Shows Doxygen the comments of the headers, which are plain ones: the first block of a file is that of the file, a block
+# right above a declaration belongs to it, and so does one behind it.
 
 # The text as it stands, without Doxygen's commands, links and tags.
 function plain(text) {
     gsub(/[\\@<>&#%]/, "\\\\&", text)
-    gsub(/::/, "\\::", text)
+    gsub(/[A-Za-z_]+::/, "%&", text)
     return text
 }
 
-/^ *\/\// {
-    at = index($0, "//")
-    lead = substr($0, 1, at - 1)
-    if (FNR == 1) {
-        print "/// \\file"
+# Ends the block of comment lines that was being read.
+function endBlock(line,    i) {
+    for (i = 1; i <= lines; ++i) {
+        print lead (line ~ /^ *$/ && !isHead ? "//" : "///") block[i]
     }
-    print lead "///" plain(substr($0, at + 2))
+    isHead = 0
+    lines = 0
+}
+
+FNR == 1 {
+    isHead = 1
+    print "/// \\file"
+}
+/^ *\/\// {
+    lead = $0
+    sub(/\/\/.*/, "", lead)
+    block[++lines] = plain(substr($0, length(lead) + 3))
     next
 }
-/[;,{] *\/\/ / && !/"[^"]*\/\// {
-    at = index($0, "// ")
-    print substr($0, 1, at - 1) "///< " plain(substr($0, at + 3))
+{ endBlock($0) }
+/[;,{] *\/\/ / {
+    match($0, /[;,{] *\/\/ /)
+    print substr($0, 1, RSTART) " ///< " plain(substr($0, RSTART + RLENGTH))
     next
 }
 { print }

@@ -1,9 +1,13 @@
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <regex>
+#include <span>
 #include <sstream>
+
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -15,7 +19,9 @@ namespace {
 using enum FileKind;
 using V = VersionFile;
 constexpr FileKind allKinds[] = {pe, elf32, elf32Swapped, elf64, elf64Swapped};
-constexpr FileKind elfKinds[] = {elf32, elf32Swapped, elf64, elf64Swapped};
+constexpr std::span<const FileKind> every(allKinds);
+constexpr std::span<const FileKind> peOnly = every.first(1);
+constexpr std::span<const FileKind> elves = every.subspan(1);
 
 const std::string testFile =
     (std::filesystem::path(::testing::TempDir()) / ("version" + std::to_string(getpid()))).string();
@@ -25,10 +31,10 @@ std::string versionIn(const char* path)
 {
     CModuleVersion version;
     const bool read = version.readFile(path);
-    std::ostringstream text;
-    text << (read ? "" : "no ") << version.m_major << '.' << version.m_minor << '.' << version.m_build << '.'
-         << version.m_revision;
-    return text.str();
+    char text[80];
+    std::snprintf(text, sizeof(text), "%s%d.%d.%d.%d", read ? "" : "no ", version.m_major, version.m_minor,
+                  version.m_build, version.m_revision);
+    return text;
 }
 
 std::string versionOf(const std::string& bytes)
@@ -39,156 +45,101 @@ std::string versionOf(const std::string& bytes)
     return version;
 }
 
-std::string contentsOf(const char* path)
-{
-    std::ostringstream text;
-    text << std::ifstream(path, std::ios::binary).rdbuf();
-    return text.str();
-}
+constexpr const char* nothing = "no 0.0.0.0";
 
-struct FileCase {
-    const char* what;
-    std::vector<FileKind> kinds;
+struct LanguageCase {
+    std::span<const FileKind> kinds;
     Languages languages;
-    std::function<void(VersionFile&)> change;
     const char* version;
 };
 
-const std::vector<FileKind> peOnly{pe};
-const std::vector<FileKind> elves(std::begin(elfKinds), std::end(elfKinds));
-const std::vector<FileKind> every(std::begin(allKinds), std::end(allKinds));
-const auto asItIs = [](VersionFile&) {
+const LanguageCase languageCases[] = {
+    {every, {{1033, 4}}, "1.2.3.4"},
+    {every, {{5129, 5}}, "1.2.3.5"},
+    {peOnly, {{1033, 4}, {5129, 5}}, "1.2.3.5"},
+    {peOnly, {{1033, 9}, {5129, 5}}, "1.2.3.5"},
+    {elves, {{1033, 4}, {5129, 5}}, "1.2.3.4"},
+    {peOnly, {{1031, 3}, {1033, 4}, {2057, 5}}, "1.2.3.4"},
+    {elves, {{1031, 3}, {1033, 4}}, "1.2.3.3"},
+    {peOnly, {{1033, 4}, {5130, 6}, {5129, 5}}, "1.2.3.4"},
+    {peOnly, {{1031, 4}}, nothing},
+    {peOnly, {{5130, 4}}, nothing},
+    {every, {}, nothing},
 };
 
-// Writes one number into the file.
-auto with(std::size_t offset, std::uint64_t value, unsigned int width)
-{
-    return [=](VersionFile& file) {
-        file.put(offset, value, width);
-    };
-}
-
-// The same where the classes of ELF files differ.
-auto withEither(std::size_t narrow, std::size_t wide, std::uint64_t value, unsigned int width)
-{
-    return [=](VersionFile& file) {
-        file.put(file.isWide() ? wide : narrow, value, width);
-    };
-}
-
-auto withSection(std::size_t index, std::size_t narrow, std::size_t wide, std::uint64_t value)
-{
-    return [=](VersionFile& file) {
-        file.put(file.section(index) + (file.isWide() ? wide : narrow), value,
-                 narrow == wide  ? 4
-                 : file.isWide() ? 8
-                                 : 4);
-    };
-}
-
-auto withText(std::size_t offset, std::string text)
-{
-    return [=](VersionFile& file) {
-        file.putText(offset, text);
-    };
-}
+// A number of a file that is as it should be is replaced.
+struct ChangeCase {
+    const char* what;
+    std::span<const FileKind> kinds;
+    std::size_t section; // of an ELF file, in whose head the number stands; 0: in none
+    std::size_t place;
+    std::size_t further; // in a file of 64 bits
+    unsigned int width;  // bytes; 0: those of an address
+    std::uint64_t value;
+    const char* version;
+};
 
 constexpr std::size_t peSection = V::peSections + 40;
-constexpr const char* nothing = "no 0.0.0.0";
 
-const FileCase fileCases[] = {
-    {"as it should be", every, {{1033, 4}}, asItIs, "1.2.3.4"},
-    {"the other language", every, {{5129, 5}}, asItIs, "1.2.3.5"},
-    {"both: the later one of a PE file", peOnly, {{1033, 4}, {5129, 5}}, asItIs, "1.2.3.5"},
-    {"both, the later one lower", peOnly, {{1033, 9}, {5129, 5}}, asItIs, "1.2.3.5"},
-    {"both: the first one of an ELF file", elves, {{1033, 4}, {5129, 5}}, asItIs, "1.2.3.4"},
-    {"a third one is passed over", peOnly, {{1031, 3}, {1033, 4}, {2057, 5}}, asItIs, "1.2.3.4"},
-    {"a third one of an ELF file counts", elves, {{1031, 3}, {1033, 4}}, asItIs, "1.2.3.3"},
-    {"one behind the last", peOnly, {{5130, 4}}, asItIs, nothing},
-    {"one behind the last ends", peOnly, {{1033, 4}, {5130, 6}, {5129, 5}}, asItIs, "1.2.3.4"},
-    {"only another one", peOnly, {{1031, 4}}, asItIs, nothing},
-    {"none", every, {}, asItIs, nothing},
-    {"a broken block behind a good one",
-     peOnly,
-     {{1033, 4}, {5129, 5}},
-     with(V::blocks + V::blockSize, 65535, 2),
-     "no 1.2.3.4"},
+constexpr ChangeCase changeCases[] = {
+    {"no format", every, 0, 0, 0, 1, 'Z', nothing},
+    {"section \"rsrc\"", peOnly, 0, peSection, 0, 8, 0x63727372, "1.2.3.4"},
+    {"section \"rsrc2\"", peOnly, 0, peSection, 0, 8, 0x3263727372, nothing},
+    {"no PE signature", peOnly, 0, V::peHeader, 0, 4, 0x14550, nothing},
+    {"PE header far away", peOnly, 0, 60, 0, 4, 0xFFFFFFF0, nothing},
+    {"PE data in front of its section", peOnly, 0, V::data, 0, 4, 16, nothing},
 
-    {"no format", every, {{1033, 4}}, withText(0, "ZM"), nothing},
-    {"a section without the point",
-     peOnly,
-     {{1033, 4}},
-     withText(peSection, std::string("rsrc\0", 5)),
-     "1.2.3.4"},
-    {"a section's name goes on", peOnly, {{1033, 4}}, withText(peSection, "rsrc2"), nothing},
-    {"no PE signature", peOnly, {{1033, 4}}, with(V::peHeader, 0x14550, 4), nothing},
-    {"PE header far away", peOnly, {{1033, 4}}, with(60, 0xFFFFFFF0, 4), nothing},
-    {"too few PE sections", peOnly, {{1033, 4}}, with(V::peHeader + 6, 1, 2), nothing},
-    {"PE section outside", peOnly, {{1033, 4}}, with(peSection + 20, 0xFFFFFFFF, 4), nothing},
-    {"PE data in front of its section", peOnly, {{1033, 4}}, with(V::data, 16, 4), nothing},
+    {"version of the head", elves, 0, 6, 0, 1, 2, nothing},
+    {"executable", elves, 0, 16, 0, 2, 2, "1.2.3.4"},
+    {"object file", elves, 0, 16, 0, 2, 1, nothing},
+    {"no section table", elves, 0, 32, 8, 0, 0, nothing},
+    {"no section of names", elves, 0, 50, 12, 2, 0, nothing},
+    {"symbols nowhere", elves, 2, 16, 8, 0, 0, nothing},
+    {"more symbols than bytes", elves, 2, 20, 12, 0, 0xFFFFFFF0, "1.2.3.4"},
+    {"too few symbols", elves, 2, 20, 12, 0, 40, nothing},
+    {"tree outside", elves, 4, 16, 8, 0, 0xFFFFFFF0, nothing},
+    {"another symbol", elves, 0, V::elfNames + 46, 0, 1, 'x', nothing},
 
-    {"no class", elves, {{1033, 4}}, withText(4, std::string(1, '\0')), nothing},
-    {"class 3", elves, {{1033, 4}}, withText(4, "\3"), nothing},
-    {"head's version", elves, {{1033, 4}}, withText(6, "\2"), nothing},
-    {"an executable", elves, {{1033, 4}}, with(16, 2, 2), "1.2.3.4"},
-    {"an object file", elves, {{1033, 4}}, with(16, 1, 2), nothing},
-    {"a core", elves, {{1033, 4}}, with(16, 4, 2), nothing},
-    {"version 2", elves, {{1033, 4}}, with(20, 2, 4), nothing},
-    {"no section table",
-     elves,
-     {{1033, 4}},
-     withEither(32, 40, 0, 4),
-     nothing}, // of a wide address the half that counts, or none
-    {"other section heads", elves, {{1033, 4}}, withEither(46, 58, 56, 2), nothing},
-    {"no section with names", elves, {{1033, 4}}, withEither(50, 62, 0, 2), nothing},
-    {"names nowhere", elves, {{1033, 4}}, withSection(1, 16, 24, 0), nothing},
-    {"unused symbols", elves, {{1033, 4}}, withSection(2, 4, 4, 0), nothing},
-    {"symbols nowhere", elves, {{1033, 4}}, withSection(2, 16, 24, 0), nothing},
-    {"symbols without size", elves, {{1033, 4}}, withSection(2, 36, 56, 0), nothing},
-    {"more symbols than bytes", elves, {{1033, 4}}, withSection(2, 20, 32, 0xFFFFFFF0), "1.2.3.4"},
-    {"too few symbols", elves, {{1033, 4}}, withSection(2, 20, 32, 40), nothing},
-    {"symbols' names nowhere", elves, {{1033, 4}}, withSection(3, 16, 24, 0), nothing},
-    {"another symbol only", elves, {{1033, 4}}, withText(V::elfNames + 32 + 9, "__rsrx"), nothing},
-    {"tree outside", elves, {{1033, 4}}, withSection(4, 16, 24, 0xFFFFFFF0), nothing},
-
-    {"type without directory", every, {{1033, 4}}, with(V::types + 36, V::names - V::types, 4), nothing},
-    {"no version type", every, {{1033, 4}}, with(V::types + 32, 17, 4), nothing},
-    {"too few types", every, {{1033, 4}}, with(V::types + 14, 1, 2), nothing},
-    {"another name", every, {{1033, 4}}, with(V::names + 24, 2, 4), nothing},
-    {"language with a directory",
-     every,
-     {{1033, 4}},
-     with(V::languages + 28, 0x80000000 | (V::data - V::types), 4),
+    {"too few types", every, 0, V::types + 14, 0, 2, 1, nothing},
+    {"another name", every, 0, V::names + 24, 0, 4, 2, nothing},
+    {"language of a directory", every, 0, V::languages + 28, 0, 4, V::directory | (V::data - V::types),
      nothing},
-    {"directory in itself",
-     every,
-     {{1033, 4}},
-     with(V::names + 28, 0x80000000 | (V::types - V::types), 4),
-     nothing},
-    {"data outside", every, {{1033, 4}}, with(V::data, 0xFFFFFFFE, 4), nothing},
-    {"length 65535", every, {{1033, 4}}, with(V::blocks, 65535, 2), nothing},
-    {"value length 65535", every, {{1033, 4}}, with(V::blocks + 2, 65535, 2), nothing},
-    {"value length 3", every, {{1033, 4}}, with(V::blocks + 2, 3, 2), nothing},
-    {"value length 4", every, {{1033, 4}}, with(V::blocks + 2, 4, 2), "1.2.3.4"},
-    {"length up to the signature", every, {{1033, 4}}, with(V::blocks, 44, 2), "1.2.3.4"},
-    {"length within the signature", every, {{1033, 4}}, with(V::blocks, 40, 2), nothing},
-    {"no signature", every, {{1033, 4}}, with(V::blocks + 40, 0, 4), nothing},
+    {"directory in itself", every, 0, V::names + 28, 0, 4, V::directory, nothing},
+    {"data outside", every, 0, V::data, 0, 4, 0xFFFFFFFE, nothing},
+    {"length 65535", every, 0, V::blocks, 0, 2, 65535, nothing},
+    {"value length 65535", every, 0, V::blocks + 2, 0, 2, 65535, nothing},
+    {"value length 3", every, 0, V::blocks + 2, 0, 2, 3, nothing},
+    {"value length 4", every, 0, V::blocks + 2, 0, 2, 4, "1.2.3.4"},
+    {"length to the signature", every, 0, V::blocks, 0, 2, 44, "1.2.3.4"},
+    {"length into the signature", every, 0, V::blocks, 0, 2, 40, nothing},
+    {"no signature", every, 0, V::blocks + 40, 0, 4, 0, nothing},
 };
 
 } // namespace
 
 TEST(ModuleVersion, IsThatOfTheFile)
 {
-    for (const FileCase& test : fileCases) {
+    for (const LanguageCase& test : languageCases) {
         for (const FileKind kind : test.kinds) {
-            VersionFile file(kind, test.languages);
-            test.change(file);
+            EXPECT_EQ(versionOf(VersionFile(kind, test.languages).bytes()), test.version)
+                << "case " << &test - languageCases << ", kind " << static_cast<int>(kind);
+        }
+    }
+    VersionFile broken(pe, {{1033, 4}, {5129, 5}});
+    broken.put(V::blocks + V::blockSize, 2, {65535});
+    EXPECT_EQ(versionOf(broken.bytes()), "no 1.2.3.4");
+    for (const ChangeCase& test : changeCases) {
+        for (const FileKind kind : test.kinds) {
+            VersionFile file(kind);
+            const unsigned int width = file.addressWidth();
+            const std::size_t section = test.section == 0 ? 0 : file.elfSection(test.section);
+            file.put(section + test.place + (width == 8 ? test.further : 0),
+                     test.width != 0 ? test.width : width, {test.value});
             EXPECT_EQ(versionOf(file.bytes()), test.version)
                 << test.what << ", kind " << static_cast<int>(kind);
         }
     }
     EXPECT_EQ(versionIn("/nowhere/at/all"), nothing);
-    EXPECT_EQ(versionIn("/"), nothing);
 }
 
 TEST(ModuleVersion, NeedsTheWholeWayToItsNumbers)
@@ -208,7 +159,9 @@ TEST(ModuleVersion, OfTheModuleIsTheProjectsAlsoWhenStripped)
     const std::string strip = SURFACE_STRIP " -s -o " + testFile + " " SURFACE_LIBRARY;
     ASSERT_EQ(std::system(strip.c_str()), 0);
     EXPECT_EQ(versionIn(testFile.c_str()), SURFACE_TESTED_VERSION);
-    const std::string bytes = contentsOf(testFile.c_str());
+    std::ostringstream contents;
+    contents << std::ifstream(testFile, std::ios::binary).rdbuf();
+    const std::string bytes = contents.str();
     std::filesystem::remove(testFile);
     const std::string identity = "@(#)TOVO Ansi on i686-msoft-win32, surface " SURFACE_TESTED_VERSION " ";
     const std::size_t place = bytes.find(identity);
@@ -219,24 +172,18 @@ TEST(ModuleVersion, OfTheModuleIsTheProjectsAlsoWhenStripped)
 
 TEST(ModuleVersion, FillsTheCallersRecord)
 {
-    struct {
-        DLLVERSIONINFO info;
-        DWORD behind;
-    } record{{0, 7, 7, 7, 7}, 7};
-    const auto text = [&record] {
-        const DLLVERSIONINFO& info = record.info;
-        std::ostringstream all;
-        all << info.cbSize << ": " << info.dwMajorVersion << '.' << info.dwMinorVersion << '.'
-            << info.dwBuildNumber << '.' << info.dwPlatformID << ' ' << record.behind;
-        return all.str();
-    };
+    DLLVERSIONINFO infos[2]{{19, 7, 7, 7, 7}, {7, 7, 7, 7, 7}};
+    DLLVERSIONINFO& info = infos[0];
     EXPECT_EQ(DllGetVersion(nullptr), -1);
-    record.info.cbSize = 19;
-    EXPECT_EQ(DllGetVersion(&record.info), -1);
-    EXPECT_EQ(text(), "19: 7.7.7.7 7");
+    EXPECT_EQ(DllGetVersion(&info), -1);
+    EXPECT_EQ(std::memcmp(&info.dwMajorVersion, &infos[1].dwMajorVersion, 16), 0);
     for (const DWORD size : {20U, 24U}) {
-        record.info = {size, 7, 7, 7, 7};
-        EXPECT_EQ(DllGetVersion(&record.info), 0);
-        EXPECT_EQ(text(), std::to_string(size) + ": " SURFACE_TESTED_VERSION " 7");
+        info = {size, 7, 7, 7, 7};
+        EXPECT_EQ(DllGetVersion(&info), 0);
+        std::ostringstream text;
+        text << info.dwMajorVersion << '.' << info.dwMinorVersion << '.' << info.dwBuildNumber << '.'
+             << info.dwPlatformID;
+        EXPECT_EQ(text.str(), SURFACE_TESTED_VERSION);
+        EXPECT_EQ(infos[1].cbSize, 7U);
     }
 }

@@ -29,12 +29,13 @@ std::vector<unsigned char> drawnOn(CSurface& surface)
     return page;
 }
 
-bool plays(std::vector<unsigned char> page, CSurface& surface)
+bool plays(std::vector<unsigned char> page, HDC device)
 {
     RECT all{0, 0, 200, 200};
+    CSurfaceHdc surface(device);
     CMetaFilePlayer* const player =
         CMetaFilePlayer::createPlayer(page.data(), static_cast<unsigned int>(page.size()));
-    const bool played = player != nullptr && player->play(&surface, &all) == 0;
+    const bool played = player != nullptr && player->play(&surface, &all) == 1;
     delete player;
     return played;
 }
@@ -47,12 +48,9 @@ bool drawsAndPlays()
     CSurfaceSVG svg(&millimetres, &logical);
     CSurfaceEMF emf(&frame);
     const HDC device = gdiCreateDevice(nullptr);
-    bool played = false;
-    {
-        CSurfaceHdc pixels(device);
-        played = plays(drawnOn(svg), pixels) && plays(drawnOn(emf), pixels);
-    }
-    return DeleteDC(device) != FALSE && played;
+    const bool page = plays(drawnOn(svg), device);
+    const bool metafile = plays(drawnOn(emf), device);
+    return DeleteDC(device) != FALSE && page && metafile;
 }
 
 } // namespace
