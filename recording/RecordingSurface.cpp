@@ -24,11 +24,6 @@ const char* flag(bool set, const char* name)
 
 } // namespace
 
-RecordingSurface::RecordingSurface()
-    : m_listener([this](const std::string& call) { m_calls.push_back(call); })
-{
-}
-
 std::string RecordingSurface::text() const
 {
     std::string lines;

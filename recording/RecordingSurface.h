@@ -38,11 +38,9 @@ public:
     using Listener = std::function<void(const std::string& call)>;
 
     // Keeps its calls.
-    RecordingSurface();
+    RecordingSurface() = default;
     // Tells its calls to the listener and keeps none: for pages of any length.
     explicit RecordingSurface(Listener listener) : m_listener(std::move(listener)) {}
-    RecordingSurface(const RecordingSurface&) = delete;
-    RecordingSurface& operator=(const RecordingSurface&) = delete;
 
     const std::vector<std::string>& calls() const { return m_calls; }
     // The calls, each with a line feed.
@@ -158,7 +156,11 @@ private:
     {
         std::string line(operation);
         (line.append(" ").append(shown(values)), ...);
-        m_listener(line);
+        if (m_listener) {
+            m_listener(line);
+        } else {
+            m_calls.push_back(std::move(line));
+        }
     }
 
     template <typename Number>
@@ -190,5 +192,5 @@ private:
     static std::string shown(const CTextStyle& style);
 
     std::vector<std::string> m_calls;
-    Listener m_listener;
+    Listener m_listener; // empty: calls are kept
 };
