@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <ranges>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -59,7 +59,8 @@ protected:
                                  commands;
         std::string output;
         std::FILE* const pipe = popen(line.c_str(), "r");
-        for (char buffer[4096]; std::size_t count = std::fread(buffer, 1, sizeof(buffer), pipe);) {
+        char buffer[4096];
+        while (const std::size_t count = std::fread(buffer, 1, sizeof(buffer), pipe)) {
             output.append(buffer, count);
         }
         const int status = pclose(pipe);
@@ -84,8 +85,8 @@ TEST_P(PageTool, SaysAndLeaves)
     const std::string output = run(GetParam().commands, exitCode);
     EXPECT_EQ(exitCode, GetParam().exitCode) << output;
     std::size_t place = 0;
-    for (const auto& range : std::views::split(GetParam().parts, '|')) {
-        const std::string_view part(range.begin(), range.end());
+    std::istringstream parts{std::string(GetParam().parts)};
+    for (std::string part; std::getline(parts, part, '|');) {
         place = output.find(part, place);
         ASSERT_NE(place, std::string::npos) << "no " << part << " in\n" << output;
         place += part.size();
