@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string_view>
 
-#include "support/RecordingSurface.h"
+#include "RecordingSurface.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Playing a page as the tests of this folder do: a page goes in, the exact list of calls comes out.
 #pragma once
 
-#include "support/RecordingSurface.h"
+#include "RecordingSurface.h"
 
 #include <gtest/gtest.h>
 

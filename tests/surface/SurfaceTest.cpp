@@ -1,6 +1,6 @@
 // What CSurface does by itself: the state it starts with and copies, the defaults that back ends inherit, and
 // the operations that lead to a virtual one.
-#include "support/RecordingSurface.h"
+#include "RecordingSurface.h"
 
 #include <algorithm>
 #include <cstdint>

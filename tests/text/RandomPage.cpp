@@ -2,7 +2,7 @@
 // operation; the lists of values hold what the page format treats in a way of its own.
 #include "RandomPage.h"
 
-#include "support/RecordingSurface.h"
+#include "RecordingSurface.h"
 #include "svg/SvgPage.h"
 
 #include <algorithm>

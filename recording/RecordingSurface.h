@@ -1,5 +1,5 @@
 // RecordingSurface: a surface that draws nothing and writes down, one line of text each, the virtual calls
-// that it gets. The "any surface" of the player tests, of the fuzzers and of programs that compare pages.
+// that it gets. The "any surface" of the player tests, of the fuzzers and of programs that compare or trace pages.
 //
 // A line is the operation's name and its arguments in their order. Every value has one printed form:
 //
@@ -18,6 +18,7 @@
 #include "surface.h"
 
 #include <charconv>
+#include <functional>
 #include <iterator>
 #include <string>
 #include <type_traits>
@@ -32,6 +33,14 @@ public:
     using CSurface::setPen;
 
     using Chunks = Array<CSurfaceTextChunk, 2>;
+
+    // Hears of each call as it comes, without a line feed.
+    using Listener = std::function<void(const std::string& call)>;
+
+    // Keeps its calls.
+    RecordingSurface() = default;
+    // Tells its calls to the listener and keeps none: for pages of any length.
+    explicit RecordingSurface(Listener listener) : m_listener(std::move(listener)) {}
 
     const std::vector<std::string>& calls() const { return m_calls; }
     // The calls, each with a line feed.
@@ -147,7 +156,11 @@ private:
     {
         std::string line(operation);
         (line.append(" ").append(shown(values)), ...);
-        m_calls.push_back(std::move(line));
+        if (m_listener) {
+            m_listener(line);
+        } else {
+            m_calls.push_back(std::move(line));
+        }
     }
 
     template <typename Number>
@@ -179,4 +192,5 @@ private:
     static std::string shown(const CTextStyle& style);
 
     std::vector<std::string> m_calls;
+    Listener m_listener; // empty: calls are kept
 };

@@ -1,9 +1,11 @@
 // The printed form of each kind of value, as RecordingSurface.h lists them. Locale-free and total: every bit
 // pattern has a text.
-#include "support/RecordingSurface.h"
+#include "RecordingSurface.h"
 
 #include <cstdint>
 #include <cstring>
+
+#include "quotedText.h"
 
 namespace {
 
@@ -78,16 +80,7 @@ std::string RecordingSurface::shown(const Bytes& bytes)
 
 std::string RecordingSurface::shown(const std::string& text)
 {
-    std::string quoted;
-    for (const char character : text) {
-        const unsigned int byte = static_cast<unsigned char>(character);
-        if (byte >= 0x20 && byte < 0x7F && character != '"' && character != '\\') {
-            quoted.push_back(character);
-        } else {
-            quoted.append(byte < 0x10 ? "\\x0" : "\\x").append(shown(byte, 16));
-        }
-    }
-    return joined("\"", quoted, "\"");
+    return quotedText(text);
 }
 
 std::string RecordingSurface::shown(const Piece& piece)

@@ -1,0 +1,163 @@
+// Command lines of the page tool: what they say, how they end, and what they leave.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+#include "reportPages.h"
+#include "storedPage.h"
+#include "surfaceEMF.h"
+
+namespace {
+
+struct ToolCase {
+    const char* name;
+    const char* commands;   // of a shell; `surfacepage` is the tool, and standard error comes with the output
+    int exitCode;           // of the last one
+    std::string_view parts; // of the output, in their order, with | between them
+    friend void PrintTo(const ToolCase& shown, std::ostream* out) { *out << shown.name; }
+};
+
+// In a folder with two pages of the report that show a page count or not, each in both formats, and with bad files.
+class PageTool : public testing::TestWithParam<ToolCase> {
+protected:
+    PageTool() : _folder(testing::TempDir() + "page-tool-" + std::to_string(getpid()))
+    {
+        std::filesystem::create_directory(_folder);
+        for (const ReportPage& page : reportPages()) {
+            if (std::string_view(page.name) == "words" || std::string_view(page.name) == "sheet") {
+                CSurfaceSVG svg = emptyPage();
+                RECT frame{0, 0, 21000, 29700};
+                CSurfaceEMF metafile(&frame);
+                for (CSurface* surface : {static_cast<CSurface*>(&svg), static_cast<CSurface*>(&metafile)}) {
+                    drawReportPage(*surface, page);
+                }
+                write(std::string(page.name) + ".svg", stored(svg));
+                write(std::string(page.name) + ".emf", stored(metafile));
+            }
+        }
+        std::filesystem::copy_file(_folder / "words.emf", _folder / "cut.emf");
+        std::filesystem::resize_file(_folder / "cut.emf", 4002);
+        write("text.svg", toPage("text"));
+        write("bare.svg", toPage("<?xml?><!DOCTYPE svg><svg></svg>"));
+        std::filesystem::create_symlink("nothing", _folder / "link.png");
+    }
+    ~PageTool() override { std::filesystem::remove_all(_folder); }
+
+    // The output; `exitCode` -1: the shell did not run.
+    std::string run(const std::string& commands, int& exitCode) const
+    {
+        const std::string line = "exec 2>&1; cd '" + _folder.string() +
+                                 "' || exit 9; surfacepage() { '" SURFACE_PAGE_TOOL "' \"$@\"; }; " +
+                                 commands;
+        std::string output;
+        std::FILE* const pipe = popen(line.c_str(), "r");
+        char buffer[4096];
+        while (const std::size_t count = std::fread(buffer, 1, sizeof(buffer), pipe)) {
+            output.append(buffer, count);
+        }
+        const int status = pclose(pipe);
+        exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return output;
+    }
+
+private:
+    static Page toPage(std::string_view text) { return {text.begin(), text.end()}; }
+    void write(const std::string& name, const Page& page) const
+    {
+        std::ofstream(_folder / name, std::ios::binary)
+            .write(reinterpret_cast<const char*>(page.data()), static_cast<std::streamsize>(page.size()));
+    }
+
+    const std::filesystem::path _folder;
+};
+
+TEST_P(PageTool, SaysAndLeaves)
+{
+    int exitCode = -1;
+    const std::string output = run(GetParam().commands, exitCode);
+    EXPECT_EQ(exitCode, GetParam().exitCode) << output;
+    std::size_t place = 0;
+    std::istringstream parts{std::string(GetParam().parts)};
+    for (std::string part; std::getline(parts, part, '|');) {
+        place = output.find(part, place);
+        ASSERT_NE(place, std::string::npos) << "no " << part << " in\n" << output;
+        place += part.size();
+    }
+}
+
+const ToolCase cases[] = {
+    {"InfoOfSvg", "surfacepage info words.svg", 0,
+     "words.svg\n|SVG page|210 x 297 mm, 794 x 1123 units|79 text|fonts       15|\"Arial\" 9 bold|text       "
+     " 79|\"Use\"\n"},
+    {"InfoOfMetafile", "surfacepage info -b words.emf", 0,
+     "enhanced metafile|793 x 1122 pixels|1 HEADER|page counts 0\n  fonts"},
+    {"InfoOfManyInOrder", "surfacepage info -b -j3 words.svg text.svg nowhere sheet.svg 2>&-", 2,
+     "words.svg\n|page counts 0|sheet.svg\n|page counts 1"},
+    {"BadFiles", "surfacepage info nowhere text.svg . cut.emf", 2,
+     "nowhere: can't be read: No such file|text.svg: is neither an SVG page nor|.: can't be read: Is a "
+     "directory|cut.emf: ends inside the record"},
+    {"PlaysSvgToAll",
+     "for e in svg ps emf png; do surfacepage play words.svg -o out.$e || exit; done; cmp words.svg out.svg "
+     "&& "
+     "surfacepage info -b out.emf && head -c 4 out.ps out.png",
+     0, "out.emf\n|793 x 1122|%!PS|\x89PNG"},
+    {"PlaysMetafileToTwo",
+     "surfacepage play words.emf sheet.emf -j2 --dpi 48 -o 'half-{}.png' && od -An -tu1 -j16 -N8 "
+     "half-words.png && "
+     "surfacepage play words.emf -o again.EMF && surfacepage info -b again.EMF; surfacepage play words.emf "
+     "sheet.svg -o '{}.ps'",
+     2,
+     "0   0   1 141   0   0   2  49|793 x 1122|words.emf: is an enhanced metafile, which plays to .png and "
+     ".emf only, not to .ps"},
+    {"PlayLeavesNothingBehind",
+     "surfacepage play bare.svg -o a.png; surfacepage play cut.emf -o b.emf; surfacepage play words.svg -o "
+     "c.png --dpi 4800; "
+     "surfacepage play words.svg -o link.png; surfacepage play words.svg -o no/d.png; ls -A",
+     0,
+     "bare.svg: tells no usable size|cut.emf: can't be played|39685 x 56126 pixels are too many|link.png: it "
+     "is no regular file|"
+     "can't write no/d.png: No such "
+     "file|bare.svg\ncut.emf\nlink.png\nsheet.emf\nsheet.svg\ntext.svg\nwords.emf\nwords.svg\n"},
+    {"StampsInPlace",
+     "chmod 640 sheet.svg; surfacepage stamp sheet.svg sheet.emf 8 9; stat -c %a sheet.svg; surfacepage find "
+     "sheet.svg '8 of 9' && "
+     "surfacepage find sheet.emf '9 of 9' && surfacepage stamp words.svg 1 2",
+     1, "640\n|hit 1 at (|hit 1 at (|words.svg: shows no page count"},
+    {"Finds",
+     "surfacepage find words.svg heating; surfacepage find --case --word words.svg Heating; "
+     "surfacepage find words.emf words.svg sheet.svg heating",
+     1,
+     "hit 1 at (60, 120)|hit 6 at (62, 900)|hit 1 at (60, 120)|words.emf: hit 1 at (|words.svg: hit "
+     "6|sheet.svg: no hit"},
+    {"MarksAHit",
+     "surfacepage find words.svg heating -o m.svg --hit 3 && grep -c \"find='[0-9]*,[1-9]\" m.svg; "
+     "surfacepage find words.svg heating -o n.svg --hit 7; ls n.svg",
+     2, "hit 6|1\n|words.svg: has no hit 7 to mark|n.svg"},
+    {"Traces", "surfacepage trace words.svg && surfacepage trace sheet.emf cut.emf", 2,
+     "prepareSurface 794x1123 210x297 794x1123\ndrawSolidRectangle|setFont \"Arial\" 8|sheet.emf: 0 HEADER "
+     "|EXTCREATEFONTINDIRECTW 1 \"Arial\" height -12 bold\n|GDICOMMENT \"TPC|EOF 0 16 20\n|cut.emf: 0 "
+     "HEADER"},
+    {"WrongArguments",
+     "surfacepage play words.svg -o out.pdf; surfacepage play words.svg sheet.svg -o out.png; surfacepage "
+     "play words.svg "
+     "-o o.ps --dpi 9; surfacepage stamp words.svg 3; surfacepage find words.svg ''; surfacepage stamp "
+     "words.svg -- -1 3",
+     2,
+     "none of the endings|words.svg and sheet.svg would both be written to out.png|--dpi is for .png only|N "
+     "is required|"
+     "TEXT: is empty|-1 is no page number"},
+    {"OutputIsLost", "surfacepage trace words.svg >/dev/full", 2,
+     "standard output can't be written: No space"},
+};
+INSTANTIATE_TEST_SUITE_P(Commands, PageTool, testing::ValuesIn(cases),
+                         [](const auto& shown) { return shown.param.name; });
+
+} // namespace

@@ -1,0 +1,127 @@
+#include "Console.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+constexpr std::chrono::milliseconds Moment(500);
+constexpr std::chrono::milliseconds BetweenProgress(100);
+
+// Names and texts of strangers: nothing that a terminal would obey.
+std::string onOneLine(std::string_view text)
+{
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string line;
+    for (const char character : text) {
+        const unsigned int byte = static_cast<unsigned char>(character);
+        if (byte < 0x20 || byte == 0x7F) {
+            line.append("\\x").append(1, digits[byte >> 4]).append(1, digits[byte & 0xF]);
+        } else {
+            line.push_back(character);
+        }
+    }
+    return line;
+}
+
+void writeError(const std::string& text)
+{
+    std::fwrite(text.data(), 1, text.size(), stderr);
+    std::fflush(stderr);
+}
+
+} // namespace
+
+Console::Console() : _onTerminal(isatty(STDERR_FILENO) == 1), _nextProgress(Clock::now() + Moment) {}
+
+void Console::print(std::size_t job, std::string_view text)
+{
+    const std::lock_guard lock(_mutex);
+    if (job == _turn) {
+        write(text);
+    } else {
+        _waiting[job].text.append(text);
+    }
+}
+
+void Console::finish(std::size_t job)
+{
+    const std::lock_guard lock(_mutex);
+    _waiting[job].finished = true;
+    // The last one whose turn comes goes on by itself: what it has said so far is written, too.
+    for (auto next = _waiting.find(_turn); next != _waiting.end(); next = _waiting.find(_turn)) {
+        write(next->second.text);
+        next->second.text.clear();
+        if (!next->second.finished) {
+            return;
+        }
+        _waiting.erase(next);
+        ++_turn;
+    }
+}
+
+void Console::complain(std::string_view file, std::string_view what)
+{
+    const std::lock_guard lock(_mutex);
+    clearProgress();
+    std::fflush(stdout);
+    std::string line("surfacepage: ");
+    if (!file.empty()) {
+        line.append(onOneLine(file)).append(": ");
+    }
+    writeError(line.append(onOneLine(what)).append("\n"));
+}
+
+void Console::progress(std::string_view text)
+{
+    if (!_onTerminal) {
+        return;
+    }
+    const std::lock_guard lock(_mutex);
+    const Clock::time_point now = Clock::now();
+    if (now < _nextProgress) {
+        return;
+    }
+    clearProgress();
+    writeError(onOneLine(text));
+    _progressShown = true;
+    _nextProgress = now + BetweenProgress;
+}
+
+bool Console::close()
+{
+    const std::lock_guard lock(_mutex);
+    clearProgress();
+    errno = 0;
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        _outputLost = true;
+    }
+    if (_outputLost) {
+        writeError(std::string("surfacepage: standard output can't be written: ")
+                       .append(std::strerror(errno))
+                       .append("\n"));
+    }
+    return !_outputLost;
+}
+
+void Console::write(std::string_view text)
+{
+    if (text.empty()) {
+        return;
+    }
+    clearProgress();
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) {
+        _outputLost = true;
+    }
+}
+
+void Console::clearProgress()
+{
+    if (_progressShown) {
+        writeError("\r\x1B[K");
+        _progressShown = false;
+    }
+}

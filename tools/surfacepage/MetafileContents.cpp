@@ -1,0 +1,151 @@
+#include "MetafileContents.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "quotedText.h"
+#include "sys/krnos.h"
+
+namespace {
+
+std::string narrow(const FileRecord& record, std::size_t offset, std::size_t count)
+{
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i) {
+        const unsigned short wide[2] = {record.at<unsigned short>(offset + 2 * i).value_or(0), 0};
+        char character[2] = " "; // of a zero, too
+        if (wide[0] != 0) {
+            intlUnicodeToCString(wide, character, sizeof(character));
+        }
+        text.push_back(character[0]);
+    }
+    return text;
+}
+
+void addText(const FileRecord& record, POINTL place, std::uint64_t offset, std::uint64_t count,
+             unsigned int characterSize, std::vector<PlacedText>& texts)
+{
+    if (count == 0 || offset + count * characterSize > record.bytes.size()) {
+        return;
+    }
+    if (characterSize == 2) {
+        texts.push_back({place, narrow(record, offset, count)});
+        return;
+    }
+    const auto piece = record.bytes.subspan(offset, count);
+    texts.push_back({place, std::string(piece.begin(), piece.end())});
+}
+
+void addSmallText(const FileRecord& record, std::vector<PlacedText>& texts)
+{
+    constexpr DWORD WithoutRectangle = 0x100; // ETO_NO_RECT, [MS-EMF] 2.1.11
+    constexpr DWORD SmallCharacters = 0x200;  // ETO_SMALL_CHARS
+    if (const auto fields = record.at<EMRSMALLTEXTOUT>(0)) {
+        const std::size_t rectangle = (fields->fuOptions & WithoutRectangle) != 0 ? 0 : sizeof(RECTL);
+        const unsigned int size = (fields->fuOptions & SmallCharacters) != 0 ? 1 : 2;
+        addText(record, fields->ptlReference, sizeof(EMRSMALLTEXTOUT) + rectangle, fields->nChars, size,
+                texts);
+    }
+}
+
+void addPolyText(const FileRecord& record, std::vector<PlacedText>& texts)
+{
+    const unsigned int size = record.type == EMR_POLYTEXTOUTW ? 2 : 1;
+    const auto fields = record.at<EMRPOLYTEXTOUT>(0);
+    std::size_t offset = sizeof(EMRPOLYTEXTOUT);
+    for (DWORD left = fields ? fields->cStrings : 0; left > 0; --left, offset += sizeof(EMRTEXT)) {
+        const auto text = record.at<EMRTEXT>(offset);
+        if (!text) {
+            return;
+        }
+        addText(record, text->ptlReference, text->offString, text->nChars, size, texts);
+    }
+}
+
+// Where the offset of a picture's head stands in the records that may have one.
+struct PictureField {
+    DWORD type;
+    std::size_t offset;
+};
+
+constexpr std::size_t InPolygon = 96; // [MS-EMF] 2.3.1.4
+constexpr PictureField pictureFields[] = {
+    {EMR_BITBLT, offsetof(EMRBITBLT, offBmiSrc)},
+    {EMR_STRETCHBLT, offsetof(EMRBITBLT, offBmiSrc)},
+    {EMR_MASKBLT, offsetof(EMRBITBLT, offBmiSrc)},
+    {EMR_ALPHABLEND, offsetof(EMRBITBLT, offBmiSrc)},
+    {EMR_TRANSPARENTBLT, offsetof(EMRBITBLT, offBmiSrc)},
+    {EMR_PLGBLT, InPolygon},
+    {EMR_SETDIBITSTODEVICE, offsetof(EMRSETDIBITSTODEVICE, offBmiSrc)},
+    {EMR_STRETCHDIBITS, offsetof(EMRSTRETCHDIBITS, offBmiSrc)},
+    {EMR_CREATEMONOBRUSH, offsetof(EMRCREATEPATTERNBRUSH, offBmi)},
+    {EMR_CREATEDIBPATTERNBRUSHPT, offsetof(EMRCREATEPATTERNBRUSH, offBmi)},
+};
+
+} // namespace
+
+std::vector<PlacedText> textsOf(const FileRecord& record)
+{
+    std::vector<PlacedText> texts;
+    switch (record.type) {
+    case EMR_EXTTEXTOUTA:
+    case EMR_EXTTEXTOUTW:
+        if (const auto fields = record.at<EMREXTTEXTOUT>(0)) {
+            const EMRTEXT& text = fields->emrtext;
+            addText(record, text.ptlReference, text.offString, text.nChars,
+                    record.type == EMR_EXTTEXTOUTW ? 2 : 1, texts);
+        }
+        break;
+    case EMR_SMALLTEXTOUT:
+        addSmallText(record, texts);
+        break;
+    case EMR_POLYTEXTOUTA:
+    case EMR_POLYTEXTOUTW:
+        addPolyText(record, texts);
+        break;
+    default:
+        break;
+    }
+    return texts;
+}
+
+std::optional<std::string> fontOf(const FileRecord& record)
+{
+    constexpr LONG Bold = 700;
+    if (record.type != EMR_EXTCREATEFONTINDIRECTW) {
+        return std::nullopt;
+    }
+    constexpr std::size_t offset = offsetof(EMREXTCREATEFONTINDIRECTW, elfw);
+    const auto font = record.at<LOGFONTW>(offset);
+    if (!font) {
+        return std::nullopt;
+    }
+    const WCHAR* const end = std::find(font->lfFaceName, std::end(font->lfFaceName), 0);
+    const auto length = static_cast<std::size_t>(end - font->lfFaceName);
+    std::string text = quotedText(narrow(record, offset + offsetof(LOGFONTW, lfFaceName), length));
+    text.append(" height ").append(std::to_string(font->lfHeight));
+    text.append(font->lfWeight >= Bold ? " bold" : "").append(font->lfItalic != 0 ? " italic" : "");
+    text.append(font->lfUnderline != 0 ? " underline" : "");
+    return text.append(font->lfStrikeOut != 0 ? " strikethru" : "");
+}
+
+std::optional<std::string> pictureOf(const FileRecord& record)
+{
+    for (const PictureField& field : pictureFields) {
+        if (field.type != record.type) {
+            continue;
+        }
+        const DWORD offset = record.at<DWORD>(field.offset).value_or(0);
+        const auto head = record.at<BITMAPINFOHEADER>(offset);
+        if (offset == 0 || !head || head->biSize < sizeof(BITMAPINFOHEADER)) {
+            return std::nullopt;
+        }
+        return std::to_string(head->biWidth)
+            .append(" x ")
+            .append(std::to_string(std::abs(std::int64_t{head->biHeight})))
+            .append(" pixels of ")
+            .append(std::to_string(head->biBitCount))
+            .append(" bits");
+    }
+    return std::nullopt;
+}

@@ -1,0 +1,22 @@
+// What a record of a metafile holds that a reader of pages asks for: text, a font, a picture.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "RecordWalk.h"
+
+struct PlacedText {
+    POINTL place; // logical units
+    std::string text;
+};
+
+// The texts that a text record draws, as 8 bits a character; none for other records and where they leave the record.
+std::vector<PlacedText> textsOf(const FileRecord& record);
+
+// "Arial" height -13 bold italic
+std::optional<std::string> fontOf(const FileRecord& record);
+
+// 100 x 50 pixels of 24 bits
+std::optional<std::string> pictureOf(const FileRecord& record);

@@ -1,0 +1,33 @@
+// A file that is there whole or not at all: written under a temporary name beside its place, renamed at the end.
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "FileJobs.h"
+
+class OutputFile {
+public:
+    // Complaints go to the job.
+    OutputFile(FileJob& job, const std::string& path);
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    // Without commit nothing stays.
+    ~OutputFile();
+
+    // Makes the temporary file; empty when that can't be, after saying so. The place may be a link, which stays one,
+    // but no device or folder. A file that is there keeps its permissions.
+    const std::string& create();
+    // Gives the file its place.
+    Outcome commit();
+    // All three steps.
+    Outcome write(std::span<const unsigned char> bytes);
+
+private:
+    Outcome failOfSystem(int error);
+
+    FileJob& _job;
+    const std::string _path; // as the user knows it
+    std::string _place;      // behind links
+    std::string _temporary;  // empty: there is none
+};

@@ -1,0 +1,178 @@
+#include "PageInventory.h"
+
+#include <cctype>
+#include <memory>
+
+#include "MetafileContents.h"
+#include "RecordWalk.h"
+#include "RecordingSurface.h"
+#include "metaFilePlayer.h"
+#include "quotedText.h"
+
+namespace {
+
+// The numbers of requiredPictureType.
+struct PictureType {
+    int number;
+    const char* name;
+};
+constexpr PictureType pictureTypes[] = {{1, "bitmap"}, {3, "icon"}, {5, "icon"}, {6, "TIFF"},
+                                        {7, "JPEG"},   {8, "PNG"},  {9, "GIF"}};
+
+const char* pictureTypeName(int number)
+{
+    for (const PictureType& type : pictureTypes) {
+        if (type.number == number) {
+            return type.name;
+        }
+    }
+    return "unknown type";
+}
+
+// Takes down what a player hands to it. The calls themselves are of no interest.
+class InventorySurface : public RecordingSurface {
+public:
+    using RecordingSurface::drawString;
+    using RecordingSurface::setFont;
+
+    explicit InventorySurface(PageInventory& inventory)
+        : RecordingSurface([](const std::string&) {}), _inventory(inventory)
+    {
+    }
+
+    void setFont(CSurfaceFont* font) override
+    {
+        if (font != nullptr) {
+            _inventory.addFont(textOf(*font));
+        }
+        RecordingSurface::setFont(font);
+    }
+    void includeImage(unsigned int id, unsigned char*, int size, int width, int height, int type) override
+    {
+        std::string image = std::to_string(id).append(": ");
+        image.append(std::to_string(width)).append(" x ").append(std::to_string(height)).append(" pixels, ");
+        image.append(pictureTypeName(type)).append(", ").append(std::to_string(size)).append(" bytes");
+        _inventory.images.push_back(std::move(image));
+    }
+    void drawString(const char* text, RECT*, unsigned int) override { add(text); }
+    bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT*, int) override
+    {
+        std::string text;
+        for (unsigned int i = 0; chunks != nullptr && i < chunks->size(); ++i) {
+            const CSurfaceTextChunk& chunk = *chunks->atGet(i);
+            text.append(chunk.m_isNewLine && i > 0 ? " " : "");
+            text.append(chunk.m_text.text(), chunk.m_text.length());
+        }
+        add(text.c_str());
+        return true;
+    }
+    void drawText(const char* text, RECT*, unsigned int) override { add(text); }
+    void drawTextAt(const char* text, POINT*, unsigned int) override { add(text); }
+    void drawTextOnBaseLine(int, int, unsigned int, RECT*, char* text, int length) override
+    {
+        if (text != nullptr) {
+            add(std::string(text, strnlen(text, static_cast<std::size_t>(length))).c_str());
+        }
+    }
+    void drawStringRotated(const char* text, RECT*, unsigned int, int, int) override { add(text); }
+
+private:
+    static std::string textOf(CSurfaceFont& font)
+    {
+        std::string text = quotedText(font.getFaceName());
+        char size[32];
+        text.append(" ").append(size, std::to_chars(size, std::end(size), font.getSize()).ptr);
+        text.append(font.getBold() ? " bold" : "").append(font.getItalic() ? " italic" : "");
+        text.append(font.getUnderline() ? " underline" : "");
+        return text.append(font.getStrikethru() ? " strikethru" : "");
+    }
+    void add(const char* text)
+    {
+        if (text != nullptr && *text != '\0') {
+            _inventory.texts.push_back(quotedText(text));
+        }
+    }
+
+    PageInventory& _inventory;
+};
+
+std::size_t count(std::string_view text, std::string_view wanted)
+{
+    std::size_t found = 0;
+    for (std::size_t at = text.find(wanted); at != std::string_view::npos; at = text.find(wanted, at + 1)) {
+        ++found;
+    }
+    return found;
+}
+
+void countElements(std::string_view page, PageInventory& inventory)
+{
+    for (std::size_t at = page.find('<'); at != std::string_view::npos; at = page.find('<', at + 1)) {
+        std::size_t end = at + 1;
+        while (end < page.size() && std::isalpha(static_cast<unsigned char>(page[end])) != 0) {
+            ++end;
+        }
+        if (end > at + 1) {
+            ++inventory.parts[std::string(page.substr(at + 1, end - at - 1))];
+        }
+    }
+}
+
+void takeSvgPage(StoredPage& page, PageInventory& inventory)
+{
+    countElements(page.text(), inventory);
+    inventory.pageCounts = count(page.text(), "class='nofm'");
+    InventorySurface surface(inventory);
+    const std::unique_ptr<CMetaFilePlayer> player(CMetaFilePlayer::createPlayer(page.data(), page.size()));
+    RECT nowhere{};
+    if (player == nullptr || player->play(&surface, &nowhere) != 1) {
+        inventory.damage = "can't be played";
+    }
+}
+
+bool isPageCountMark(const FileRecord& record)
+{
+    constexpr std::string_view mark = "TPC";
+    constexpr std::size_t length = mark.size() + 2 * sizeof(LONG);
+    const auto comment = record.at<EMRGDICOMMENT>(0);
+    return record.type == EMR_GDICOMMENT && comment && comment->cbData == length &&
+           record.bytes.size() >= sizeof(EMRGDICOMMENT) + length &&
+           std::memcmp(record.bytes.data() + sizeof(EMRGDICOMMENT), mark.data(), mark.size()) == 0;
+}
+
+void takeMetafile(StoredPage& page, PageInventory& inventory)
+{
+    inventory.damage = walkRecords(page.bytes, [&](const FileRecord& record) {
+        ++inventory.parts[recordName(record.type)];
+        for (const PlacedText& text : textsOf(record)) {
+            inventory.texts.push_back(quotedText(text.text));
+        }
+        if (const std::optional<std::string> font = fontOf(record)) {
+            inventory.addFont(*font);
+        }
+        if (std::optional<std::string> picture = pictureOf(record)) {
+            inventory.images.push_back(std::move(*picture));
+        }
+        inventory.pageCounts += isPageCountMark(record) ? 1 : 0;
+    });
+}
+
+} // namespace
+
+void PageInventory::addFont(const std::string& font)
+{
+    if (_known.insert(font).second) {
+        fonts.push_back(font);
+    }
+}
+
+PageInventory inventoryOf(StoredPage& page)
+{
+    PageInventory inventory;
+    if (page.isMetafile()) {
+        takeMetafile(page, inventory);
+    } else {
+        takeSvgPage(page, inventory);
+    }
+    return inventory;
+}

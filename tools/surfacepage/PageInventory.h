@@ -1,0 +1,27 @@
+// What is on a page: its parts by name, fonts, images, texts.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "StoredPage.h"
+
+struct PageInventory {
+    // Told once, in the order of their first use.
+    void addFont(const std::string& font);
+
+    std::map<std::string, std::size_t> parts; // elements or records, and how many of each
+    std::vector<std::string> fonts;
+    std::vector<std::string> images;
+    std::vector<std::string> texts; // in the order of drawing
+    std::size_t pageCounts = 0;     // places that a stamp looks for
+    std::string damage;             // what is wrong with the page; empty: nothing
+
+private:
+    std::set<std::string> _known;
+};
+
+PageInventory inventoryOf(StoredPage& page);

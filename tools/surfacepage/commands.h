@@ -1,0 +1,43 @@
+// The commands of the tool. Each is a job on one file.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "FileJobs.h"
+
+struct InfoOptions {
+    bool brief = false; // counts only
+};
+// Format, length, size, elements or records, fonts, images and text. Fails for a damaged page, of which it tells
+// what there is.
+Outcome infoCommand(FileJob& job, const InfoOptions& options);
+
+struct PlayOptions {
+    std::vector<std::string> outputs; // of each job; their endings are known
+    int dpi = 96;                     // of pictures
+};
+// Empty when this name of an output, by its ending, can be played to.
+std::string problemOfPlayOutput(const std::string& output, bool dpiGiven);
+// Plays the page to another format.
+Outcome playCommand(FileJob& job, const PlayOptions& options);
+
+struct StampOptions {
+    int firstNumber = 1; // of the first file; the others count on
+    int pageCount = 1;
+};
+// Stamps the page count into the file itself. Nothing: the page shows none.
+Outcome stampCommand(FileJob& job, const StampOptions& options);
+
+struct FindOptions {
+    std::string text; // bytes, compared with those of the page
+    bool matchCase = false;
+    bool wholeWord = false;
+    std::vector<std::string> markedPages; // of each job; empty: none
+    unsigned int markedHit = 1;           // the hit that is marked there
+};
+// All hits with their places. Nothing: there is none.
+Outcome findCommand(FileJob& job, const FindOptions& options);
+
+// The surface calls of an SVG page or the records of a metafile, one a line. Fails for a damaged page, at its damage.
+Outcome traceCommand(FileJob& job);

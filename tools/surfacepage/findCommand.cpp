@@ -1,0 +1,85 @@
+#include <memory>
+#include <span>
+
+#include "OutputFile.h"
+#include "StoredPage.h"
+#include "commands.h"
+#include "metaFilePlayer.h"
+
+namespace {
+
+struct FreeFoundPage {
+    void operator()(unsigned char* page) const { CMetaFilePlayer::freeFoundPage(page); }
+};
+using FoundPage = std::unique_ptr<unsigned char, FreeFoundPage>;
+
+// The hits of a page, one after the other.
+class Hits {
+public:
+    Hits(StoredPage& page, const FindOptions& options) : _page(page), _options(options) {}
+
+    // False behind the last one, and when the search failed.
+    bool next()
+    {
+        unsigned char* found = nullptr;
+        unsigned int length = 0;
+        x = y = 0;
+        failed = CMetaFilePlayer::searchPageForString(_page.data(), _page.size(), _options.text.c_str(),
+                                                      _options.matchCase, _options.wholeWord, _position,
+                                                      _textOffset, found, length, x, y) != 0;
+        _found.reset(found);
+        marked = {found, length};
+        return !failed && found != nullptr && length > 0;
+    }
+
+    int x = 0; // of the text in which the hit begins, in logical units
+    int y = 0;
+    std::span<const unsigned char> marked; // the page with the hit marked, until the next call
+    bool failed = false;
+
+private:
+    StoredPage& _page;
+    const FindOptions& _options;
+    unsigned int _position = 0; // the search's own cursor
+    unsigned int _textOffset = 0;
+    FoundPage _found;
+};
+
+std::string numbered(const char* before, std::size_t number, const char* behind)
+{
+    return std::string(before).append(std::to_string(number)).append(behind);
+}
+
+} // namespace
+
+Outcome findCommand(FileJob& job, const FindOptions& options)
+{
+    std::optional<StoredPage> page = readPage(job);
+    if (!page) {
+        return Outcome::Failed;
+    }
+    const bool marks = !options.markedPages.empty();
+    Outcome outcome = Outcome::Nothing;
+    std::size_t count = 0;
+    Hits hits(*page, options);
+    while (hits.next()) {
+        ++count;
+        outcome = outcome == Outcome::Nothing ? Outcome::Done : outcome;
+        std::string line = numbered("hit ", count, " at (");
+        line.append(std::to_string(hits.x)).append(", ").append(std::to_string(hits.y)).append(")");
+        job.printLine(line);
+        job.progress(numbered("", count, " hits"));
+        if (marks && count == options.markedHit) {
+            outcome = OutputFile(job, options.markedPages[job.number()]).write(hits.marked);
+        }
+    }
+    if (hits.failed) {
+        return job.fail("can't be searched to its end: there is not enough memory");
+    }
+    if (count == 0) {
+        job.printLine("no hit");
+    } else if (marks && count < options.markedHit) {
+        return job.fail(numbered("has no hit ", options.markedHit, " to mark"));
+    }
+    return outcome;
+}

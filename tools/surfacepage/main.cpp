@@ -1,0 +1,237 @@
+// surfacepage: looks into stored pages, plays, stamps, searches and traces them. See man/surfacepage.1.
+#include <CLI/CLI.hpp>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <charconv>
+#include <limits>
+#include <memory>
+
+#include "FilePatterns.h"
+#include "commands.h"
+
+namespace {
+
+// What is wrong with the arguments; CLI11 reports it.
+void refuse(const std::string& option, const std::string& problem)
+{
+    throw CLI::ValidationError(option, problem);
+}
+
+// Several files stand in front of other arguments, which the parser can't tell from them: it takes all as files.
+std::string takeLast(std::vector<std::string>& arguments, const char* name)
+{
+    if (arguments.size() < 2) {
+        throw CLI::RequiredError(name);
+    }
+    std::string last = std::move(arguments.back());
+    arguments.pop_back();
+    return last;
+}
+
+int takeLastNumber(std::vector<std::string>& arguments, const char* name)
+{
+    const std::string text = takeLast(arguments, name);
+    int number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || stop != end || number < 0) {
+        refuse(name, std::string(text).append(" is no page number"));
+    }
+    return number;
+}
+
+// Shows every argument without brackets, those that takeLast takes too.
+class UsageOfArguments : public CLI::Formatter {
+public:
+    std::string make_option_usage(const CLI::Option* option) const override
+    {
+        return get_option_name(option);
+    }
+
+private:
+    static std::string get_option_name(const CLI::Option* option)
+    {
+        return option->get_name(true) + (option->get_expected_max() > 1 ? "..." : "");
+    }
+};
+
+class CommandLine {
+public:
+    CommandLine()
+    {
+        _app.set_version_flag("--version", "surfacepage " SURFACEPAGE_VERSION);
+        _app.require_subcommand(1);
+        _app.formatter(std::make_shared<UsageOfArguments>());
+        _app.footer(
+            "Exit codes: 0 done, 1 nothing found or stamped, 2 a file failed or the arguments are wrong.");
+        addInfo();
+        addPlay();
+        addStamp();
+        addFind();
+        addTrace();
+    }
+
+    int run(int count, char** arguments)
+    {
+        try {
+            _app.parse(count, arguments);
+        } catch (const CLI::ParseError& problem) {
+            return _app.exit(problem) == 0 ? 0 : static_cast<int>(Outcome::Failed);
+        }
+        return runJobs(_files, _threads, _command);
+    }
+
+private:
+    // A command on files; `check` looks at its options once all are known.
+    CLI::App* add(const char* name, const char* does, FileCommand command,
+                  const std::function<void()>& check = {})
+    {
+        CLI::App* const added = _app.add_subcommand(name, does);
+        added->add_option("FILE", _files, "Stored pages: SVG pages or enhanced metafiles")
+            ->required()
+            ->type_name("");
+        added->add_option("-j,--jobs", _threads, "Files worked on at the same time")
+            ->check(CLI::Range(1, 256))
+            ->capture_default_str();
+        added->final_callback([this, command = std::move(command), check] {
+            if (check) {
+                check();
+            }
+            _command = command;
+        });
+        return added;
+    }
+
+    std::vector<std::string> outputs(const std::string& pattern)
+    {
+        std::string problem;
+        std::vector<std::string> names = outputNames(pattern, _files, problem);
+        if (!problem.empty()) {
+            refuse("-o", problem);
+        }
+        return names;
+    }
+
+    void addInfo()
+    {
+        CLI::App* const info =
+            add("info", "Tell what is on pages", [this](FileJob& job) { return infoCommand(job, _info); });
+        info->add_flag("-b,--brief", _info.brief, "Count fonts, images and texts, and list none");
+    }
+
+    void addPlay()
+    {
+        CLI::App* const play = add(
+            "play", "Play pages to another format", [this](FileJob& job) { return playCommand(job, _play); },
+            [this] { checkPlay(); });
+        play->add_option(
+                "-o,--output", _pattern,
+                "What to write, ending in .svg, .ps, .emf or .png; a metafile plays to .png and .emf only. "
+                "{} stands for the name of FILE without folder and ending")
+            ->required();
+        _dpi = play->add_option("--dpi", _play.dpi, "Dots per inch of a .png")
+                   ->check(CLI::Range(1, 4800))
+                   ->capture_default_str();
+    }
+
+    void checkPlay()
+    {
+        _play.outputs = outputs(_pattern);
+        for (const std::string& output : _play.outputs) {
+            if (const std::string problem = problemOfPlayOutput(output, _dpi->count() > 0);
+                !problem.empty()) {
+                refuse("-o", problem);
+            }
+        }
+    }
+
+    void addStamp()
+    {
+        CLI::App* const stamp = add(
+            "stamp", "Stamp the page count \"N of M\" into pages, in place",
+            [this](FileJob& job) { return stampCommand(job, _stamp); }, [this] { checkStamp(); });
+        addLast(stamp, "N", "Number of the page; further files count on from it");
+        addLast(stamp, "M", "Number of pages");
+    }
+
+    void checkStamp()
+    {
+        constexpr std::size_t most = std::numeric_limits<int>::max();
+        _stamp.pageCount = takeLastNumber(_files, "M");
+        _stamp.firstNumber = takeLastNumber(_files, "N");
+        if (_files.size() > most - static_cast<std::size_t>(_stamp.firstNumber)) {
+            refuse("N", "is too high for so many pages");
+        }
+    }
+
+    void addFind()
+    {
+        CLI::App* const find = add(
+            "find", "Find a text on pages, all hits with their places",
+            [this](FileJob& job) { return findCommand(job, _find); }, [this] { checkFind(); });
+        addLast(find, "TEXT", "What to find");
+        find->add_flag("--case", _find.matchCase, "Upper and lower case differ");
+        find->add_flag("--word", _find.wholeWord, "Whole words only");
+        CLI::Option* const marked =
+            find->add_option("-o,--output", _pattern,
+                             "Write a copy of the page with a hit marked; {} stands for the name of FILE "
+                             "without folder and ending");
+        find->add_option("--hit", _find.markedHit, "Which hit is marked there")
+            ->needs(marked)
+            ->check(CLI::Range(1, std::numeric_limits<int>::max()))
+            ->capture_default_str();
+    }
+
+    void checkFind()
+    {
+        _find.text = takeLast(_files, "TEXT");
+        if (_find.text.empty()) {
+            refuse("TEXT", "is empty");
+        }
+        if (!_pattern.empty()) {
+            _find.markedPages = outputs(_pattern);
+        }
+    }
+
+    // For the help only: takeLast gives its value.
+    void addLast(CLI::App* command, const char* name, const char* means)
+    {
+        command->add_option(name, _shownOnly, means)->type_name("");
+    }
+
+    void addTrace()
+    {
+        add("trace", "List the surface calls of SVG pages, or the records of metafiles, one a line",
+            traceCommand);
+    }
+
+    CLI::App _app{"Looks into stored pages of the surface library, plays, stamps, searches and traces them.",
+                  "surfacepage"};
+    std::vector<std::string> _files;
+    unsigned int _threads = 1;
+    std::string _pattern; // of output files
+    std::string _shownOnly;
+    CLI::Option* _dpi = nullptr;
+    InfoOptions _info;
+    PlayOptions _play;
+    StampOptions _stamp;
+    FindOptions _find;
+    FileCommand _command;
+};
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    // A file must not be opened under the number of a closed standard stream: messages would go into it.
+    int stream = 0;
+    while (stream >= 0 && stream <= STDERR_FILENO) {
+        stream = open("/dev/null", O_RDWR);
+    }
+    if (stream >= 0) {
+        close(stream);
+    }
+    return CommandLine().run(count, arguments);
+}

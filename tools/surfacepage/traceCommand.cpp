@@ -1,0 +1,107 @@
+#include <algorithm>
+#include <memory>
+
+#include "MetafileContents.h"
+#include "RecordWalk.h"
+#include "RecordingSurface.h"
+#include "StoredPage.h"
+#include "SvgPageSize.h"
+#include "commands.h"
+#include "metaFilePlayer.h"
+#include "quotedText.h"
+
+namespace {
+
+constexpr std::size_t ProgressEvery = 4096; // lines
+constexpr std::size_t WordsShown = 16;
+constexpr std::size_t CommentShown = 64; // bytes
+
+class Lines {
+public:
+    explicit Lines(FileJob& job) : _job(job) {}
+    void add(const std::string& line)
+    {
+        _job.printLine(line);
+        if (++_count % ProgressEvery == 0) {
+            _job.progress(std::to_string(_count).append(" lines"));
+        }
+    }
+
+private:
+    FileJob& _job;
+    std::size_t _count = 0;
+};
+
+std::string commentOf(const FileRecord& record)
+{
+    const auto head = record.at<EMRGDICOMMENT>(0);
+    const std::size_t room = record.bytes.size() - std::min(record.bytes.size(), sizeof(EMRGDICOMMENT));
+    const std::size_t length = std::min<std::size_t>(head ? head->cbData : 0, room);
+    const std::size_t shown = std::min(length, CommentShown);
+    std::string text =
+        quotedText({reinterpret_cast<const char*>(record.bytes.data() + record.bytes.size() - room), shown});
+    return shown == length ? text : text.append(" of ").append(std::to_string(length)).append(" bytes");
+}
+
+// The words behind the head, as numbers.
+std::string wordsOf(const FileRecord& record)
+{
+    std::string text;
+    const std::size_t words = (record.bytes.size() - sizeof(EMR)) / sizeof(LONG);
+    for (std::size_t i = 0; i < std::min(words, WordsShown); ++i) {
+        text.append(i == 0 ? "" : " ");
+        text.append(std::to_string(record.at<LONG>(sizeof(EMR) + i * sizeof(LONG)).value_or(0)));
+    }
+    if (words > WordsShown) {
+        text.append(" and ").append(std::to_string(words - WordsShown)).append(" words more");
+    }
+    return text;
+}
+
+std::string contentsOf(const FileRecord& record)
+{
+    if (record.type == EMR_GDICOMMENT) {
+        return commentOf(record);
+    }
+    if (const std::optional<std::string> font = fontOf(record)) {
+        const DWORD index = record.at<DWORD>(sizeof(EMR)).value_or(0);
+        return std::to_string(index).append(" ").append(*font);
+    }
+    std::string text;
+    for (const PlacedText& placed : textsOf(record)) {
+        text.append(text.empty() ? "(" : " (").append(std::to_string(placed.place.x)).append(", ");
+        text.append(std::to_string(placed.place.y)).append(") ").append(quotedText(placed.text));
+    }
+    return text.empty() ? wordsOf(record) : text;
+}
+
+std::string lineOf(const FileRecord& record)
+{
+    std::string line = std::to_string(record.position).append(" ").append(recordName(record.type));
+    if (const std::string contents = contentsOf(record); !contents.empty()) {
+        line.append(" ").append(contents);
+    }
+    return line;
+}
+
+} // namespace
+
+Outcome traceCommand(FileJob& job)
+{
+    std::optional<StoredPage> page = readPage(job);
+    if (!page) {
+        return Outcome::Failed;
+    }
+    Lines lines(job);
+    if (page->isMetafile()) {
+        const std::string damage =
+            walkRecords(page->bytes, [&](const FileRecord& record) { lines.add(lineOf(record)); });
+        return damage.empty() ? Outcome::Done : job.fail(damage);
+    }
+    const SvgPageSize size = svgPageSize(page->text());
+    RecordingSurface surface([&](const std::string& call) { lines.add(call); });
+    const std::unique_ptr<CMetaFilePlayer> player(CMetaFilePlayer::createPlayer(page->data(), page->size()));
+    RECT whole{0, 0, size.units.cx, size.units.cy};
+    return player != nullptr && player->play(&surface, &whole) == 1 ? Outcome::Done
+                                                                    : job.fail("can't be played to its end");
+}
