@@ -1,7 +1,7 @@
 // Plays any bytes as an SVG page: on a surface that writes down its calls, and on CSurfaceSVG, whose page must
 // be one again.
-#include "metaFilePlayerSVG.h"
 #include "RecordingSurface.h"
+#include "metaFilePlayerSVG.h"
 #include "surfaceSVG.h"
 
 #include <cstdint>

@@ -112,7 +112,7 @@ unsigned int CSurfacePSPrinter::encodeImage(unsigned char* data, int size, int /
         return ImageNotConverted;
     }
     DecodedImage bitmap(library, library.imageLoadFromMem(formatOfData(library, data, size), data,
-                                                    static_cast<unsigned int>(size)));
+                                                          static_cast<unsigned int>(size)));
     if (bitmap.get() == nullptr) {
         return ImageNotConverted;
     }

@@ -1,7 +1,7 @@
 // The page count that is stamped into a metafile page, its size, and what play says without a device.
 #include "MetafileBuilder.h"
-#include "metaFilePlayerEMF.h"
 #include "RecordingSurface.h"
+#include "metaFilePlayerEMF.h"
 #include "sys/krnutil.h"
 
 #include <gtest/gtest.h>
