@@ -54,23 +54,23 @@ TextFrame TextFrame::of(const DeviceContext& context)
     TextFrame frame{};
     frame.signX = page.xx < 0 ? -1 : 1;
     frame.signY = page.yy < 0 ? -1 : 1;
-    const auto axes = [&](TextVector right) {
-        const TextVector logicalRight{right.x * frame.signX, right.y * frame.signY};
-        const TextVector logicalDown{-right.y * frame.signX, right.x * frame.signY};
-        return std::pair{axisOnDevice(mapping, logicalRight), axisOnDevice(mapping, logicalDown)};
+    const auto axes = [&](TextVector heading) {
+        const TextVector rightward{heading.x * frame.signX, heading.y * frame.signY};
+        const TextVector downward{-heading.y * frame.signX, heading.x * frame.signY};
+        return std::pair{axisOnDevice(mapping, rightward), axisOnDevice(mapping, downward)};
     };
 
     const TextVector direction = directionOf(escapement);
-    const auto [right, down] = axes(direction);
-    frame.along = right.scale;
-    frame.across = down.scale;
-    frame.right = frame.glyphRight = right.direction;
-    frame.down = frame.glyphDown = down.direction;
+    const auto [lineRight, lineDown] = axes(direction);
+    frame.along = lineRight.scale;
+    frame.across = lineDown.scale;
+    frame.right = frame.glyphRight = lineRight.direction;
+    frame.down = frame.glyphDown = lineDown.direction;
     frame.logicalRight = {direction.x * frame.signX, direction.y * frame.signY};
     if (orientation != escapement) {
-        const auto [glyphRight, glyphDown] = axes(directionOf(orientation));
-        frame.glyphRight = glyphRight.direction;
-        frame.glyphDown = glyphDown.direction;
+        const auto [letterRight, letterDown] = axes(directionOf(orientation));
+        frame.glyphRight = letterRight.direction;
+        frame.glyphDown = letterDown.direction;
     }
     return frame;
 }
