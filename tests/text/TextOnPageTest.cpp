@@ -111,7 +111,7 @@ TEST(TextOnPage, Anchor)
         {0, {10, 1, 21, 0}, 10}, {1, {10, 1, 21, 0}, 15}, {1, {21, 1, 10, 0}, 16}, {3, {10, 1, 21, 0}, 21}};
     for (auto [flags, rect, x] : anchors) {
         const std::string head = "<text x='" + std::to_string(x) + "' y='1' dy='1em' ";
-        const auto draw = [&](CSurfaceSVG& s) {
+        const auto draw = [flags = flags, rect = rect](CSurfaceSVG& s) mutable {
             s.drawString("", &rect, flags | noClip);
             drawRuns(s, {}, rect, static_cast<int>(flags) | noClip);
         };
