@@ -99,17 +99,22 @@ come back when they end.</p>
 
 void writeFigure(std::ostream& out, const GalleryEntry& entry, const GalleryFigure& figure)
 {
-    const std::string file = fileOf(*entry.page, *figure.column, figure.column->extension);
-    const std::string png = fileOf(*entry.page, *figure.column, ".png");
+    const GalleryColumn& column = *figure.column;
+    const std::string file = fileOf(*entry.page, column, column.extension);
+    const std::string png = fileOf(*entry.page, column, ".png");
     const std::string& shown = file.ends_with(".svg") ? file : png;
     out << "<figure>\n<a href=\"" << shown << "\"><img src=\"" << shown << "\" alt=\"" << entry.page->title
-        << ": " << figure.column->title << "\"></a>\n<figcaption><b>" << figure.column->title << "</b><span>"
-        << figure.bytes << " bytes</span>";
-    if (figure.calls != 0) {
-        out << "<span>" << figure.calls << " calls</span>";
+        << ": " << column.title << "\"></a>\n<figcaption><b>" << column.title << "</b>";
+    if (figure.bytes != 0) {
+        out << "<span>" << figure.bytes << " bytes</span>";
     }
-    out << "<a href=\"" << file << "\">" << figure.column->extension + 1 << "</a><a href=\"" << png
-        << "\">png</a></figcaption>\n</figure>\n";
+    for (const std::string& fact : figure.facts) {
+        out << "<span>" << fact << "</span>";
+    }
+    if (file != png) {
+        out << "<a href=\"" << file << "\">" << column.extension + 1 << "</a>";
+    }
+    out << "<a href=\"" << png << "\">png</a></figcaption>\n</figure>\n";
 }
 
 void writePage(std::ostream& out, const GalleryEntry& entry)

@@ -53,8 +53,12 @@ void setDashes(PenLook& look, const PenObject& pen, const Mapping& mapping)
         }
     } else {
         look.dashes = dashesOf(style);
-        for (double& dash : look.dashes) {
-            dash *= look.width;
+        // Caps count as part of a dash, or they would fill the gaps.
+        const bool capped = !look.thin && (pen.style & PS_ENDCAP_MASK) != PS_ENDCAP_FLAT;
+        const double caps = capped ? 1 : 0; // both together, in widths
+        for (std::size_t i = 0; i < look.dashes.size(); ++i) {
+            const double length = i % 2 == 0 ? look.dashes[i] - caps : look.dashes[i] + caps;
+            look.dashes[i] = std::max(length * look.width, capped ? shortestDash : 0);
         }
     }
     double period = 0;
