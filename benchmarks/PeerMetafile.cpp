@@ -5,10 +5,10 @@
 #include <cstdlib>
 #include <vector>
 
-#include <libEMF/emf.h>
+#include <emf.h>
 
 struct PeerMetafile::Recording {
-    HDC context = nullptr;
+    HDC context{};
     char* bytes = nullptr;
     std::size_t size = 0;
     std::vector<POINT> points;
@@ -39,7 +39,7 @@ PeerMetafile::PeerMetafile(int frameWidth, int frameHeight, int width, int heigh
 {
     const RECT frame = {0, 0, frameWidth, frameHeight};
     std::FILE* stream = open_memstream(&m_recording->bytes, &m_recording->size);
-    m_recording->context = CreateEnhMetaFileWithFILEA(nullptr, stream, &frame, nullptr);
+    m_recording->context = CreateEnhMetaFileWithFILEA(HDC{}, stream, &frame, nullptr);
     SetMapMode(m_recording->context, MM_ANISOTROPIC);
     SetWindowExtEx(m_recording->context, width, height, nullptr);
     SetViewportExtEx(m_recording->context, width, height, nullptr);

@@ -149,8 +149,8 @@ void letterGroups(CSurface& surface)
         turnAbout(surface, monthDial, 30.0 * month, 1);
         const std::string name(monthNames[month], 3);
         drawCaption(surface, {-8, -165, name.c_str()});
+        surface.clearTransform();
     }
-    surface.clearTransform();
 }
 
 void letterSheet(CSurface& surface)
