@@ -171,7 +171,7 @@ void recordPeerTable(int rows, std::string& page)
 
 bool sheetsAgree(int rows)
 {
-    constexpr double allowed = 0.03;
+    constexpr double allowed = 0.05; // hatches begin elsewhere; an empty sheet differs by three times as much
     std::string page;
     std::string peerPage;
     recordSurfaceTable(rows, page);

@@ -8,19 +8,19 @@
 #include <emf.h>
 
 struct PeerMetafile::Recording {
+    std::FILE* stream = nullptr;
     HDC context{};
     char* bytes = nullptr;
     std::size_t size = 0;
     std::vector<POINT> points;
 
-    // Puts the object in the place of the one before, which is deleted when `owned` says so.
-    void exchange(HGDIOBJ object, bool& owned)
+    // All of them until the end: libEMF takes the next object in a deleted one's place for a stock object.
+    std::vector<HGDIOBJ> objects;
+
+    void select(HGDIOBJ object)
     {
-        const HGDIOBJ former = SelectObject(context, object);
-        if (owned) {
-            DeleteObject(former);
-        }
-        owned = true;
+        objects.push_back(object);
+        SelectObject(context, object);
     }
     const POINT* pointsOf(const int* numbers, unsigned int count)
     {
@@ -30,19 +30,22 @@ struct PeerMetafile::Recording {
         }
         return points.data();
     }
-    bool ownsPen = false;
-    bool ownsBrush = false;
 };
 
 PeerMetafile::PeerMetafile(int frameWidth, int frameHeight, int width, int height)
     : m_recording(new Recording)
 {
     const RECT frame = {0, 0, frameWidth, frameHeight};
-    std::FILE* stream = open_memstream(&m_recording->bytes, &m_recording->size);
-    m_recording->context = CreateEnhMetaFileWithFILEA(HDC{}, stream, &frame, nullptr);
+    m_recording->stream = open_memstream(&m_recording->bytes, &m_recording->size);
+    m_recording->context = CreateEnhMetaFileWithFILEA(HDC{}, m_recording->stream, &frame, nullptr);
     SetMapMode(m_recording->context, MM_ANISOTROPIC);
     SetWindowExtEx(m_recording->context, width, height, nullptr);
-    SetViewportExtEx(m_recording->context, width, height, nullptr);
+    const auto dots = [context = m_recording->context](int hundredths, int resolution, int millimetres) {
+        return static_cast<INT>(static_cast<double>(hundredths) * GetDeviceCaps(context, resolution) /
+                                (100.0 * GetDeviceCaps(context, millimetres)));
+    };
+    SetViewportExtEx(m_recording->context, dots(frameWidth, HORZRES, HORZSIZE),
+                     dots(frameHeight, VERTRES, VERTSIZE), nullptr);
 }
 
 PeerMetafile::~PeerMetafile()
@@ -54,27 +57,24 @@ PeerMetafile::~PeerMetafile()
 void PeerMetafile::setPen(unsigned int color, bool dashed, unsigned int width)
 {
     const LOGBRUSH brush = {BS_SOLID, color, 0};
-    m_recording->exchange(
-        ExtCreatePen(PS_GEOMETRIC | (dashed ? PS_DASH : PS_SOLID), width, &brush, 0, nullptr),
-        m_recording->ownsPen);
+    m_recording->select(
+        ExtCreatePen(PS_GEOMETRIC | (dashed ? PS_DASH : PS_SOLID), width, &brush, 0, nullptr));
 }
 
 void PeerMetafile::setNoPen()
 {
-    m_recording->exchange(GetStockObject(NULL_PEN), m_recording->ownsPen);
-    m_recording->ownsPen = false;
+    SelectObject(m_recording->context, GetStockObject(NULL_PEN));
 }
 
 void PeerMetafile::setBrush(unsigned int color, int style)
 {
     if (style == hollow) {
-        m_recording->exchange(GetStockObject(NULL_BRUSH), m_recording->ownsBrush);
-        m_recording->ownsBrush = false;
+        SelectObject(m_recording->context, GetStockObject(NULL_BRUSH));
         return;
     }
     const LOGBRUSH brush = {style == solid ? static_cast<UINT>(BS_SOLID) : static_cast<UINT>(BS_HATCHED),
                             color, style == solid ? 0 : static_cast<decltype(LOGBRUSH::lbHatch)>(style)};
-    m_recording->exchange(CreateBrushIndirect(&brush), m_recording->ownsBrush);
+    m_recording->select(CreateBrushIndirect(&brush));
 }
 
 void PeerMetafile::rectangle(int left, int top, int right, int bottom)
@@ -106,5 +106,9 @@ void PeerMetafile::polyline(const int* points, unsigned int count)
 void PeerMetafile::close(std::string& page)
 {
     DeleteEnhMetaFile(CloseEnhMetaFileWithFILE(m_recording->context));
+    std::fclose(m_recording->stream);
+    for (const HGDIOBJ object : m_recording->objects) {
+        DeleteObject(object);
+    }
     page.assign(m_recording->bytes, m_recording->size);
 }

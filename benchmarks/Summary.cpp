@@ -35,7 +35,6 @@ constexpr Ratio ratios[] = {
     {wordHitName, textParseName, 1.0},
     {plainMissName, scanMissName, noLimit},
     {plainHitName, scanHitName, noLimit},
-    {recordPeerName, recordName, noLimit},
     {metafileStampName, metafileCopyName, noLimit},
     {metafileMissName, metafileCopyName, noLimit},
     {metafileHitName, metafileCopyName, noLimit},
@@ -51,6 +50,7 @@ constexpr Ratio imageRatios[] = {
 
 // Of the small table alone.
 constexpr Ratio sheetRatios[] = {
+    {recordPeerName, recordName, noLimit},
     {pixelsName, pixelsCairoName, noLimit},
     {pixelsName, pixelsSmoothName, noLimit},
 };
@@ -72,7 +72,6 @@ constexpr Sizes sizes[] = {
     {psTextSurfaceName, psTextCairoName, smallTable},
     {psTextSurfaceName, psTextCairoName, largeTable},
     {recordName, recordPeerName, smallTable},
-    {recordName, recordPeerName, largeTable},
     {pngName, pngCairoName, imageSide},
     {bitmapName, bitmapCairoName, imageSide},
     {psPngName, psImageCairoName, imageSide},
