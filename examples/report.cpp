@@ -163,7 +163,7 @@ std::vector<std::string> factsOf(Column column, Page& page)
     unsigned int width = 0;
     unsigned int height = 0;
     CMetaFilePlayer::getImageSize(page.data(), static_cast<int>(page.size()), width, height);
-    return {std::to_string(width).append(" by ").append(std::to_string(height)),
+    return {std::to_string(width).append(" by ").append(std::to_string(height)).append(" dots"),
             counted(findAll(page, wantedWord).size(), "hit")};
 }
 

@@ -53,12 +53,19 @@ void setDashes(PenLook& look, const PenObject& pen, const Mapping& mapping)
         }
     } else {
         look.dashes = dashesOf(style);
-        // Caps count as part of a dash, or they would fill the gaps.
-        const bool capped = !look.thin && (pen.style & PS_ENDCAP_MASK) != PS_ENDCAP_FLAT;
-        const double caps = capped ? 1 : 0; // both together, in widths
+        // Caps of a pixel or less can't be told from the dash, but may close gaps of two.
+        if (!look.dashes.empty() && look.width < 3) {
+            look.style = (look.style & ~PS_ENDCAP_MASK) | PS_ENDCAP_FLAT;
+        }
+        // Others count as part of a dash, or they would fill the gaps. Of a dot nothing else is left.
+        const bool capped = (look.style & PS_ENDCAP_MASK) != PS_ENDCAP_FLAT;
+        double cut = 0;
         for (std::size_t i = 0; i < look.dashes.size(); ++i) {
-            const double length = i % 2 == 0 ? look.dashes[i] - caps : look.dashes[i] + caps;
-            look.dashes[i] = std::max(length * look.width, capped ? shortestDash : 0);
+            const double length = look.dashes[i] * look.width;
+            if (i % 2 == 0) {
+                cut = capped ? std::min(look.width, length - shortestDash) : 0;
+            }
+            look.dashes[i] = length + (i % 2 == 0 ? -cut : cut);
         }
     }
     double period = 0;
