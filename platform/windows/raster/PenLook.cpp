@@ -126,6 +126,23 @@ void strokeTraced(cairo_t* cairo, const PenLook& pen)
     cairo_set_matrix(cairo, &before);
 }
 
+// One by one: without smoothing, cairo fills gaps of one pixel within a stroke.
+void strokeDashes(cairo_t* cairo, const PenLook& pen, const Outline& dashes)
+{
+    for (const Outline::Figure& figure : dashes.figures()) {
+        Outline dash;
+        for (const DevicePoint& point : figure.points) {
+            if (dash.empty()) {
+                dash.moveTo(point);
+            } else {
+                dash.lineTo(point);
+            }
+        }
+        dash.trace(cairo);
+        strokeTraced(cairo, pen);
+    }
+}
+
 } // namespace
 
 double PenLook::reach() const
@@ -168,13 +185,16 @@ void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, c
     const int reach = static_cast<int>(std::ceil(pen.reach()));
     const RECT box = outline.box();
     painter.paint(canvas, grown(box, reach), ink, [&](cairo_t* cairo, const RECT& window) {
-        if (pen.dashes.empty() && liesWithin(box, grown(window, nearby))) {
+        cairo_set_tolerance(cairo, toleranceOf(pen));
+        if (!pen.dashes.empty()) {
+            strokeDashes(cairo, pen, outline.clippedLines(grown(window, reach), pen.dashes));
+        } else if (liesWithin(box, grown(window, nearby))) {
             outline.trace(cairo);
+            strokeTraced(cairo, pen);
         } else {
             outline.clippedLines(grown(window, reach), pen.dashes).trace(cairo);
+            strokeTraced(cairo, pen);
         }
-        cairo_set_tolerance(cairo, toleranceOf(pen));
-        strokeTraced(cairo, pen);
         cairo_set_tolerance(cairo, tolerance);
     });
 }
