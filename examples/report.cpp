@@ -9,7 +9,6 @@
 // Each stored page is also played on a CSurfacePSPrinter, and one is drawn on such a surface itself; and on a
 // CSurfaceHdc over a device that paints pixels. The report is drawn a second time on CSurfaceEMF: its metafiles are
 // stamped, sized, searched and played as pixels too.
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <exception>
