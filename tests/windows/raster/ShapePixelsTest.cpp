@@ -96,7 +96,7 @@ const Drawing drawings[] = {
 ....#......###........
 ..........#...........
 ######################)"},
-    {"DashesByCap", 23, 12,
+    {"DashesByCap", 23, 13,
      [](HDC d) {
          use(d, geometricPen(PS_DASH | PS_ENDCAP_SQUARE, 3, black));
          line(d, {2, 1}, {20, 1});
@@ -104,6 +104,12 @@ const Drawing drawings[] = {
          line(d, {2, 5}, {20, 5});
          use(d, geometricPen(PS_DOT | PS_ENDCAP_SQUARE, 3, black));
          line(d, {2, 9}, {20, 9});
+         // Gaps of one pixel stay open.
+         SetGraphicsMode(d, GM_ADVANCED);
+         const XFORM larger{1.5F, 0, 0, 1.5F, 0, 0};
+         SetWorldTransform(d, &larger);
+         use(d, geometricPen(PS_DOT, 1, black));
+         line(d, {2, 8}, {12, 8});
      },
      R"(
 .#########...#########.
@@ -117,7 +123,8 @@ const Drawing drawings[] = {
 .###...###...###.......
 .###...###...###.......
 .###...###...###.......
-.......................)"},
+.......................
+...##.##.##.##.##......)"},
     {"HatchesAndPatterns", 24, 8,
      [](HDC d) {
          SetBkColor(d, yellow);
