@@ -1,6 +1,8 @@
 // Pages as pixels; see devicePage.h.
 #include "devicePage.h"
 
+#include <cmath>
+
 #include <gdidevice.h>
 
 #include "reportPages.h"
@@ -12,7 +14,7 @@ SIZE paperOf(int dotsPerInch)
 {
     constexpr double millimetresPerInch = 25.4;
     const auto pixels = [dotsPerInch](int millimetres) {
-        return static_cast<int>(millimetres * dotsPerInch / millimetresPerInch + 0.5);
+        return static_cast<int>(std::lround(millimetres * dotsPerInch / millimetresPerInch));
     };
     return {pixels(pageMillimetresWide), pixels(pageMillimetresHigh)};
 }

@@ -47,7 +47,7 @@ Page firstHitMarked(Page& page, const char* text)
     int y = 0;
     CMetaFilePlayer::searchPageForString(page.data(), static_cast<unsigned int>(page.size()), text, false,
                                          false, position, textOffset, found, foundLength, x, y);
-    const Page marked(found, found + foundLength);
+    Page marked(found, found + foundLength);
     CMetaFilePlayer::freeFoundPage(found);
     return marked;
 }
