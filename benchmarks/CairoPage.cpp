@@ -1,9 +1,10 @@
-// The peer: the table page on cairo's SVG surface and on its PostScript surface, written to memory. Each call draws what the same call of a
-// surface means; hatches are six repeated tiles, made once for the page.
+// The peer: the table page on cairo's SVG surface and on its PostScript surface, written to memory, and on an image.
+// Each call draws what the same call of a surface means; hatches are six repeated tiles, made once for the page.
 #include <array>
 #include <numbers>
 
 #include "CairoWriter.h"
+#include "DevicePage.h"
 #include "PostScriptPage.h"
 #include "TablePage.h"
 
@@ -157,7 +158,38 @@ void writeTable(PageFormat format, int rows, std::string& page)
     });
 }
 
+class CairoSheet : public TableSheet {
+public:
+    explicit CairoSheet(bool smooth)
+        : m_image(cairo_image_surface_create(CAIRO_FORMAT_RGB24, sheetPixels.cx, sheetPixels.cy)),
+          m_cairo(cairo_create(m_image.get())), m_page(m_cairo.get())
+    {
+        cairo_set_source_rgb(m_cairo.get(), 1, 1, 1);
+        cairo_paint(m_cairo.get());
+        cairo_scale(m_cairo.get(), dotsPerTenUnits / 10.0, dotsPerTenUnits / 10.0);
+        cairo_set_antialias(m_cairo.get(), smooth ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
+    }
+
+    void draw(int rows) override { drawTable(m_page, rows); }
+    const unsigned char* pixels(int& rowBytes) override
+    {
+        cairo_surface_flush(m_image.get());
+        rowBytes = cairo_image_surface_get_stride(m_image.get());
+        return cairo_image_surface_get_data(m_image.get());
+    }
+
+private:
+    CairoSurface m_image;
+    CairoContext m_cairo;
+    CairoPage m_page;
+};
+
 } // namespace
+
+std::unique_ptr<TableSheet> makeCairoSheet(bool smooth)
+{
+    return std::make_unique<CairoSheet>(smooth);
+}
 
 void makeCairoPage(int rows, std::string& page)
 {

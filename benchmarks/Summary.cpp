@@ -48,6 +48,13 @@ constexpr Ratio imageRatios[] = {
     {psEncodeName, psDigitsName, 3.0},
 };
 
+// Of the small table alone.
+constexpr Ratio sheetRatios[] = {
+    {recordPeerName, recordName, noLimit},
+    {pixelsName, pixelsCairoName, noLimit},
+    {pixelsName, pixelsSmoothName, noLimit},
+};
+
 // Pages of one content, by their bytes.
 struct Sizes {
     const char* name;
@@ -64,6 +71,7 @@ constexpr Sizes sizes[] = {
     {textSurfaceName, textCairoName, largeTable},
     {psTextSurfaceName, psTextCairoName, smallTable},
     {psTextSurfaceName, psTextCairoName, largeTable},
+    {recordName, recordPeerName, smallTable},
     {pngName, pngCairoName, imageSide},
     {bitmapName, bitmapCairoName, imageSide},
     {psPngName, psImageCairoName, imageSide},
@@ -77,10 +85,10 @@ struct Growth {
 };
 
 constexpr Growth growths[] = {
-    {floorName, noLimit},  {surfaceName, 1.2},         {freshSurfaceName, 1.2},     {psFloorName, noLimit},
-    {psSurfaceName, 1.2},  {replayName, 1.2},          {textFloorName, noLimit},    {textSurfaceName, 1.2},
-    {textReplayName, 1.2}, {psTextFloorName, noLimit}, {psTextSurfaceName, 1.2},    {plainMissName, 2.0},
-    {wordMissName, 2.0},   {metafileMissName, 1.2},    {metafileWordMissName, 1.2},
+    {floorName, noLimit},  {surfaceName, 1.2},         {freshSurfaceName, 1.2},  {psFloorName, noLimit},
+    {psSurfaceName, 1.2},  {replayName, 1.2},          {textFloorName, noLimit}, {textSurfaceName, 1.2},
+    {textReplayName, 1.2}, {psTextFloorName, noLimit}, {psTextSurfaceName, 1.2}, {plainMissName, 2.0},
+    {wordMissName, 2.0},   {recordName, 1.2},          {metafileMissName, 1.2},  {metafileWordMissName, 1.2},
 };
 
 std::string key(const std::string& name, int argument)
@@ -160,6 +168,9 @@ void Summary::printRatios(std::ostream& out) const
     }
     for (const Ratio& ratio : imageRatios) {
         printRatio(out, key(ratio.name, imageSide), key(ratio.baseName, imageSide), ratio.limit);
+    }
+    for (const Ratio& ratio : sheetRatios) {
+        printRatio(out, key(ratio.name, smallTable), key(ratio.baseName, smallTable), ratio.limit);
     }
     for (const Growth& growth : growths) {
         printRatio(out, key(growth.name, largeTable), key(growth.name, smallTable), growth.limit);

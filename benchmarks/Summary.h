@@ -52,6 +52,13 @@ inline constexpr const char* metafileHitName = "emf_find_closing";
 inline constexpr const char* metafileWordMissName = "emf_word_missing";
 inline constexpr const char* metafileWordHitName = "emf_word_closing";
 
+// The table recorded as a metafile, and drawn as pixels.
+inline constexpr const char* recordName = "emf_surface";
+inline constexpr const char* recordPeerName = "emf_libemf";
+inline constexpr const char* pixelsName = "pixels_surface";
+inline constexpr const char* pixelsCairoName = "pixels_cairo";
+inline constexpr const char* pixelsSmoothName = "pixels_cairo_smooth";
+
 // These run with the side of the image as their argument.
 inline constexpr const char* pngName = "png_surface";
 inline constexpr const char* pngCairoName = "png_cairo";

@@ -2,7 +2,7 @@
 // one of text, and to include an image. CSurfaceSVG stands beside cairo's SVG surface and beside the floor of
 // bare appends, CSurfacePSPrinter likewise beside cairo's PostScript surface of level 2, CMetaFilePlayer on a
 // surface that does nothing beside an expat parse of the same bytes, the page operations beside memmem and
-// memcpy as well.
+// memcpy as well; CSurfaceEMF beside libEMF, CSurfaceHdc on pixels beside cairo.
 //
 // Freed memory stays in the process, so that what a benchmark costs does not depend on what ran before it.
 // Only surface_fresh gives all of it back between its pages: each of them is written to memory that the system
@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <iostream>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,7 @@
 #include <malloc.h>
 
 #include "Checks.h"
+#include "DevicePage.h"
 #include "ImagePage.h"
 #include "MetafilePage.h"
 #include "NullSurface.h"
@@ -183,6 +185,11 @@ int textRecords(int records)
 
 void registerMetafiles()
 {
+    registerBenchmark(recordName, measurePage, recordSurfaceTable, shapeCalls, Memory::kept);
+    // Its objects grow in number with the page, and it looks through all of them for each.
+    benchmark::RegisterBenchmark(recordPeerName, measurePage, recordPeerTable, shapeCalls, Memory::kept)
+        ->Arg(smallTable)
+        ->Unit(benchmark::kMicrosecond);
     registerWork(metafileCopyName, makeMetafilePage, textRecords, copyPage);
     registerWork(metafileStampName, makeMetafilePage, textRecords, stampPage);
     struct Sought {
@@ -199,6 +206,31 @@ void registerMetafiles()
             return (findInPage(page, search).markedBytes > 0) == (search.text == closingWord);
         });
     }
+}
+
+template <class MakeSheet>
+void registerSheet(const char* name, MakeSheet makeSheet)
+{
+    benchmark::RegisterBenchmark(name,
+                                 [makeSheet](benchmark::State& state) {
+                                     const std::unique_ptr<TableSheet> sheet = makeSheet();
+                                     for ([[maybe_unused]] const auto iteration : state) {
+                                         sheet->draw(rowsOf(state));
+                                         benchmark::ClobberMemory();
+                                     }
+                                     constexpr std::size_t pixelBytes = 4;
+                                     count(state, shapeCalls(rowsOf(state)),
+                                           pixelBytes * sheetPixels.cx * sheetPixels.cy);
+                                 })
+        ->Arg(smallTable)
+        ->Unit(benchmark::kMicrosecond);
+}
+
+void registerSheets()
+{
+    registerSheet(pixelsName, makeDeviceSheet);
+    registerSheet(pixelsCairoName, [] { return makeCairoSheet(false); });
+    registerSheet(pixelsSmoothName, [] { return makeCairoSheet(true); });
 }
 
 // One page per call, which is given the bytes of the image; `make` is timed with nothing else.
@@ -295,7 +327,7 @@ int main(int argc, char** argv)
             return 1;
         }
     }
-    if (!imagesSurvive() || !samplesSurvive()) {
+    if (!imagesSurvive() || !samplesSurvive() || !sheetsAgree(smallTable)) {
         return 1;
     }
 
@@ -303,6 +335,7 @@ int main(int argc, char** argv)
     registerPages();
     registerOperations();
     registerMetafiles();
+    registerSheets();
     registerImages();
     std::cout << "Measuring; the lines come together at the end, all of them after about a minute and a half."
               << std::endl;

@@ -13,7 +13,7 @@ constexpr const char* head = R"(<!DOCTYPE html>
 <head>
 <meta charset="utf-8">
 <meta name="viewport" content="width=device-width, initial-scale=1">
-<title>surface: an energy report, drawn, replayed and printed</title>
+<title>surface: an energy report, drawn, replayed, printed and recorded</title>
 <style>
 :root { color-scheme: light dark; --text: #23334a; --soft: #5d6b7e; --ground: #f2f5f8; --card: #fff;
         --line: #d5dce4; --good: #1d7a4b; --bad: #b3261e; }
@@ -49,12 +49,16 @@ a { color: inherit; }
 </style>
 </head>
 <body>
-<h1>An energy report, drawn, replayed and printed</h1>
+<h1>An energy report, drawn, replayed, printed and recorded</h1>
 <p>Each page was drawn through <code>CSurface</code>, stored as bytes, and played from those bytes on a second
 surface. Both pages were then played once more on a surface that only writes down its calls, and the two lists
 were compared. The page counts at the foot were stamped into the stored bytes when the number of pages was
-known. The third column is the stored page played on a surface that writes PostScript, painted by Ghostscript; one
-page was drawn on that surface itself as well.</p>
+known.</p>
+<p>The third picture is the stored page played on a surface that writes PostScript, painted by Ghostscript; one page
+was drawn on that surface itself as well. Then comes the stored page played on a device of 150 dots per inch. The last
+column is the report drawn a second time, on a surface that records an enhanced metafile; the metafile was stamped,
+asked its size in dots of its reference device, searched for the word below, and played on such a device. Of one such
+page the copy that marks the first hit is shown too.</p>
 )";
 
 constexpr const char* foot = R"(<section>
@@ -93,23 +97,55 @@ page.</p>
 has hidden strokes with the picture. Inside of clips and transforms, colours and widths that were set before them
 come back when they end.</p>
 </section>
+<section>
+<h2>What a device shows differently</h2>
+<p>Hatches, dashes, open lines, one-coloured polygons, pictures and alignment show here. Shapes have no smoothed edges,
+text has. Hatches and tiles count in dots of the device, so that they are the smaller the finer it is, and the gaps of
+hatches are white on a page until its first text leaves them transparent: the light grounds of the bars don't show.
+</p>
+<p>Numbers along axes are larger on the device, and right in the metafile: text on a base line stays in the page's units
+while its face is made for the device's dots, and the mapping enlarges it once more. A metafile records one dot to a
+unit.</p>
+<p>Formatted text is joined into lines and drawn at once: lines follow one another as the face has it and begin at the
+rectangle's edge, runs are moved together but never apart, and of an underlined run the first character has the line.
+Centred text stands in the middle of its height too. An ampersand underlines what follows it. Text is of 8 bits in code
+page 1252, so that signs written as UTF-8 come as two or three others. Letters turned against their line keep the
+distances of unturned ones.</p>
+<p>A picture is transparent by one colour, that of its first transparent pixel, and hard-edged. Offsets count in the
+picture, not on the page: they move it the other way.</p>
+</section>
+<section>
+<h2>What a metafile shows differently</h2>
+<p>What was drawn, not what was stored, decides: a colour that came with a text style reaches formatted text only when
+the page is replayed, so that the turned names are dark here, and formatted text with angles of its own, as the two
+lines about meters, draws nothing on such a surface. Letters keep the places that the reference device of 96 dots per
+inch gave them, and stand a little unevenly on a finer one. Right and lower edges of shapes are recorded as the last
+dots of that device, where a finer one begins them later: neighbours with a common edge show it twice.</p>
+<p>A search counts texts as they were recorded. Lines of runs are one text each, and a word over two runs is found at
+the place of its line.</p>
+</section>
 </body>
 </html>
 )";
 
 void writeFigure(std::ostream& out, const GalleryEntry& entry, const GalleryFigure& figure)
 {
-    const std::string file = fileOf(*entry.page, *figure.column, figure.column->extension);
-    const std::string png = fileOf(*entry.page, *figure.column, ".png");
+    const GalleryColumn& column = *figure.column;
+    const std::string file = fileOf(*entry.page, column, column.extension);
+    const std::string png = fileOf(*entry.page, column, ".png");
     const std::string& shown = file.ends_with(".svg") ? file : png;
     out << "<figure>\n<a href=\"" << shown << "\"><img src=\"" << shown << "\" alt=\"" << entry.page->title
-        << ": " << figure.column->title << "\"></a>\n<figcaption><b>" << figure.column->title << "</b><span>"
-        << figure.bytes << " bytes</span>";
-    if (figure.calls != 0) {
-        out << "<span>" << figure.calls << " calls</span>";
+        << ": " << column.title << "\"></a>\n<figcaption><b>" << column.title << "</b>";
+    if (figure.bytes != 0) {
+        out << "<span>" << figure.bytes << " bytes</span>";
     }
-    out << "<a href=\"" << file << "\">" << figure.column->extension + 1 << "</a><a href=\"" << png
-        << "\">png</a></figcaption>\n</figure>\n";
+    for (const std::string& fact : figure.facts) {
+        out << "<span>" << fact << "</span>";
+    }
+    if (file != png) {
+        out << "<a href=\"" << file << "\">" << column.extension + 1 << "</a>";
+    }
+    out << "<a href=\"" << png << "\">png</a></figcaption>\n</figure>\n";
 }
 
 void writePage(std::ostream& out, const GalleryEntry& entry)

@@ -17,13 +17,14 @@ struct ReportPage;
 struct GalleryColumn {
     const char* title;
     const char* suffix;
-    const char* extension; // browsers show ".svg" itself and of others the picture
+    const char*
+        extension; // browsers show ".svg" itself and of others the picture; ".png": nothing else is stored
 };
 
 struct GalleryFigure {
     const GalleryColumn* column;
-    std::size_t bytes;
-    std::size_t calls; // that a player makes of the page; 0: none can play it
+    std::size_t bytes;              // of the page; 0: none is stored
+    std::vector<std::string> facts; // plain text
 };
 
 struct GalleryEntry {

@@ -44,9 +44,12 @@ Pixel pixelAt(int column, int row, int side)
     const double sun = coverage(side * rays - fromCentre);
     const double core = coverage(side * 0.2 - fromCentre);
     const int sky = 90 + 110 * row / side;
+    const int alpha = mixed(0, 255, coverage(radius - std::hypot(outsideX, outsideY)));
+    if (alpha == 0) {
+        return {255, 255, 255, 0}; // one colour, since a device takes one for transparent
+    }
     return {mixed(mixed(40, 242, sun), 255, core), mixed(mixed(sky, 165, sun), 217, core),
-            mixed(mixed(sky + 50, 47, sun), 102, core),
-            mixed(0, 255, coverage(radius - std::hypot(outsideX, outsideY)))};
+            mixed(mixed(sky + 50, 47, sun), 102, core), alpha};
 }
 
 // Little-endian.

@@ -6,18 +6,24 @@
 // Each page of reportPages() is drawn on a CSurfaceSVG and stored. When all are there, the pages that show a
 // page count get it stamped into their bytes. Each page is played on a second CSurfaceSVG and stored as well;
 // both are then played on a surface that writes down its calls. What differs is shown and makes the run fail.
-// Each stored page is also played on a CSurfacePSPrinter, and one is drawn on such a surface itself.
+// Each stored page is also played on a CSurfacePSPrinter, and one is drawn on such a surface itself; and on a
+// CSurfaceHdc over a device that paints pixels. The report is drawn a second time on CSurfaceEMF: its metafiles are
+// stamped, sized, searched and played as pixels too.
 #include <array>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "comparison.h"
+#include "devicePage.h"
 #include "gallery.h"
 #include "metaFilePlayer.h"
+#include "metafilePage.h"
 #include "pageSearch.h"
 #include "painters.h"
 #include "pictures.h"
@@ -30,12 +36,15 @@ namespace {
 namespace fs = std::filesystem;
 
 // The ways to make a page. One more way is a line in both lists and its bytes in makeEntry.
-enum Column { Drawn, Replayed, Printed, PrintedDirectly, ColumnCount };
+enum Column { Drawn, Replayed, Printed, PrintedDirectly, Pixels, Recorded, Marked, ColumnCount };
 constexpr GalleryColumn columns[] = {
     {"Drawn on CSurfaceSVG", "", ".svg"},
     {"Replayed on CSurfaceSVG", "-replay", ".svg"},
     {"Replayed on CSurfacePSPrinter", "-print", ".ps"},
     {"Drawn on CSurfacePSPrinter", "-direct", ".ps"},
+    {"Replayed on CSurfaceHdc", "-pixels", ".png"},
+    {"Drawn on CSurfaceEMF, played as pixels", "-metafile", ".emf"},
+    {"Its first hit, marked", "-found", ".emf"},
 };
 static_assert(std::size(columns) == ColumnCount);
 
@@ -43,6 +52,9 @@ using PageByColumn = std::array<Page, ColumnCount>;
 
 // Stands in headings, table cells, captions and runs, and once in two runs that share it.
 constexpr const char* wantedWord = "heating";
+
+// The page of which a marked copy is shown.
+constexpr std::string_view markedPage = "words";
 
 constexpr const char* fontMapName = "Fontmap";
 
@@ -54,25 +66,59 @@ bool writeFile(const fs::path& file, const Page& page)
     return out.good();
 }
 
-// Writes the page and has it painted.
-bool writePictures(const fs::path& folder, const ReportPage& page, const GalleryColumn& column,
-                   const Page& bytes)
+constexpr double dotsPerInch = 120;
+constexpr int deviceDotsPerInch = 150;
+
+// A page to be painted, as bytes and as the file that holds them.
+struct Painting {
+    Page& page;
+    fs::path file;
+    fs::path png;
+    fs::path fontMap;
+};
+
+bool paintOnDevice(const Painting& painting)
 {
-    const fs::path file = folder / fileOf(page, column, column.extension);
-    const fs::path png = folder / fileOf(page, column, ".png");
-    if (!writeFile(file, bytes)) {
-        std::printf("  cannot write %s\n", file.c_str());
+    return paintPixels(painting.page, painting.png, deviceDotsPerInch);
+}
+
+// By the extension of the page's file: what paints it, and where that comes from.
+struct Painter {
+    const char* extension;
+    const char* program;
+    const char* package;
+    bool (*paint)(const Painting& painting);
+};
+constexpr Painter painters[] = {
+    {".svg", "rsvg-convert", "librsvg2-bin",
+     [](const Painting& painting) {
+         return paintSvg(painting.file, painting.png, dotsPerInch);
+     }},
+    {".ps", "Ghostscript", "ghostscript",
+     [](const Painting& painting) {
+         return paintPostScript(painting.file, painting.png, dotsPerInch, painting.fontMap);
+     }},
+    {".emf", "The device", "libfreeimage3", paintOnDevice},
+    {".png", "The device", "libfreeimage3", paintOnDevice},
+};
+
+// Writes the page and has it painted. A page that is nothing but its picture is not written.
+bool writePictures(const fs::path& folder, const ReportPage& page, const GalleryColumn& column, Page& bytes)
+{
+    const Painting painting = {bytes, folder / fileOf(page, column, column.extension),
+                               folder / fileOf(page, column, ".png"), folder / fontMapName};
+    if (painting.file != painting.png && !writeFile(painting.file, bytes)) {
+        std::printf("  cannot write %s\n", painting.file.c_str());
         return false;
     }
-    constexpr double dotsPerInch = 120;
-    const bool isSvg = file.extension() == ".svg";
-    const bool painted = isSvg ? paintSvg(file, png, dotsPerInch)
-                               : paintPostScript(file, png, dotsPerInch, folder / fontMapName);
-    if (!painted) {
-        std::printf("  %s made no %s; is %s installed?\n", isSvg ? "rsvg-convert" : "Ghostscript",
-                    png.c_str(), isSvg ? "librsvg2-bin" : "ghostscript");
+    for (const Painter& painter : painters) {
+        if (painting.file.extension() == painter.extension && !painter.paint(painting)) {
+            std::printf("  %s made no %s; is %s installed?\n", painter.program, painting.png.c_str(),
+                        painter.package);
+            return false;
+        }
     }
-    return painted;
+    return true;
 }
 
 Page drawPage(const ReportPage& page)
@@ -100,6 +146,26 @@ bool stampPages(std::vector<Page>& pages)
     return good;
 }
 
+std::string counted(std::size_t number, const char* thing)
+{
+    return std::to_string(number).append(" ").append(thing).append(number == 1 ? "" : "s");
+}
+
+std::vector<std::string> factsOf(Column column, Page& page)
+{
+    if (column == Drawn || column == Replayed) {
+        return {counted(callsOf(page).size(), "call")};
+    }
+    if (column != Recorded) {
+        return {};
+    }
+    unsigned int width = 0;
+    unsigned int height = 0;
+    CMetaFilePlayer::getImageSize(page.data(), static_cast<int>(page.size()), width, height);
+    return {std::to_string(width).append(" by ").append(std::to_string(height)).append(" dots"),
+            counted(findAll(page, wantedWord).size(), "hit")};
+}
+
 GalleryEntry makeEntry(const ReportPage& page, PageByColumn& made)
 {
     made[Replayed] = replayed(made[Drawn]);
@@ -107,18 +173,21 @@ GalleryEntry makeEntry(const ReportPage& page, PageByColumn& made)
     if (page.name == directPage) {
         made[PrintedDirectly] = printedDirectly(page);
     }
+    made[Pixels] = made[Drawn];
+    if (page.name == markedPage) {
+        made[Marked] = firstHitMarked(made[Recorded], wantedWord);
+    }
     const Comparison comparison = compareReplay(made[Drawn], made[Replayed]);
     GalleryEntry entry = {&page, {}, comparison.agrees, comparison.verdict, findAll(made[Drawn], wantedWord)};
-    for (std::size_t column = 0; column < ColumnCount; ++column) {
-        if (made[column].empty()) {
-            continue;
+    for (std::size_t i = 0; i < ColumnCount; ++i) {
+        if (!made[i].empty()) {
+            const Column column = static_cast<Column>(i);
+            entry.figures.push_back(
+                {&columns[i], column == Pixels ? 0 : made[i].size(), factsOf(column, made[i])});
         }
-        const bool playable = column == Drawn || column == Replayed;
-        entry.figures.push_back(
-            {&columns[column], made[column].size(), playable ? callsOf(made[column]).size() : 0});
     }
-    std::printf("%-10s %7zu bytes %5zu calls %3zu hits   %s\n", page.name, made[Drawn].size(),
-                entry.figures[Drawn].calls, entry.hits.size(), entry.verdict.c_str());
+    std::printf("%-10s %7zu bytes %10s %3zu hits   %s\n", page.name, made[Drawn].size(),
+                entry.figures[Drawn].facts.front().c_str(), entry.hits.size(), entry.verdict.c_str());
     return entry;
 }
 
@@ -132,14 +201,19 @@ bool makeReport(const fs::path& folder)
         std::printf("fc-match named no font file: PostScript is painted in Ghostscript's own faces.\n");
     }
     std::vector<Page> pages;
+    std::vector<Page> metafiles;
     for (const ReportPage& page : reportPages()) {
         pages.push_back(drawPage(page));
+        metafiles.push_back(recorded(page));
     }
     bool good = stampPages(pages);
+    good &= stampPages(metafiles);
     std::vector<GalleryEntry> entries;
     for (std::size_t i = 0; i < pages.size(); ++i) {
         const ReportPage& page = reportPages()[i];
-        PageByColumn made = {std::move(pages[i])};
+        PageByColumn made;
+        made[Drawn] = std::move(pages[i]);
+        made[Recorded] = std::move(metafiles[i]);
         entries.push_back(makeEntry(page, made));
         good &= entries.back().agrees;
         for (std::size_t column = 0; column < ColumnCount; ++column) {

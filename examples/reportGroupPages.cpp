@@ -29,8 +29,8 @@ void drawMonthDial(CSurface& surface, POINT centre)
         surface.setPen(ink, SolidPen, 1);
         surface.setBrush(0, HollowBrush);
         surface.drawRoundedRectangle(&whole, 5, 5);
+        surface.clearTransform(); // on a device the next one would add to this one
     }
-    surface.clearTransform();
     drawDot(surface, centre, 24, accent);
 }
 

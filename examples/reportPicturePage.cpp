@@ -2,6 +2,8 @@
 //
 // Called through reportPages(). Without the image library the placements draw nothing, and the brushes
 // count as hollow.
+#include <iterator>
+
 #include "lettering.h"
 #include "pictures.h"
 #include "reportLayout.h"
@@ -9,9 +11,10 @@
 
 namespace {
 
-// Image ids: the kinds from 1 on, then the small tile. Modes are those of drawImage.
+// Image ids: the kinds from 1 on, then the small tile. A brush names its picture by id on a page, and by its place in
+// the order of inclusion on a device, so that both are the same here. Modes are those of drawImage.
 constexpr unsigned int firstId = 1;
-constexpr unsigned int tileId = 12;
+constexpr unsigned int tileId = firstId + static_cast<unsigned int>(std::size(pictureKinds));
 constexpr int kindSide = 96; // pixels
 constexpr int tileSide = 24;
 enum Mode { OwnSize = 0, Scaled = 1, Tiled = 2 };

@@ -64,7 +64,8 @@ void letterPageCount(CSurface& surface)
     chooseFace(surface, smallFace);
     drawCaptions(surface, soft, {{48, 1085, "Page"}});
     RECT field = {72, 1085, 160, 1099};
-    surface.printerNofMMarker({field.left, field.top});
+    // The band's two ends in device units, as a metafile keeps them; its recording device is as fine as the page.
+    surface.printerNofMMarker({field.left, field.right});
     surface.drawString("#               ", &field, LeftAligned | NotClipped);
 }
 
@@ -148,8 +149,8 @@ void letterGroups(CSurface& surface)
         turnAbout(surface, monthDial, 30.0 * month, 1);
         const std::string name(monthNames[month], 3);
         drawCaption(surface, {-8, -165, name.c_str()});
+        surface.clearTransform();
     }
-    surface.clearTransform();
 }
 
 void letterSheet(CSurface& surface)

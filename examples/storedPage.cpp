@@ -40,9 +40,8 @@ Page stored(CSurface& surface)
     return page;
 }
 
-bool playOn(CSurface& surface, Page& page)
+bool playOn(CSurface& surface, Page& page, RECT target)
 {
-    RECT target = wholePage();
     const std::unique_ptr<CMetaFilePlayer> player(
         CMetaFilePlayer::createPlayer(page.data(), static_cast<unsigned int>(page.size())));
     return player != nullptr && player->play(&surface, &target) == 1;

@@ -22,7 +22,8 @@ void drawReportPage(CSurface& surface, const ReportPage& page);
 
 // Closes the surface.
 Page stored(CSurface& surface);
-bool playOn(CSurface& surface, Page& page);
+// Over `target`, a rectangle of the destination whose right and bottom count.
+bool playOn(CSurface& surface, Page& page, RECT target = wholePage());
 // The page played on a new page of SVG; empty when it could not be played.
 Page replayed(Page& page);
 // The page played as a PostScript document; empty when it could not be played.

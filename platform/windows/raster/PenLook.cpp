@@ -53,8 +53,19 @@ void setDashes(PenLook& look, const PenObject& pen, const Mapping& mapping)
         }
     } else {
         look.dashes = dashesOf(style);
-        for (double& dash : look.dashes) {
-            dash *= look.width;
+        // Caps of a pixel or less can't be told from the dash, but may close gaps of two.
+        if (!look.dashes.empty() && look.width < 3) {
+            look.style = (look.style & ~PS_ENDCAP_MASK) | PS_ENDCAP_FLAT;
+        }
+        // Others count as part of a dash, or they would fill the gaps. Of a dot nothing else is left.
+        const bool capped = (look.style & PS_ENDCAP_MASK) != PS_ENDCAP_FLAT;
+        double cut = 0;
+        for (std::size_t i = 0; i < look.dashes.size(); ++i) {
+            const double length = look.dashes[i] * look.width;
+            if (i % 2 == 0) {
+                cut = capped ? std::min(look.width, length - shortestDash) : 0;
+            }
+            look.dashes[i] = length + (i % 2 == 0 ? -cut : cut);
         }
     }
     double period = 0;
@@ -115,6 +126,24 @@ void strokeTraced(cairo_t* cairo, const PenLook& pen)
     cairo_set_matrix(cairo, &before);
 }
 
+// Every second one at a time: without smoothing, cairo fills gaps of one pixel within a stroke.
+void strokeDashes(cairo_t* cairo, const PenLook& pen, const Outline& dashes)
+{
+    Outline halves[2];
+    std::size_t index = 0;
+    for (const Outline::Figure& figure : dashes.figures()) {
+        Outline& half = halves[index++ % 2];
+        half.moveTo(figure.points.front());
+        for (const DevicePoint& point : figure.points.subspan(1)) {
+            half.lineTo(point);
+        }
+    }
+    for (const Outline& half : halves) {
+        half.trace(cairo);
+        strokeTraced(cairo, pen);
+    }
+}
+
 } // namespace
 
 double PenLook::reach() const
@@ -157,13 +186,16 @@ void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, c
     const int reach = static_cast<int>(std::ceil(pen.reach()));
     const RECT box = outline.box();
     painter.paint(canvas, grown(box, reach), ink, [&](cairo_t* cairo, const RECT& window) {
-        if (pen.dashes.empty() && liesWithin(box, grown(window, nearby))) {
+        cairo_set_tolerance(cairo, toleranceOf(pen));
+        if (!pen.dashes.empty()) {
+            strokeDashes(cairo, pen, outline.clippedLines(grown(window, reach), pen.dashes));
+        } else if (liesWithin(box, grown(window, nearby))) {
             outline.trace(cairo);
+            strokeTraced(cairo, pen);
         } else {
             outline.clippedLines(grown(window, reach), pen.dashes).trace(cairo);
+            strokeTraced(cairo, pen);
         }
-        cairo_set_tolerance(cairo, toleranceOf(pen));
-        strokeTraced(cairo, pen);
         cairo_set_tolerance(cairo, tolerance);
     });
 }

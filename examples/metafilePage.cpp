@@ -1,0 +1,53 @@
+// Metafiles of the report's pages; see metafilePage.h.
+#include "metafilePage.h"
+
+#include "metaFilePlayer.h"
+#include "reportPages.h"
+#include "surfaceEMF.h"
+
+namespace {
+
+// Millimetres as whole pixels, where `all` of them are `pixels`.
+int pixelsOf(int millimetres, int pixels, int all)
+{
+    return all > 0 ? (millimetres * pixels + all / 2) / all : millimetres;
+}
+
+// A surface that records takes its context as it is: the page's units are stretched onto the frame here.
+void mapPage(HDC recording)
+{
+    SetMapMode(recording, MM_ANISOTROPIC);
+    SetWindowExtEx(recording, logicalWidth, logicalHeight, nullptr);
+    SetViewportExtEx(
+        recording,
+        pixelsOf(pageMillimetresWide, GetDeviceCaps(recording, HORZRES), GetDeviceCaps(recording, HORZSIZE)),
+        pixelsOf(pageMillimetresHigh, GetDeviceCaps(recording, VERTRES), GetDeviceCaps(recording, VERTSIZE)),
+        nullptr);
+}
+
+} // namespace
+
+Page recorded(const ReportPage& page)
+{
+    constexpr int hundredths = 100;
+    RECT frame = {0, 0, pageMillimetresWide * hundredths, pageMillimetresHigh * hundredths};
+    CSurfaceEMF sheet(&frame);
+    mapPage(sheet.getHDC());
+    drawReportPage(sheet, page);
+    return stored(sheet);
+}
+
+Page firstHitMarked(Page& page, const char* text)
+{
+    unsigned int position = 0;
+    unsigned int textOffset = 0;
+    unsigned char* found = nullptr;
+    unsigned int foundLength = 0;
+    int x = 0;
+    int y = 0;
+    CMetaFilePlayer::searchPageForString(page.data(), static_cast<unsigned int>(page.size()), text, false,
+                                         false, position, textOffset, found, foundLength, x, y);
+    Page marked(found, found + foundLength);
+    CMetaFilePlayer::freeFoundPage(found);
+    return marked;
+}
