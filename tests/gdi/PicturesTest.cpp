@@ -44,7 +44,8 @@ std::string pageOf(HDC device)
     std::string page;
     for (int y = 0; y < 6; ++y) {
         for (int x = 0; x < 8; ++x) {
-            const std::string pixel(reinterpret_cast<const char*>(bits + y * stride + 4 * x), 3);
+            const std::string pixel(
+                reinterpret_cast<const char*>(bits + std::ptrdiff_t{y} * stride + std::ptrdiff_t{4} * x), 3);
             char letter = '?';
             for (const Paint& paint : paints) {
                 letter = paint.letter != 'T' && paint.bytes.compare(0, 3, pixel) == 0 ? paint.letter : letter;

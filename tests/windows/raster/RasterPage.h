@@ -54,7 +54,7 @@ public:
         int stride = 0;
         const unsigned char* bits = gdiDeviceBits(m_context, &stride);
         return pictureFrom(m_options.width, m_options.height, [&](int x, int y) {
-            const unsigned char* pixel = bits + y * stride + 4 * x;
+            const unsigned char* pixel = bits + std::ptrdiff_t{y} * stride + std::ptrdiff_t{4} * x;
             return static_cast<COLORREF>(pixel[2] | pixel[1] << 8 | pixel[0] << 16);
         });
     }
