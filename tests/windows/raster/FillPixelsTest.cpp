@@ -1,0 +1,185 @@
+// What frames, floods, binary operations, regions, wide pens and bitmaps leave on a page, and the page as a file.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstdio>
+#include <string>
+
+#include "windows/raster/RasterPage.h"
+
+namespace {
+
+// A brush for the calls that are given one.
+class Fill {
+public:
+    explicit Fill(COLORREF color) : m_brush(CreateSolidBrush(color)) {}
+    Fill(const Fill&) = delete;
+    Fill& operator=(const Fill&) = delete;
+    ~Fill() { DeleteObject(m_brush); }
+    operator HBRUSH() const { return m_brush; }
+
+private:
+    HBRUSH m_brush;
+};
+
+void useBrush(HDC d, COLORREF color)
+{
+    use(d, CreateSolidBrush(color));
+}
+
+void box(HDC d, COLORREF color, RECT rect)
+{
+    useBrush(d, color);
+    Rectangle(d, rect.left, rect.top, rect.right, rect.bottom);
+}
+
+struct Drawing {
+    const char* name;
+    int width;
+    int height;
+    void (*draw)(HDC);
+    const char* picture;
+};
+
+const Drawing drawings[] = {
+    // A focus frame drawn twice is gone; swapped corners fill the same.
+    {"frames", 26, 9,
+     [](HDC d) {
+         RECT rects[] = {{1, 1, 7, 6},   {8, 1, 14, 6},  {15, 1, 21, 6},
+                         {16, 2, 20, 5}, {25, 8, 22, 1}, {1, 7, 1, 9}};
+         FrameRect(d, &rects[0], Fill(red));
+         DrawFocusRect(d, &rects[1]);
+         DrawFocusRect(d, &rects[2]);
+         DrawFocusRect(d, &rects[2]);
+         FillRect(d, &rects[3], Fill(green));
+         FillRect(d, &rects[4], Fill(blue));
+         FrameRect(d, &rects[5], Fill(red));
+     },
+     "\n..........................\n.rrrrrr.#.#.#.........bbb.\n.r....r......#..gggg..bbb."
+     "\n.r....r.#.......gggg..bbb.\n.r....r......#..gggg..bbb.\n.rrrrrr.#.#.#.........bbb."
+     "\n......................bbb.\n......................bbb.\n.........................."},
+    {"edges", 10, 8,
+     [](HDC d) {
+         RECT rect{1, 1, 9, 7};
+         DrawEdge(d, &rect, BDR_SUNKENOUTER, BF_LEFT | BF_BOTTOM | BF_MONO | BF_ADJUST);
+         FillRect(d, &rect, Fill(red));
+     },
+     "\n..........\n.#rrrrrrr.\n.#rrrrrrr.\n.#rrrrrrr.\n.#rrrrrrr.\n.#rrrrrrr.\n.########.\n.........."},
+    {"floods", 20, 8,
+     [](HDC d) {
+         box(d, white, {1, 1, 9, 7});
+         box(d, white, {11, 1, 19, 7});
+         useBrush(d, red);
+         ExtFloodFill(d, 3, 3, black, FLOODFILLBORDER);
+         useBrush(d, green);
+         ExtFloodFill(d, 13, 3, white, FLOODFILLSURFACE);
+         ExtFloodFill(d, 11, 1, white, FLOODFILLSURFACE); // is black there
+         useBrush(d, blue);
+         ExtFloodFill(d, 0, 0, white, FLOODFILLSURFACE);
+         ExtFloodFill(d, INT_MAX, INT_MIN, white, FLOODFILLBORDER);
+     },
+     "\nbbbbbbbbbbbbbbbbbbbb\nb########bb########b\nb#rrrrrr#bb#gggggg#b\nb#rrrrrr#bb#gggggg#b"
+     "\nb#rrrrrr#bb#gggggg#b\nb#rrrrrr#bb#gggggg#b\nb########bb########b\nbbbbbbbbbbbbbbbbbbbb"},
+    // Inverted, black, inverted twice, inverted without a look at the brush.
+    {"binary operations", 18, 6,
+     [](HDC d) {
+         SelectObject(d, GetStockObject(NULL_PEN));
+         box(d, green, {0, 0, 19, 4});
+         SetROP2(d, R2_NOTXORPEN);
+         box(d, black, {1, 1, 5, 6});
+         SetROP2(d, R2_BLACK);
+         box(d, black, {6, 1, 10, 6});
+         SetROP2(d, 7); // exclusive or
+         box(d, white, {11, 1, 15, 6});
+         box(d, white, {11, 1, 15, 6});
+         SetROP2(d, 6); // not
+         box(d, white, {15, 1, 18, 6});
+     },
+     "\ngggggggggggggggggg\ng???gg###gggggg??g\ng???gg###gggggg??g\n.###..###......##.\n.###..###......##."
+     "\n.................."},
+    {"regions and fill modes", 28, 11,
+     [](HDC d) {
+         POINT star[] = {{6, 0}, {10, 10}, {0, 4}, {12, 4}, {2, 10}};
+         SelectObject(d, GetStockObject(NULL_PEN));
+         useBrush(d, red);
+         Polygon(d, star, 5);
+         SetPolyFillMode(d, WINDING);
+         for (POINT& point : star) {
+             point.x += 14;
+         }
+         Polygon(d, star, 5);
+         const HRGN frame = CreateRectRgn(0, 0, 4, 3);
+         const HRGN hole = CreateRectRgn(1, 1, 3, 2);
+         CombineRgn(frame, frame, hole, RGN_DIFF);
+         FillRgn(d, frame, Fill(blue));
+         DeleteObject(frame);
+         DeleteObject(hole);
+     },
+     "\nbbbb........................\nb..b..r.............r.......\nbbbb..r.............r......."
+     "\n.....rrr...........rrr......\nrrrrr...rrrrr.rrrrrrrrrrrrr.\n..rr....rrr.....rrrrrrrrr..."
+     "\n..................rrrrr.....\n....r...r.........rrrrr.....\n...rrrrrrr.......rrrrrrr...."
+     "\n...r.....r.......r.....r....\n............................"},
+    {"caps and joins", 40, 14,
+     [](HDC d) {
+         const DWORD caps[] = {PS_ENDCAP_FLAT, PS_ENDCAP_SQUARE, PS_ENDCAP_ROUND};
+         const DWORD joins[] = {PS_JOIN_MITER, PS_JOIN_BEVEL, PS_JOIN_ROUND};
+         const COLORREF colors[] = {black, red, blue};
+         for (int i = 0; i < 3; ++i) {
+             use(d, geometricPen(caps[i], 5, colors[i]));
+             const LONG left = 4 + 12 * i + i / 2;
+             line(d, {left, 4}, {left + 6, 4});
+             use(d, geometricPen(PS_ENDCAP_FLAT | joins[i], 3, colors[i]));
+             const POINT corner[] = {{3 + 12 * i, 12}, {3 + 12 * i, 9}, {9 + 12 * i, 9}};
+             Polyline(d, corner, 3);
+         }
+     },
+     "\n........................................\n........................................"
+     "\n....######....rrrrrrrrrrr...bbbbbbbbb...\n....######....rrrrrrrrrrr..bbbbbbbbbbb.."
+     "\n....######....rrrrrrrrrrr..bbbbbbbbbbb..\n....######....rrrrrrrrrrr..bbbbbbbbbbb.."
+     "\n....######....rrrrrrrrrrr...bbbbbbbbb...\n........................................"
+     "\n..#######......rrrrrr.....bbbbbbb.......\n..#######.....rrrrrrr.....bbbbbbb......."
+     "\n..#######.....rrrrrrr.....bbbbbbb.......\n..###.........rrr.........bbb..........."
+     "\n........................................\n........................................"},
+    // Source rows count from the bottom; what lies above the bitmap changes nothing; the last one has its top row first.
+    {"bitmaps", 12, 6,
+     [](HDC d) {
+         BITMAPINFO info{};
+         info.bmiHeader = {40, 2, 4, 1, 32, 0, 0, 0, 0, 0, 0};
+         const DWORD rows[] = {0xFF0000, 0xFF0000, 0x00FF00, 0x00FF00, 0x0000FF, 0x0000FF, 0, 0};
+         StretchDIBits(d, 0, 0, 2, 4, 0, 0, 2, 4, rows, &info, DIB_RGB_COLORS, SRCCOPY);
+         StretchDIBits(d, 3, 0, 2, 2, 0, 0, 2, 2, rows, &info, DIB_RGB_COLORS, SRCCOPY);
+         StretchDIBits(d, 6, 0, 4, 4, 0, 1, 2, 2, rows, &info, DIB_RGB_COLORS, SRCCOPY);
+         StretchDIBits(d, 3, 3, 2, 3, 0, 2, 2, 3, rows, &info, DIB_RGB_COLORS, SRCCOPY);
+         info.bmiHeader.biHeight = -4;
+         StretchDIBits(d, 10, 0, 2, 4, 0, 0, 2, 4, rows, &info, DIB_RGB_COLORS, SRCCOPY);
+     },
+     "\n##.gg.bbbbrr\nbb.rr.bbbbgg\ngg....ggggbb\nrr....gggg##\n...##.......\n...bb......."},
+};
+
+TEST(FillPixels, AreExact)
+{
+    for (const Drawing& drawing : drawings) {
+        const RasterPage page(drawing.width, drawing.height);
+        drawing.draw(page.context());
+        EXPECT_EQ(page.picture(), drawing.picture) << drawing.name;
+    }
+}
+
+TEST(RasterPages, AreSavedAsPictures)
+{
+    const RasterPage page(3, 2);
+    const std::string path = testing::TempDir() + "saved-page.png";
+    EXPECT_TRUE(gdiSavePng(page.context(), path.c_str()));
+    std::FILE* const file = std::fopen(path.c_str(), "rb");
+    ASSERT_NE(nullptr, file);
+    unsigned char head[24] = {};
+    EXPECT_EQ(sizeof(head), std::fread(head, 1, sizeof(head), file));
+    EXPECT_EQ("PNG 3 2", std::string(head + 1, head + 4) + " " + std::to_string(head[19]) + " " +
+                             std::to_string(head[23]));
+    std::fclose(file);
+    std::remove(path.c_str());
+    EXPECT_FALSE(gdiSavePng(page.context(), "/nowhere/saved-page.png"));
+    EXPECT_FALSE(gdiSavePng(nullptr, path.c_str()));
+}
+
+} // namespace
