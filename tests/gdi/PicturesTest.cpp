@@ -60,83 +60,53 @@ std::string pageOf(HDC device)
 struct PictureCase {
     const char* name;
     std::vector<std::string> image;
-    RECT rect;
-    int mode;
-    POINT offset;
     std::string page;
+    RECT rect;
+    POINT offset;
+    int mode;
     GdiDeviceOptions device = {8, 6, 96};
-    std::string log = "";
+    const char* log = "";
 };
 
 const std::vector<std::string> quarters = {"rg", "bk"};
 const std::vector<std::string> holed = {"rTg", "bkT"};
+const std::string empty = "........\n";
+const std::string opaque = "r?g.....\nbk?.....\n" + empty + empty + empty + empty;
 const GdiDeviceOptions withoutBlits{8, 6, 96, 0};
 const GdiDeviceOptions failing{8, 6, 96, RC_BITBLT | RC_STRETCHBLT, 1};
 
 const PictureCase cases[] = {
-    {"scaled", quarters, {1, 1, 5, 5}, 1, {}, "........\n.rrgg...\n.rrgg...\n.bbkk...\n.bbkk...\n........\n"},
-    {"own size",
-     quarters,
-     {1, 1, 7, 5},
-     0,
-     {},
-     "........\n.rg.....\n.bk.....\n........\n........\n........\n"},
+    {"scaled", quarters, empty + ".rrgg...\n.rrgg...\n.bbkk...\n.bbkk...\n" + empty, {1, 1, 5, 5}, {}, 1},
+    {"own size", quarters, empty + ".rg.....\n.bk.....\n" + empty + empty + empty, {1, 1, 7, 5}, {}, 0},
     {"top rows in a low rectangle",
      quarters,
+     empty + ".rg.....\n" + empty + empty + empty + empty,
      {1, 1, 7, 2},
-     0,
      {},
-     "........\n.rg.....\n........\n........\n........\n........\n"},
-    {"further down",
-     quarters,
-     {1, 1, 7, 2},
-     0,
-     {1, 1},
-     "........\n.k......\n........\n........\n........\n........\n"},
-    {"tiled",
-     quarters,
-     {1, 1, 6, 4},
-     2,
-     {1, 0},
-     "........\n.grgrg..\n.kbkbk..\n.grgrg..\n........\n........\n"},
-    {"no mode",
-     quarters,
-     {1, 1, 6, 4},
-     3,
-     {},
-     "........\n........\n........\n........\n........\n........\n"},
-    {"holes, own size",
+     0},
+    {"further down", quarters, empty + ".k......\n" + empty + empty + empty + empty, {1, 1, 7, 2}, {1, 1}, 0},
+    {"tiled", quarters, empty + ".grgrg..\n.kbkbk..\n.grgrg..\n" + empty + empty, {1, 1, 6, 4}, {1, 0}, 2},
+    {"no mode", quarters, empty + empty + empty + empty + empty + empty, {1, 1, 6, 4}, {}, 3},
+    {"holes, own size", holed, empty + ".r.g....\n" + empty + empty + empty + empty, {1, 1, 7, 2}, {}, 0},
+    {"holes, scaled", holed, "rr..gg..\nrr..gg..\nbbkk....\nbbkk....\n" + empty + empty, {0, 0, 6, 4}, {}, 1},
+    {"no raster steps",
      holed,
-     {1, 1, 7, 2},
-     0,
-     {},
-     "........\n.r.g....\n........\n........\n........\n........\n"},
-    {"holes, scaled",
-     holed,
-     {0, 0, 6, 4},
-     1,
-     {},
-     "rr..gg..\nrr..gg..\nbbkk....\nbbkk....\n........\n........\n"},
-    {"a device without raster steps",
-     holed,
+     opaque,
      {0, 0, 3, 2},
-     1,
      {},
-     "r?g.....\nbk?.....\n........\n........\n........\n........\n",
+     1,
      withoutBlits,
      "Printer doesn't support 'Blt' operations required to print transparent image, printed "
-     "non-transparently "
-     "instead"},
+     "non-transparently instead"},
     {"a step that fails",
      holed,
+     opaque,
      {0, 0, 3, 2},
-     1,
      {},
-     "r?g.....\nbk?.....\n........\n........\n........\n........\n",
+     1,
      failing,
-     "Printer error 31 (Device not functioning)  Unable to print transparent "
-     "image, "
-     "printed non-transparently instead"},
+     "Printer error 31 (Device not functioning)  Unable to print transparent image, printed "
+     "non-transparently instead"},
 };
 
 TEST(Pictures, AreDrawnInTheirModes)

@@ -289,15 +289,15 @@ std::string difference(const Lines& expected, const Lines& actual)
 
 TEST(RoundTrip, CallsComeOutChangedAsStatedAndInNothingElse)
 {
-    for (unsigned int seed = 0; seed < 1000; ++seed) {
-        const Calls calls = randomPage(seed);
+    for (unsigned int number = 0; number < 1000; ++number) {
+        const Calls calls = randomPage(number);
         const auto [once, secondPage] = played(pageOf(calls));
-        ASSERT_EQ(difference(recorded(replayed(calls)), once), "") << "random page " << seed;
+        ASSERT_EQ(difference(recorded(replayed(calls)), once), "") << "random page " << number;
         const auto [twice, thirdPage] = played(secondPage);
-        ASSERT_EQ(difference(recorded(replayed(replayed(calls))), twice), "") << "replayed page " << seed;
+        ASSERT_EQ(difference(recorded(replayed(replayed(calls))), twice), "") << "replayed page " << number;
         // From here on only the clips of the whole page, at the end of each clip, multiply.
         const bool clipped = std::ranges::count(calls, "setClippingRegion", &Call::operation) != 0;
-        EXPECT_TRUE(clipped || played(thirdPage).second == thirdPage) << "replayed page " << seed;
+        EXPECT_TRUE(clipped || played(thirdPage).second == thirdPage) << "replayed page " << number;
     }
 }
 

@@ -203,10 +203,10 @@ TEST(Playback, PlaysWhatIsSound)
         EXPECT_EQ(page.picture().substr(13, 12), "############") << record;
     }
     // No next record is found.
-    for (const unsigned char size : {'\0', '\4', '\12', '\377'}) {
+    for (const int size : {0, 4, 10, 255}) {
         Page page;
         auto bytes = metafile(bar + bar);
-        bytes[88 + 4] = size;
+        bytes[88 + 4] = static_cast<BYTE>(size);
         EXPECT_FALSE(play(page.context(), bytes, wholePage));
         EXPECT_EQ(page.picture().find('#'), std::string::npos);
     }
