@@ -25,7 +25,7 @@ std::vector<COLORREF> played(Page page)
     int rowBytes = 0;
     const unsigned char* const bits = gdiDeviceBits(device, &rowBytes);
     std::vector<COLORREF> pixels;
-    for (const unsigned char* pixel = bits; pixel != bits + 3508 * rowBytes; pixel += 4) {
+    for (const unsigned char* pixel = bits; pixel != bits + std::ptrdiff_t{3508} * rowBytes; pixel += 4) {
         pixels.push_back(static_cast<COLORREF>(pixel[2] | pixel[1] << 8 | pixel[0] << 16));
     }
     DeleteDC(device);

@@ -20,7 +20,7 @@ void drawPage(CSurfaceGDI& surface, int page)
     for (int row = 0; row < 12; ++row) {
         surface.setFont(faces[(page + row) % 3], static_cast<float>(6 + (page + row) % 9), row % 2 == 0,
                         row % 3 == 0, false, false);
-        surface.setPen(static_cast<unsigned long>(page * 999), row % 5, 1 + row % 3);
+        surface.setPen(999UL * static_cast<unsigned long>(page), row % 5, 1 + row % 3);
         surface.setBrush(0xFF0000U >> (4U * static_cast<unsigned int>(row % 5)), row % 8);
         const LONG top = 20 * row;
         RECT rect{10, top, 200, top + 20};
@@ -66,6 +66,7 @@ TEST(SurfacesOnThreads, EachDrawItsOwnPage)
     constexpr int Pages = 8;
     std::vector<std::string> drawn(Pages);
     std::vector<std::thread> threads;
+    threads.reserve(Pages);
     for (int page = 0; page < Pages; ++page) {
         threads.emplace_back([&drawn, page] {
             drawn[static_cast<std::size_t>(page)] = recordedPage(page) + paintedPage(page);
