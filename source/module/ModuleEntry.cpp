@@ -37,7 +37,7 @@ void fill(DLLVERSIONINFO& info, int major, int minor, int build, int revision)
 
 } // namespace
 
-extern "C" SURFACE_API BOOL APIENTRY DllMain(HINSTANCE module, DWORD reason, void* /*reserved*/)
+extern "C" BOOL APIENTRY DllMain(HINSTANCE module, DWORD reason, void* /*reserved*/)
 {
     if (reason == DLL_PROCESS_ATTACH) {
         DisableThreadLibraryCalls(module);
