@@ -1,6 +1,6 @@
 # Installs the library into a fresh folder, or unpacks its Debian package there, and builds and runs a program outside the
 # tree with it, found by CMake and by pkg-config.
-#   cmake -DBUILD=... -DWORK=... -DVERSION=1.0 -DCXX=... -DPACKAGE=ON|OFF -P InstalledLibrary.cmake
+#   cmake -DBUILD=... -DWORK=... -DVERSION=1.0 -DCXX=... -DGENERATOR=... -DPACKAGE=ON|OFF -P InstalledLibrary.cmake
 file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK})
 
@@ -36,7 +36,8 @@ function(expect_version program)
 endfunction()
 
 set(outside ${CMAKE_CURRENT_LIST_DIR}/outside)
-run(${CMAKE_COMMAND} -S ${outside} -B ${WORK}/found -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${CXX})
+run(${CMAKE_COMMAND} -S ${outside} -B ${WORK}/found -G ${GENERATOR}
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${CXX})
 run(${CMAKE_COMMAND} --build ${WORK}/found)
 expect_version(${WORK}/found/outside)
 
