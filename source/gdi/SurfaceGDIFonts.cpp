@@ -59,6 +59,7 @@ void appendFont(TovoTextString& list, const LOGFONTA& font, DWORD type)
 
 int CALLBACK fontEnumProc(const LOGFONTA* font, const TEXTMETRICA* /*metrics*/, DWORD type, LPARAM data)
 {
+    // The interface hands pointers through numbers. NOLINTNEXTLINE(performance-no-int-to-ptr)
     FontList& list = *reinterpret_cast<FontList*>(data);
     try {
         appendFont(list.text, *font, type);

@@ -111,7 +111,7 @@ public:
         std::string text;
         for (int y = 0; y < options.height; ++y, row += stride) {
             for (int x = 0; x < options.width; ++x) {
-                const unsigned char* pixel = row + x * 4;
+                const unsigned char* pixel = row + std::ptrdiff_t{4} * x;
                 const int color = pixel[2] << 16 | pixel[1] << 8 | pixel[0];
                 const bool pure = (color & 0x010101) * 255 == color;
                 text += pure ? "#bgcrmy."[(color >> 14 & 4) | (color >> 7 & 2) | (color & 1)] : '?';

@@ -210,7 +210,7 @@ TEST(TextPixels, AreSmoothedTurnedAndClipped)
         const std::string picture = page.picture();
         EXPECT_EQ(picture.find('#') != std::string::npos, angle != 0);
         EXPECT_EQ(picture.find('?') != std::string::npos, angle != 0);
-        EXPECT_EQ(picture.find_first_not_of(".\n", 60 * 81), std::string::npos);
+        EXPECT_EQ(picture.find_first_not_of(".\n", 60UL * 81), std::string::npos);
     }
 }
 
