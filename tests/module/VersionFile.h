@@ -88,8 +88,8 @@ private:
         const unsigned int width = addressWidth();
         const std::size_t symbolSize = m_wide ? 24 : 16;
         putText(1, "ELF");
-        putText(elfNames, {"\0.dynsym\0.dynstr\0.rodata", 25});
-        putText(elfNames + 32, {"\0__rsrcs\0__rsrc", 16});
+        putText(elfNames, {"\0.dynsym\0.dynstr\0.rodata\0", 25});
+        putText(elfNames + 32, {"\0__rsrcs\0__rsrc\0", 16});
         put(0, 1, {0x7F});
         put(4, 1, {m_wide ? 2U : 1U, m_swapped ? 2U : 1U, 1});
         put(16, 2, {3});

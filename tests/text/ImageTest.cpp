@@ -75,7 +75,7 @@ void place(CSurfaceSVG& s, unsigned int id, int mode)
 // A bitmap becomes a PNG under the type that was stated.
 TEST(SvgImages, AreConverted)
 {
-    std::string bitmap("BM:\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18", 30);
+    std::string bitmap("BM:\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0", 30);
     bitmap.resize(58);
     const std::string page = drawnPage([&](CSurfaceSVG& s) {
         s.includeImage(1, reinterpret_cast<unsigned char*>(bitmap.data()), 58, 3, 4, 1);

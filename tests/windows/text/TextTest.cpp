@@ -147,6 +147,7 @@ TEST_F(TextTest, PartialExtentsEndAtTheMaximum)
 // Notes as many as the vector has room for.
 int CALLBACK noteFont(const LOGFONTA* font, const TEXTMETRICA* /*metrics*/, DWORD /*type*/, LPARAM data)
 {
+    // The interface hands pointers through numbers. NOLINTNEXTLINE(performance-no-int-to-ptr)
     auto& names = *reinterpret_cast<std::vector<std::string>*>(data);
     const BYTE* const style = reinterpret_cast<const ENUMLOGFONTEXA*>(font)->elfStyle;
     names.push_back(std::string(font->lfFaceName) + "\t" + reinterpret_cast<const char*>(style));
