@@ -25,8 +25,8 @@ struct PeerMetafile::Recording {
     const POINT* pointsOf(const int* numbers, unsigned int count)
     {
         points.clear();
-        for (unsigned int i = 0; i < count; ++i) {
-            points.push_back({numbers[2 * i], numbers[2 * i + 1]});
+        for (unsigned int i = 0; i < count; ++i, numbers += 2) {
+            points.push_back({numbers[0], numbers[1]});
         }
         return points.data();
     }

@@ -153,9 +153,10 @@ void PixelSource::readScaled(int x, int y, int count)
     const auto [low, high] = std::minmax(m_columns.front(), m_columns.back());
     const int row = m_rows[static_cast<std::size_t>(y - m_box.top)];
     if (row != m_sourceRowAt) {
-        m_sourceRow.resize(static_cast<std::size_t>(high - low + 1));
-        readPixels(m_view, low, row, high - low + 1, m_sourceRow.data());
-        applyRule(m_sourceRow.data(), high - low + 1);
+        const int width = high - low + 1;
+        m_sourceRow.resize(static_cast<std::size_t>(width));
+        readPixels(m_view, low, row, width, m_sourceRow.data());
+        applyRule(m_sourceRow.data(), width);
         m_sourceRowAt = row;
     }
     m_pixels.resize(static_cast<std::size_t>(count));
