@@ -95,7 +95,8 @@ public:
     // Drawn with a pen of style 5 too.
     void drawLine(int x1, int y1, int x2, int y2) override;
     void drawRectangle(RECT* rect) override;
-    // The corners are circular, of the first radius.
+    // The corners are circular, of the first radius. Without pen and brush the outline stays in the path, and the
+    // next shape that begins no path of its own paints it.
     void drawRoundedRectangle(RECT* rect, unsigned int radius, unsigned int secondRadius) override;
     void drawSolidRectangle(RECT* rect, unsigned long color) override;
     void drawText(const char* text, RECT* rect, unsigned int flags) override;
