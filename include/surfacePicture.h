@@ -29,7 +29,8 @@ public:
 
     // Draws on a device. Mode 0: at its own size from offset (x, y); 1: scaled to the rectangle; 2: tiled over the
     // rectangle with its origin at offset (x, y), which makes the stored size of a picture smaller than 8 by 8 in
-    // either direction 8 by 8. A tile with a width or height below 1 draws nothing. Other modes draw nothing.
+    // either direction 8 by 8. A tile with a width or height below 1 draws nothing. Other modes
+    // draw nothing, and so does a null rectangle.
     // Gives 0, libraryMissing or notDecodable.
     int draw(HDC hdc, RECT* rect, int x, int y, int mode);
 

@@ -160,6 +160,9 @@ int CSurfacePicture::draw(HDC hdc, RECT* rect, int x, int y, int mode)
     if (bitmap.get() == nullptr) {
         return notDecodable;
     }
+    if (rect == nullptr) {
+        return 0;
+    }
     const BITMAPINFO* const info = library.imageGetInfo(bitmap.get());
     const unsigned char* const bits = library.imageGetBits(bitmap.get());
     if (mode == tiled) {

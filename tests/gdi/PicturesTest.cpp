@@ -146,6 +146,7 @@ TEST(Pictures, SmallerThanAHatchBecomeOne)
     picture.m_data = reinterpret_cast<unsigned char*>(image.data());
     RECT rect{0, 0, 4, 4};
     EXPECT_EQ(0, picture.draw(device, &rect, 0, 0, 2));
+    EXPECT_EQ(0, picture.draw(device, nullptr, 0, 0, 1));
     EXPECT_EQ(8, picture.m_width);
     EXPECT_EQ(8, picture.m_height);
     picture.m_height = 0;
