@@ -32,8 +32,12 @@ public:
     virtual ~CModuleVersion();
 
     // Reads the version of a file. False when there is none to read; the numbers stay as they were then. Of a file
-    // that breaks off or leads out of itself nothing is read there.
+    // that breaks off or leads out of itself nothing is read there. The walk through the resources takes at most as many
+    // steps as the file has bytes, and gives false where a file would ask for more; no ordinary file comes near.
     bool readFile(const char* path);
+
+    // How many steps that walk took in the last readFile: entries of directories and 16-bit units looked at.
+    std::uint64_t steps() const { return m_steps; }
 
     static void* operator new(std::size_t size) noexcept;
     static void operator delete(void* block) noexcept;
@@ -61,6 +65,7 @@ private:
     Walk readLanguages(std::uint64_t directory, bool& found);
     Walk readBlock(std::uint64_t block, bool& found);
 
+    bool takeStep();
     bool holds(std::uint64_t offset, std::uint64_t size) const;
     // Of the file's byte order; 0 outside the file, where no offset and no count leads further.
     std::uint64_t number(std::uint64_t offset, unsigned int bytes) const;
@@ -76,6 +81,7 @@ private:
     HANDLE m_file;
     HANDLE m_mapping;
     std::uint64_t m_size; // of the view, bytes
+    std::uint64_t m_steps;
 };
 
 // Fills the four numbers of the module's version; the last one stands in dwPlatformID. Gives 0, or -1 for a null record

@@ -103,7 +103,8 @@ private:
 
 // Where log lines go instead of standard error; null: standard error again. The line ends with a zero byte
 // and without a line feed. Calls of the sink come one at a time, and none is running or comes any more once
-// this returns, unless the sink itself called it.
+// this returns, unless the sink itself called it. For that they run under one lock of all threads: a sink may log, and
+// may set another sink, but one that waits for a thread which logs waits for ever.
 SURFACE_API void krnSetLogSink(void (*sink)(const char* line, void* context), void* context);
 
 // Reports a violated invariant: to the host's handler, else as one log line. Returns, unless the handler
@@ -111,7 +112,7 @@ SURFACE_API void krnSetLogSink(void (*sink)(const char* line, void* context), vo
 SURFACE_API void kosAssertFail(const char* caption, const char* expression, const char* module,
                                const char* file, int line);
 
-// Who hears of violated invariants; null: the log. Called under the same rules as a log sink.
+// Who hears of violated invariants; null: the log. Called under the same rules as a log sink, by a lock of its own.
 SURFACE_API void kosSetAssertHandler(void (*handler)(const char* caption, const char* expression,
                                                      const char* module, const char* file, int line,
                                                      void* context),

@@ -28,10 +28,12 @@ SURFACE_API void base64Free(unsigned char* data);
 
 // Fetches a text of the message table into `buffer` of `size` bytes, cut where it does not fit and always
 // terminated. Gives 0; anything else when there is no such message (the buffer is empty then) or no buffer.
-// Message 15301 is the word between the two numbers of "1 of 3", "of" unless the host says otherwise.
-SURFACE_API int krnGetMessageText(int number, char* buffer, int size);
+// Message 15301 is the word between the two numbers of "1 of 3", "of" unless the host says otherwise; that text
+// needs no memory. Never throws.
+SURFACE_API int krnGetMessageText(int number, char* buffer, int size) noexcept;
 
-// A host's text for a message, copied; null: there is no such message from now on.
+// A host's text for a message, copied; null: there is no such message from now on. Throws KrnException when there is
+// no memory for the copy; the message is then what it was.
 SURFACE_API void krnSetMessageText(int number, const char* text);
 
 // Where the image library is found, for hosts that bring their own and for tests that go without; null: under
@@ -91,8 +93,10 @@ public:
 
     // Decodes an image. Bytes that are not of the stated format are decoded by their own signature. The result
     // is a standard bitmap of 4 or 8 bits with a colour table, or of 24 or 32 bits: more bits per channel and
-    // floating point are reduced to 8 bits per channel, one bit per pixel and 16 bits per pixel widened. Null
-    // on failure; else it goes back by imageUnload.
+    // floating point are reduced to 8 bits per channel, one bit per pixel and 16 bits per pixel widened. The fourth
+    // bytes of a 32-bit Windows bitmap that has no alpha mask and 0 in all of them become 255, since such a picture
+    // means to be seen; other formats keep a transparency of 0 throughout. Null on failure; else it goes back by
+    // imageUnload.
     FIBITMAP* imageLoadFromMem(FREE_IMAGE_FORMAT format, unsigned char* data, unsigned int size);
 
     // The Windows header of the bitmap, behind which colour table and pixels follow without a gap. It belongs

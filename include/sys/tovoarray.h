@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 
 #include "sys/krnos.h"
 
@@ -41,6 +42,24 @@ public:
         if (_size > count) {
             _size = count;
         }
+    }
+
+    // Drops the elements from the 0-based index `count` on and keeps the room. Needs no memory.
+    void cutTo(unsigned int count) noexcept
+    {
+        if (count < _size) {
+            std::memset(bytes(_items + count), 0, bytesOf(_size - count));
+            _size = count;
+        }
+    }
+
+    // The two exchange their blocks. Needs no memory.
+    void swap(TovoBlock& other) noexcept
+    {
+        std::swap(_items, other._items);
+        std::swap(_size, other._size);
+        std::swap(_capacity, other._capacity);
+        std::swap(_growBy, other._growBy);
     }
 
     static void* operator new(std::size_t size)

@@ -11,6 +11,7 @@
 #include <climits>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "sys/krnos.h"
 #include <windows.h>
@@ -74,8 +75,27 @@ public:
             return;
         }
         reserve(length);
-        _length = length;
-        _text[_length] = '\0';
+        if (_capacity != 0) {
+            _length = length;
+            _text[_length] = '\0';
+        }
+    }
+
+    // Drops the characters from `length` on and keeps the buffer. Needs no memory.
+    void cutTo(unsigned int length) noexcept
+    {
+        if (length < _length) {
+            _length = length;
+            _text[_length] = '\0';
+        }
+    }
+
+    // The two exchange their buffers. Needs no memory.
+    void swap(TovoStringBuffer& other) noexcept
+    {
+        std::swap(_text, other._text);
+        std::swap(_length, other._length);
+        std::swap(_capacity, other._capacity);
     }
 
     // Gives the buffer back.
@@ -126,6 +146,9 @@ protected:
         if (length >= _capacity) {
             const std::uint32_t capacity = capacityFor(length);
             adopt(kstr_allocate(capacity), capacity, _text);
+            if (_capacity == 0) {
+                return;
+            }
         }
         std::memmove(_text, data, length);
         _length = length;
@@ -135,7 +158,9 @@ protected:
     {
         const std::uint32_t capacity = capacityFor(length);
         adopt(kstr_reallocate(_text, capacity), capacity, nullptr);
-        _text[_length] = '\0';
+        if (_capacity != 0) {
+            _text[_length] = '\0';
+        }
     }
 
     char* _text;
@@ -159,13 +184,18 @@ private:
         _capacity = 0;
     }
 
-    // The old buffer is given back only once the new one is there, so that a failure changes nothing.
+    // The old buffer is given back only once the new one is there, so that a failure changes nothing. A storage that
+    // answers with the shared empty string has kept nothing: the string is empty then, and nothing is written there.
     void adopt(void* block, std::uint32_t capacity, void* oldBlock)
     {
         if (block == nullptr) {
             krnOutOfMemory();
         }
         kstr_deallocate(oldBlock);
+        if (block == kstr_null_string) {
+            standOnNothing();
+            return;
+        }
         _text = static_cast<char*>(block);
         _capacity = capacity;
         _text[capacity - 1] = '\0';
@@ -236,6 +266,9 @@ public:
     {
         if (const std::uint64_t needed = std::uint64_t{_length} + count; needed >= _capacity) {
             growTo(needed);
+            if (_capacity == 0) {
+                krnOutOfMemory(); // there is no place to write to
+            }
         }
         return _text + _length;
     }

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "BitmapAlpha.h"
 #include "ImageLibrary.h"
 #include "ImageReader.h"
 #include "ImageScreening.h"
@@ -195,6 +196,19 @@ bool isDecodable(const ImageLibrary& library, FREE_IMAGE_FORMAT format, ImageRea
     return header.get() != nullptr && fitsReduced(library, header.get());
 }
 
+// A Windows bitmap of 32 bits whose file says nothing of alpha stays at 32 bits, and is seen.
+void makeVisible(const ImageLibrary& library, FREE_IMAGE_FORMAT format, const ImageReader& reader,
+                 FIBITMAP* bitmap)
+{
+    const BITMAPINFOHEADER& header = headerOf(library, bitmap);
+    if (format == FIF_BMP && header.biBitCount == 32 && library.getImageType(bitmap) == PixelKind::standard &&
+        !hasAlphaMask(reader.data(), reader.size())) {
+        // The bitmap fits, so that its sides are small positive numbers.
+        makeOpaqueIfUnused(library.getBits(bitmap), static_cast<std::size_t>(header.biWidth) *
+                                                        static_cast<std::size_t>(header.biHeight));
+    }
+}
+
 FIBITMAP* decoded(const ImageLibrary& library, FREE_IMAGE_FORMAT stated, const unsigned char* data,
                   unsigned int size)
 {
@@ -207,6 +221,7 @@ FIBITMAP* decoded(const ImageLibrary& library, FREE_IMAGE_FORMAT stated, const u
     if (bitmap.get() == nullptr || !fitsReduced(library, bitmap.get())) {
         return nullptr;
     }
+    makeVisible(library, format, reader, bitmap.get());
     if (const Reduction* const reduction = reductionFor(library, bitmap.get()); reduction != nullptr) {
         bitmap.reset(reduction->convert(library, bitmap.get()));
     }

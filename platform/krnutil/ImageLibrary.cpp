@@ -158,6 +158,9 @@ private:
 
     const ImageLibrary* load(const char* path)
     {
+        // What needs memory comes first, so that a library which was opened is never lost.
+        auto library = std::make_unique<ImageLibrary>();
+        _loaded.reserve(_loaded.size() + 1);
         void* const handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
         if (handle == nullptr) {
             return nullptr;
@@ -168,7 +171,6 @@ private:
                 return loaded.library.get();
             }
         }
-        auto library = std::make_unique<ImageLibrary>();
         if (!findStreams(handle, *library) || !findBitmaps(handle, *library)) {
             dlclose(handle);
             return nullptr;

@@ -10,6 +10,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "sys/krnos.h"
 
@@ -31,22 +32,30 @@ public:
     bool copy(int number, char* buffer, std::size_t size)
     {
         const std::lock_guard lock(_mutex);
-        const auto found = _texts.find(number);
-        if (found == _texts.end() || !found->second.has_value()) {
+        const std::optional<std::string_view> text = textOf(number);
+        if (!text.has_value()) {
             return false;
         }
-        const std::size_t length = std::min(found->second->size(), size - 1);
-        std::memcpy(buffer, found->second->data(), length);
+        const std::size_t length = std::min(text->size(), size - 1);
+        std::memcpy(buffer, text->data(), length);
         buffer[length] = '\0';
         return true;
     }
 
 private:
-    static constexpr int pageCountWord = 15301;
+    std::optional<std::string_view> textOf(int number) const
+    {
+        const auto found = _texts.find(number);
+        if (found != _texts.end()) {
+            return found->second;
+        }
+        constexpr int pageCountWord = 15301; // the one that the platform brings; it takes no memory
+        return number == pageCountWord ? std::optional<std::string_view>("of") : std::nullopt;
+    }
 
     std::mutex _mutex;
-    // Without a text: taken out by the host.
-    std::map<int, std::optional<std::string>> _texts{{pageCountWord, "of"}};
+    // Of the host. Without a text: taken out.
+    std::map<int, std::optional<std::string>> _texts;
 };
 
 MessageTable& messageTable()
@@ -57,7 +66,7 @@ MessageTable& messageTable()
 
 } // namespace
 
-int krnGetMessageText(int number, char* buffer, int size)
+int krnGetMessageText(int number, char* buffer, int size) noexcept
 {
     constexpr int noText = 1;
     if (buffer == nullptr || size <= 0) {

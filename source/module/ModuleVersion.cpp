@@ -23,7 +23,8 @@ bool isResourceSection(const PeSectionHeader& section)
 
 CModuleVersion::CModuleVersion()
     : m_revision(0), m_major(0), m_minor(0), m_build(0), m_resources(nullptr), m_section{}, m_view(nullptr),
-      m_isElf(false), m_swapBytes(false), m_file(INVALID_HANDLE_VALUE), m_mapping(nullptr), m_size(0)
+      m_isElf(false), m_swapBytes(false), m_file(INVALID_HANDLE_VALUE), m_mapping(nullptr), m_size(0),
+      m_steps(0)
 {
 }
 
@@ -90,6 +91,7 @@ bool CModuleVersion::readView()
     m_isElf = false;
     m_swapBytes = false;
     m_resources = nullptr;
+    m_steps = 0;
     if (word(0) == dosSignature) {
         return findPeResources() && readResources();
     }

@@ -33,6 +33,16 @@ std::uint64_t CModuleVersion::resource(std::uint32_t offset) const
     return static_cast<std::uint64_t>(m_resources - m_view) + (offset & ~directoryBit);
 }
 
+// Directories may lead to one another again and again, and blocks may overlap: one budget holds for all of it.
+bool CModuleVersion::takeStep()
+{
+    if (m_steps == m_size) {
+        return false;
+    }
+    ++m_steps;
+    return true;
+}
+
 bool CModuleVersion::readResources()
 {
     if (m_resources == nullptr) {
@@ -43,6 +53,9 @@ bool CModuleVersion::readResources()
     const IdEntries entries = idEntries(top, word(top + 12), word(top + 14));
     for (unsigned int i = 0; i < entries.count; ++i) {
         const std::uint64_t entry = entries.first + std::uint64_t{i} * 8;
+        if (!takeStep()) {
+            return false;
+        }
         const std::uint32_t id = dword(entry);
         if (id > versionType || !holds(entry, 8)) {
             break;
@@ -67,11 +80,13 @@ bool CModuleVersion::readVersionNames(std::uint64_t directory, bool& found)
     const IdEntries entries = idEntries(directory, word(directory + 12), word(directory + 14));
     for (unsigned int i = 0; i < entries.count; ++i) {
         const std::uint64_t entry = entries.first + std::uint64_t{i} * 8;
-        if (dword(entry) != versionName) {
+        const bool spent = !takeStep();
+        if (!spent && dword(entry) != versionName) {
             break;
         }
         const std::uint32_t target = dword(entry + 4);
-        const Walk walk = (target & directoryBit) != 0 ? readLanguages(resource(target), found) : Walk::fails;
+        const Walk walk =
+            !spent && (target & directoryBit) != 0 ? readLanguages(resource(target), found) : Walk::fails;
         if (walk != Walk::goesOn) {
             found = found && walk != Walk::fails;
             return false;
@@ -85,6 +100,9 @@ CModuleVersion::Walk CModuleVersion::readLanguages(std::uint64_t directory, bool
     const IdEntries entries = idEntries(directory, word(directory + 12), word(directory + 14));
     for (unsigned int i = 0; i < entries.count; ++i) {
         const std::uint64_t entry = entries.first + std::uint64_t{i} * 8;
+        if (!takeStep()) {
+            return Walk::fails;
+        }
         const std::uint32_t language = dword(entry);
         if (!holds(entry, 8) || (!m_isElf && language > lastLanguage)) {
             break;
@@ -109,7 +127,8 @@ CModuleVersion::Walk CModuleVersion::readLanguages(std::uint64_t directory, bool
 }
 
 // VS_VERSIONINFO: its length and that of its value in bytes, a type, a key in 16-bit characters, and, aligned, the
-// fixed part, which its signature tells.
+// fixed part, which its signature tells. It is looked for in as many units as the length counts bytes: what follows the
+// block is looked at as well, up to the end of the file.
 CModuleVersion::Walk CModuleVersion::readBlock(std::uint64_t block, bool& found)
 {
     const std::uint16_t length = word(block);
@@ -120,8 +139,12 @@ CModuleVersion::Walk CModuleVersion::readBlock(std::uint64_t block, bool& found)
     if (valueLength <= 3) {
         return Walk::goesOn;
     }
-    for (std::uint64_t unit = 3; (unit + 1) * 2 <= length && holds(block, (unit + 1) * 2); ++unit) {
-        const std::uint64_t place = block + unit * 2;
+    constexpr unsigned int Head = 3; // units
+    for (unsigned int unit = 0; unit < length; ++unit) {
+        const std::uint64_t place = block + std::uint64_t{Head + unit} * 2;
+        if (!holds(place, 2) || !takeStep()) {
+            return Walk::fails;
+        }
         if (word(place) != signatureUpperHalf) {
             continue;
         }

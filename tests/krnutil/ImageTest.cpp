@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "BitmapAlpha.h"
+
 namespace {
 
 std::string number(std::uint32_t value, int bytes)
@@ -73,7 +75,12 @@ protected:
     // The BMP in another format.
     std::string converted(const std::string& image, FREE_IMAGE_FORMAT target)
     {
-        FIBITMAP* const bitmap = load(FIF_BMP, image);
+        return saved(load(FIF_BMP, image), target);
+    }
+
+    // Unloads the bitmap.
+    std::string saved(FIBITMAP* bitmap, FREE_IMAGE_FORMAT target)
+    {
         fiio_mem_handle_s handle = {};
         EXPECT_TRUE(_desc.imageSaveToMem(target, bitmap, &handle));
         std::string result(static_cast<const char*>(handle.data), static_cast<std::size_t>(handle.datalen));
@@ -103,6 +110,45 @@ TEST_F(Image, ComesOutAsAStandardBitmapWithThePixelsBehindTheHeader)
     for (const auto& [image, expected] : cases) {
         EXPECT_EQ(look(FIF_UNKNOWN, image), expected);
     }
+}
+
+// Two pixels of 32 bits; `masks` go between header and pixels.
+std::string bmp32(std::uint32_t header, std::uint32_t compression, const std::string& masks,
+                  const std::string& fourths)
+{
+    std::string image = bmp(2, 1, 32, 0);
+    image.replace(10, 8, number(static_cast<std::uint32_t>(54 + masks.size()), 4) + number(header, 4));
+    image.replace(30, 4, number(compression, 4));
+    return image + masks + "\x01\x02\x03" + fourths[0] + "\x04\x05\x06" + fourths[1];
+}
+
+TEST_F(Image, OfFourthBytesThatAreUnusedIsSeen)
+{
+    const std::string unused(2, '\0');
+    const std::string colours = number(0xFF0000, 4) + number(0xFF00, 4) + number(0xFF, 4);
+    EXPECT_EQ(look(FIF_UNKNOWN, bmp32(40, 0, "", unused)), "2x1x32: 1 2 3 255 4 5 6 255");
+    EXPECT_EQ(look(FIF_UNKNOWN, bmp32(40, 3, colours, unused)), "2x1x32: 1 2 3 255 4 5 6 255");
+    const std::string oneUsed = bmp32(40, 0, "", std::string{'\0', '\1'});
+    EXPECT_EQ(look(FIF_UNKNOWN, oneUsed), "2x1x32: 1 2 3 0 4 5 6 1");
+    // Other formats that are transparent throughout stay so.
+    for (const FREE_IMAGE_FORMAT format : {FIF_PNG, FIF_TIFF}) {
+        FIBITMAP* const bitmap = load(FIF_BMP, oneUsed);
+        _desc.imageGetBits(bitmap)[7] = 0;
+        EXPECT_EQ(look(format, saved(bitmap, format)), "2x1x32: 1 2 3 0 4 5 6 0") << format;
+    }
+    // Which headers have a mask for alpha is asked of the reader itself, for FreeImage takes only the first one.
+    const auto masked = [&](std::uint32_t header, std::uint32_t compression, std::uint32_t mask) {
+        const std::string image = bmp32(header, compression, colours + number(mask, 4), unused);
+        return hasAlphaMask(reinterpret_cast<const unsigned char*>(image.data()), image.size());
+    };
+    for (const std::uint32_t header : {56U, 108U, 124U}) {
+        EXPECT_TRUE(masked(header, 3, 0xFF000000)) << header;
+        EXPECT_FALSE(masked(header, 3, 0)) << header;
+    }
+    EXPECT_TRUE(masked(40, 6, 0xFF000000));
+    EXPECT_FALSE(masked(40, 3, 0xFF000000)); // a pixel stands there
+    EXPECT_FALSE(masked(64, 3, 0xFF000000)); // of another system
+    EXPECT_FALSE(hasAlphaMask(nullptr, 0));
 }
 
 TEST_F(Image, IsDecodedByItsOwnSignatureInSilence)

@@ -110,8 +110,8 @@ constexpr ChangeCase changeCases[] = {
     {"value length 65535", every, 0, V::blocks + 2, 0, 2, 65535, nothing},
     {"value length 3", every, 0, V::blocks + 2, 0, 2, 3, nothing},
     {"value length 4", every, 0, V::blocks + 2, 0, 2, 4, "1.2.3.4"},
-    {"length to the signature", every, 0, V::blocks, 0, 2, 44, "1.2.3.4"},
-    {"length into the signature", every, 0, V::blocks, 0, 2, 40, nothing},
+    {"as many units as lead to the signature", every, 0, V::blocks, 0, 2, 19, "1.2.3.4"},
+    {"two units less", every, 0, V::blocks, 0, 2, 17, nothing},
     {"no signature", every, 0, V::blocks + 40, 0, 4, 0, nothing},
 };
 
@@ -140,6 +140,35 @@ TEST(ModuleVersion, IsThatOfTheFile)
         }
     }
     EXPECT_EQ(versionIn("/nowhere/at/all"), nothing);
+}
+
+// Three directories of many entries, each of which leads to the next one, or to a block that has no version.
+TEST(ModuleVersion, TakesNoMoreStepsThanTheFileHasBytes)
+{
+    constexpr std::uint32_t entries = 100;
+    constexpr std::uint32_t directorySize = 16 + 8 * entries;
+    const auto number = [](std::uint32_t value) {
+        return std::string{static_cast<char>(value), static_cast<char>(value >> 8U),
+                           static_cast<char>(value >> 16U), static_cast<char>(value >> 24U)};
+    };
+    std::string bytes = VersionFile(pe).bytes().substr(0, V::types);
+    const std::pair<std::uint32_t, std::uint32_t> levels[] = {
+        {16, V::directory | directorySize}, {1, V::directory | 2 * directorySize}, {1033, 3 * directorySize}};
+    for (const auto& [id, target] : levels) {
+        bytes += std::string(12, '\0') + number(entries << 16U);
+        for (std::uint32_t i = 0; i < entries; ++i) {
+            bytes += number(id) + number(target);
+        }
+    }
+    bytes += number(0x2000 + 3 * directorySize + 16) + std::string(16, '\0');
+    std::ofstream(testFile, std::ios::binary) << bytes;
+    CModuleVersion version;
+    EXPECT_FALSE(version.readFile(testFile.c_str()));
+    EXPECT_EQ(bytes.size(), version.steps());
+    EXPECT_FALSE(version.readFile("/nowhere/at/all"));
+    std::filesystem::remove(testFile);
+    EXPECT_TRUE(version.readFile(SURFACE_LIBRARY));
+    EXPECT_LT(version.steps(), 100U);
 }
 
 TEST(ModuleVersion, NeedsTheWholeWayToItsNumbers)
