@@ -158,7 +158,8 @@ public:
     static void appendPath(TovoTextString& s, POINT* points, unsigned int count);
     void appendDrawStyle(TovoTextString& s);
     void appendFillStyle(TovoTextString& s);
-    // Paints the current path, and drops it when there is neither pen nor brush.
+    // Paints the current path with brush and pen. With neither of them it writes nothing: the path stays the current one,
+    // and is painted by what comes next.
     void appendStrokeAndFill(TovoTextString& s);
     // Text is clipped where it is drawn; there is nothing to write here.
     void appendClipStyle(TovoTextString& s, RECT* rect);
@@ -187,6 +188,22 @@ private:
     };
 
     struct ArcOperands;
+    class Change;
+
+    // What makes an interpreter stop at a document, although it is written as it has to be.
+    enum class Trap : unsigned int { ZeroScale, ZeroFont, RoundedCorners, LineWithoutFont };
+
+    // A pattern's definition that is still to go in front of m_body.
+    struct PatternDef {
+        int picture;
+        unsigned int end; // in m_patternTexts
+    };
+
+    void tellOfTrap(Trap trap);
+    void tellOfRefusedImage(unsigned int id);
+    void beginState();
+    void endState();
+    void noteFont();
 
     void appendHead(TovoTextString& s) const;
     void appendProcedures(TovoTextString& s) const;
@@ -198,7 +215,8 @@ private:
     static void PSArc(RECT* rect, POINT start, POINT end, int& radiusX, int& radiusY, int& startAngle,
                       int& endAngle);
     static ArcOperands arcOperands(RECT* rect, int x1, int y1, int x2, int y2);
-    void drawSector(const ArcOperands& arc, std::string_view fill, std::string_view stroke);
+    void drawSector(const ArcOperands& arc, std::string_view fill, std::string_view stroke,
+                    ProcedureBits procedure);
 
     double unitsPerPoint() const;
     int baseLineBelow(int top) const;
@@ -217,7 +235,9 @@ private:
     void usePattern(int picture);
     void definePattern(int picture, int width, int height, const TovoTextString& samples);
     void defineMissingPatterns();
-    void takePatternDefs(TovoTextString& front);
+    void setPatternDefined(int picture, bool defined);
+    void appendPatternDefs(TovoTextString& front) const;
+    void forgetPatternDefs();
     void settlePatternDefs();
 
     int m_originX; // millimetres
@@ -229,9 +249,13 @@ private:
     // which a grestore takes back; they begin as that state does.
     unsigned long m_currentColor;
     int m_currentLineWidth;
-    bool m_clipActive;                         // a gsave of setClippingRegion is open
-    Vector<bool, 10> m_definedPatterns;        // by the number of the image
-    Vector<int, 10> m_missingPictures;         // of patterns that were used without an image, in that order
-    TovoTextString m_patternDefs;              // definitions that are still to go in front of m_body
-    Vector<unsigned int, 10> m_patternDefEnds; // where each of them ends
+    bool m_clipActive;                     // a gsave of setClippingRegion is open
+    unsigned int m_stateDepth;             // how many gsave are open
+    unsigned int m_depthsWithFont;         // bit n: a font was set n states deep, and the state is open
+    unsigned int m_toldTraps;              // bits by Trap
+    Vector<unsigned int, 10> m_toldImages; // ids whose refusal is in the log
+    Vector<bool, 10> m_definedPatterns;    // by the number of the image
+    Vector<int, 10> m_missingPictures;     // of patterns that were used without an image, in that order
+    TovoTextString m_patternTexts;         // definitions that are still to go in front of m_body
+    Vector<PatternDef, 10> m_patternDefs;  // one after the other
 };

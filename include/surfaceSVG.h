@@ -102,6 +102,8 @@ private:
         TiledImageUsed = 16
     };
 
+    class Change;
+
     // How the runs of a formatted text are turned.
     struct TextRotation {
         int textAngle = 0; // of the line, 0 to 359 degrees
@@ -155,5 +157,6 @@ private:
     bool m_fontGroupOpen;
     TovoTextString m_textPathDefs; // paths that rotated text refers to
     int m_textPathCount;
-    Vector<bool, 10> m_imagesIncluded; // by number: whether m_imageSizes holds an image there or a gap
+    Vector<bool, 10> m_imagesIncluded;     // by number: whether m_imageSizes holds an image there or a gap
+    Vector<unsigned int, 10> m_toldImages; // ids whose refusal is in the log
 };

@@ -75,6 +75,12 @@ inline char* putPiece(char* at, const PsColor& piece)
     return putChannel(at, blueOf(piece.color));
 }
 
+// Whether its text is "0.00", with so many digits as it has.
+inline bool isWrittenAsZero(FixedNumber number)
+{
+    return std::fabs(number.value) * std::pow(10.0, number.decimals) <= 0.5;
+}
+
 // A number that a division made: 0 when it is infinite or none. Interpreters know no such numbers.
 inline FixedNumber finiteNumber(double value, int decimals)
 {

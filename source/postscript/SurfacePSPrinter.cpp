@@ -30,7 +30,7 @@ void removeOwnerFromEach(const Array<CPostScriptImage, 10>& images)
 
 CSurfacePSPrinter::CSurfacePSPrinter(int originX, int originY)
     : m_originX(originX), m_originY(originY), m_proceduresUsed(0), m_currentColor(0), m_currentLineWidth(1),
-      m_clipActive(false)
+      m_clipActive(false), m_stateDepth(0), m_depthsWithFont(0), m_toldTraps(0)
 {
     constexpr unsigned int BodyRoom = 8192; // characters; most pages of a report fit without regrowth
     m_body.reserve(BodyRoom);
@@ -40,35 +40,39 @@ CSurfacePSPrinter::CSurfacePSPrinter(const CSurfacePSPrinter& other)
     : CSurface(other), m_originX(other.m_originX), m_originY(other.m_originY),
       m_proceduresUsed(other.m_proceduresUsed), m_body(other.m_body), m_images(other.m_images),
       m_currentColor(other.m_currentColor), m_currentLineWidth(other.m_currentLineWidth),
-      m_clipActive(other.m_clipActive), m_definedPatterns(other.m_definedPatterns),
-      m_missingPictures(other.m_missingPictures), m_patternDefs(other.m_patternDefs),
-      m_patternDefEnds(other.m_patternDefEnds)
+      m_clipActive(other.m_clipActive), m_stateDepth(other.m_stateDepth),
+      m_depthsWithFont(other.m_depthsWithFont), m_toldTraps(other.m_toldTraps),
+      m_toldImages(other.m_toldImages), m_definedPatterns(other.m_definedPatterns),
+      m_missingPictures(other.m_missingPictures), m_patternTexts(other.m_patternTexts),
+      m_patternDefs(other.m_patternDefs)
 {
     addOwnerToEach(m_images);
 }
 
-// Images come last: nothing can fail between taking them over and owning them.
+// All that may fail comes first: a failure changes nothing.
 CSurfacePSPrinter& CSurfacePSPrinter::operator=(const CSurfacePSPrinter& other)
 {
     if (this == &other) {
         return *this;
     }
+    CSurfacePSPrinter copy(other);
     CSurface::operator=(other);
-    m_originX = other.m_originX;
-    m_originY = other.m_originY;
-    m_proceduresUsed = other.m_proceduresUsed;
-    m_body = other.m_body;
-    m_currentColor = other.m_currentColor;
-    m_currentLineWidth = other.m_currentLineWidth;
-    m_clipActive = other.m_clipActive;
-    m_definedPatterns = other.m_definedPatterns;
-    m_missingPictures = other.m_missingPictures;
-    m_patternDefs = other.m_patternDefs;
-    m_patternDefEnds = other.m_patternDefEnds;
-    const Array<CPostScriptImage, 10> ownImages(m_images);
-    m_images = other.m_images;
-    addOwnerToEach(m_images);
-    removeOwnerFromEach(ownImages);
+    m_originX = copy.m_originX;
+    m_originY = copy.m_originY;
+    m_proceduresUsed = copy.m_proceduresUsed;
+    m_currentColor = copy.m_currentColor;
+    m_currentLineWidth = copy.m_currentLineWidth;
+    m_clipActive = copy.m_clipActive;
+    m_stateDepth = copy.m_stateDepth;
+    m_depthsWithFont = copy.m_depthsWithFont;
+    m_toldTraps = copy.m_toldTraps;
+    m_toldImages.swap(copy.m_toldImages);
+    m_body.swap(copy.m_body);
+    m_images.swap(copy.m_images);
+    m_definedPatterns.swap(copy.m_definedPatterns);
+    m_missingPictures.swap(copy.m_missingPictures);
+    m_patternTexts.swap(copy.m_patternTexts);
+    m_patternDefs.swap(copy.m_patternDefs);
     return *this;
 }
 

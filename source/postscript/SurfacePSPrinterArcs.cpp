@@ -1,6 +1,7 @@
 // Ellipses, arcs, pies and chords: six operands each for the procedures of prolog/.
 #include "surfacePSPrinter.h"
 
+#include "postscript/PageChange.h"
 #include "postscript/PostScriptPieces.h"
 #include "surface/arcGeometry.h"
 
@@ -49,8 +50,8 @@ CSurfacePSPrinter::ArcOperands CSurfacePSPrinter::arcOperands(RECT* rect, int x1
 void CSurfacePSPrinter::appendPlainColor(TovoTextString& s, unsigned long color)
 {
     if (m_currentColor != color) {
-        m_currentColor = color;
         appendPieces(s, PsColor{color}, " setrgbcolor ");
+        m_currentColor = color;
     }
 }
 
@@ -60,6 +61,7 @@ void CSurfacePSPrinter::ellipse(RECT* rect)
         return;
     }
     const ArcOperands whole{centreOf(*rect), widthOf(*rect) / 2, heightOf(*rect) / 2, 0, 360};
+    Change change(*this);
     TovoTextString text(ArcRoom);
     if (haveStroke()) {
         appendPlainColor(text, m_pen.getColor());
@@ -71,8 +73,9 @@ void CSurfacePSPrinter::ellipse(RECT* rect)
         whole.append(text, " ellipse fill");
     }
     appendPieces(text, "\n");
-    m_body.append(text);
     m_proceduresUsed |= EllipseUsed;
+    m_body.append(text);
+    change.keep();
 }
 
 void CSurfacePSPrinter::drawArc(RECT* rect, int x1, int y1, int x2, int y2)
@@ -80,6 +83,7 @@ void CSurfacePSPrinter::drawArc(RECT* rect, int x1, int y1, int x2, int y2)
     if (rect == nullptr) {
         return;
     }
+    Change change(*this);
     m_proceduresUsed |= EllipseUsed;
     if (haveStroke()) {
         TovoTextString text(ArcRoom);
@@ -87,26 +91,27 @@ void CSurfacePSPrinter::drawArc(RECT* rect, int x1, int y1, int x2, int y2)
         arcOperands(rect, x1, y1, x2, y2).append(text, " ellipse stroke\n");
         m_body.append(text);
     }
+    change.keep();
 }
 
 void CSurfacePSPrinter::drawPie(RECT* rect, int x1, int y1, int x2, int y2)
 {
     if (rect != nullptr) {
-        drawSector(arcOperands(rect, x1, y1, x2, y2), " pie fill", " pie stroke");
-        m_proceduresUsed |= PieUsed;
+        drawSector(arcOperands(rect, x1, y1, x2, y2), " pie fill", " pie stroke", PieUsed);
     }
 }
 
 void CSurfacePSPrinter::drawChord(RECT* rect, int x1, int y1, int x2, int y2)
 {
     if (rect != nullptr) {
-        drawSector(arcOperands(rect, x1, y1, x2, y2), " chord fill ", " chord stroke ");
-        m_proceduresUsed |= ChordUsed;
+        drawSector(arcOperands(rect, x1, y1, x2, y2), " chord fill ", " chord stroke ", ChordUsed);
     }
 }
 
-void CSurfacePSPrinter::drawSector(const ArcOperands& arc, std::string_view fill, std::string_view stroke)
+void CSurfacePSPrinter::drawSector(const ArcOperands& arc, std::string_view fill, std::string_view stroke,
+                                   ProcedureBits procedure)
 {
+    Change change(*this);
     TovoTextString text(ArcRoom);
     if (haveFill()) {
         appendFillStyle(text);
@@ -121,5 +126,7 @@ void CSurfacePSPrinter::drawSector(const ArcOperands& arc, std::string_view fill
         arc.append(text, stroke);
     }
     appendPieces(text, "\n");
+    m_proceduresUsed |= procedure;
     m_body.append(text);
+    change.keep();
 }

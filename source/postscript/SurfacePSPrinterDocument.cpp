@@ -1,8 +1,10 @@
 // The document around a page's text: head, procedures, definitions of patterns, end.
 #include "surfacePSPrinter.h"
 
+#include "postscript/PageChange.h"
 #include "postscript/PostScriptPieces.h"
 #include "postscript/PostScriptProlog.h"
+#include "postscript/PostScriptSamples.h"
 #include "postscript/PostScriptUnits.h"
 #include "surface/moduleVersion.h"
 #include "surface/putInFront.h"
@@ -14,27 +16,34 @@ int wholePoints(int millimetres)
     return saturateToInt(millimetres * PointsPerMillimetre);
 }
 
-// Points for each logical unit.
+// Points for each logical unit; 1 where there are no units to divide by.
 FixedNumber scaleOf(int millimetres, int units)
 {
-    return finiteNumber(millimetres * PointsPerMillimetre / units, 3);
+    return finiteNumber(units != 0 ? millimetres * PointsPerMillimetre / units : 1, 3);
 }
 
 } // namespace
 
 int CSurfacePSPrinter::closeSurface()
 {
+    Change change(*this);
     defineMissingPatterns();
     TovoTextString head;
     appendHead(head);
     appendProcedures(head);
-    takePatternDefs(head);
+    appendPatternDefs(head);
+    const std::string_view end = m_clipActive ? "grestore\n\nshowpage\n\n" : "\nshowpage\n\n";
+    m_body.room(lengthIn32Bits(std::uint64_t{head.length()} + end.size()));
+    // With that room made, nothing fails any more.
     putInFront(m_body, head);
-    if (m_clipActive) {
-        m_body.append("grestore\n");
-        m_clipActive = false;
+    m_body.append(end.data(), static_cast<unsigned int>(end.size()));
+    m_clipActive = false;
+    m_missingPictures.cutTo(0);
+    forgetPatternDefs();
+    change.keep();
+    if (isWrittenAsZero(scaleOf(m_pageWidth, m_width)) || isWrittenAsZero(scaleOf(m_pageHeight, m_height))) {
+        tellOfTrap(Trap::ZeroScale);
     }
-    m_body.append("\nshowpage\n\n");
     return 0;
 }
 

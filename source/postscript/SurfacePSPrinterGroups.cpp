@@ -2,10 +2,12 @@
 // whichever was set first.
 #include "surfacePSPrinter.h"
 
+#include "postscript/PageChange.h"
 #include "postscript/PostScriptPieces.h"
 
 void CSurfacePSPrinter::setClippingRegion(RECT* rect)
 {
+    Change change(*this);
     const bool transformed = m_hasTransform;
     if (transformed) {
         clearTransform();
@@ -20,27 +22,36 @@ void CSurfacePSPrinter::setClippingRegion(RECT* rect)
         appendPieces(text, " clip newpath\n");
     }
     m_body.append(text);
+    if (m_clipActive || rect == nullptr) {
+        endState();
+    }
+    if (rect != nullptr) {
+        beginState();
+    }
     m_clipActive = rect != nullptr;
     if (transformed) {
         setTransform(m_transform[0], m_transform[1], m_transform[2], m_transform[3], m_transform[4],
                      m_transform[5]);
     }
+    change.keep();
 }
 
 // The signs turn the matrix from a space whose y points down into that of the page text.
 void CSurfacePSPrinter::setTransform(float m11, float m12, float m21, float m22, float dx, float dy)
 {
     constexpr int Decimals = 2;
-    CSurface::setTransform(m11, m12, m21, m22, dx, dy);
     TovoTextString text(TextRoom{100});
     appendPieces(text, "gsave [", finiteNumber(m11, Decimals), " ", finiteNumber(-m12, Decimals), " ",
                  finiteNumber(-m21, Decimals), " ", finiteNumber(m22, Decimals), " ",
                  finiteNumber(dx, Decimals), " ", finiteNumber(-dy, Decimals), "] concat\n");
     m_body.append(text);
+    beginState();
+    CSurface::setTransform(m11, m12, m21, m22, dx, dy);
 }
 
 void CSurfacePSPrinter::clearTransform()
 {
-    CSurface::clearTransform();
     m_body.append("grestore\n");
+    endState();
+    CSurface::clearTransform();
 }

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "postscript/PageChange.h"
 #include "postscript/PostScriptPieces.h"
 #include "postscript/PostScriptSamples.h"
 #include "surface/drawingNumbers.h"
@@ -17,7 +18,11 @@ CPostScriptImage* CSurfacePSPrinter::imageAt(unsigned int id) const
 void CSurfacePSPrinter::includeImage(unsigned int id, unsigned char* data, int size, int width, int height,
                                      int picType)
 {
-    if (id > GreatestImageId || imageAt(id) != nullptr) {
+    if (id > GreatestImageId) {
+        tellOfRefusedImage(id);
+        return;
+    }
+    if (imageAt(id) != nullptr) {
         return;
     }
     std::unique_ptr<CPostScriptImage> image(new CPostScriptImage);
@@ -29,11 +34,11 @@ void CSurfacePSPrinter::includeImage(unsigned int id, unsigned char* data, int s
     image->m_compressed = picType != JpegPicture && picType != TilePicture;
     encodeImage(data, size, picType, image->m_compressed, width, height, true, &image->m_data,
                 image->m_bitsPerPixel);
-    putByNumber(m_images, id, image.get());
-    const CPostScriptImage& held = *image.release();
+    putByNumber(m_images, id, static_cast<CPostScriptImage*>(nullptr)); // room, before anything can be seen
     if (picType == TilePicture) {
-        definePattern(static_cast<int>(id), held.m_width, held.m_height, held.m_data);
+        definePattern(static_cast<int>(id), width, height, image->m_data);
     }
+    m_images[id] = image.release();
 }
 
 void CSurfacePSPrinter::appendImageDictionary(TovoTextString& s, int width, int height)
@@ -52,6 +57,7 @@ void CSurfacePSPrinter::drawImage(RECT* rect, unsigned int id, int mode, int /*x
     const bool scaled = mode == ScaledMode;
     const int width = scaled ? widthOf(*rect) : image->m_width;
     const int height = scaled ? heightOf(*rect) : image->m_height;
+    Change change(*this);
     TovoTextString head(TextRoom{100});
     appendPieces(head, "gsave\n newpath ");
     appendPath(head, rect);
@@ -63,6 +69,7 @@ void CSurfacePSPrinter::drawImage(RECT* rect, unsigned int id, int mode, int /*x
         appendPieces(head, "\n[/Pattern /DeviceRGB] setcolorspace Pattern", id,
                      " setpattern  clippath fill\ngrestore\n");
         m_body.append(head);
+        change.keep();
         return;
     }
     appendPieces(head, " /DeviceRGB setcolorspace\n");
@@ -81,4 +88,5 @@ void CSurfacePSPrinter::drawImage(RECT* rect, unsigned int id, int mode, int /*x
     m_body.append(head);
     m_body.append(image->m_data);
     appendPieces(m_body, End);
+    change.keep();
 }

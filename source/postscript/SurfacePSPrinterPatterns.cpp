@@ -12,6 +12,7 @@
 #include "surface/drawingNumbers.h"
 #include "surface/putByNumber.h"
 #include "surface/putInFront.h"
+#include "surface/undo.h"
 
 namespace {
 
@@ -97,10 +98,19 @@ void CSurfacePSPrinter::definePattern(int picture, int width, int height, const 
     appendPieces(text, "\n   <");
     text.append(samples);
     appendPieces(text, ">\n  >>image\n }\n>> matrix makepattern /Pattern", picture, " exch def\n");
-    m_patternDefs.append(text);
-    m_patternDefEnds.add(m_patternDefs.length());
     if (picture >= 0 && picture <= GreatestImageId) {
-        putByNumber(m_definedPatterns, static_cast<unsigned int>(picture), true);
+        putByNumber(m_definedPatterns, static_cast<unsigned int>(picture), false); // room
+    }
+    m_patternDefs.add({picture, lengthIn32Bits(std::uint64_t{m_patternTexts.length()} + text.length())});
+    doOrUndo([&] { m_patternTexts.append(text); }, [&] { m_patternDefs.cutTo(m_patternDefs.size() - 1); });
+    setPatternDefined(picture, true);
+}
+
+// Numbers of no image have no place in the table, which has room for all others that were defined.
+void CSurfacePSPrinter::setPatternDefined(int picture, bool defined)
+{
+    if (static_cast<unsigned int>(picture) < m_definedPatterns.size()) {
+        m_definedPatterns[static_cast<unsigned int>(picture)] = defined;
     }
 }
 
@@ -118,25 +128,30 @@ void CSurfacePSPrinter::defineMissingPatterns()
             definePattern(*picture, 1, 1, TovoTextString());
         }
     }
-    m_missingPictures.clear();
 }
 
-void CSurfacePSPrinter::takePatternDefs(TovoTextString& front)
+void CSurfacePSPrinter::appendPatternDefs(TovoTextString& front) const
 {
-    front.reserve(lengthIn32Bits(std::uint64_t{front.length()} + m_patternDefs.length()));
-    for (unsigned int i = m_patternDefEnds.size(); i > 0; --i) {
-        const unsigned int begin = i > 1 ? m_patternDefEnds[i - 2] : 0;
-        front.append(m_patternDefs.text() + begin, m_patternDefEnds[i - 1] - begin);
+    front.reserve(lengthIn32Bits(std::uint64_t{front.length()} + m_patternTexts.length()));
+    for (unsigned int i = m_patternDefs.size(); i > 0; --i) {
+        const unsigned int begin = i > 1 ? m_patternDefs[i - 2].end : 0;
+        front.append(m_patternTexts.text() + begin, m_patternDefs[i - 1].end - begin);
     }
-    m_patternDefs.empty();
-    m_patternDefEnds.clear();
+}
+
+// They are part of the page's text from now on.
+void CSurfacePSPrinter::forgetPatternDefs()
+{
+    m_patternTexts.empty();
+    m_patternDefs.cutTo(0);
 }
 
 void CSurfacePSPrinter::settlePatternDefs()
 {
-    if (!m_patternDefs.isEmpty()) {
+    if (!m_patternTexts.isEmpty()) {
         TovoTextString front;
-        takePatternDefs(front);
+        appendPatternDefs(front);
         putInFront(m_body, front);
+        forgetPatternDefs();
     }
 }

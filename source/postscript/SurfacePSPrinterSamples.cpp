@@ -136,8 +136,9 @@ unsigned int CSurfacePSPrinter::encodeImage(unsigned char* data, int size, int /
             RLECompress(&stream, &compressed);
             stream = std::move(compressed);
         }
-        out->empty();
-        appendHexadecimal(*out, std::string_view(stream.data(), stream.length()));
+        TovoTextString text;
+        appendHexadecimal(text, std::string_view(stream.data(), stream.length()));
+        *out = std::move(text);
     } catch (const KrnException&) {
         return NoMemory;
     }

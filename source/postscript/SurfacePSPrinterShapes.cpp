@@ -1,13 +1,19 @@
-// Lines, rectangles and polygons. The text of each is composed apart and joins the page in one step, so that a
-// page without memory never ends in half of one.
+// Lines, rectangles and polygons. The text of each is composed apart and joins the page in one step.
 #include "surfacePSPrinter.h"
 
+#include "postscript/PageChange.h"
 #include "postscript/PostScriptPieces.h"
 #include "surface/drawingNumbers.h"
+#include "surface/undo.h"
 
 namespace {
 
 constexpr TextRoom ShapeRoom{100};
+
+bool hasLength(int side, int length)
+{
+    return side == length || side == wrapSubtract(0, length);
+}
 
 bool drawable(const POINT* points, unsigned int count)
 {
@@ -18,10 +24,12 @@ bool drawable(const POINT* points, unsigned int count)
 
 void CSurfacePSPrinter::drawLine(int x1, int y1, int x2, int y2)
 {
+    Change change(*this);
     TovoTextString text(ShapeRoom);
     appendDrawStyle(text);
     appendPieces(text, " ", PsPoint{x1, y1}, " moveto ", PsPoint{x2, y2}, " lineto stroke\n");
     m_body.append(text);
+    change.keep();
 }
 
 void CSurfacePSPrinter::drawRectangle(RECT* rect)
@@ -31,6 +39,7 @@ void CSurfacePSPrinter::drawRectangle(RECT* rect)
     }
     const bool stroke = haveStroke();
     const bool fill = haveFill();
+    Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, PsRectangle{*rect}, std::string_view(stroke && fill ? " 4 copy" : ""));
     if (fill) {
@@ -43,6 +52,7 @@ void CSurfacePSPrinter::drawRectangle(RECT* rect)
     }
     appendPieces(text, "\n");
     m_body.append(text);
+    change.keep();
 }
 
 void CSurfacePSPrinter::drawSolidRectangle(RECT* rect, unsigned long color)
@@ -50,10 +60,12 @@ void CSurfacePSPrinter::drawSolidRectangle(RECT* rect, unsigned long color)
     if (rect == nullptr) {
         return;
     }
+    Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, PsColor{color}, " ", PsRectangle{*rect}, " solidrect\n");
-    m_body.append(text);
     m_proceduresUsed |= SolidRectUsed;
+    m_body.append(text);
+    change.keep();
 }
 
 void CSurfacePSPrinter::frameRect(RECT* rect, unsigned long color)
@@ -61,10 +73,12 @@ void CSurfacePSPrinter::frameRect(RECT* rect, unsigned long color)
     if (rect == nullptr) {
         return;
     }
+    Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, PsColor{color}, " ", PsRectangle{*rect}, " framerect\n");
-    m_body.append(text);
     m_proceduresUsed |= FrameRectUsed;
+    m_body.append(text);
+    change.keep();
 }
 
 void CSurfacePSPrinter::drawFocusRect(RECT* rect)
@@ -72,10 +86,12 @@ void CSurfacePSPrinter::drawFocusRect(RECT* rect)
     if (rect == nullptr) {
         return;
     }
+    Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, PsRectangle{*rect}, " focusrect\n");
-    m_body.append(text);
     m_proceduresUsed |= FocusRectUsed;
+    m_body.append(text);
+    change.keep();
 }
 
 void CSurfacePSPrinter::drawRoundedRectangle(RECT* rect, unsigned int radius, unsigned int /*secondRadius*/)
@@ -88,6 +104,7 @@ void CSurfacePSPrinter::drawRoundedRectangle(RECT* rect, unsigned int radius, un
     const PsPoint topRight{rect->right, rect->top};
     const PsPoint bottomRight{rect->right, rect->bottom};
     const PsPoint bottomLeft{rect->left, rect->bottom};
+    Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, PsPoint{wrapAdd(rect->left, r), rect->top}, " moveto ");
     appendPieces(text, topRight, " ", bottomRight, " ", r, " arcto ");
@@ -97,6 +114,12 @@ void CSurfacePSPrinter::drawRoundedRectangle(RECT* rect, unsigned int radius, un
     appendStrokeAndFill(text);
     appendPieces(text, "\n");
     m_body.append(text);
+    change.keep();
+    const int width = widthOf(*rect);
+    const int height = heightOf(*rect);
+    if (width == 0 || height == 0 || hasLength(width, r) || hasLength(height, r)) {
+        tellOfTrap(Trap::RoundedCorners);
+    }
 }
 
 void CSurfacePSPrinter::polygon(POINT* points, unsigned int count)
@@ -109,6 +132,7 @@ void CSurfacePSPrinter::drawPolygon(POINT* points, unsigned int count, bool fill
     if (!drawable(points, count)) {
         return;
     }
+    Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, " newpath ");
     appendPath(text, points, count);
@@ -119,6 +143,7 @@ void CSurfacePSPrinter::drawPolygon(POINT* points, unsigned int count, bool fill
     }
     appendPieces(text, "\n");
     m_body.append(text);
+    change.keep();
 }
 
 void CSurfacePSPrinter::polyline(POINT* points, unsigned int count)
@@ -131,12 +156,14 @@ void CSurfacePSPrinter::drawPolyline(POINT* points, unsigned int count)
     if (!drawable(points, count)) {
         return;
     }
+    Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, " newpath ");
     appendOpenPath(text, points, count);
     appendStroke(text);
     appendPieces(text, "\n");
     m_body.append(text);
+    change.keep();
 }
 
 void CSurfacePSPrinter::drawPath(RECT* rect, bool fill)
@@ -144,6 +171,7 @@ void CSurfacePSPrinter::drawPath(RECT* rect, bool fill)
     if (rect == nullptr) {
         return;
     }
+    Change change(*this);
     TovoTextString text(ShapeRoom);
     appendClipStyle(text, rect);
     appendPieces(text, "\n");
@@ -157,12 +185,17 @@ void CSurfacePSPrinter::drawPath(RECT* rect, bool fill)
     }
     appendPieces(text, " stroke\n");
     m_body.append(text);
+    change.keep();
 }
 
 void CSurfacePSPrinter::drawEraseRectangle(RECT* rect, unsigned long color)
 {
+    // setForeColor is a host's to override, so that nothing but it puts the colour back.
     const unsigned long kept = m_foreColor;
+    const auto putBack = [&] {
+        setForeColor(kept);
+    };
     setForeColor(color);
-    drawPath(rect, true);
-    setForeColor(kept);
+    doOrUndo([&] { drawPath(rect, true); }, putBack);
+    putBack();
 }

@@ -3,6 +3,7 @@
 // Blanks stand as documents have them: operands end in one and most operators begin with one, so two often meet.
 #include "surfacePSPrinter.h"
 
+#include "postscript/PageChange.h"
 #include "postscript/PostScriptPieces.h"
 #include "surface/drawingNumbers.h"
 
@@ -92,38 +93,42 @@ void CSurfacePSPrinter::appendDrawStyle(TovoTextString& s)
     if (!haveStroke()) {
         return;
     }
+    TextChange change(s);
     const unsigned int before = s.length();
     if (m_currentColor != m_pen.getColor()) {
-        m_currentColor = m_pen.getColor();
-        appendPieces(s, " ", PsColor{m_currentColor}, " setrgbcolor");
+        appendPieces(s, " ", PsColor{m_pen.getColor()}, " setrgbcolor");
     }
     if (m_currentLineWidth != m_pen.getWidth()) {
-        m_currentLineWidth = m_pen.getWidth();
-        appendPieces(s, " ", m_currentLineWidth, " setlinewidth");
+        appendPieces(s, " ", m_pen.getWidth(), " setlinewidth");
     }
     const std::string_view cap = textOfField(Caps, m_pen.getStyle(), PenCapBit);
     const std::string_view join = textOfField(Joins, m_pen.getStyle(), PenJoinBit);
     // Numbers follow, which must stay tokens of their own.
     const bool needsEnd = cap.empty() && join.empty() && s.length() != before;
     appendPieces(s, cap, join, std::string_view(needsEnd ? " " : ""));
+    change.keep();
+    m_currentColor = m_pen.getColor();
+    m_currentLineWidth = m_pen.getWidth();
 }
 
 void CSurfacePSPrinter::appendFillStyle(TovoTextString& s)
 {
+    TextChange change(s);
     const int style = m_brush.getStyle();
     const int hatch = wrapSubtract(style, FirstHatchBrush);
     if (style == SolidBrush) {
+        appendPieces(s, " ", PsColor{m_brush.getColor()}, " setrgbcolor ");
         m_currentColor = m_brush.getColor();
-        appendPieces(s, " ", PsColor{m_currentColor}, " setrgbcolor ");
     } else if (style == PictureBrush) {
-        usePattern(m_brush.getPicture());
         appendPieces(s, "\n[/Pattern /DeviceRGB] setcolorspace Pattern", m_brush.getPicture(),
                      " setpattern ");
+        usePattern(m_brush.getPicture());
     } else if (hatch >= 0 && hatch < HatchCount) {
-        m_proceduresUsed |= HatchUsed;
         appendPieces(s, "\n[/Pattern /DeviceRGB] setcolorspace ", PsColor{m_brush.getColor()}, Hatches[hatch],
                      " setcolor ");
+        m_proceduresUsed |= HatchUsed;
     }
+    change.keep();
 }
 
 // A path that no pen paints is dropped: it would be painted with the next one.
@@ -135,24 +140,26 @@ void CSurfacePSPrinter::appendStroke(TovoTextString& s)
 
 void CSurfacePSPrinter::appendStrokeAndFill(TovoTextString& s)
 {
+    Change change(*this);
+    TextChange textChange(s);
     if (!haveFill()) {
         if (haveStroke()) {
             appendStroke(s);
         }
-        return;
-    }
-    if (!haveStroke()) {
+    } else if (!haveStroke()) {
         appendFillStyle(s);
         appendPieces(s, " fill");
-        return;
+    } else {
+        // A fill uses the path up, and the outline needs it once more.
+        const unsigned long colorOutside = m_currentColor;
+        appendPieces(s, " gsave");
+        appendFillStyle(s);
+        appendPieces(s, " fill grestore");
+        m_currentColor = colorOutside;
+        appendStroke(s);
     }
-    // A fill uses the path up, and the outline needs it once more.
-    const unsigned long colorOutside = m_currentColor;
-    appendPieces(s, " gsave");
-    appendFillStyle(s);
-    appendPieces(s, " fill grestore");
-    m_currentColor = colorOutside;
-    appendStroke(s);
+    change.keep();
+    textChange.keep();
 }
 
 void CSurfacePSPrinter::appendClipStyle(TovoTextString& /*s*/, RECT* /*rect*/) {}

@@ -7,11 +7,13 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
-#include <cstring>
 
+#include "postscript/PageChange.h"
 #include "postscript/PostScriptPieces.h"
 #include "postscript/PostScriptUnits.h"
+#include "surface/boundedText.h"
 #include "surface/drawingNumbers.h"
+#include "surface/undo.h"
 
 namespace {
 
@@ -45,14 +47,6 @@ void appendLiteral(TovoTextString& out, std::string_view text)
     appendPieces(out, behindZero);
 }
 
-// The first `length` characters, or all there are. Nothing behind them is looked at.
-std::string_view leftOf(const char* text, std::size_t length)
-{
-    const void* const end = std::memchr(text, '\0', length);
-    return std::string_view(
-        text, end != nullptr ? static_cast<std::size_t>(static_cast<const char*>(end) - text) : length);
-}
-
 std::string_view viewOf(const TovoTextString& text)
 {
     return std::string_view(text.text(), text.length());
@@ -80,8 +74,7 @@ TovoTextString CSurfacePSPrinter::toPS(TovoTextString text)
 
 double CSurfacePSPrinter::unitsPerPoint() const
 {
-    const double units = m_height / (m_pageHeight * PointsPerMillimetre);
-    return std::isfinite(units) ? units : 0;
+    return m_pageHeight != 0 ? m_height / (m_pageHeight * PointsPerMillimetre) : 1;
 }
 
 void CSurfacePSPrinter::setFont(CSurfaceFont* font)
@@ -89,9 +82,14 @@ void CSurfacePSPrinter::setFont(CSurfaceFont* font)
     if (font == nullptr) {
         return;
     }
+    const CSurfaceFont before = m_font;
     m_font = *font;
-    writeFont(font->getFaceName(), font->getSize(), font->getBold(), font->getItalic(), font->getStrikethru(),
-              font->getUnderline());
+    doOrUndo(
+        [&] {
+            writeFont(font->getFaceName(), font->getSize(), font->getBold(), font->getItalic(),
+                      font->getStrikethru(), font->getUnderline());
+        },
+        [&] { m_font = before; });
 }
 
 // The name goes into the text as it is. One with a blank becomes a string for findfont, behind the empty name
@@ -101,11 +99,15 @@ void CSurfacePSPrinter::writeFont(char* faceName, float size, bool bold, bool it
 {
     const std::string_view name(faceName != nullptr ? faceName : "");
     const bool withBlank = name.find(' ') != std::string_view::npos;
+    const FixedNumber units = finiteNumber(size * unitsPerPoint(), 2);
     TovoTextString text(TextRoom{200});
     appendPieces(text, "/", std::string_view(withBlank ? "(" : ""), name, styleOf(bold, italic),
-                 std::string_view(withBlank ? ")" : ""), " findfont ",
-                 finiteNumber(size * unitsPerPoint(), 2), " scalefont setfont \n");
+                 std::string_view(withBlank ? ")" : ""), " findfont ", units, " scalefont setfont \n");
     m_body.append(text);
+    noteFont();
+    if (isWrittenAsZero(units)) {
+        tellOfTrap(Trap::ZeroFont);
+    }
 }
 
 // Whether it wrote anything.
@@ -114,19 +116,23 @@ bool CSurfacePSPrinter::appendTextColor(TovoTextString& s)
     if (m_currentColor == m_textStyle.getColor()) {
         return false;
     }
+    appendRGBColor(s, m_textStyle.getColor());
     m_currentColor = m_textStyle.getColor();
-    appendRGBColor(s, m_currentColor);
     return true;
 }
 
 void CSurfacePSPrinter::appendTextStyle(TovoTextString& s, RECT* rect, int /*flags*/)
 {
+    Change change(*this);
+    TextChange textChange(s);
     appendClipStyle(s, rect);
     if (m_currentColor != m_textStyle.getColor()) {
         appendPieces(s, " ");
         appendTextColor(s);
     }
     appendPieces(s, "\n");
+    change.keep();
+    textChange.keep();
 }
 
 int CSurfacePSPrinter::baseLineBelow(int top) const
@@ -139,6 +145,7 @@ void CSurfacePSPrinter::drawString(const char* text, RECT* rect, unsigned int fl
     if (text == nullptr || rect == nullptr) {
         return;
     }
+    Change change(*this);
     const std::string_view characters(text);
     TovoTextString run(roomFor(characters));
     appendTextStyle(run, rect, wrapToInt(flags));
@@ -146,6 +153,7 @@ void CSurfacePSPrinter::drawString(const char* text, RECT* rect, unsigned int fl
     appendLiteral(run, characters);
     appendPieces(run, ") show\n");
     m_body.append(run);
+    change.keep();
 }
 
 void CSurfacePSPrinter::drawText(const char* text, RECT* rect, unsigned int flags)
@@ -158,6 +166,7 @@ void CSurfacePSPrinter::drawTextAt(const char* text, POINT* point, unsigned int 
     if (text == nullptr || point == nullptr) {
         return;
     }
+    Change change(*this);
     const std::string_view characters(text);
     std::string_view show = ") show\n";
     if ((flags & RightFlag) != 0) {
@@ -173,6 +182,7 @@ void CSurfacePSPrinter::drawTextAt(const char* text, POINT* point, unsigned int 
     appendLiteral(run, characters);
     appendPieces(run, show);
     m_body.append(run);
+    change.keep();
 }
 
 void CSurfacePSPrinter::drawTextOnBaseLine(int x, int y, unsigned int /*options*/, RECT* rect, char* text,
@@ -181,9 +191,7 @@ void CSurfacePSPrinter::drawTextOnBaseLine(int x, int y, unsigned int /*options*
     if (text == nullptr) {
         return;
     }
-    const std::string_view characters = length == WholeText
-                                            ? std::string_view(text)
-                                            : leftOf(text, static_cast<std::size_t>(std::max(length, 0)));
+    const std::string_view characters = leftOf(text, length);
     TovoTextString run(roomFor(characters));
     if (rect != nullptr) {
         appendPieces(run, "gsave newpath ");
@@ -201,6 +209,7 @@ bool CSurfacePSPrinter::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* re
     if (chunks == nullptr || rect == nullptr) {
         return false;
     }
+    Change change(*this);
     TovoTextString text(TextRoom{500});
     if (appendTextColor(text)) {
         appendPieces(text, "\n");
@@ -237,12 +246,16 @@ bool CSurfacePSPrinter::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* re
     }
     appendPieces(text, "grestore\n");
     m_body.append(text);
+    change.keep();
     return true;
 }
 
 void CSurfacePSPrinter::appendChunk(TovoTextString& s, const CSurfaceTextChunk& chunk)
 {
     const bool underline = m_font.getUnderline() || chunk.m_underline;
+    if ((underline || m_font.getStrikethru()) && m_depthsWithFont == 0) {
+        tellOfTrap(Trap::LineWithoutFont);
+    }
     const int charAngle = m_textStyle.getCharAngle();
     const int textAngle = m_textStyle.getTextAngle();
     appendPieces(s, std::max(chunk.m_textLength, 0), " ",

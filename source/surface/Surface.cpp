@@ -1,5 +1,8 @@
 #include "surface.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "surface/color.h"
 #include "surface/moduleHeap.h"
 
@@ -12,7 +15,29 @@ CSurface::CSurface()
 
 CSurface::CSurface(const CSurface& other) = default;
 
-CSurface& CSurface::operator=(const CSurface& other) = default;
+CSurface& CSurface::operator=(const CSurface& other)
+{
+    m_imageIds = other.m_imageIds; // first, because nothing after it can fail
+    m_width = other.m_width;
+    m_height = other.m_height;
+    m_pageWidth = other.m_pageWidth;
+    m_pageHeight = other.m_pageHeight;
+    m_outputWidth = other.m_outputWidth;
+    m_outputHeight = other.m_outputHeight;
+    m_drawMode = other.m_drawMode;
+    m_foreColor = other.m_foreColor;
+    m_backColor = other.m_backColor;
+    m_brush = other.m_brush;
+    m_pen = other.m_pen;
+    m_font = other.m_font;
+    m_textStyle = other.m_textStyle;
+    m_clipRegion = other.m_clipRegion;
+    m_viewportOriginX = other.m_viewportOriginX;
+    m_viewportOriginY = other.m_viewportOriginY;
+    std::copy(std::begin(other.m_transform), std::end(other.m_transform), std::begin(m_transform));
+    m_hasTransform = other.m_hasTransform;
+    return *this;
+}
 
 CSurface::~CSurface() = default;
 

@@ -29,7 +29,31 @@ CSurfaceSVG::CSurfaceSVG(RECT* page, RECT* logical) : CSurfaceSVG()
 
 CSurfaceSVG::CSurfaceSVG(const CSurfaceSVG& other) = default;
 
-CSurfaceSVG& CSurfaceSVG::operator=(const CSurfaceSVG& other) = default;
+// All that may fail comes first: a failure changes nothing.
+CSurfaceSVG& CSurfaceSVG::operator=(const CSurfaceSVG& other)
+{
+    if (this == &other) {
+        return *this;
+    }
+    CSurfaceSVG copy(other);
+    CSurface::operator=(other);
+    m_clipCount = copy.m_clipCount;
+    m_patternCount = copy.m_patternCount;
+    m_symbolsUsed = copy.m_symbolsUsed;
+    m_nofmPending = copy.m_nofmPending;
+    m_currentClip = copy.m_currentClip;
+    m_fontGroupOpen = copy.m_fontGroupOpen;
+    m_textPathCount = copy.m_textPathCount;
+    m_body.swap(copy.m_body);
+    m_imageDefs.swap(copy.m_imageDefs);
+    m_clipDefs.swap(copy.m_clipDefs);
+    m_patternDefs.swap(copy.m_patternDefs);
+    m_textPathDefs.swap(copy.m_textPathDefs);
+    m_imageSizes.swap(copy.m_imageSizes);
+    m_imagesIncluded.swap(copy.m_imagesIncluded);
+    m_toldImages.swap(copy.m_toldImages);
+    return *this;
+}
 
 CSurfaceSVG::~CSurfaceSVG() = default;
 

@@ -10,6 +10,7 @@
 #include "surface/arcGeometry.h"
 #include "surface/pageText.h"
 #include "surface/rectangle.h"
+#include "svg/PageChange.h"
 #include "svg/SvgDialect.h"
 
 namespace {
@@ -90,6 +91,7 @@ void CSurfaceSVG::drawChord(RECT* rect, int x1, int y1, int x2, int y2)
     POINT end{x2, y2};
     ArcPath arc{};
     SVGArc(rect, &start, &end, arc.rx, arc.ry, arc.start, arc.end, arc.largeArc, arc.sweep);
+    Change change(*this);
     TovoTextString element(ArcRoom);
     appendPieces(element, "<path d='M");
     appendArc(element, arc);
@@ -98,6 +100,7 @@ void CSurfaceSVG::drawChord(RECT* rect, int x1, int y1, int x2, int y2)
     appendFillStyle(element);
     appendArguments(element, ChordName, *rect, start, end);
     m_body.append(element);
+    change.keep();
 }
 
 void CSurfaceSVG::drawPie(RECT* rect, int x1, int y1, int x2, int y2)
@@ -110,6 +113,7 @@ void CSurfaceSVG::drawPie(RECT* rect, int x1, int y1, int x2, int y2)
     ArcPath arc{};
     SVGArc(rect, &start, &end, arc.rx, arc.ry, arc.start, arc.end, arc.largeArc, arc.sweep);
     const POINT centre = centreOf(*rect);
+    Change change(*this);
     TovoTextString element(ArcRoom);
     appendPieces(element, "<path d='M", int{centre.x}, " ", int{centre.y}, "L");
     appendArc(element, arc);
@@ -118,4 +122,5 @@ void CSurfaceSVG::drawPie(RECT* rect, int x1, int y1, int x2, int y2)
     appendFillStyle(element);
     appendArguments(element, PieName, *rect, start, end);
     m_body.append(element);
+    change.keep();
 }

@@ -1,6 +1,9 @@
 // The document around a page's content: head, shared definitions, end pieces.
 #include "surfaceSVG.h"
 
+#include <climits>
+#include <cstdint>
+
 #include "surface/moduleVersion.h"
 #include "surface/pageText.h"
 #include "surface/putInFront.h"
@@ -49,8 +52,16 @@ int CSurfaceSVG::closeSurface()
                  "<svg width='", m_pageWidth, "mm' height='", m_pageHeight, "mm' ", ViewBoxKey, "0 0 ",
                  m_width, " ", m_height, "'", Namespaces, ">\n\n");
     appendDefinitions(head);
+    constexpr std::string_view EndOfGroup = "</g>\n";
+    constexpr std::string_view End = "</svg>\n\n";
+    const std::uint64_t endLength = 3 * EndOfGroup.size() + End.size();
+    if (const std::uint64_t length = head.length() + endLength; length <= UINT_MAX) {
+        m_body.room(static_cast<unsigned int>(length));
+    } else {
+        krnOutOfMemory();
+    }
+    // With that room made, nothing fails any more.
     putInFront(m_body, head);
-
     if (m_hasTransform) {
         writeEndGroup();
         m_hasTransform = false;
@@ -63,7 +74,7 @@ int CSurfaceSVG::closeSurface()
         m_fontGroupOpen = false;
         writeEndGroup();
     }
-    m_body.append("</svg>\n\n");
+    appendPieces(m_body, End);
     return 0;
 }
 

@@ -6,8 +6,11 @@
 #include "surfaceSVG.h"
 
 #include <algorithm>
+#include <array>
 
 #include "surface/pageText.h"
+#include "surface/undo.h"
+#include "svg/PageChange.h"
 #include "svg/SvgDialect.h"
 
 namespace {
@@ -44,9 +47,14 @@ void CSurfaceSVG::setFont(CSurfaceFont* font)
     if (font == nullptr) {
         return;
     }
+    const CSurfaceFont before = m_font;
     m_font = *font;
-    newFont(font->getFaceName(), font->getSize(), font->getBold(), font->getItalic(), font->getStrikethru(),
-            font->getUnderline());
+    doOrUndo(
+        [&] {
+            newFont(font->getFaceName(), font->getSize(), font->getBold(), font->getItalic(),
+                    font->getStrikethru(), font->getUnderline());
+        },
+        [&] { m_font = before; });
 }
 
 void CSurfaceSVG::newFont(char* faceName, float size, bool bold, bool italic, bool strikethru, bool underline)
@@ -57,6 +65,7 @@ void CSurfaceSVG::newFont(char* faceName, float size, bool bold, bool italic, bo
 void CSurfaceSVG::writeFont(char* faceName, float size, bool bold, bool italic, bool strikethru,
                             bool underline)
 {
+    Change change(*this);
     // A clip group stands inside the font group and must not outlive it.
     const bool clipOpen = m_currentClip > 0;
     if (clipOpen) {
@@ -82,20 +91,22 @@ void CSurfaceSVG::writeFont(char* faceName, float size, bool bold, bool italic, 
     if (clipOpen) {
         writeClippingRegion();
     }
+    change.keep();
 }
 
 void CSurfaceSVG::setClippingRegion(RECT* rect)
 {
+    Change change(*this);
     if (m_currentClip > 0) {
         writeEndGroup();
     }
-    if (rect == nullptr) {
-        m_currentClip = 0;
-        return;
+    m_currentClip = 0;
+    if (rect != nullptr) {
+        makeClipDef(rect);
+        m_currentClip = m_clipCount;
+        writeClippingRegion();
     }
-    makeClipDef(rect);
-    m_currentClip = m_clipCount;
-    writeClippingRegion();
+    change.keep();
 }
 
 void CSurfaceSVG::writeClippingRegion()
@@ -105,11 +116,14 @@ void CSurfaceSVG::writeClippingRegion()
 
 void CSurfaceSVG::setTransform(float m11, float m12, float m21, float m22, float dx, float dy)
 {
+    Change change(*this);
+    const std::array<float, 6> before = std::to_array(m_transform);
     if (m_hasTransform) {
         writeEndGroup();
     }
     CSurface::setTransform(m11, m12, m21, m22, dx, dy);
-    writeTransform();
+    doOrUndo([&] { writeTransform(); }, [&] { std::ranges::copy(before, m_transform); });
+    change.keep();
 }
 
 void CSurfaceSVG::writeTransform()

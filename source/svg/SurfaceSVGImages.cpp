@@ -9,8 +9,11 @@
 
 #include "surface/decodedImage.h"
 #include "surface/drawingNumbers.h"
+#include "surface/moduleHeap.h"
 #include "surface/pageText.h"
 #include "surface/rectangle.h"
+#include "surface/toldOnce.h"
+#include "svg/PageChange.h"
 #include "svg/SvgDialect.h"
 #include "sys/krnutil.h"
 
@@ -36,6 +39,25 @@ FREE_IMAGE_FORMAT formatOf(int picType)
     return FIF_UNKNOWN;
 }
 
+// What base64Encode gave.
+struct Base64Text {
+    Base64Text() = default;
+    Base64Text(const Base64Text&) = delete;
+    Base64Text& operator=(const Base64Text&) = delete;
+    ~Base64Text() { base64Free(characters); }
+
+    char* characters = nullptr;
+};
+
+// So that atPut needs no memory.
+template <typename T>
+void makeRoomFor(Vector<T, 10>& table, unsigned int index)
+{
+    if (index >= table.capacity()) {
+        table.reSize(index + 1);
+    }
+}
+
 // Encodes as `format` and gives Base64 text; 0, or an error number.
 int encodeBitmap(FreeImageDesc& library, FREE_IMAGE_FORMAT format, FIBITMAP* bitmap, char*& text,
                  int& textLength)
@@ -56,22 +78,27 @@ void CSurfaceSVG::includeImage(unsigned int id, unsigned char* data, int size, i
                                int picType)
 {
     if (id > GreatestImageId) {
+        if (firstTold(m_toldImages, id)) {
+            moduleLog.log("CSurfaceSVG::includeImage Image id %u is above %d", id, GreatestImageId);
+        }
         return;
     }
-    m_imageSizes.atPut(id, POINT{width, height});
-    m_imagesIncluded.atPut(id, true);
-    char* text = nullptr;
+    Base64Text text;
     int textLength = 0;
-    const int error = convertImage(data, size, picType, text, textLength);
+    const int error = convertImage(data, size, picType, text.characters, textLength);
     TovoTextString element(TextRoom{200});
     appendPieces(element, "<image id='", ImageId, id, "' width='", width, "' height='", height, "' ",
                  PictureTypeKey, picType, "' preserveAspectRatio='defer' ", HrefKey, "data:;base64,\n");
     if (error == 0) {
-        element.append(text, static_cast<unsigned int>(textLength));
-        base64Free(text);
+        element.append(text.characters, static_cast<unsigned int>(textLength));
     }
     appendPieces(element, "'/>\n");
+    makeRoomFor(m_imageSizes, id);
+    makeRoomFor(m_imagesIncluded, id);
     m_imageDefs.append(element);
+    // The image counts once it is written.
+    m_imageSizes.atPut(id, POINT{width, height});
+    m_imagesIncluded.atPut(id, true);
 }
 
 int CSurfaceSVG::convertImage(unsigned char* data, int size, int picType, char*& text, int& textLength)
@@ -123,6 +150,7 @@ void CSurfaceSVG::drawImage(RECT* rect, unsigned int id, int mode, int x, int y)
     }
     const int width = widthOf(*rect);
     const int height = heightOf(*rect);
+    Change change(*this);
     TovoTextString element(TextRoom{400});
     appendPieces(element, "\n<svg x='", int{rect->left}, "' y='", int{rect->top}, "' width='", width,
                  "' height='", height, "' ", ViewBoxKey, "0 0 ");
@@ -142,6 +170,7 @@ void CSurfaceSVG::drawImage(RECT* rect, unsigned int id, int mode, int x, int y)
     }
     appendPieces(element, "'/>\n</svg>\n");
     m_body.append(element);
+    change.keep();
 }
 
 void CSurfaceSVG::makePatternDef(int image)

@@ -1,5 +1,4 @@
-// Shapes, one element each. An element is composed apart and joins the page in one step, so that a page
-// without memory never ends in half of one.
+// Shapes, one element each. An element is composed apart and joins the page in one step.
 #include "surfaceSVG.h"
 
 #include <cstdlib>
@@ -7,6 +6,8 @@
 #include "surface/drawingNumbers.h"
 #include "surface/pageText.h"
 #include "surface/rectangle.h"
+#include "surface/undo.h"
+#include "svg/PageChange.h"
 #include "svg/SvgDialect.h"
 
 namespace {
@@ -44,7 +45,9 @@ void CSurfaceSVG::drawSolidRectangle(RECT* rect, unsigned long color)
     }
     TovoTextString element(ElementRoom);
     appendUse(element, *rect, SolidRectSymbol);
-    appendPieces(element, " ", FillKey, RgbColor{color}, "'/>\n");
+    appendPieces(element, " ", FillKey);
+    appendRGBColor(element, color);
+    appendPieces(element, "'/>\n");
     m_body.append(element);
     m_symbolsUsed |= SolidRectUsed;
 }
@@ -56,7 +59,9 @@ void CSurfaceSVG::frameRect(RECT* rect, unsigned long color)
     }
     TovoTextString element(ElementRoom);
     appendUse(element, *rect, FrameRectSymbol);
-    appendPieces(element, " ", StrokeKey, RgbColor{color}, "'/>\n");
+    appendPieces(element, " ", StrokeKey);
+    appendRGBColor(element, color);
+    appendPieces(element, "'/>\n");
     m_body.append(element);
     m_symbolsUsed |= FrameRectUsed;
 }
@@ -92,6 +97,7 @@ void CSurfaceSVG::drawRectangle(RECT* rect, int rx, int ry)
     if (rect == nullptr) {
         return;
     }
+    Change change(*this);
     TovoTextString element(ElementRoom);
     appendPieces(element, "<rect x='", int{rect->left}, "' y='", int{rect->top}, "' width='", widthOf(*rect),
                  "' height='", heightOf(*rect), "'");
@@ -105,6 +111,7 @@ void CSurfaceSVG::drawRectangle(RECT* rect, int rx, int ry)
     appendPenStyle(element);
     appendPieces(element, " />\n");
     m_body.append(element);
+    change.keep();
 }
 
 void CSurfaceSVG::drawRoundedRectangle(RECT* rect, unsigned int width, unsigned int height)
@@ -124,6 +131,7 @@ void CSurfaceSVG::drawEllipse(RECT* rect, bool /*filled*/)
     }
     const int rx = widthOf(*rect) / 2;
     const int ry = heightOf(*rect) / 2;
+    Change change(*this);
     TovoTextString element(ElementRoom);
     appendPieces(element, "<ellipse cx='", wrapAdd(rect->left, rx), "' cy='", wrapAdd(rect->top, ry),
                  "' rx='", std::abs(rx), "' ry='", std::abs(ry), "' ");
@@ -131,6 +139,7 @@ void CSurfaceSVG::drawEllipse(RECT* rect, bool /*filled*/)
     appendPenStyle(element);
     appendPieces(element, " />\n");
     m_body.append(element);
+    change.keep();
 }
 
 void CSurfaceSVG::polygon(POINT* points, unsigned int count)
@@ -143,6 +152,7 @@ void CSurfaceSVG::drawPolygon(POINT* points, unsigned int count, bool filled)
     if (!drawable(points, count)) {
         return;
     }
+    Change change(*this);
     TovoTextString element(ElementRoom);
     appendPieces(element, "<polygon ", PointsKey);
     appendPoints(element, points, count);
@@ -153,6 +163,7 @@ void CSurfaceSVG::drawPolygon(POINT* points, unsigned int count, bool filled)
     }
     appendPieces(element, " />");
     m_body.append(element);
+    change.keep();
 }
 
 void CSurfaceSVG::polyline(POINT* points, unsigned int count)
@@ -179,6 +190,7 @@ void CSurfaceSVG::drawPath(RECT* rect, bool filled)
     if (rect == nullptr) {
         return;
     }
+    Change change(*this);
     TovoTextString element(ElementRoom);
     appendPieces(element, "<path ");
     appendPath(element, rect);
@@ -188,6 +200,7 @@ void CSurfaceSVG::drawPath(RECT* rect, bool filled)
     }
     appendPieces(element, " />\n");
     m_body.append(element);
+    change.keep();
 }
 
 void CSurfaceSVG::drawPath(POINT* points, unsigned int count, bool filled)
@@ -195,6 +208,7 @@ void CSurfaceSVG::drawPath(POINT* points, unsigned int count, bool filled)
     if (!drawable(points, count)) {
         return;
     }
+    Change change(*this);
     TovoTextString element(ElementRoom);
     appendPieces(element, "<path ");
     appendPath(element, points, count);
@@ -204,21 +218,33 @@ void CSurfaceSVG::drawPath(POINT* points, unsigned int count, bool filled)
     }
     appendPieces(element, " />\n");
     m_body.append(element);
+    change.keep();
 }
 
 void CSurfaceSVG::solidPolygon(POINT* points, unsigned int count, unsigned long color)
 {
     const CSurfaceBrush kept = m_brush;
     CSurfaceBrush solid(color, SolidBrush);
-    setBrush(&solid);
-    drawPolygon(points, count, true);
-    m_brush = kept;
+    const auto putBack = [&] {
+        m_brush = kept;
+    };
+    doOrUndo(
+        [&] {
+            setBrush(&solid);
+            drawPolygon(points, count, true);
+        },
+        putBack);
+    putBack();
 }
 
 void CSurfaceSVG::drawEraseRectangle(RECT* rect, unsigned long color)
 {
+    // setForeColor is a host's to override, so that nothing but it puts the colour back.
     const unsigned long kept = m_foreColor;
+    const auto putBack = [&] {
+        setForeColor(kept);
+    };
     setForeColor(color);
-    drawPath(rect, false);
-    setForeColor(kept);
+    doOrUndo([&] { drawPath(rect, false); }, putBack);
+    putBack();
 }

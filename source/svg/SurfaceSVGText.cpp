@@ -5,14 +5,15 @@
 // line, in every form but the base-line one.
 #include "surfaceSVG.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
+#include "surface/boundedText.h"
 #include "surface/drawingNumbers.h"
 #include "surface/pageText.h"
 #include "surface/rectangle.h"
 #include "surface/xmlText.h"
+#include "svg/PageChange.h"
 #include "svg/SvgDialect.h"
 
 namespace {
@@ -88,11 +89,13 @@ void CSurfaceSVG::drawString(const char* text, RECT* rect, unsigned int flags)
     if (text == nullptr || rect == nullptr) {
         return;
     }
+    Change change(*this);
     TovoTextString element(TextRoom{200});
     appendTextHead(element, rect, wrapToInt(flags), "");
     appendEscaped(element, text, lengthOf(text));
     appendPieces(element, "</text>\n");
     m_body.append(element);
+    change.keep();
 }
 
 void CSurfaceSVG::drawText(const char* text, RECT* rect, unsigned int flags)
@@ -119,6 +122,7 @@ void CSurfaceSVG::drawTextOnBaseLine(int x, int y, unsigned int options, RECT* r
     if (text == nullptr) {
         return;
     }
+    Change change(*this);
     TovoTextString element(TextRoom{200});
     appendPieces(element, "<text x='", x, "' y='", y, "' ");
     if ((options & ClippedOption) != 0 && rect != nullptr) {
@@ -127,11 +131,11 @@ void CSurfaceSVG::drawTextOnBaseLine(int x, int y, unsigned int options, RECT* r
     }
     appendTextStyle(element, wrapToInt(options));
     appendPieces(element, " xml:space='preserve' class='", BaseLineClass, "'>");
-    const unsigned int whole = lengthOf(text);
-    const unsigned int wanted = length < 0 ? 0 : static_cast<unsigned int>(length);
-    appendEscaped(element, text, length == WholeText ? whole : std::min(whole, wanted));
+    const std::string_view characters = leftOf(text, length);
+    appendEscaped(element, characters.data(), static_cast<unsigned int>(characters.size()));
     appendPieces(element, "</text>\n");
     m_body.append(element);
+    change.keep();
 }
 
 bool CSurfaceSVG::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags, float, float)
@@ -158,6 +162,7 @@ bool CSurfaceSVG::writeChunks(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, i
     if (chunks == nullptr || rect == nullptr) {
         return false;
     }
+    Change change(*this);
     TovoTextString element(TextRoom{500});
     appendTextHead(element, rect, flags, " xml:space='preserve'");
     appendPieces(element, "\n");
@@ -177,6 +182,7 @@ bool CSurfaceSVG::writeChunks(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, i
     }
     appendPieces(element, "</text>\n");
     m_body.append(element);
+    change.keep();
     return true;
 }
 

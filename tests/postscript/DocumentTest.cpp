@@ -23,7 +23,7 @@ TEST(PostScriptDocument, BeginsWithThePlaceAndTheScaleOfThePage)
         {10, 100, 100, 100, -1, 1, headOf("Portrait", "28 283 translate\n0 2 translate\n-0.028 0.028")},
         {-10, 0, 2, 1, INT_MAX, INT_MAX,
          headOf("Landscape", "-28 0 translate\n0 2147483647 translate\n3043682304.000 6087364608.000")},
-        {INT_MIN, 0, 0, 0, 0, 1, headOf("Portrait", "-2147483648 0 translate\n0 2 translate\n0.000 0.000")},
+        {INT_MIN, 0, 0, 0, 0, 1, headOf("Portrait", "-2147483648 0 translate\n0 2 translate\n1.000 1.000")},
     };
     for (const auto& [originX, originY, width, height, pageWidth, pageHeight, head] : cases) {
         CSurfacePSPrinter page(originX, originY);

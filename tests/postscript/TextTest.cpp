@@ -29,7 +29,7 @@ const PsCase texts[] = {
      },
      "/(Times New Roman-BoldItalic) findfont 35.28 scalefont setfont \n/Arial findfont 35.28 scalefont "
      "setfont \n/Arial-Bold findfont -3.53 scalefont setfont \n/-Italic findfont 3.53 scalefont setfont "
-     "\n/Arial findfont 0.00 scalefont setfont \n"},
+     "\n/Arial findfont 10.00 scalefont setfont \n"},
     // The point size is added as it is.
     {[](auto& s) {
          black(s);

@@ -1,0 +1,68 @@
+// What a host hears in its log, once for each document and cause: pages on which an interpreter stops, images that are
+// refused. docs/what-pages-keep.md says how callers get round them.
+#include "surfacePSPrinter.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "surface/moduleHeap.h"
+#include "surface/toldOnce.h"
+
+namespace {
+
+constexpr const char* trapTexts[] = {
+    "CSurfacePSPrinter::closeSurface The scale is 0, and an interpreter stops there: page size or logical "
+    "size",
+    "CSurfacePSPrinter::writeFont The size of a font is 0, and an interpreter stops at its text",
+    "CSurfacePSPrinter::drawRoundedRectangle An interpreter stops at a rounded rectangle without extent, or "
+    "with a "
+    "radius as long as a side",
+    "CSurfacePSPrinter::drawString An interpreter stops at an underline or strike-through without a font: "
+    "set the "
+    "font again after the end of a clip or transform",
+};
+
+constexpr unsigned int deepestState = 31; // that the bits of m_depthsWithFont tell apart
+
+unsigned int bitOf(unsigned int depth)
+{
+    return 1U << std::min(depth, deepestState);
+}
+
+} // namespace
+
+void CSurfacePSPrinter::tellOfTrap(Trap trap)
+{
+    static_assert(static_cast<unsigned int>(Trap::LineWithoutFont) + 1 == std::size(trapTexts));
+    const unsigned int bit = 1U << static_cast<unsigned int>(trap);
+    if ((m_toldTraps & bit) == 0) {
+        m_toldTraps |= bit;
+        moduleLog.log("%s", trapTexts[static_cast<unsigned int>(trap)]);
+    }
+}
+
+void CSurfacePSPrinter::tellOfRefusedImage(unsigned int id)
+{
+    if (firstTold(m_toldImages, id)) {
+        moduleLog.log("CSurfacePSPrinter::includeImage Image id %u is above 65535", id);
+    }
+}
+
+// A gsave and a grestore of the page's text. An interpreter forgets with a state the font that was set in it.
+void CSurfacePSPrinter::beginState()
+{
+    ++m_stateDepth;
+}
+
+void CSurfacePSPrinter::endState()
+{
+    if (m_stateDepth > 0) {
+        --m_stateDepth;
+        m_depthsWithFont &= bitOf(m_stateDepth) * 2 - 1;
+    }
+}
+
+void CSurfacePSPrinter::noteFont()
+{
+    m_depthsWithFont |= bitOf(m_stateDepth);
+}
