@@ -27,7 +27,9 @@ CSurfaceGDI::~CSurfaceGDI()
     }
     // A font may stand in two members; a handle that is dead already harms nothing, but it is not this one's twice.
     const HFONT savedFont = m_savedFont != m_currentFont ? m_savedFont : nullptr;
-    const HGDIOBJ owned[] = {m_currentPen, m_currentBrush, m_currentFont, savedFont};
+    const HFONT strandedFont = m_strandedFont != m_currentFont ? m_strandedFont : nullptr;
+    const HGDIOBJ owned[] = {m_currentPen,  m_currentBrush,  m_currentFont, savedFont,
+                             m_strandedPen, m_strandedBrush, strandedFont};
     for (const HGDIOBJ object : owned) {
         if (object != nullptr) {
             DeleteObject(object);

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "gdi/DeviceScale.h"
+#include "surface/undo.h"
 #include "surface/wrappingInt.h"
 #include "surfaceGDI.h"
 
@@ -103,6 +104,37 @@ int CSurfaceGDI::tightening(Array<CSurfaceTextChunk, 2>& chunks, float xScale, u
     return tighten;
 }
 
+void CSurfaceGDI::drawJoined(Array<CSurfaceTextChunk, 2>& chunks, RECT device, const DeviceScale& scale,
+                             unsigned int flags)
+{
+    const JoinedText joined = join(chunks, flags);
+    CSurfaceFont formerFont(m_font);
+    const int laidOut =
+        saturateToInt(static_cast<float>(joined.lineStep) * scale.y * static_cast<float>(joined.lines));
+    bool reduced = false;
+    const auto putFontBack = [&] {
+        if (reduced) {
+            setFont(&formerFont);
+        }
+    };
+    const auto draw = [&] {
+        reduced = reduceFont(measured(joined.text.text(), joined.text.length(), flags).bottom, laidOut,
+                             joined.lines);
+        if (const int tighten = tightening(chunks, scale.x, flags); tighten > 0) {
+            SetTextCharacterExtra(m_hdc, -tighten);
+        }
+        SetGraphicsMode(m_hdc, GM_ADVANCED);
+        if (m_textStyle.getCharAngle() != 0 || m_textStyle.getTextAngle() != 0) {
+            drawStringRotated(joined.text.text(), &device, flags, m_textStyle.getCharAngle(),
+                              m_textStyle.getTextAngle());
+        } else {
+            drawString(joined.text.text(), &device, flags);
+        }
+    };
+    doOrUndo(draw, putFontBack);
+    putFontBack();
+}
+
 bool CSurfaceGDI::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags)
 {
     if (chunks == nullptr || rect == nullptr) {
@@ -115,34 +147,16 @@ bool CSurfaceGDI::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, in
     XFORM world{1, 0, 0, 1, 0, 0};
     GetWorldTransform(m_hdc, &world);
     const XFORM scaled = scale.transform(world);
-    RECT device = scale.rect(*rect);
     SetWorldTransform(m_hdc, &scaled);
     const int formerMode = SetMapMode(m_hdc, MM_TEXT);
-
-    const JoinedText joined = join(*chunks, drawFlags);
-    CSurfaceFont formerFont(m_font);
-    const int laidOut =
-        saturateToInt(static_cast<float>(joined.lineStep) * scale.y * static_cast<float>(joined.lines));
-    const bool reduced = reduceFont(measured(joined.text.text(), joined.text.length(), drawFlags).bottom,
-                                    laidOut, joined.lines);
-    if (const int tighten = tightening(*chunks, scale.x, drawFlags); tighten > 0) {
-        SetTextCharacterExtra(m_hdc, -tighten);
-    }
-    SetGraphicsMode(m_hdc, GM_ADVANCED);
-    if (m_textStyle.getCharAngle() != 0 || m_textStyle.getTextAngle() != 0) {
-        drawStringRotated(joined.text.text(), &device, drawFlags, m_textStyle.getCharAngle(),
-                          m_textStyle.getTextAngle());
-    } else {
-        drawString(joined.text.text(), &device, drawFlags);
-    }
-    if (reduced) {
-        setFont(&formerFont);
-    }
-
-    SetMapMode(m_hdc, formerMode);
-    SetViewportExtEx(m_hdc, scale.viewport.cx, scale.viewport.cy, nullptr);
-    SetWindowExtEx(m_hdc, scale.window.cx, scale.window.cy, nullptr);
-    SetTextCharacterExtra(m_hdc, formerExtra);
-    SetWorldTransform(m_hdc, &world);
+    const auto putMappingBack = [&] {
+        SetMapMode(m_hdc, formerMode);
+        SetViewportExtEx(m_hdc, scale.viewport.cx, scale.viewport.cy, nullptr);
+        SetWindowExtEx(m_hdc, scale.window.cx, scale.window.cy, nullptr);
+        SetTextCharacterExtra(m_hdc, formerExtra);
+        SetWorldTransform(m_hdc, &world);
+    };
+    doOrUndo([&] { drawJoined(*chunks, scale.rect(*rect), scale, drawFlags); }, putMappingBack);
+    putMappingBack();
     return true;
 }

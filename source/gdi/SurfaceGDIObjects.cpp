@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "surface/moduleHeap.h"
+#include "surface/undo.h"
 #include "surface/wrappingInt.h"
 #include "surfaceGDI.h"
 
@@ -36,12 +37,13 @@ void logExchangedFont(HFONT expected, HFONT found)
     moduleLog.log("but found %s", description);
 }
 
-// In device units, below 0, as Windows takes the height of the em; 0, the default, for a size of 0 or less.
+// In device units. Below 0 Windows takes it as the height of the em, above, which a size below 0 gives, as that of the
+// whole line; 0 is the default.
 LONG fontHeight(HDC hdc, float points)
 {
     constexpr int Largest = 32767;
     const float height = static_cast<float>(GetDeviceCaps(hdc, LOGPIXELSY)) * points / 72;
-    return -std::clamp(saturateToInt(height), 0, Largest);
+    return -std::clamp(saturateToInt(height), -Largest, Largest);
 }
 
 // Whoever exchanged an object behind the surface's back broke its rule.
@@ -52,11 +54,24 @@ void assertSelected(HGDIOBJ cached, HDC hdc, UINT type, const char* expression, 
     }
 }
 
-void selectAndDelete(HDC hdc, HGDIOBJ object)
+// Puts an object into the device in place of `current`. Where it could not be made, or the device did not take it,
+// `current` becomes null, and what the device still holds goes to `stranded`, to be deleted in the end.
+template <typename Object>
+void selectAndDelete(HDC hdc, Object object, Object& current, Object& stranded)
 {
-    if (const HGDIOBJ former = SelectObject(hdc, object); former != nullptr) {
-        DeleteObject(former);
+    const HGDIOBJ former = SelectObject(hdc, object);
+    if (former == nullptr) {
+        DeleteObject(object);
+        stranded = current != nullptr ? current : stranded;
+        current = nullptr;
+        return;
     }
+    DeleteObject(former);
+    if (stranded != former) {
+        DeleteObject(stranded);
+    }
+    stranded = nullptr;
+    current = object;
 }
 
 HPEN geometricPen(const CSurfacePen& pen)
@@ -90,7 +105,14 @@ void CSurfaceGDI::createFont(char* face, float points, bool bold, bool italic, b
         DeleteObject(m_savedFont);
     }
     m_savedFont = static_cast<HFONT>(SelectObject(m_hdc, font));
-    m_createdFont = font;
+    if (m_savedFont != nullptr) {
+        m_strandedFont = nullptr;
+        m_createdFont = font;
+        return;
+    }
+    DeleteObject(font);
+    m_strandedFont = m_createdFont != nullptr ? m_createdFont : m_strandedFont;
+    m_createdFont = nullptr;
 }
 
 void CSurfaceGDI::createFont(CSurfaceFont& font, int orientation, int escapement)
@@ -158,6 +180,7 @@ void CSurfaceGDI::setBrush(CSurfaceBrush* brush)
     if (brush == nullptr) {
         return;
     }
+    const CSurfaceBrush before = m_brush;
     const bool changed = *brush != m_brush;
     m_brush = *brush;
     assertSelected(m_currentBrush, m_hdc, OBJ_BRUSH, "m_currentBrush == ::GetCurrentObject(m_hdc, OBJ_BRUSH)",
@@ -168,18 +191,17 @@ void CSurfaceGDI::setBrush(CSurfaceBrush* brush)
     const int style = m_brush.getStyle();
     HBRUSH made = nullptr;
     if (style == pictureStyle) {
-        made = pictureBrush(m_brush.getPicture());
+        made = doOrUndo([&] { return pictureBrush(m_brush.getPicture()); }, [&] { m_brush = before; });
     } else {
         made = plainBrush(style, static_cast<COLORREF>(m_brush.getColor()));
         if (style != solidStyle && style != hollowStyle) {
             UnrealizeObject(made);
         }
     }
-    selectAndDelete(m_hdc, made);
+    selectAndDelete(m_hdc, made, m_currentBrush, m_strandedBrush);
     if (style != solidStyle) {
         resetBrushOrg(nullptr, 8);
     }
-    m_currentBrush = made;
 }
 
 void CSurfaceGDI::setPen(CSurfacePen* pen)
@@ -194,9 +216,7 @@ void CSurfaceGDI::setPen(CSurfacePen* pen)
     if (!changed && m_currentPen != nullptr) {
         return;
     }
-    const HPEN made = geometricPen(m_pen);
-    selectAndDelete(m_hdc, made);
-    m_currentPen = made;
+    selectAndDelete(m_hdc, geometricPen(m_pen), m_currentPen, m_strandedPen);
 }
 
 void CSurfaceGDI::restoreBrush() {}

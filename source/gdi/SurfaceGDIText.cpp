@@ -3,6 +3,7 @@
 
 #include "gdi/DeviceScale.h"
 #include "surface/drawTextLock.h"
+#include "surface/undo.h"
 #include "surface/wrappingInt.h"
 #include "surfaceGDI.h"
 
@@ -100,10 +101,13 @@ void CSurfaceGDI::drawStyled(const char* text, RECT* rect, unsigned int flags)
     if (GetTextColor(m_hdc) != color) {
         SetTextColor(m_hdc, color);
     }
-    drawString(text, rect, flags);
-    if (turned) {
-        SetGraphicsMode(m_hdc, GM_COMPATIBLE);
-    }
+    const auto endTurn = [&] {
+        if (turned) {
+            SetGraphicsMode(m_hdc, GM_COMPATIBLE);
+        }
+    };
+    doOrUndo([&] { drawString(text, rect, flags); }, endTurn);
+    endTurn();
 }
 
 void CSurfaceGDI::drawText(const char* text, RECT* rect, unsigned int flags)
@@ -147,9 +151,12 @@ void CSurfaceGDI::drawStringRotated(const char* text, RECT* rect, unsigned int f
     }
     createFont(m_font, charAngle, textAngle);
     const int former = SetGraphicsMode(m_hdc, GM_ADVANCED);
-    drawString(text, rect, flags);
-    SetGraphicsMode(m_hdc, former);
-    restoreFont();
+    const auto putBack = [&] {
+        SetGraphicsMode(m_hdc, former);
+        restoreFont();
+    };
+    doOrUndo([&] { drawString(text, rect, flags); }, putBack);
+    putBack();
 }
 
 void CSurfaceGDI::drawTextOnBaseLine(int x, int y, unsigned int options, RECT* rect, char* text, int length)

@@ -79,7 +79,7 @@ const Sequence sequences[] = {
          s.setBrush(0xFF, 0);
          s.setBrush(0xFF, 98);
      },
-     1},
+     0},
     {"created",
      [](CSurfaceGDI& s) {
          for (int i = 0; i < 3; ++i) {

@@ -96,7 +96,7 @@ const RecordedCase cases[] = {
      "0 0 1073741824 0 0 2\n35: 1065353216 0 0 1065353216 1084227584 1086324736\n75: 0 5\n13: -5 5\n13: -3 "
      "1\n13: 0 "
      "0\n"},
-    // A font that leaves the device goes at the next change; one of no size has the default height.
+    // A font that leaves the device goes at the next change; one of a size below 0 has a line's height.
     {"Fonts",
      [](CSurfaceEMF& s) {
          chooseArial(s, 12);
@@ -106,9 +106,9 @@ const RecordedCase cases[] = {
          s.setTextStyle(&style);
          s.drawText("AB", in({1, 2, 100, 200}), 0);
      },
-     "font 1 -16 0 0\n37: 1\nfont 2 0 0 0\n37: 2\n40: 1\nfont 1 0 450 300\n37: 1\n24: 16711680\n18: "
+     "font 1 -16 0 0\n37: 1\nfont 2 4 0 0\n37: 2\n40: 1\nfont 1 4 450 300\n37: 1\n24: 16711680\n18: "
      "1\n'AB' 1 2 4 "
-     "9\n37: -2147483635\n"},
+     "3\n37: -2147483635\n"},
     // A last single ampersand is not drawn.
     {"PlainText",
      [](CSurfaceEMF& s) {
@@ -174,6 +174,18 @@ const RecordedCase cases[] = {
          "0\n37: 1\n17: "
          "1\n35:" +
          page + "37: -2147483635\n"},
+    // Lines without room for their own height leave a size below 0, which the formula of the height takes as well.
+    {"LinesOnEachOther",
+     [](CSurfaceEMF& s) {
+         chooseArial(s, 10);
+         Runs runs = {run("One", {5, 10}), run("two", {5, 10})};
+         runs[1].m_isNewLine = true;
+         Array<CSurfaceTextChunk, 2> pointers = pointersTo(runs);
+         EXPECT_TRUE(s.drawString(&pointers, in({5, 10, 300, 200}), 0));
+     },
+     "font 1 -13 0 0\n37: 1\n35: 1065353216 0 0 1065353216 0 0\n17: 1\nfont 2 1 0 0\n37: 2\n18: 1\n"
+     "'One' 5 10 4 1\n'two' 5 11 4 0\n40: 1\nfont 1 -13 0 0\n37: 1\n17: 1\n"
+     "35: 1065353216 0 0 1065353216 0 0\n37: -2147483635\n"},
     {"Marker",
      [](CSurfaceEMF& s) {
          s.printerNofMMarker({-5, 500});
