@@ -22,7 +22,8 @@ public:
 
     // Writes the page count over the text behind each marker of the page, in place: "7 of 12", or the total alone
     // where that text begins with a blank. A text that is too short stays, and the next one is tried. True when a
-    // marker was followed by a text, even if none had room.
+    // marker was followed by a text, even if none had room. Throws KrnException where there is no memory to measure
+    // a text; of a page with up to 8 markers none has been written then.
     static bool insertPageCount(unsigned char* page, int length, int pageNumber, int pageCount);
 
     // The size of the frame in pixels of the reference device; 0 and 0 for a page that is too short or has a size

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <numeric>
 #include <string_view>
 
 #include "emf/MetafileRecords.h"
@@ -107,21 +108,34 @@ void writeCharacters(unsigned char* target, unsigned int characterSize, const St
     std::memcpy(target, wide, std::size_t{stamp.length} * sizeof(wide[0]));
 }
 
-// Measures the stamp in a font of the page, on the screen. `extents` receives, for as many characters as fit, the
-// extents from the start of the text; gives the width of all of it.
-LONG measure(const Stamp& stamp, const LOGFONTW& description, INT* extents)
+// What the screen says of the stamp in a font of the page.
+struct Measured {
+    INT extents[StampRoom]; // from the start of the text, for as many characters as fit
+    LONG width;             // of all of it
+};
+
+// Changes nothing and gives false where the screen cannot measure. Throws KrnException without memory for it.
+bool measure(const Stamp& stamp, const LOGFONTW& description, Measured& measured)
 {
     constexpr int Maximum = 400;
+    SetLastError(ERROR_SUCCESS);
     const HDC screen = GetDC(nullptr);
     const HFONT font = CreateFontIndirectW(&description);
     const HGDIOBJ before = SelectObject(screen, font);
     INT fit = 0;
     SIZE size{0, 0};
-    GetTextExtentExPointA(screen, stamp.text, static_cast<int>(stamp.length), Maximum, &fit, extents, &size);
+    const bool done = GetTextExtentExPointA(screen, stamp.text, static_cast<int>(stamp.length), Maximum, &fit,
+                                            measured.extents, &size) != FALSE;
+    const bool noMemory =
+        screen == nullptr || font == nullptr || (!done && GetLastError() == ERROR_NOT_ENOUGH_MEMORY);
     SelectObject(screen, before);
     DeleteObject(font);
     ReleaseDC(nullptr, screen);
-    return size.cx;
+    if (noMemory) {
+        krnOutOfMemory();
+    }
+    measured.width = size.cx;
+    return done;
 }
 
 // Where a text goes whose width has changed. One that didn't begin where its band begins was centred, or ended
@@ -141,45 +155,99 @@ void align(EMREXTTEXTOUT& fields, const Band& band, LONG width)
     fields.emrtext.ptlReference.x = bounds.left;
 }
 
-// Spacing and place of the stamp. A record without room for the advances of the new text gets none.
-void space(unsigned char* record, std::size_t size, EMREXTTEXTOUT& fields, const Stamp& stamp,
-           const LOGFONTW& font, const Band& band)
+// A text of the page that receives its stamp: nothing is written before it has been measured.
+struct Patch {
+    MetafileRecord record;
+    MetafileText text;
+    Stamp stamp;
+    Band band;
+    bool isMeasured; // else spacing and place stay
+    Measured measured;
+};
+
+// A record without room for the advances of the new text gets none.
+bool hasAdvances(const Patch& patch)
 {
-    const std::size_t offset = fields.emrtext.offDx;
-    const std::size_t length = stamp.length * sizeof(INT);
-    const bool hasAdvances = offset >= sizeof(EMREXTTEXTOUT) && offset + length <= size;
-    INT advances[StampRoom]{};
-    if (hasAdvances) {
-        std::memcpy(advances, record + offset, length);
-    }
-    const LONG width = measure(stamp, font, advances);
-    for (unsigned int i = stamp.length - 1; i > 0; --i) {
-        advances[i] = wrapSubtract(advances[i], advances[i - 1]);
-    }
-    if (hasAdvances) {
-        std::memcpy(record + offset, advances, length);
-    }
-    align(fields, band, width);
+    const std::size_t offset = patch.text.fields.emrtext.offDx;
+    return offset >= sizeof(EMREXTTEXTOUT) &&
+           offset + patch.stamp.length * sizeof(INT) <= patch.record.bytes.size();
 }
 
-// Writes the stamp over the text of a record of the page, where it has room.
-void stampText(unsigned char* page, const MetafileRecord& record, const MetafileText& text,
-               const Stamp& stamp, Walk& walk)
+void measure(Patch& patch, const unsigned char* fontRecord)
 {
-    if (text.fields.emrtext.nChars < stamp.length) {
-        return; // for the next text record
+    patch.isMeasured = false;
+    if (fontRecord == nullptr) {
+        return;
     }
-    unsigned char* const target = page + record.position;
-    EMREXTTEXTOUT fields = text.fields;
+    // Advances that the screen doesn't give are made from those of the record.
+    std::fill(std::begin(patch.measured.extents), std::end(patch.measured.extents), 0);
+    if (hasAdvances(patch)) {
+        std::memcpy(patch.measured.extents, patch.record.bytes.data() + patch.text.fields.emrtext.offDx,
+                    patch.stamp.length * sizeof(INT));
+    }
+    LOGFONTW font;
+    std::memcpy(&font, fontRecord + FontOffset, sizeof(font));
+    patch.isMeasured = measure(patch.stamp, font, patch.measured);
+}
+
+// Writes the stamp over the text of its record, with its spacing and place.
+void write(unsigned char* page, const Patch& patch)
+{
+    unsigned char* const target = page + patch.record.position;
+    const Stamp& stamp = patch.stamp;
+    EMREXTTEXTOUT fields = patch.text.fields;
     fields.emrtext.nChars = stamp.length;
     fields.emrtext.fOptions = 0;
-    writeCharacters(target + text.offsetOf(0), text.characterSize, stamp);
-    if (walk.currentFont != nullptr) {
-        LOGFONTW font;
-        std::memcpy(&font, walk.currentFont + FontOffset, sizeof(font));
-        space(target, record.bytes.size(), fields, stamp, font, *walk.marker);
+    writeCharacters(target + patch.text.offsetOf(0), patch.text.characterSize, stamp);
+    if (patch.isMeasured) {
+        INT advances[StampRoom];
+        std::adjacent_difference(patch.measured.extents, patch.measured.extents + stamp.length, advances,
+                                 [](INT extent, INT before) { return wrapSubtract(extent, before); });
+        if (hasAdvances(patch)) {
+            std::memcpy(target + fields.emrtext.offDx, advances, stamp.length * sizeof(INT));
+        }
+        align(fields, patch.band, patch.measured.width);
     }
     std::memcpy(target, &fields, sizeof(fields));
+}
+
+// The patches that wait until all are measured, so that a page is stamped wholly or, without memory for measuring,
+// not at all. They need no memory themselves; a page with more stamps than there is room for gets them in groups.
+class Patches {
+public:
+    explicit Patches(unsigned char* page) : _page(page) {}
+
+    void add(const Patch& patch)
+    {
+        if (_count == Room) {
+            writeAll();
+        }
+        _patches[_count++] = patch;
+    }
+    void writeAll()
+    {
+        std::for_each_n(_patches.begin(), _count, [this](const Patch& patch) { write(_page, patch); });
+        _count = 0;
+    }
+
+private:
+    static constexpr unsigned int Room = 8;
+
+    unsigned char* _page;
+    unsigned int _count = 0;
+    std::array<Patch, Room> _patches;
+};
+
+// A text record behind a marker receives the stamp, where it has room; else the next one does.
+void stampText(const MetafileRecord& record, const MetafileText& text, const Stamp& stamp, Walk& walk,
+               Patches& patches)
+{
+    if (text.fields.emrtext.nChars < stamp.length) {
+        return;
+    }
+    Patch patch{record, text, stamp, *walk.marker, false, {}};
+    measure(patch, walk.currentFont);
+    patches.add(patch);
     walk.marker.reset();
 }
 
@@ -188,6 +256,7 @@ void stampText(unsigned char* page, const MetafileRecord& record, const Metafile
 bool CMetaFilePlayerEMF::insertPageCount(unsigned char* page, int length, int pageNumber, int pageCount)
 {
     Walk walk;
+    Patches patches(page);
     for (const MetafileRecord& record : MetafileRecords(metafilePage(page, length))) {
         switch (record.type) {
         case EMR_EXTCREATEFONTINDIRECTW:
@@ -204,13 +273,14 @@ bool CMetaFilePlayerEMF::insertPageCount(unsigned char* page, int length, int pa
         case EMR_EXTTEXTOUTW:
             if (const std::optional<MetafileText> text = textOf(record); text && walk.marker) {
                 walk.found = true;
-                stampText(page, record, *text,
-                          makeStamp(beginsWithBlank(record, *text), pageNumber, pageCount), walk);
+                stampText(record, *text, makeStamp(beginsWithBlank(record, *text), pageNumber, pageCount),
+                          walk, patches);
             }
             break;
         default:
             break;
         }
     }
+    patches.writeAll();
     return walk.found;
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include <expat.h>
 #include <gdidevice.h>
@@ -89,20 +90,44 @@ private:
     CSurfacePSPrinter m_surface{0, 0};
 };
 
+// A surface leaves a font in its context that it no longer knows when turned text came last. That is no fault of a
+// failure, and the one who brought the context deletes it.
 class MetafileSheet : public Sheet {
 public:
-    CSurface& surface() override { return m_surface; }
+    MetafileSheet() { m_surface.emplace(&m_frame); }
+    ~MetafileSheet() override
+    {
+        const HGDIOBJ font = m_surface->m_leftFont;
+        m_surface.reset();
+        DeleteObject(font);
+    }
+    CSurface& surface() override { return *m_surface; }
 
 private:
+    class Recording : public CSurfaceEMF {
+    public:
+        using CSurfaceEMF::CSurfaceEMF;
+        int closeSurface() override
+        {
+            m_leftFont = getHDC() != nullptr ? GetCurrentObject(getHDC(), OBJ_FONT) : m_leftFont;
+            return CSurfaceEMF::closeSurface();
+        }
+        HGDIOBJ m_leftFont = nullptr;
+    };
     RECT m_frame{0, 0, 21000, 29700};
-    CSurfaceEMF m_surface{&m_frame};
+    std::optional<Recording> m_surface;
 };
 
 class PixelSheet : public Sheet {
 public:
-    PixelSheet() : m_surface(m_device) {}
-    ~PixelSheet() override { DeleteDC(m_device); }
-    CSurface& surface() override { return m_surface; }
+    PixelSheet() { m_surface.emplace(m_device); }
+    ~PixelSheet() override
+    {
+        m_surface.reset();
+        DeleteObject(GetCurrentObject(m_device, OBJ_FONT));
+        DeleteDC(m_device);
+    }
+    CSurface& surface() override { return *m_surface; }
 
 private:
     static HDC newDevice()
@@ -113,7 +138,7 @@ private:
         return gdiCreateDevice(&options);
     }
     HDC m_device = newDevice();
-    CSurfaceHdc m_surface;
+    std::optional<CSurfaceHdc> m_surface;
 };
 
 template <typename Kind>
@@ -209,8 +234,14 @@ const std::vector<Step> pageSteps{
      [](CSurface& s) {
          s.drawRectangle(&box);
      }},
-    {"hatch", [](CSurface& s) { s.setBrush(0x0000FF, 6); }},
-    {"drawRoundedRectangle", [](CSurface& s) { s.drawRoundedRectangle(&box, 12, 14); }},
+    {"hatch",
+     [](CSurface& s) {
+         s.setBrush(0x0000FF, 6);
+     }},
+    {"drawRoundedRectangle",
+     [](CSurface& s) {
+         s.drawRoundedRectangle(&box, 12, 14);
+     }},
     {"ellipse",
      [](CSurface& s) {
          s.ellipse(&box);
@@ -311,10 +342,22 @@ const std::vector<Step> pageSteps{
      [](CSurface& s) {
          s.drawImage(&box, 3, 2, 1, 1);
      }},
-    {"picture brush", [](CSurface& s) { choosePicture(s, 3); }},
-    {"filled with it", [](CSurface& s) { s.drawRectangle(&box); }},
-    {"picture brush of later", [](CSurface& s) { choosePicture(s, 5); }},
-    {"filled before it comes", [](CSurface& s) { s.drawPie(&box, 300, 60, 50, 140); }},
+    {"picture brush",
+     [](CSurface& s) {
+         choosePicture(s, 3);
+     }},
+    {"filled with it",
+     [](CSurface& s) {
+         s.drawRectangle(&box);
+     }},
+    {"picture brush of later",
+     [](CSurface& s) {
+         choosePicture(s, 5);
+     }},
+    {"filled before it comes",
+     [](CSurface& s) {
+         s.drawPie(&box, 300, 60, 50, 140);
+     }},
     {"its picture",
      [](CSurface& s) {
          include(s, 5, 24, 1);
