@@ -6,8 +6,11 @@
 // closing `>`, so a player is played once and deleted.
 //
 // An element that cannot be used draws nothing and the walk goes on; text that does not close ends the walk.
-// Nested <svg> elements are followed 1,000 levels deep; deeper ones are passed over with a log line.
+// Nested <svg> elements are followed 1,000 levels deep; deeper ones are passed over with a log line. Images whose id is
+// above 65,535 are refused, with one log line for each id of a page: the surfaces of text keep images in a table by id.
 #pragma once
+
+#include <cstdint>
 
 #include "metaFilePlayer.h"
 #include "sys/tovoarray.h"
@@ -27,6 +30,10 @@ public:
 
     int play(CSurface* surface, RECT* rect) override;
     int metaFileFormat() override;
+
+    // How many bytes `play` has looked at so far in search of elements, of their ends and of what nested ones have in
+    // common. At most a small multiple of the page's length, whatever the page is.
+    std::uint64_t bytesSearched() const;
 
     static bool insertPageCount(unsigned char* page, int length, int pageNumber, int pageCount);
     static void getImageSize(unsigned char* page, int length, unsigned int& width, unsigned int& height);

@@ -251,7 +251,8 @@ public:
 };
 
 // Pointers in ascending order of the key that `int T::sortKey() const` gives. Elements come in through `add`
-// and are never null.
+// and are never null. Each one moves all that follow it, so that many of them in descending order take quadratic time;
+// the module's own page search, whose pages come from strangers, sorts its records at once instead.
 template <typename T, unsigned int N>
 class SortedArray : public Array<T, N> {
 public:
@@ -271,6 +272,10 @@ public:
     }
 
 private:
+    // Would break the order.
+    using Array<T, N>::insertAt;
+    using Array<T, N>::atPut;
+
     struct Place {
         unsigned int index;
         bool taken;

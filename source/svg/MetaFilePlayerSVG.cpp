@@ -56,6 +56,11 @@ int CMetaFilePlayerSVG::metaFileFormat()
     return 2;
 }
 
+std::uint64_t CMetaFilePlayerSVG::bytesSearched() const
+{
+    return m_memory->searched.count;
+}
+
 int CMetaFilePlayerSVG::play(CSurface* surface, RECT* rect)
 {
     if (surface == nullptr || rect == nullptr) {
@@ -166,23 +171,21 @@ int CMetaFilePlayerSVG::processSVGSubElement(char** element)
                       DeepestNesting);
         return -1;
     }
-    SvgViewport viewport;
-    char* const end = m_memory->elementEnd;
-    if (const char* const x = m_memory->x.find(*element, end)) {
-        intlSscanNumeric(x, "x='%d'", &viewport.x);
-    }
-    if (const char* const y = m_memory->y.find(*element, end)) {
-        intlSscanNumeric(y, "y='%d'", &viewport.y);
-    }
-    if (const char* const width = m_memory->width.find(*element, end)) {
-        intlSscanNumeric(width, "width='%d'", &viewport.width);
-    }
-    if (const char* const height = m_memory->height.find(*element, end)) {
-        intlSscanNumeric(height, "height='%d'", &viewport.height);
-    }
-    if (const char* const viewBox = m_memory->viewBox.find(*element, end)) {
-        readViewBox(viewBox, viewport.viewBox);
-    }
+    SvgWalkMemory& memory = *m_memory;
+    char* const end = memory.elementEnd;
+    const auto read = [&](NumbersAhead& attribute, int(&numbers)[NumbersAhead::Most]) {
+        attribute.read(*element, end, memory.searched, numbers);
+        return numbers[0];
+    };
+    int x[NumbersAhead::Most] = {};
+    int y[NumbersAhead::Most] = {};
+    int width[NumbersAhead::Most] = {};
+    int height[NumbersAhead::Most] = {};
+    int box[NumbersAhead::Most] = {};
+    SvgViewport viewport{read(memory.x, x), read(memory.y, y), read(memory.width, width),
+                         read(memory.height, height), RECT{}};
+    read(memory.viewBox, box);
+    viewport.viewBox = RECT{box[0], box[1], box[2], box[3]};
     const ValueDuring<SvgViewport*> viewportInForce(m_viewport, &viewport);
     const ValueDuring<char*> inside(m_memory->walkEnd, end);
     const ValueDuring<int> deeper(m_memory->depth, m_memory->depth + 1);

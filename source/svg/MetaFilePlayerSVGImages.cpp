@@ -5,6 +5,8 @@
 
 #include "surface.h"
 #include "surface/drawingNumbers.h"
+#include "surface/moduleHeap.h"
+#include "surface/toldOnce.h"
 #include "surface/wrappingInt.h"
 #include "svg/PageCursor.h"
 #include "svg/SvgDialect.h"
@@ -47,6 +49,12 @@ int CMetaFilePlayerSVG::processImageDefinition(char* element)
     if (size == nullptr || intlSscanNumeric(size, "width='%d' height='%d'", &width, &height) != 2) {
         return 0;
     }
+    if (id > GreatestImageId) {
+        if (firstTold(m_memory->toldImages, static_cast<unsigned int>(id))) {
+            moduleLog.log("CMetaFilePlayerSVG::player - Image id %d is above %d", id, GreatestImageId);
+        }
+        return 0;
+    }
     const int picType = integerAt(typeText);
     char* const text = stepOver(data, 1); // the line feed behind the comma
     endValue(text);
@@ -54,7 +62,7 @@ int CMetaFilePlayerSVG::processImageDefinition(char* element)
     int decodedSize = 0;
     base64Decode(text, decoded, decodedSize);
     const std::unique_ptr<unsigned char, FreeDecoded> owner(decoded);
-    if (decodedSize > LongestNoImage && id >= 0 && id <= GreatestImageId) {
+    if (decodedSize > LongestNoImage && id >= 0) {
         m_surface->includeImage(static_cast<unsigned int>(id), decoded, decodedSize, width, height, picType);
     }
     return 0;

@@ -56,7 +56,7 @@ const NestingText* nestingTextOf(int type)
     return nullptr;
 }
 
-// Pairs closing tags with openings, in step: the first closing tag in front of which no further element of the
+// Pairs closing tags with openings, in step: the first closing tag before which no further element of the
 // kind has opened is the element's own.
 char* findClosingTag(char* element, const NestingText& text)
 {
@@ -73,18 +73,6 @@ char* findClosingTag(char* element, const NestingText& text)
     return nullptr;
 }
 
-// The search above begins a closing tag's length behind the element's start, so it misses a tag that begins
-// before that and takes a later one. The answers kept for <svg> elements leave this rare form to the search.
-bool closesTooNear(const char* element, const NestingText& text)
-{
-    for (std::size_t i = 1; i < std::strlen(text.closing) && element[i] != '\0'; ++i) {
-        if (beginsWith(element + i, text.closing)) {
-            return true;
-        }
-    }
-    return false;
-}
-
 } // namespace
 
 bool CMetaFilePlayerSVG::getNextElement(char** cursor, int& type)
@@ -93,10 +81,12 @@ bool CMetaFilePlayerSVG::getNextElement(char** cursor, int& type)
     if (*cursor >= m_pageText->text() + m_pageText->length()) {
         return false;
     }
-    char* const element = std::strchr(*cursor, '<');
+    char* const begin = *cursor;
+    char* const element = std::strchr(begin, '<');
     if (element == nullptr) {
         return false;
     }
+    m_memory->searched.add(begin, element);
     *cursor = element;
     type = getRecordType(element);
     char* const closing = getEndOfElement(element, type);
@@ -104,6 +94,7 @@ bool CMetaFilePlayerSVG::getNextElement(char** cursor, int& type)
     if (end == nullptr) {
         return false;
     }
+    m_memory->searched.add(closing, end);
     *end = '\0';
     m_memory->elementEnd = end;
     return true;
@@ -111,14 +102,13 @@ bool CMetaFilePlayerSVG::getNextElement(char** cursor, int& type)
 
 char* CMetaFilePlayerSVG::getEndOfElement(char* element, int type)
 {
+    if (type == RecordSvg) {
+        return m_memory->nesting.closingTag(element, m_memory->walkEnd, m_memory->searched);
+    }
     const NestingText* const text = nestingTextOf(type);
-    if (text == nullptr) {
-        return std::strchr(element + 1, '>');
-    }
-    if (type == RecordSvg && !closesTooNear(element, *text)) {
-        return m_memory->nesting.closingTag(element, m_memory->walkEnd);
-    }
-    return findClosingTag(element, *text);
+    char* const closing = text != nullptr ? findClosingTag(element, *text) : std::strchr(element + 1, '>');
+    m_memory->searched.add(element, closing != nullptr ? closing : m_memory->walkEnd);
+    return closing;
 }
 
 int CMetaFilePlayerSVG::getRecordType(char* element)

@@ -171,6 +171,7 @@ int CMetaFilePlayerSVG::drawRuns(TextElement& text, char* body)
             }
         } else if (type == RecordTextPath) {
             char* inner = cursor + 1;
+            const ValueDuring<char*> insidePath(m_memory->walkEnd, m_memory->elementEnd);
             if (getNextElement(&inner, type) && type == RecordTSpan) {
                 CSurfaceTextChunk* const run = runs.add();
                 processTSpanElement(inner, run);

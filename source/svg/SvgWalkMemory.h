@@ -6,6 +6,8 @@
 // plain searches would give.
 #pragma once
 
+#include <cstdint>
+
 #include <windows.h>
 
 #include "sys/tovoarray.h"
@@ -20,27 +22,45 @@ struct SvgViewport {
     RECT viewBox{};
 };
 
-// A search for one key that is asked from places further and further on.
-class KeyAhead {
-public:
-    explicit KeyAhead(const char* key) : m_key(key) {}
+// The bytes that searches have looked at. It stays in proportion to the page's length, whatever the page is.
+struct SearchedBytes {
+    std::uint64_t count = 0;
 
-    // The first place of the key at or behind `from` in a text that ends at `end` with a zero byte; null when
-    // there is none.
-    char* find(char* from, char* end);
+    // A search from one place to another one of the same text.
+    void add(const char* from, const char* to) { count += static_cast<std::uint64_t>(to - from); }
+};
+
+// The numbers of an attribute that is asked for from places further and further on. The attribute may stand far ahead, and
+// its numbers may be long: each is looked for once and read once.
+class NumbersAhead {
+public:
+    static constexpr int Most = 4;
+
+    // The text that the attribute begins with, and the format by which it is read, with at most four numbers.
+    NumbersAhead(const char* key, const char* format) : m_key(key), m_format(format) {}
+
+    // Reads the attribute whose first place is at or after `from`, in a text that ends at `end` with a zero byte, as far
+    // as it can be read; the other numbers stay.
+    void read(char* from, char* end, SearchedBytes& searched, int (&numbers)[Most]);
 
 private:
+    char* find(char* from, char* end, SearchedBytes& searched);
+
     const char* m_key;
+    const char* m_format;
     char* m_asked = nullptr; // where the last search began
     char* m_found = nullptr; // what it found, or the end of the text it searched
+    char* m_read = nullptr;  // the place whose numbers these are
+    int m_count = 0;
+    int m_numbers[Most] = {};
 };
 
 // The closing tags of all <svg> elements, matched in one pass over the text that the first one stands in.
 class SvgNesting {
 public:
-    // The closing tag of `element`, an "<svg"; null when it has none in front of `end`, the zero byte that ends
-    // the text around it.
-    char* closingTag(char* element, char* end);
+    // The closing tag of `element`, an "<svg"; null when it has none before `end`, the zero byte that ends the text
+    // around it.
+    char* closingTag(char* element, char* end, SearchedBytes& searched);
 
 private:
     struct Opening {
@@ -49,10 +69,12 @@ private:
         unsigned int enclosing; // 1-based; 0: none
     };
 
-    void match(char* text);
+    void match(char* text, SearchedBytes& searched);
     const Opening* opening(const char* place) const;
+    char* closingOfEnclosing(const Opening& opening) const;
 
-    Vector<Opening, 16> m_openings; // in the order of their places
+    Vector<Opening, 16> m_openings;        // in the order of their places
+    Vector<char*, 16> m_unmatchedClosings; // likewise
 };
 
 // What a pattern definition does to a brush.
@@ -70,10 +92,12 @@ struct SvgWalkMemory {
     char* walkEnd = nullptr;    // the zero byte that ends the text of the walk under way
     int depth = 0;              // nested <svg> elements around the walk
     SvgNesting nesting;
-    KeyAhead x{"x="};
-    KeyAhead y{"y="};
-    KeyAhead width{"width="};
-    KeyAhead height{"height="};
-    KeyAhead viewBox{"viewBox='"};
+    SearchedBytes searched;
+    NumbersAhead x{"x=", "x='%d'"};
+    NumbersAhead y{"y=", "y='%d'"};
+    NumbersAhead width{"width=", "width='%d'"};
+    NumbersAhead height{"height=", "height='%d'"};
+    NumbersAhead viewBox{"viewBox='", "viewBox='%d %d %d %d'"};
     Vector<PatternBrush, 10> patternBrushes; // beside the table of patterns
+    Vector<unsigned int, 10> toldImages;     // ids whose refusal is in the log
 };

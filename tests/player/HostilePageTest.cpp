@@ -1,6 +1,8 @@
 // Large pages made to exhaust the stack or the clock: quadratic work would keep these tests from ending.
 #include "PlayedPage.h"
 
+#include "metaFilePlayerSVG.h"
+
 // AddressSanitizer's own strstr measures the whole text at each search, which is quadratic work too.
 extern "C" SURFACE_API const char* __asan_default_options(); // NOLINT(bugprone-reserved-identifier)
 const char* __asan_default_options()                         // NOLINT(bugprone-reserved-identifier)
@@ -38,6 +40,38 @@ TEST(HostilePage, NestedDocumentsWithoutEnd)
     // Here each of the outer walks ends at a document that does not.
     EXPECT_EQ(playPage(repeated("<svg >", 900) + repeated("<text >", depth) + repeated("</svg>", 900)).calls,
               "prepareSurface 0x0 0x0 50x60");
+}
+
+// What each level of nesting would look for, or read, again. Plain searches look at 200 to 1,000 bytes for each of these
+// pages'.
+TEST(HostilePage, IsSearchedInProportionToItsLength)
+{
+    constexpr int levels = 990;
+    const auto nested = [](const std::string& inner) {
+        return repeated("<svg >", levels) + inner + repeated("</svg>", levels);
+    };
+    const std::string before = "<?xml ?><!DOCTYPE svg>";
+    const auto closed = [&](const std::string& piece) {
+        return before + repeated(piece, depth / 8) + repeated("</svg>", depth / 4);
+    };
+    const std::string pages[] = {
+        nested("<svg x='" + std::string(megabyte, '1') + "'></svg>"),
+        nested("<svg y='" + std::string(megabyte, ' ') + "'></svg>"),
+        nested("<svg viewBox='0 0 " + std::string(megabyte, '\t') + "9'></svg>"),
+        nested(std::string(megabyte, 'x')),
+        closed("<svg</svg><!--<svg>"),
+        closed("<svg </svg><!--<svg>"),
+        closed("<svg</svg><svg>"),
+    };
+    for (std::string page : pages) {
+        RecordingSurface surface;
+        RECT rect{0, 0, 50, 60};
+        const CaughtReports reports;
+        CMetaFilePlayerSVG player(reinterpret_cast<unsigned char*>(page.data()),
+                                  static_cast<unsigned int>(page.size()));
+        player.play(&surface, &rect);
+        EXPECT_LT(player.bytesSearched(), 8 * page.size()) << page.substr(0, 60);
+    }
 }
 
 TEST(HostilePage, NestedDefinitions)

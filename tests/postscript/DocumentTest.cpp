@@ -165,3 +165,67 @@ TEST(PostScriptDocument, CopiesAreIndependent)
 }
 
 } // namespace
+
+// What an interpreter stops at is written as it has to be, and told once for each document and cause.
+TEST(PostScriptDocument, TellsOfWhatStopsAnInterpreter)
+{
+    struct Case {
+        const char* name;
+        PsDrawing draw;
+        const char* told; // in the log's line; null: nothing is
+    };
+    const auto runs = [](auto& s, bool underline) {
+        CSurfaceTextChunk chunk;
+        TovoTextString text("A");
+        chunk.create(&text, false, POINT{1, 2}, false, -1, underline);
+        Array<CSurfaceTextChunk, 2> chunks;
+        chunks.add(&chunk);
+        RECT rect{0, 0, 9, 9};
+        s.drawString(&chunks, &rect, 0);
+    };
+    static char face[] = "Arial";
+    static RECT box{0, 0, 30, 20};
+    static RECT line{0, 0, 30, 0};
+    const auto font = [](auto& s, float size) {
+        s.setFont(face, size, false, false, false, false);
+    };
+    const Case cases[] = {
+        {"an ordinary page", [=](auto& s) { font(s, 9), runs(s, true), s.drawRoundedRectangle(&box, 5, 5); },
+         nullptr},
+        {"no page width", [](auto& s) { s.m_pageWidth = 0; }, "scale"},
+        {"too many units", [](auto& s) { s.m_height = 2000000; }, "scale"},
+        {"no units", [](auto& s) { s.m_width = s.m_height = 0; }, nullptr},
+        {"a font of no size", [=](auto& s) { font(s, 0), font(s, 0.001F), font(s, 9); }, "size of a font"},
+        {"a radius of a side",
+         [](auto& s) { s.drawRoundedRectangle(&box, 20, 3), s.drawRoundedRectangle(&box, 30, 3); },
+         "rounded"},
+        {"no extent", [](auto& s) { s.drawRoundedRectangle(&line, 1, 1); }, "rounded"},
+        {"a font that a clip took along",
+         [=](auto& s) {
+             s.setClippingRegion(&box), font(s, 9), runs(s, true);
+             s.setClippingRegion(nullptr), runs(s, true), runs(s, true);
+         },
+         "underline"},
+        {"a font from before the clip",
+         [=](auto& s) {
+             font(s, 9), s.setClippingRegion(&box), font(s, 8), s.setClippingRegion(nullptr), runs(s, true);
+         },
+         nullptr},
+        {"a font that a transform took along",
+         [=](auto& s) { s.setTransform(1, 0, 0, 1, 0, 0), font(s, 9), s.clearTransform(), runs(s, true); },
+         "underline"},
+        {"text without a line", [=](auto& s) { runs(s, false); }, nullptr},
+    };
+    for (const Case& test : cases) {
+        std::vector<std::string> lines;
+        krnSetLogSink([](const char* text,
+                         void* log) { static_cast<std::vector<std::string>*>(log)->emplace_back(text); },
+                      &lines);
+        CSurfacePSPrinter page = freshPage();
+        test.draw(page);
+        page.closeSurface();
+        krnSetLogSink(nullptr, nullptr);
+        EXPECT_EQ(test.told != nullptr ? 1U : 0U, lines.size()) << test.name;
+        EXPECT_TRUE(lines.empty() || lines[0].find(test.told) != std::string::npos) << test.name << lines[0];
+    }
+}

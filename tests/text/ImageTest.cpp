@@ -1,5 +1,6 @@
 // Images of SVG pages: definitions with their bytes, placements, tiles and picture brushes, out and back.
 #include "player/PlayedPage.h"
+#include "surfacePSPrinter.h"
 #include "svg/SvgPage.h"
 #include "sys/krnutil.h"
 
@@ -158,9 +159,8 @@ const PageCase played[] = {
      section(image("1", "width='-3' height='4'", "-9") + image("7x", size34, "100") + image("1", size34)),
      included("1", "-9", "-3x4") + included("7", "100") + included("1")},
     {"ImagesThatAreSkipped",
-     section(image("1", size34, "8", "MTIzNDU2Nzg5MA==") + image("2", size34, "8", "") +
-             image("65536", size34) + image("4000000000", size34) + image("-1", size34) + image("2", "") +
-             image("3", size34)),
+     section(image("1", size34, "8", "MTIzNDU2Nzg5MA==") + image("2", size34, "8", "") + image("-1", size34) +
+             image("2", "") + image("3", size34)),
      included("3")},
     {"WithoutTypeDataOrNumberTheSectionEnds",
      section("<image id='image1' width='3' height='4' base64,'/>" + image("2", size34)) +
@@ -192,5 +192,31 @@ constexpr auto caseName = [](const auto& info) {
 };
 INSTANTIATE_TEST_SUITE_P(Images, SvgPage, testing::ValuesIn(written), caseName);
 INSTANTIATE_TEST_SUITE_P(Images, PageContent, testing::ValuesIn(played), caseName);
+
+// By the surfaces and by the player, with a line in the log for each id of a page.
+TEST(Images, WithAnIdAboveTheirTableAreRefusedAndTold)
+{
+    const std::string high = image("65536", size34);
+    const PlayedPage page =
+        playPage(framed(section(high + image("65535", size34) + high + image("65537", size34))));
+    EXPECT_EQ(page.calls + "; ", prepared + included("65535"));
+    EXPECT_EQ(page.log,
+              (std::vector<std::string>{"CMetaFilePlayerSVG::player - Image id 65536 is above 65535",
+                                        "CMetaFilePlayerSVG::player - Image id 65537 is above 65535"}));
+    const CaughtReports reports;
+    EXPECT_EQ(drawnPage([](CSurfaceSVG& s) {
+                  include(s, 65536, 3, 4);
+                  include(s, 65536, 3, 4);
+              }),
+              "");
+    CSurfacePSPrinter document(0, 0);
+    std::string data = bytes;
+    for (int i = 0; i < 2; ++i) {
+        document.includeImage(70000, reinterpret_cast<unsigned char*>(data.data()), 11, 3, 4, png);
+    }
+    EXPECT_EQ(reports.log,
+              (std::vector<std::string>{"CSurfaceSVG::includeImage Image id 65536 is above 65535",
+                                        "CSurfacePSPrinter::includeImage Image id 70000 is above 65535"}));
+}
 
 } // namespace

@@ -57,6 +57,9 @@ const PageCase runs[] = {
      black + "drawString [{\"a>\" (3, 5) length 6 find 7 8 newline underline} {\" b\" (" + noPlace +
          ", 5) length -9 find 0 0 follows} {\"c\" (1, " + noPlace +
          ") length -1 find 0 0}] (0, 0, 10, 10) -1"},
+    // What a text path begins with does not end after it.
+    {"DocumentInATextPath", text(box, "<textPath><svg ></textPath><tspan x='3' y='5'>a</svg></tspan>"),
+     black + "drawString [{\"a</svg>\" (3, 5) length -1 find 0 0}] (0, 0, 10, 10) 0"},
     // A start tag and an end tag that stand too near: the run and all behind it are lost.
     {"BareEmptyRun", text("", "<tspan x='1' y='2'></tspan><tspan></tspan><tspan x='3' y='4'>b</tspan>"),
      black + "drawString [{\"\" (1, 2) length -1 find 0 0}] (1, 2, 0, 0) 0"},
