@@ -101,7 +101,7 @@ bool play(HDC handle, DeviceContext& context, std::span<const BYTE> bytes, const
         return false;
     }
     Playback playback(handle, context, *device, rect);
-    return playback.ready() && playRecords(playback, bytes.subspan(header->size()));
+    return playback.begin() && playRecords(playback, bytes.subspan(header->size()));
 }
 
 } // namespace

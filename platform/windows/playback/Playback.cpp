@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "playback/FreshAttributes.h"
 #include "playback/PlayedRegion.h"
 
 namespace {
@@ -43,16 +44,17 @@ Playback::Playback(HDC target, DeviceContext& context, const ReferenceDevice& de
 {
     m_reference = addContext(m_referenceContext);
     m_savedLevel = SaveDC(target);
-    if (!ready()) {
-        return;
+}
+
+bool Playback::begin()
+{
+    if (m_savedLevel == 0 || m_reference == nullptr) {
+        return false;
     }
     SetGraphicsMode(m_reference, GM_ADVANCED);
-    removePageMapping(target, context.state);
-    // A recorder has no record for a clip that can't be given up, so its clip stays and is the one given back.
-    context.state.metaClip = context.effectiveClip();
-    if (context.state.clip && context.contextKind() != ContextKind::metafile) {
-        SelectClipRgn(target, nullptr);
-    }
+    removePageMapping(m_target, m_context.state);
+    keepClip();
+    return setFreshAttributes(m_target, m_context.state);
 }
 
 Playback::~Playback()
@@ -61,10 +63,29 @@ Playback::~Playback()
         AbortPath(m_target);
     }
     if (m_savedLevel != 0) {
-        RestoreDC(m_target, m_savedLevel);
+        restoreTarget(m_savedLevel);
     }
     if (m_reference != nullptr) {
         DeleteDC(m_reference);
+    }
+}
+
+// Readers of a recorded page that look for text follow its colours and fonts, but no saved states: they are told what
+// has come back.
+void Playback::restoreTarget(int level)
+{
+    const ContextState& state = m_context.state;
+    const COLORREF color = state.textColor;
+    const HGDIOBJ font = state.font->handle();
+    RestoreDC(m_target, level);
+    if (m_context.contextKind() != ContextKind::metafile) {
+        return;
+    }
+    if (state.textColor != color) {
+        SetTextColor(m_target, state.textColor);
+    }
+    if (state.font->handle() != font && state.font->stockIndex() < 0) {
+        SelectObject(m_target, state.font->handle());
     }
 }
 
@@ -124,7 +145,7 @@ void Playback::restoreState(LONG level)
         return;
     }
     RestoreDC(m_reference, -levels);
-    RestoreDC(m_target, -levels);
+    restoreTarget(-levels);
     for (LONG count = 0; count < levels; ++count) {
         m_savedRectangles -= m_saved.back();
         m_saved.pop_back();
@@ -163,6 +184,7 @@ void Playback::selectClipPath(int mode)
     }
 }
 
+// A recorder has no record for a clip that can't be given up, so its clip stays and is the one given back.
 void Playback::keepClip()
 {
     m_context.state.metaClip = m_context.effectiveClip();

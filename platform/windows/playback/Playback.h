@@ -5,6 +5,10 @@
 // these are kept in a context of that device, where the mapping records go. Its pixels lie on the target's device as
 // the frame lies on the rectangle asked for. Both together are the target's world transform: the target's own page
 // mapping is out of force meanwhile, and the graphics mode is the advanced one.
+//
+// A file takes the attributes of a fresh context for granted, so it gets them: pen, brush, font, colours, modes, brush
+// origin, current position. Of the target's own state only its mapping and its clip show in what is played. All of it
+// comes back when playback ends, however it ends; on a recording target both ways are records.
 #pragma once
 
 #include <windows.h>
@@ -19,14 +23,15 @@
 
 class Playback {
 public:
-    // Saves the target's state and sets it up; false from ready() when that failed.
+    // Saves the target's state.
     Playback(HDC target, DeviceContext& context, const ReferenceDevice& device, const RECT& rect);
     Playback(const Playback&) = delete;
     Playback& operator=(const Playback&) = delete;
     // Gives the target its state back.
     ~Playback();
 
-    bool ready() const noexcept { return m_savedLevel != 0 && m_reference != nullptr; }
+    // Sets the target up for the first record; false when that, or saving its state, failed.
+    bool begin();
 
     HDC target() const noexcept { return m_target; }
     DeviceContext& context() const noexcept { return m_context; }
@@ -67,6 +72,7 @@ public:
 private:
     // True when what the file selects must be cut to the clip that stays, record by record.
     bool confinesClip() const noexcept;
+    void restoreTarget(int level);
     void setTransform(const Mapping& toDevice);
 
     HDC m_target;

@@ -149,10 +149,12 @@ TEST(Playback, MapsTheFrame)
 }
 
 // Six fields of each record; of texts the reference point, the length, and all from the characters on.
-std::string recordedAgain(const std::string& records)
+std::string recordedAgain(
+    const std::string& records, void (*prepare)(HDC) = [](HDC) {})
 {
     const RECT frame{0, 0, 50800, 38100};
     const HDC recording = CreateEnhMetaFileA(nullptr, nullptr, &frame, nullptr);
+    prepare(recording);
     EXPECT_TRUE(play(recording, metafile(records), {0, 0, 24, 12}));
     const HENHMETAFILE closed = CloseEnhMetaFile(recording);
     std::vector<unsigned char> bytes(GetEnhMetaFileBits(closed, 0, nullptr));
@@ -187,6 +189,40 @@ TEST(Playback, RecordsAgain)
     EXPECT_EQ(recordedAgain("17 8; 11 1 -1;" + wide + "54 9 9;"),
               "33:; 35: 1073741824 0 0 1073741824 0 -1052770304; 84: 5 3 2 6422625 4 4; "
               "35: 1073741824 0 0 -1073741824 0 0; 54: 9 9; 34: -1; ");
+}
+
+// Attributes that differ from those of a fresh context are records, both ways; colour and font of texts come back in
+// records of their own, for readers that keep no saved states.
+TEST(Playback, RecordsTheWayToFreshAttributesAndBack)
+{
+    const auto prepare = [](HDC recording) {
+        SetTextColor(recording, 255);
+        SetBkColor(recording, 7);
+        SetTextAlign(recording, TA_RIGHT);
+        SetBkMode(recording, TRANSPARENT);
+        SetTextCharacterExtra(recording, 7);
+        SetROP2(recording, R2_BLACK);
+        SetPolyFillMode(recording, WINDING);
+        SetStretchBltMode(recording, HALFTONE);
+        SetArcDirection(recording, AD_CLOCKWISE);
+        SetTextJustification(recording, 5, 1);
+        SetMiterLimit(recording, 2, nullptr);
+        SetBrushOrgEx(recording, 3, 4, nullptr);
+        MoveToEx(recording, 5, 6, nullptr);
+        LOGFONTW font{};
+        font.lfHeight = -20;
+        SelectObject(recording, CreateFontIndirectW(&font));
+        SelectObject(recording, GetStockObject(NULL_PEN));
+        SelectObject(recording, GetStockObject(NULL_BRUSH));
+    };
+    EXPECT_EQ(
+        recordedAgain("33; 24 77; 34 -1; 24 99;", prepare),
+        "24: 255; 25: 7; 22: 2; 18: 1; 20: 1; 19: 2; 21: 4; 57: 2; 120: 5 1; 58: 1073741824; 13: 3 4; "
+        "27: 5 6; 82: 1 -20 0 0 0 0; 37: 1; 37: -2147483640; 37: -2147483643; "
+        "33:; 24: 0; 25: 16777215; 22: 0; 18: 2; 20: 13; 19: 1; 21: 1; 57: 1; 120: 0 0; 58: 1092616192; "
+        "13: 0 0; 27: 0 0; 37: -2147483641; 37: -2147483648; 37: -2147483635; "
+        "33:; 24: 77; 34: -1; 24: 0; 24: 99; 34: -1; 24: 255; 37: 1; ");
+    EXPECT_EQ(recordedAgain("37 0x8000000B; 24 0;"), "33:; 37: -2147483637; 24: 0; 34: -1; ");
 }
 
 TEST(Playback, PlaysWhatIsSound)
