@@ -63,7 +63,7 @@ Playback::~Playback()
         AbortPath(m_target);
     }
     if (m_savedLevel != 0) {
-        restoreTarget(m_savedLevel);
+        restoreTarget();
     }
     if (m_reference != nullptr) {
         DeleteDC(m_reference);
@@ -72,12 +72,12 @@ Playback::~Playback()
 
 // Readers of a recorded page that look for text follow its colours and fonts, but no saved states: they are told what
 // has come back.
-void Playback::restoreTarget(int level)
+void Playback::restoreTarget()
 {
     const ContextState& state = m_context.state;
     const COLORREF color = state.textColor;
     const HGDIOBJ font = state.font->handle();
-    RestoreDC(m_target, level);
+    RestoreDC(m_target, m_savedLevel);
     if (m_context.contextKind() != ContextKind::metafile) {
         return;
     }
@@ -145,7 +145,7 @@ void Playback::restoreState(LONG level)
         return;
     }
     RestoreDC(m_reference, -levels);
-    restoreTarget(-levels);
+    RestoreDC(m_target, -levels);
     for (LONG count = 0; count < levels; ++count) {
         m_savedRectangles -= m_saved.back();
         m_saved.pop_back();

@@ -72,7 +72,7 @@ public:
 private:
     // True when what the file selects must be cut to the clip that stays, record by record.
     bool confinesClip() const noexcept;
-    void restoreTarget(int level);
+    void restoreTarget();
     void setTransform(const Mapping& toDevice);
 
     HDC m_target;

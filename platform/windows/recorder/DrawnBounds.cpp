@@ -75,6 +75,10 @@ DrawnBounds boundsWithEdges(const Mapping& mapping, const RECT& rect) noexcept
 DrawnBounds boundsOfArea(const Mapping& mapping, const RECT& rect) noexcept
 {
     DrawnBounds bounds = boundsWithEdges(mapping, rect);
+    if (!mapping.isAxisAligned()) {
+        const bool empty = rect.left == rect.right || rect.top == rect.bottom;
+        return empty ? DrawnBounds{} : bounds; // its corners lie within pixels, not between them
+    }
     if (bounds.box.right == bounds.box.left || bounds.box.bottom == bounds.box.top) {
         return {};
     }

@@ -44,19 +44,6 @@ RECTL frameAround(const RECTL& pixels)
             hundredths(std::int64_t{pixels.bottom} + 1, deviceMillimeters.cy, devicePixels.cy)};
 }
 
-// How far a line of the context's pen reaches beyond its middle, in device units; mitres and square caps may reach
-// further.
-LONG penReach(const DeviceContext& context)
-{
-    const PenObject* const pen = context.state.pen.get();
-    if (pen == nullptr || pen->width <= 1 || (pen->style & PS_STYLE_MASK) == PS_NULL) {
-        return 0;
-    }
-    const Mapping mapping = context.mapping();
-    const double width = pen->width * std::max(mapping.scaleX(), mapping.scaleY());
-    return width <= 1 ? 0 : toDeviceUnit((width + 1) / 2);
-}
-
 } // namespace
 
 MetafileDevice::MetafileDevice(const RECT* frame)
@@ -128,13 +115,13 @@ void MetafileDevice::markDrawn(const DeviceContext& context, DrawnBounds bounds)
     m_drawn.add(bounds.box);
 }
 
-RECTL MetafileDevice::markStroked(const DeviceContext& context, DrawnBounds bounds)
+RECTL MetafileDevice::markStroked(const DeviceContext& context, DrawnBounds bounds, Corners corners)
 {
     if (m_pathState == PathState::open) {
         m_path.add(bounds.box);
         return DrawnBounds{}.box;
     }
-    bounds.grow(penReach(context));
+    bounds.grow(penReach(context, corners));
     markDrawn(context, bounds);
     return bounds.box;
 }
@@ -145,7 +132,7 @@ RECTL MetafileDevice::markPath(const DeviceContext& context, bool stroked)
     m_path = {};
     m_pathState = PathState::none;
     if (stroked) {
-        return markStroked(context, bounds);
+        return markStroked(context, bounds, Corners::any);
     }
     markDrawn(context, bounds);
     return bounds.box;

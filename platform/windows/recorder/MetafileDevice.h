@@ -15,6 +15,7 @@
 #include "core/Device.h"
 #include "core/GdiObject.h"
 #include "recorder/DrawnBounds.h"
+#include "recorder/PenReach.h"
 #include "recorder/RecordBuffer.h"
 #include "recorder/RecordedObjects.h"
 
@@ -91,7 +92,7 @@ private:
     void markDrawn(const DeviceContext& context, DrawnBounds bounds);
     // The same for lines through these pixels, or adds them to the path that is open. Gives what stands in a record
     // of them: nothing in a path.
-    RECTL markStroked(const DeviceContext& context, DrawnBounds bounds);
+    RECTL markStroked(const DeviceContext& context, DrawnBounds bounds, Corners corners);
     // What stands in a record that draws a path.
     RECTL markPath(const DeviceContext& context, bool stroked);
 

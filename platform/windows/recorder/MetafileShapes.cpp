@@ -1,5 +1,6 @@
 // The part of MetafileDevice that records lines, shapes, paths and fills.
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <limits>
 #include <numeric>
@@ -87,30 +88,45 @@ bool inclusiveBox(const DeviceContext& context, const RECT& rect, RECTL& box) no
     return true;
 }
 
-DrawnBounds boundsOfShape(const DeviceContext& context, const RECT& rect) noexcept
+// Of the shape as it is played from the record's box. Where units are no pixels, that is another pixel than the one
+// before the edge that GM_COMPATIBLE leaves out.
+DrawnBounds boundsOfShape(const DeviceContext& context, const RECTL& inclusive) noexcept
 {
-    return context.state.graphicsMode == GM_COMPATIBLE ? boundsOfArea(context.mapping(), rect)
-                                                       : boundsWithEdges(context.mapping(), rect);
+    return boundsWithEdges(context.mapping(),
+                           {inclusive.left, inclusive.top, inclusive.right, inclusive.bottom});
 }
 
-// Under a rotation: those of the whole ellipse.
-DrawnBounds boundsOfPart(const DeviceContext& context, ArcShape shape, const RECT& rect, POINT start,
-                         POINT end)
+// True when logical points lie on device pixels, so that rounding turns no direction.
+bool keepsDirections(const Mapping& mapping) noexcept
+{
+    const auto isWhole = [](double value) {
+        return value == std::floor(value);
+    };
+    return mapping.isAxisAligned() && isWhole(mapping.xx) && isWhole(mapping.yy) && isWhole(mapping.dx) &&
+           isWhole(mapping.dy);
+}
+
+// Of an arc, a chord or a pie in this ellipse. Where its ends are uncertain: those of the whole ellipse.
+DrawnBounds boundsOfPart(const DeviceContext& context, ArcShape shape, const DrawnBounds& ellipse,
+                         POINT start, POINT end)
 {
     const Mapping mapping = context.mapping();
-    const DrawnBounds ellipse = boundsOfShape(context, rect);
-    if (ellipse.empty() || !mapping.isAxisAligned()) {
+    const bool advanced = context.state.graphicsMode == GM_ADVANCED;
+    const bool flipped = (mapping.xx < 0) != (mapping.yy < 0);
+    // Directions are those of the device in GM_COMPATIBLE, of the logical plane in GM_ADVANCED, and when it is played.
+    const RECTL& box = ellipse.box;
+    const bool flat = box.left == box.right || box.top == box.bottom;
+    if (!keepsDirections(mapping) || flat || (flipped && !advanced)) {
         return ellipse;
     }
-    // Directions are those of the device in GM_COMPATIBLE, of the logical plane in GM_ADVANCED.
-    const bool mirrored = context.state.graphicsMode == GM_ADVANCED && (mapping.xx < 0) != (mapping.yy < 0);
-    if ((context.state.arcDirection == AD_CLOCKWISE) != mirrored) {
+    if ((context.state.arcDirection == AD_CLOCKWISE) != flipped) {
         std::swap(start, end);
     }
     DrawnBounds bounds = boundsOfArc(ellipse, mapping.toDevice(start), mapping.toDevice(end));
     if (shape == ArcShape::pie) {
-        bounds.add(POINT{std::midpoint(ellipse.box.left, ellipse.box.right),
-                         std::midpoint(ellipse.box.top, ellipse.box.bottom)});
+        // The centre may lie between two pixels.
+        bounds.add(POINT{std::midpoint(box.left, box.right), std::midpoint(box.top, box.bottom)});
+        bounds.add(POINT{std::midpoint(box.right, box.left), std::midpoint(box.bottom, box.top)});
     }
     return bounds;
 }
@@ -120,7 +136,7 @@ DrawnBounds boundsOfPart(const DeviceContext& context, ArcShape shape, const REC
 bool MetafileDevice::lineTo(DeviceContext& context, POINT from, POINT to)
 {
     const POINT ends[] = {from, to};
-    markStroked(context, boundsOfPoints(context.mapping(), ends));
+    markStroked(context, boundsOfPoints(context.mapping(), ends), Corners::none);
     return record(EMR_LINETO, EMRPOINT{{}, {to.x, to.y}}) != nullptr;
 }
 
@@ -141,7 +157,7 @@ bool MetafileDevice::poly(DeviceContext& context, PolyShape shape, std::span<con
     const PolyTypes& types = polyTypes[static_cast<std::size_t>(shape)];
     const DWORD type = narrow ? types.narrow : types.wide;
     const std::uint64_t pointsLength = points.size() * (narrow ? sizeof(POINTS) : sizeof(POINTL));
-    const RECTL drawn = markStroked(context, bounds);
+    const RECTL drawn = markStroked(context, bounds, Corners::any);
     const auto pointCount = static_cast<DWORD>(points.size());
     BYTE* tail = nullptr;
     if (shape == PolyShape::polyPolyline || shape == PolyShape::polyPolygon) {
@@ -167,7 +183,8 @@ bool MetafileDevice::box(DeviceContext& context, BoxShape shape, const RECT& rec
     if (!inclusiveBox(context, rect, inclusive)) {
         return true;
     }
-    markStroked(context, boundsOfShape(context, rect));
+    const bool square = shape == BoxShape::rectangle && context.mapping().isAxisAligned();
+    markStroked(context, boundsOfShape(context, inclusive), square ? Corners::square : Corners::any);
     if (shape == BoxShape::roundRectangle) {
         return record(EMR_ROUNDRECT, EMRROUNDRECT{{}, inclusive, corner}) != nullptr;
     }
@@ -180,11 +197,11 @@ bool MetafileDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rec
     if (!inclusiveBox(context, rect, inclusive)) {
         return true;
     }
-    DrawnBounds bounds = boundsOfPart(context, shape, rect, start, end);
+    DrawnBounds bounds = boundsOfPart(context, shape, boundsOfShape(context, inclusive), start, end);
     if (shape == ArcShape::arcTo) {
         bounds.add(context.mapping().toDevice(context.state.position));
     }
-    markStroked(context, bounds);
+    markStroked(context, bounds, Corners::any);
     const EMRARC fields{{}, inclusive, {start.x, start.y}, {end.x, end.y}};
     return record(arcTypes[static_cast<std::size_t>(shape)], fields) != nullptr;
 }
@@ -197,7 +214,7 @@ bool MetafileDevice::angleArc(DeviceContext& context, POINT center, DWORD radius
     DrawnBounds bounds = boundsWithEdges(mapping, {saturated(center.x - reach), saturated(center.y - reach),
                                                    saturated(center.x + reach), saturated(center.y + reach)});
     bounds.add(mapping.toDevice(context.state.position));
-    markStroked(context, bounds);
+    markStroked(context, bounds, Corners::any);
     return record(EMR_ANGLEARC, EMRANGLEARC{{}, {center.x, center.y}, radius, startAngle, sweepAngle}) !=
            nullptr;
 }
@@ -228,6 +245,9 @@ bool MetafileDevice::path(DeviceContext& context, PathStep step)
         if (step >= PathStep::fill) {
             const RECTL drawn = markPath(context, step != PathStep::fill);
             return record(type, EMRPATH{{}, drawn}) != nullptr;
+        }
+        if (step == PathStep::widen) {
+            m_path.grow(penReach(context, Corners::any));
         }
     }
     return record(type, EMR{}) != nullptr;

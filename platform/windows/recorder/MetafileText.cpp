@@ -4,6 +4,7 @@
 
 #include "core/DeviceContext.h"
 #include "recorder/MetafileDevice.h"
+#include "recorder/TextInk.h"
 
 namespace {
 
@@ -19,8 +20,13 @@ bool MetafileDevice::text(DeviceContext& context, const TextOutput& output)
     const bool hasAdvances = output.advances.size() >= output.text.size();
     const std::uint64_t advancesLength = hasAdvances ? output.text.size() * sizeof(INT) : 0;
 
+    const DrawnBounds ink = boundsOfInk(context, output);
+    DrawnBounds cell{output.bounds};
+    if (!isUpright(output)) {
+        cell.add(ink.box);
+    }
     EMREXTTEXTOUT fields{};
-    fields.rclBounds = output.bounds;
+    fields.rclBounds = cell.box;
     fields.iGraphicsMode = static_cast<DWORD>(context.state.graphicsMode);
     if (context.state.graphicsMode == GM_COMPATIBLE) {
         // Page units become hundredths of a millimetre; advanced mode has no use for it.
@@ -48,10 +54,12 @@ bool MetafileDevice::text(DeviceContext& context, const TextOutput& output)
     }
 
     if (m_pathState == PathState::open) {
-        m_path.add(output.bounds);
+        m_path.add(cell.box);
+        m_path.add(ink.box);
         return true;
     }
-    DrawnBounds drawn{output.bounds};
+    DrawnBounds drawn = cell;
+    drawn.add(ink.box);
     const DrawnBounds rect = usesRect ? boundsOfArea(context.mapping(), output.rect) : DrawnBounds{};
     if ((output.options & ETO_CLIPPED) != 0) {
         drawn.clip(rect.area());

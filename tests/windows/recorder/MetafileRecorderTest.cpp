@@ -82,6 +82,23 @@ const Drawing drawings[] = {
      },
      {"87: -3 2 1 4 2 131073 327677", "3: -3 -32768 40000 4 3 1 2 -3 4 40000 -32768",
       "90: -3 0 1 4 2 4 2 2 131073 327677 0 65536"}},
+    {"BoundsOfWhatAPenOfOneUnitCovers",
+     [](HDC context) {
+         const POINT line[] = {{2, 3}, {5, 3}};
+         SetGraphicsMode(context, GM_ADVANCED);
+         const XFORM tenfold{10, 0, 0, 10, 0, 0};
+         SetWorldTransform(context, &tenfold);
+         for (const int width : {1, 0}) {
+             const HPEN pen = CreatePen(PS_SOLID, width, 0);
+             SelectObject(context, pen);
+             Polyline(context, line, 2);
+             SelectObject(context, GetStockObject(BLACK_PEN));
+             DeleteObject(pen);
+         }
+     },
+     {"35: 1092616192 0 0 1092616192 0 0", "38: 1 0 1 0 0", "37: 1", "87: 14 24 56 36 2 196610 196613",
+      "37: -2147483641", "40: 1", "38: 1 0 0 0 0", "37: 1", "87: 20 30 50 30 2 196610 196613",
+      "37: -2147483641", "40: 1"}},
     {"PathsWithTheirBounds",
      [](HDC context) {
          EndPath(context);
