@@ -39,12 +39,15 @@ public:
     static void getImageSize(unsigned char* page, int length, unsigned int& width, unsigned int& height);
     // Finds the next occurrence of a text and gives a marked copy of the page, to be freed with
     // freeFoundPage; `foundLength` 0 means that there is none. `position` and `textOffset` are the cursor:
-    // both 0 to begin, handed back unchanged to go on.
+    // both 0 to begin, handed back unchanged to go on. Whether there was a hit shows in `foundLength` alone: the
+    // result is 0 with and without one and for a page of no known format, whose outputs stay as they were, and -100
+    // where there was no memory for the marked copy of a metafile.
     static int searchPageForString(unsigned char* page, unsigned int length, const char* text, bool matchCase,
                                    bool wholeWord, unsigned int& position, unsigned int& textOffset,
                                    unsigned char*& foundPage, unsigned int& foundLength, int& x, int& y);
     static void freeFoundPage(unsigned char* page);
 
+    // Null without memory, and then no constructor runs.
     static void* operator new(std::size_t size) noexcept;
     static void operator delete(void* block) noexcept;
 };

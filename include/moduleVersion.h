@@ -32,8 +32,8 @@ public:
     virtual ~CModuleVersion();
 
     // Reads the version of a file. False when there is none to read; the numbers stay as they were then. Of a file
-    // that breaks off or leads out of itself nothing is read there. The walk through the resources takes at most as many
-    // steps as the file has bytes, and gives false where a file would ask for more; no ordinary file comes near.
+    // that breaks off or leads out of itself nothing is read there. The walk through the resources takes at most as
+    // many steps as the file has bytes, and gives false where a file would ask for more; no ordinary file comes near.
     bool readFile(const char* path);
 
     // How many steps that walk took in the last readFile: entries of directories and 16-bit units looked at.

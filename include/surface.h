@@ -8,7 +8,8 @@
 // in the low byte. Angles are whole degrees, font sizes points. Drawing operations return nothing; trouble
 // that a caller cannot act on goes to the log and the drawing goes on. A null text, rectangle, point list or
 // attribute draws nothing and changes nothing, unless an operation says otherwise. Exhausted memory throws
-// KrnException, and nothing else is thrown.
+// KrnException, and nothing else is thrown: the page is then one with or without the call that failed, never with
+// half of it. An object that is made with `new` is null when there is no memory for the object itself.
 //
 // Life of a surface: construct, set attributes and draw in any order, closeSurface, getDataLength and
 // getData, destroy. One surface is one page, and belongs to one thread at a time.
@@ -33,7 +34,7 @@ public:
     CSurface(const CSurface& other);
     CSurface& operator=(const CSurface& other);
 
-    // Behind each operation stands what CSurface itself does: a default that back ends inherit, or "required".
+    // Each operation says at its end what CSurface itself does: a default that back ends inherit, or "required".
 
     virtual ~CSurface();
 
@@ -41,7 +42,8 @@ public:
     virtual void getData(unsigned char* buffer, unsigned int& size) = 0;
     // Bytes of the finished page. Required.
     virtual int getDataLength() = 0;
-    // Finishes the page; 0 on success. Nothing more is drawn after it. Required.
+    // Finishes the page; 0 on success. Nothing more is drawn after it. Where it fails for want of memory the surface is
+    // as it was, and may be closed again. Required.
     virtual int closeSurface() = 0;
     // A player begins a page and has set the size fields below. Default: nothing.
     virtual void prepareSurface();
@@ -55,23 +57,31 @@ public:
     virtual bool canDrawFormattedText();
     // One string in a rectangle; `flags` are those of the Windows DrawText. Required.
     virtual void drawString(const char* text, RECT* rect, unsigned int flags) = 0;
-    // Formatted text without rotation; true when drawn. Default: false.
+    // Formatted text without rotation; true when drawn. The two numbers at the end have no effect anywhere. Default:
+    // false, as on all back ends but CSurfaceSVG.
     virtual bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags, float, float);
     // Formatted text, turned by the rotation of the text style; true when drawn. Required.
     virtual bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags) = 0;
     // The picture type the surface wants for an image that the caller holds as `picType`: 1 Windows bitmap,
     // 3 and 5 icon, 6 TIFF, 7 JPEG, 8 PNG, 9 GIF. Default: `picType`.
     virtual int requiredPictureType(int picType);
-    // Gives the surface the bytes of an image under the number `id`, with its size in pixels. Required.
+    // Gives the surface the bytes of an image under the number `id`, with its size in pixels. `picType` is one of
+    // those above, or 100 for a tile, which only CSurfacePSPrinter treats in its own way. For any other type the text
+    // back ends look at the bytes themselves; on devices 7 is JPEG and all else PNG. Ids are small numbers counted from
+    // 0, since the text back ends keep a table of them: from 65536 on these refuse an image, with one line in the log
+    // for each id, while CSurfaceGDI takes every id. Of two images with one id, CSurfacePSPrinter and CSurfaceGDI keep
+    // the first; CSurfaceSVG writes both and takes the size of the later one. Required.
     virtual void includeImage(unsigned int id, unsigned char* data, int size, int width, int height,
                               int picType) = 0;
-    // Draws a held image. Mode 0: at its own size from offset (x, y); 1: scaled to the rectangle; 2: tiled
-    // over the rectangle with its origin at offset (x, y). Required.
+    // Draws a held image; an id that was not included draws nothing. Mode 0: at its own size from offset (x, y); 1:
+    // scaled to the rectangle; 2: tiled over the rectangle with its origin at offset (x, y). Other modes: nothing on
+    // devices, mode 0 on CSurfacePSPrinter; CSurfaceSVG writes an image that its player scales, or draws at its own
+    // size where the rectangle is empty. Required.
     virtual void drawImage(RECT* rect, unsigned int id, int mode, int x, int y) = 0;
     // Ends the transform. Default: forgets it.
     virtual void clearTransform();
     // Text with its base line at (x, y). `options` are those of the Windows ExtTextOut, of which 4 makes
-    // `rect` the clip; `length` -1 means the whole text. Required.
+    // `rect` the clip; `length` -1 means the whole text, and no byte after `length` is read. Required.
     virtual void drawTextOnBaseLine(int x, int y, unsigned int options, RECT* rect, char* text,
                                     int length) = 0;
     // Part of the ellipse in `rect`, counter-clockwise from the direction of (x1, y1) to that of (x2, y2),
@@ -91,7 +101,8 @@ public:
     virtual void drawSolidRectangle(RECT* rect, unsigned long color) = 0;
     // Text by the rules of the Windows DrawText. Required.
     virtual void drawText(const char* text, RECT* rect, unsigned int flags) = 0;
-    // Text from a point. Required.
+    // Text from a point, which is its left end at the top. Of `flags`, those of the Windows DrawText, 2 makes the
+    // point its right end, else 1 its middle; the others have no effect on the place. Required.
     virtual void drawTextAt(const char* text, POINT* point, unsigned int flags) = 0;
     // drawString with the angles for this one call. Default: nothing; only CSurfaceGDI draws here.
     virtual void drawStringRotated(const char* text, RECT* rect, unsigned int flags, int charAngle,
@@ -100,11 +111,13 @@ public:
     virtual void ellipse(RECT* rect) = 0;
     // A polygon filled with `color`. Required.
     virtual void solidPolygon(POINT* points, unsigned int count, unsigned long color) = 0;
-    // Required; nothing on the text back ends.
+    // Fills from (x, y): type 0 up to where `color` stands, type 1 as far as `color` goes (the types of the Windows
+    // ExtFloodFill). Required; nothing on the text back ends.
     virtual void floodFill(int x, int y, unsigned long color, unsigned int type) = 0;
     // A frame one unit wide. Required.
     virtual void frameRect(RECT* rect, unsigned long color) = 0;
-    // Reports the fonts of the device; 0: nothing was reported. Required.
+    // Reports the fonts of the device into `param`. On devices 0 is success; what else CSurfaceGDI tells. The text back
+    // ends have no fonts to report: they give 0 and leave `param` alone. Required.
     virtual int loadFonts(DskParam* param) = 0;
     // As drawArc, closed through the centre and filled. Required.
     virtual void drawPie(RECT* rect, int x1, int y1, int x2, int y2) = 0;
@@ -112,11 +125,15 @@ public:
     virtual void polygon(POINT* points, unsigned int count) = 0;
     // Open. Required.
     virtual void polyline(POINT* points, unsigned int count) = 0;
-    // The next text is the N of M page number, stamped once the total is known. Required.
+    // The next text is the N of M page number, stamped once the total is known. For a page that can be stamped,
+    // CSurfaceSVG or CSurfaceEMF: CSurfacePSPrinter does nothing, and a device context that is no metafile reports a
+    // failed assertion. Required.
     virtual void printerNofMMarker(POINT point) = 0;
-    // Required; nothing on the text back ends.
+    // Where the patterns of brushes begin: at the point, or at the viewport's origin for null, modulo `size`, the width
+    // and height of a pattern in device units; below 1: 8. Required; nothing on the text back ends.
     virtual void resetBrushOrg(POINT* point, int size) = 0;
-    // Puts back the brush that stood before the surface's own. Required; nothing on the text back ends.
+    // Only restoreFont does something, and only on CSurfaceGDI, where the font of one change ago comes back. Brush and
+    // pen stay on all back ends. Required.
     virtual void restoreBrush() = 0;
     virtual void restoreFont() = 0;
     virtual void restorePen() = 0;
@@ -142,7 +159,7 @@ public:
     virtual void setTransform(float m11, float m12, float m21, float m22, float dx, float dy);
     // Default: stores the colour.
     virtual void setForeColor(unsigned long color);
-    // Default: stores both; nothing here applies them.
+    // Default: stores both. No back end moves anything by them.
     virtual void setViewportOrigin(int x, int y);
 
     unsigned long getForeColor() const { return m_foreColor; }
@@ -170,6 +187,7 @@ public:
     static TovoTextString toXML(TovoTextString text);
     static TovoTextString fromXML(TovoTextString text);
 
+    // Null without memory, and then no constructor runs.
     static void* operator new(std::size_t size) noexcept;
     static void operator delete(void* block) noexcept;
 

@@ -49,9 +49,10 @@ public:
     bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags) override;
     // 1, whatever it is asked.
     int requiredPictureType(int picType) override;
-    // The first image under an id stays; without memory nothing is stored.
+    // Any id; the first image under one stays. Without data, or without memory for it, nothing is stored.
     void includeImage(unsigned int id, unsigned char* data, int size, int width, int height,
                       int picType) override;
+    // Nothing for an id without an image, for a mode above 2, and for an image that can't be decoded.
     void drawImage(RECT* rect, unsigned int id, int mode, int x, int y) override;
     // Puts the world transform from before the latest setTransform back; the identity before the first one.
     void clearTransform() override;
@@ -85,13 +86,15 @@ public:
     void drawPie(RECT* rect, int x1, int y1, int x2, int y2) override;
     void polygon(POINT* points, unsigned int count) override;
     void polyline(POINT* points, unsigned int count) override;
-    // For CSurfaceEMF only; a call here is a reported fault of the caller.
+    // For CSurfaceEMF only; a call here is a fault of the caller, reported as a failed assertion.
     void printerNofMMarker(POINT point) override;
     // Brush patterns begin at the point (null: the viewport's origin), modulo `size`; below 1: 8.
     void resetBrushOrg(POINT* point, int size) override;
+    // Nothing.
     void restoreBrush() override;
-    // Puts the font of one change ago back.
+    // Puts the font of one change ago back; nothing when there is none.
     void restoreFont() override;
+    // Nothing.
     void restorePen() override;
     // Null removes all clipping. The rectangle is converted for the mapping of this moment.
     void setClippingRegion(RECT* rect) override;
@@ -123,7 +126,8 @@ public:
     void drawPolyline(POINT* points, unsigned int count);
     // Paints nothing.
     void drawEraseRectangle(RECT* rect, unsigned long color);
-    // MM_ANISOTROPIC comes with the extents below.
+    // Nothing when the context is in this mode already. MM_ANISOTROPIC comes with the extents below: a context that is
+    // in it already keeps its own.
     void setMapMode(int mode);
 
 protected:

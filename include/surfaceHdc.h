@@ -7,7 +7,8 @@
 class SURFACE_API CSurfaceHdc : public CSurfaceGDI {
 public:
     explicit CSurfaceHdc(HDC hdc);
-    // The extents that setMapMode gives to MM_ANISOTROPIC; prepareSurface replaces them.
+    // The extents that setMapMode gives to MM_ANISOTROPIC: until the caller sets that mode they do nothing.
+    // prepareSurface, with which a player begins, replaces them and sets the mode.
     CSurfaceHdc(HDC hdc, SIZE viewport, SIZE window);
     ~CSurfaceHdc() override;
 

@@ -76,13 +76,13 @@ public:
     void drawString(const char* text, RECT* rect, unsigned int flags) override;
     // The one form that knows rotation, underline, strike-through and widths; true.
     bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags) override;
-    // Takes whatever can be decoded. The first image under an id stays; ids from 65536 on are refused. Type 100
-    // is a tile, type 7 (JPEG) is kept without run-length form. Width and height have to be the true ones: an
-    // image that is smaller than stated counts as undecodable. Tiles and picture brushes hold their samples in
-    // one string, of which many interpreters take no more than 65535 bytes.
+    // Takes whatever can be decoded. The first image under an id stays; ids from 65536 on are refused, with a line in
+    // the log for each. Type 100 is a tile, type 7 (JPEG) is kept without run-length form. Width and height have to be
+    // the true ones: an image that is smaller than stated counts as undecodable. Tiles and picture brushes hold their
+    // samples in one string, of which many interpreters take no more than 65535 bytes.
     void includeImage(unsigned int id, unsigned char* data, int size, int width, int height,
                       int picType) override;
-    // Clipped to the rectangle. The offsets have no effect.
+    // Clipped to the rectangle. The offsets have no effect. Nothing for an id without an image.
     void drawImage(RECT* rect, unsigned int id, int mode, int x, int y) override;
     // To be called only while a transform is set.
     void clearTransform() override;
@@ -96,7 +96,8 @@ public:
     void drawLine(int x1, int y1, int x2, int y2) override;
     void drawRectangle(RECT* rect) override;
     // The corners are circular, of the first radius. Without pen and brush the outline stays in the path, and the
-    // next shape that begins no path of its own paints it.
+    // next shape that begins no path of its own paints it. Where the radius is as long as a side, or the rectangle has
+    // no width or height, interpreters stop at the page: the log says so once.
     void drawRoundedRectangle(RECT* rect, unsigned int radius, unsigned int secondRadius) override;
     void drawSolidRectangle(RECT* rect, unsigned long color) override;
     void drawText(const char* text, RECT* rect, unsigned int flags) override;
@@ -158,8 +159,8 @@ public:
     static void appendPath(TovoTextString& s, POINT* points, unsigned int count);
     void appendDrawStyle(TovoTextString& s);
     void appendFillStyle(TovoTextString& s);
-    // Paints the current path with brush and pen. With neither of them it writes nothing: the path stays the current one,
-    // and is painted by what comes next.
+    // Paints the current path with brush and pen. With neither of them it writes nothing: the path stays the current
+    // one, and is painted by what comes next.
     void appendStrokeAndFill(TovoTextString& s);
     // Text is clipped where it is drawn; there is nothing to write here.
     void appendClipStyle(TovoTextString& s, RECT* rect);
@@ -191,7 +192,15 @@ private:
     class Change;
 
     // What makes an interpreter stop at a document, although it is written as it has to be.
-    enum class Trap : unsigned int { ZeroScale, ZeroFont, RoundedCorners, LineWithoutFont };
+    enum class Trap : unsigned int {
+        ZeroScale,
+        ZeroFont,
+        FontName,
+        RoundedCorners,
+        FlatTransform,
+        LineWithoutFont,
+        EmptyRunWithWidth
+    };
 
     // A pattern's definition that is still to go in front of m_body.
     struct PatternDef {

@@ -40,8 +40,12 @@ public:
     bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags) override;
     // Always 8, PNG; includeImage takes any type.
     int requiredPictureType(int picType) override;
+    // PNG and JPEG stay as they are, all else becomes PNG; what can't be decoded leaves an image without data. An
+    // image under an id that is there already is written as well, and its size counts from then on. Ids from 65536 on
+    // are refused, with a line in the log for each.
     void includeImage(unsigned int id, unsigned char* data, int size, int width, int height,
                       int picType) override;
+    // Nothing for an id without an image.
     void drawImage(RECT* rect, unsigned int id, int mode, int x, int y) override;
     void clearTransform() override;
     void drawTextOnBaseLine(int x, int y, unsigned int options, RECT* rect, char* text, int length) override;

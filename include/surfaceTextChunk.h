@@ -12,6 +12,7 @@
 
 class SURFACE_API CSurfaceTextChunk {
 public:
+    // No text, flags or position; textLength -1.
     CSurfaceTextChunk();
     CSurfaceTextChunk(const CSurfaceTextChunk& other) = default;
     CSurfaceTextChunk& operator=(const CSurfaceTextChunk& other) = default;
@@ -26,6 +27,7 @@ public:
     // Whether this run begins a new line after `previous`, which is null for the first run.
     bool isStartOfAnotherLine(CSurfaceTextChunk* previous) const;
 
+    // Null without memory, and then no constructor runs.
     static void* operator new(std::size_t size) noexcept;
     static void operator delete(void* block) noexcept;
 
@@ -34,6 +36,8 @@ public:
     POINT m_position;       // where the run begins
     bool m_followsPrevious; // goes on where the previous run ended
     int m_textLength;       // width to fit the run to, logical units; -1: none
+    // On the text back ends the whole run is underlined; on devices its first character alone, by the mark of the
+    // Windows DrawText, which shows as an ampersand when the flags hold DT_NOPREFIX.
     bool m_underline;
     int m_findPosition[2]; // mark of a search, carried along for surfaces outside this module
 };

@@ -1,7 +1,8 @@
 // Text in one piece. drawString() is the one place that draws it, in device units.
-#include <cstring>
+#include <string_view>
 
 #include "gdi/DeviceScale.h"
+#include "surface/boundedText.h"
 #include "surface/drawTextLock.h"
 #include "surface/undo.h"
 #include "surface/wrappingInt.h"
@@ -164,10 +165,8 @@ void CSurfaceGDI::drawTextOnBaseLine(int x, int y, unsigned int options, RECT* r
     if (text == nullptr) {
         return;
     }
-    // `length` may be less than the text, and then nothing behind it is looked at.
-    const std::size_t limit = length < 0 ? 0 : static_cast<std::size_t>(length);
-    const std::size_t whole = length == -1 ? std::strlen(text) : strnlen(text, limit);
+    const std::string_view drawn = leftOf(text, length);
     const UINT former = SetTextAlign(m_hdc, TA_BASELINE);
-    ExtTextOutA(m_hdc, x, y, options, rect, text, static_cast<UINT>(whole), nullptr);
+    ExtTextOutA(m_hdc, x, y, options, rect, drawn.data(), static_cast<UINT>(drawn.size()), nullptr);
     SetTextAlign(m_hdc, former);
 }

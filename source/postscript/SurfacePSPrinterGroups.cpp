@@ -2,8 +2,23 @@
 // whichever was set first.
 #include "surfacePSPrinter.h"
 
+#include <cmath>
+
 #include "postscript/PageChange.h"
 #include "postscript/PostScriptPieces.h"
+
+namespace {
+
+// Of the numbers as an interpreter reads them.
+bool leavesNoArea(FixedNumber m11, FixedNumber m12, FixedNumber m21, FixedNumber m22)
+{
+    const auto written = [](FixedNumber number) {
+        return std::nearbyint(number.value * std::pow(10.0, number.decimals));
+    };
+    return written(m11) * written(m22) == written(m12) * written(m21);
+}
+
+} // namespace
 
 void CSurfacePSPrinter::setClippingRegion(RECT* rect)
 {
@@ -40,13 +55,18 @@ void CSurfacePSPrinter::setClippingRegion(RECT* rect)
 void CSurfacePSPrinter::setTransform(float m11, float m12, float m21, float m22, float dx, float dy)
 {
     constexpr int Decimals = 2;
+    const auto number = [](float value) {
+        return finiteNumber(value, Decimals);
+    };
     TovoTextString text(TextRoom{100});
-    appendPieces(text, "gsave [", finiteNumber(m11, Decimals), " ", finiteNumber(-m12, Decimals), " ",
-                 finiteNumber(-m21, Decimals), " ", finiteNumber(m22, Decimals), " ",
-                 finiteNumber(dx, Decimals), " ", finiteNumber(-dy, Decimals), "] concat\n");
+    appendPieces(text, "gsave [", number(m11), " ", number(-m12), " ", number(-m21), " ", number(m22), " ",
+                 number(dx), " ", number(-dy), "] concat\n");
     m_body.append(text);
     beginState();
     CSurface::setTransform(m11, m12, m21, m22, dx, dy);
+    if (leavesNoArea(number(m11), number(m12), number(m21), number(m22))) {
+        tellOfTrap(Trap::FlatTransform);
+    }
 }
 
 void CSurfacePSPrinter::clearTransform()

@@ -108,6 +108,9 @@ void CSurfacePSPrinter::writeFont(char* faceName, float size, bool bold, bool it
     if (isWrittenAsZero(units)) {
         tellOfTrap(Trap::ZeroFont);
     }
+    if (name.find_first_of("()<>[]{}/%") != std::string_view::npos) {
+        tellOfTrap(Trap::FontName);
+    }
 }
 
 // Whether it wrote anything.
@@ -255,6 +258,9 @@ void CSurfacePSPrinter::appendChunk(TovoTextString& s, const CSurfaceTextChunk& 
     const bool underline = m_font.getUnderline() || chunk.m_underline;
     if ((underline || m_font.getStrikethru()) && m_depthsWithFont == 0) {
         tellOfTrap(Trap::LineWithoutFont);
+    }
+    if (chunk.m_text.length() == 0 && chunk.m_textLength > 0) {
+        tellOfTrap(Trap::EmptyRunWithWidth);
     }
     const int charAngle = m_textStyle.getCharAngle();
     const int textAngle = m_textStyle.getTextAngle();

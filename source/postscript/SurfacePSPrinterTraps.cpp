@@ -14,12 +14,15 @@ constexpr const char* trapTexts[] = {
     "CSurfacePSPrinter::closeSurface The scale is 0, and an interpreter stops there: page size or logical "
     "size",
     "CSurfacePSPrinter::writeFont The size of a font is 0, and an interpreter stops at its text",
+    "CSurfacePSPrinter::writeFont An interpreter stops at the name of a font with any of ()<>[]{}/%",
     "CSurfacePSPrinter::drawRoundedRectangle An interpreter stops at a rounded rectangle without extent, or "
-    "with a "
-    "radius as long as a side",
+    "with "
+    "a radius as long as a side",
+    "CSurfacePSPrinter::setTransform An interpreter stops at text under a transform that leaves no area",
     "CSurfacePSPrinter::drawString An interpreter stops at an underline or strike-through without a font: "
     "set the "
     "font again after the end of a clip or transform",
+    "CSurfacePSPrinter::drawString An interpreter stops at an empty run that has a width",
 };
 
 constexpr unsigned int deepestState = 31; // that the bits of m_depthsWithFont tell apart
@@ -33,7 +36,7 @@ unsigned int bitOf(unsigned int depth)
 
 void CSurfacePSPrinter::tellOfTrap(Trap trap)
 {
-    static_assert(static_cast<unsigned int>(Trap::LineWithoutFont) + 1 == std::size(trapTexts));
+    static_assert(static_cast<unsigned int>(Trap::EmptyRunWithWidth) + 1 == std::size(trapTexts));
     const unsigned int bit = 1U << static_cast<unsigned int>(trap);
     if ((m_toldTraps & bit) == 0) {
         m_toldTraps |= bit;

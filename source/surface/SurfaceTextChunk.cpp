@@ -3,7 +3,7 @@
 #include "surface/moduleHeap.h"
 
 CSurfaceTextChunk::CSurfaceTextChunk()
-    : m_isNewLine(false), m_position{}, m_followsPrevious(false), m_textLength(0),
+    : m_isNewLine(false), m_position{}, m_followsPrevious(false), m_textLength(-1),
       m_underline(false), m_findPosition{}
 {
 }

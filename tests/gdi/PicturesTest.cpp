@@ -121,11 +121,12 @@ TEST(Pictures, AreDrawnInTheirModes)
             auto* const bytes = reinterpret_cast<unsigned char*>(image.data());
             const int width = static_cast<int>(c.image[0].size());
             const int height = static_cast<int>(c.image.size());
-            surface.includeImage(7, bytes, static_cast<int>(image.size()), width, height, 8);
-            surface.includeImage(7, bytes, 3, 99, 99, 8); // the first one stays
+            constexpr unsigned int Id = 0xFFFFFFFE; // any number is one
+            surface.includeImage(Id, bytes, static_cast<int>(image.size()), width, height, 8);
+            surface.includeImage(Id, bytes, 3, 99, 99, 8); // the first one stays
             RECT rect = c.rect;
             surface.drawImage(&rect, 8, c.mode, c.offset.x, c.offset.y);
-            surface.drawImage(&rect, 7, c.mode, c.offset.x, c.offset.y);
+            surface.drawImage(&rect, Id, c.mode, c.offset.x, c.offset.y);
             EXPECT_EQ(c.page, pageOf(device)) << c.name;
         }
         DeleteDC(device);

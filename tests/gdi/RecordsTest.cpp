@@ -125,7 +125,8 @@ const RecordedCase cases[] = {
          s.drawText("C", &rect, DT_CENTER);
          EXPECT_EQ(137, rect.top);
          char text[] = "base";
-         s.drawTextOnBaseLine(7, 8, 4, in({1, 2, 3, 4}), text, 2);
+         char cut[] = {'b', 'a'};
+         s.drawTextOnBaseLine(7, 8, 4, in({1, 2, 3, 4}), cut, 2);
          s.drawTextOnBaseLine(7, 8, 0, nullptr, text, 5);
      },
      "font 1 -16 0 0\n37: 1\n18: 1\n'&' 1 2 4 11\n'A' 1 2 4 11\n'a&' 1 2 4 9\n24: 255\n'Mid' 37 60 4 "

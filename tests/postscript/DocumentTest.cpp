@@ -174,10 +174,10 @@ TEST(PostScriptDocument, TellsOfWhatStopsAnInterpreter)
         PsDrawing draw;
         const char* told; // in the log's line; null: nothing is
     };
-    const auto runs = [](auto& s, bool underline) {
+    const auto runs = [](auto& s, bool underline, const char* characters = "A", int width = -1) {
         CSurfaceTextChunk chunk;
-        TovoTextString text("A");
-        chunk.create(&text, false, POINT{1, 2}, false, -1, underline);
+        TovoTextString text(characters);
+        chunk.create(&text, false, POINT{1, 2}, false, width, underline);
         Array<CSurfaceTextChunk, 2> chunks;
         chunks.add(&chunk);
         RECT rect{0, 0, 9, 9};
@@ -214,6 +214,14 @@ TEST(PostScriptDocument, TellsOfWhatStopsAnInterpreter)
         {"a font that a transform took along",
          [=](auto& s) { s.setTransform(1, 0, 0, 1, 0, 0), font(s, 9), s.clearTransform(), runs(s, true); },
          "underline"},
+        {"a font name that ends early",
+         [](auto& s) {
+             char parted[] = "A(b";
+             s.setFont(parted, 9, false, false, false, false);
+         },
+         "name of a font"},
+        {"a transform to a line", [](auto& s) { s.setTransform(0.5F, 1, 0.25F, 0.5F, 0, 0); }, "transform"},
+        {"a width for nothing", [=](auto& s) { runs(s, false, "", 5); }, "empty run"},
         {"text without a line", [=](auto& s) { runs(s, false); }, nullptr},
     };
     for (const Case& test : cases) {

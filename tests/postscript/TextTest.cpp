@@ -44,8 +44,9 @@ const PsCase texts[] = {
          s.drawTextAt("x", &point, 0);
          char text[] = "(ab";
          s.drawTextOnBaseLine(7, 8, 0, in({1, 2, 3, 4}), text, -1);
+         char cut[] = {'(', 'a'}; // nothing lies after it
          for (const int length : {0, 2, 4, -2}) {
-             s.drawTextOnBaseLine(7, 8, 4, nullptr, text, length);
+             s.drawTextOnBaseLine(7, 8, 4, nullptr, length == 2 ? cut : text, length);
          }
      },
      "\n 100 -210  moveto\n(Hi) show\n @r\n 0 2147483639  moveto\n(&\\(\\\\\\)\x80\n) show\n 7 -18  moveto "

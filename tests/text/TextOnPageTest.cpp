@@ -31,8 +31,11 @@ void drawStraight(CSurfaceSVG& s, Runs runs)
 
 void drawOnBaseLine(CSurfaceSVG& s, unsigned int options, RECT* rect, int length)
 {
-    char text[] = "a&bc";
-    s.drawTextOnBaseLine(1, -2, options, rect, text, length);
+    constexpr const char* Whole = "a&bc";
+    const bool cut = length >= 0 && length < 4;
+    // Nothing lies after the characters of a cut text, not even an end.
+    std::vector<char> text(Whole, Whole + (cut ? length : 5));
+    s.drawTextOnBaseLine(1, -2, options, rect, text.data(), length);
 }
 
 void drawAt(CSurfaceSVG& s, const char* text, POINT point)
@@ -217,6 +220,18 @@ TEST(TextOnPage, Escapes)
     }
     // What no page of ours holds.
     EXPECT_STREQ("&lt &#38;&AMP;&<lt;&", CSurface::fromXML("&lt &#38;&AMP;&&lt;lt;&").text());
+}
+
+// A run that nobody has given a width is not squeezed to one.
+TEST(TextOnPage, RunsOfNoWidth)
+{
+    const std::string page = drawnPage([](CSurfaceSVG& s) {
+        Runs runs(1);
+        runs[0].m_text = "A";
+        drawRuns(s, runs);
+    });
+    EXPECT_NE(page.find(">A</"), page.npos);
+    EXPECT_EQ(page.find("textLength"), page.npos) << page;
 }
 
 TEST(TextOnPage, RunsThatBeginALine)
