@@ -5,8 +5,8 @@
 
 #include "FloorPostScriptWriter.h"
 #include "PostScriptPage.h"
+#include "PostScriptProlog.h"
 #include "TablePage.h"
-#include "postscript/PostScriptProlog.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 
 #include "FloorPostScriptWriter.h"
 #include "PostScriptPage.h"
+#include "PostScriptProlog.h"
 #include "TextPage.h"
-#include "postscript/PostScriptProlog.h"
 
 namespace {
 

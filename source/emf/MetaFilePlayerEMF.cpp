@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-#include "emf/MetafileRecords.h"
+#include "MetafileRecords.h"
+#include "moduleHeap.h"
 #include "surface.h"
-#include "surface/moduleHeap.h"
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include <numeric>
 #include <string_view>
 
-#include "emf/MetafileRecords.h"
-#include "surface/pageCountWord.h"
-#include "surface/wrappingInt.h"
+#include "MetafileRecords.h"
+#include "pageCountWord.h"
+#include "wrappingInt.h"
 
 namespace {
 

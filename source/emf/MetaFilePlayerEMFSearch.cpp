@@ -1,9 +1,9 @@
 // The search for text on a stored page.
 #include "metaFilePlayerEMF.h"
 
-#include "emf/MetafileFields.h"
-#include "emf/MetafileSearch.h"
-#include "emf/markMetafile.h"
+#include "MetafileFields.h"
+#include "MetafileSearch.h"
+#include "markMetafile.h"
 
 unsigned int CMetaFilePlayerEMF::findNextField(unsigned char* page, unsigned int length, int& x, int& y,
                                                TovoTextString& text)

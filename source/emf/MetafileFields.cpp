@@ -1,4 +1,4 @@
-#include "emf/MetafileFields.h"
+#include "MetafileFields.h"
 
 #include <algorithm>
 

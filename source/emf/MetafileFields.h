@@ -6,8 +6,8 @@
 
 #include <string_view>
 
-#include "emf/MetafileRecords.h"
-#include "emf/ReadingOrder.h"
+#include "MetafileRecords.h"
+#include "ReadingOrder.h"
 #include "sys/tovoarray.h"
 #include "sys/tovostr.h"
 

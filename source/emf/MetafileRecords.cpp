@@ -1,4 +1,4 @@
-#include "emf/MetafileRecords.h"
+#include "MetafileRecords.h"
 
 #include <algorithm>
 #include <cstdint>

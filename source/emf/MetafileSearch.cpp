@@ -1,5 +1,5 @@
 // The walk over the fields, and the search for a plain text.
-#include "emf/MetafileSearch.h"
+#include "MetafileSearch.h"
 
 #include <utility>
 

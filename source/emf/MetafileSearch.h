@@ -5,8 +5,8 @@
 
 #include <string_view>
 
-#include "emf/MetafileFields.h"
-#include "emf/WordCursor.h"
+#include "MetafileFields.h"
+#include "WordCursor.h"
 #include "sys/tovoarray.h"
 #include "sys/tovostr.h"
 

@@ -1,5 +1,5 @@
 // The search for a phrase of whole words.
-#include "emf/MetafileSearch.h"
+#include "MetafileSearch.h"
 
 namespace {
 

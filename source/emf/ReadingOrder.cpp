@@ -1,10 +1,10 @@
-#include "emf/ReadingOrder.h"
+#include "ReadingOrder.h"
 
 #include <algorithm>
 #include <climits>
 #include <tuple>
 
-#include "surface/wrappingInt.h"
+#include "wrappingInt.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "surface/wordSeparators.h"
+#include "wordSeparators.h"
 
 class WordCursor {
 public:

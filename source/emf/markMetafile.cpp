@@ -1,10 +1,10 @@
-#include "emf/markMetafile.h"
+#include "markMetafile.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <limits>
 
-#include "surface/moduleHeap.h"
+#include "moduleHeap.h"
 
 namespace {
 

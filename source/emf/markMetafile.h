@@ -1,7 +1,7 @@
 // The page with a hit of a search in red.
 #pragma once
 
-#include "emf/MetafileSearch.h"
+#include "MetafileSearch.h"
 
 // A copy of the page in which each record that the entries name stands twice: first without the characters of the
 // hit, then in red with these alone. At least one entry, each of a field of the page. From the module's heap; null,

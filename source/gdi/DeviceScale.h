@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "surface/wrappingInt.h"
+#include "wrappingInt.h"
 
 // The extents of a context's map mode and the scale that they make; 1 for a null context.
 struct DeviceScale {

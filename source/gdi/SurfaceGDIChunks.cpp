@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <cstring>
 
-#include "gdi/DeviceScale.h"
-#include "surface/undo.h"
-#include "surface/wrappingInt.h"
+#include "DeviceScale.h"
 #include "surfaceGDI.h"
+#include "undo.h"
+#include "wrappingInt.h"
 
 namespace {
 

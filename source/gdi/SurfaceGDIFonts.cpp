@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "surface/moduleHeap.h"
+#include "moduleHeap.h"
 #include "surfaceGDI.h"
 
 namespace {

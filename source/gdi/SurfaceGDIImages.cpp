@@ -2,8 +2,8 @@
 #include <cstring>
 #include <memory>
 
-#include "gdi/pictureDecoding.h"
-#include "surface/moduleHeap.h"
+#include "moduleHeap.h"
+#include "pictureDecoding.h"
 #include "surfaceGDI.h"
 
 namespace {

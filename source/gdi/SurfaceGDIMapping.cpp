@@ -1,6 +1,6 @@
 // Where things land on the device: map mode, world transform, clip, brush origin.
-#include "surface/wrappingInt.h"
 #include "surfaceGDI.h"
+#include "wrappingInt.h"
 
 void CSurfaceGDI::setMapMode(int mode)
 {

@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <cstring>
 
-#include "surface/moduleHeap.h"
-#include "surface/undo.h"
-#include "surface/wrappingInt.h"
+#include "moduleHeap.h"
 #include "surfaceGDI.h"
+#include "undo.h"
+#include "wrappingInt.h"
 
 namespace {
 

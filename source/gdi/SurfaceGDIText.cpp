@@ -1,12 +1,12 @@
 // Text in one piece. drawString() is the one place that draws it, in device units.
 #include <string_view>
 
-#include "gdi/DeviceScale.h"
-#include "surface/boundedText.h"
-#include "surface/drawTextLock.h"
-#include "surface/undo.h"
-#include "surface/wrappingInt.h"
+#include "DeviceScale.h"
+#include "boundedText.h"
+#include "drawTextLock.h"
 #include "surfaceGDI.h"
+#include "undo.h"
+#include "wrappingInt.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // A picture drawn in its three modes.
 #include "surfacePicture.h"
 
-#include "gdi/pictureDecoding.h"
-#include "surface/moduleHeap.h"
-#include "surface/wrappingInt.h"
+#include "moduleHeap.h"
+#include "pictureDecoding.h"
+#include "wrappingInt.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // How the encoded bytes of a picture become pixels.
 #pragma once
 
-#include "surface/decodedImage.h"
+#include "decodedImage.h"
 #include "surfacePicture.h"
 
 // Pictures of type 7 are JPEG, all others PNG.

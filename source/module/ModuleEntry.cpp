@@ -1,8 +1,8 @@
 // What the module is, what happens when it is loaded, and what it says of its version.
 #include <windows.h>
 
-#include "module/versionNumbers.h"
 #include "moduleVersion.h"
+#include "versionNumbers.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // What the module makes once when it is loaded. Destruction at unload runs in the reverse order.
 #include <windows.h>
 
-#include "module/versionNumbers.h"
+#include "drawTextLock.h"
+#include "moduleHeap.h"
 #include "moduleUse.h"
-#include "surface/drawTextLock.h"
-#include "surface/moduleHeap.h"
-#include "surface/moduleVersion.h"
+#include "versionNumbers.h"
+#include "versionText.h"
 
 KrnLog moduleLog("surface", nullptr, true, true);
 XHeap moduleHeap("SRF", 0, 65535, true, 768, 0);

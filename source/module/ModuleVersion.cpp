@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "surface/moduleHeap.h"
+#include "moduleHeap.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "module/versionNumbers.h"
 #include "sys/surfaceExport.h"
+#include "versionNumbers.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include "metaFilePlayerEMF.h"
 #include "metaFilePlayerSVG.h"
-#include "surface/moduleHeap.h"
+#include "moduleHeap.h"
 
 namespace {
 

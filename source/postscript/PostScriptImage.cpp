@@ -1,7 +1,7 @@
 // CPostScriptImage: its fields and its owners.
 #include "surfacePSPrinter.h"
 
-#include "surface/moduleHeap.h"
+#include "moduleHeap.h"
 
 CPostScriptImage::CPostScriptImage()
     : m_width(0), m_height(0), m_bitsPerPixel(0), m_compressed(false), m_owners(1)

@@ -5,8 +5,8 @@
 
 #include <cmath>
 
-#include "surface/pageText.h"
-#include "surface/rectangle.h"
+#include "pageText.h"
+#include "rectangle.h"
 
 // "x y " with y negated.
 struct PsPoint {

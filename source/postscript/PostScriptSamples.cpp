@@ -1,4 +1,4 @@
-#include "postscript/PostScriptSamples.h"
+#include "PostScriptSamples.h"
 
 #include <array>
 #include <cstring>

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "surface/rectangle.h"
+#include "rectangle.h"
 
 namespace {
 

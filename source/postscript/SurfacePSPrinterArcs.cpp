@@ -1,9 +1,9 @@
 // Ellipses, arcs, pies and chords: six operands each for the procedures of prolog/.
 #include "surfacePSPrinter.h"
 
-#include "postscript/PageChange.h"
-#include "postscript/PostScriptPieces.h"
-#include "surface/arcGeometry.h"
+#include "PostScriptChange.h"
+#include "PostScriptPieces.h"
+#include "arcGeometry.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // The document around a page's text: head, procedures, definitions of patterns, end.
 #include "surfacePSPrinter.h"
 
-#include "postscript/PageChange.h"
-#include "postscript/PostScriptPieces.h"
-#include "postscript/PostScriptProlog.h"
-#include "postscript/PostScriptSamples.h"
-#include "postscript/PostScriptUnits.h"
-#include "surface/moduleVersion.h"
-#include "surface/putInFront.h"
+#include "PostScriptChange.h"
+#include "PostScriptPieces.h"
+#include "PostScriptProlog.h"
+#include "PostScriptSamples.h"
+#include "PostScriptUnits.h"
+#include "putInFront.h"
+#include "versionText.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "postscript/PageChange.h"
-#include "postscript/PostScriptPieces.h"
+#include "PostScriptChange.h"
+#include "PostScriptPieces.h"
 
 namespace {
 

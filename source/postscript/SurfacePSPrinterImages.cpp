@@ -3,11 +3,11 @@
 
 #include <memory>
 
-#include "postscript/PageChange.h"
-#include "postscript/PostScriptPieces.h"
-#include "postscript/PostScriptSamples.h"
-#include "surface/drawingNumbers.h"
-#include "surface/putByNumber.h"
+#include "PostScriptChange.h"
+#include "PostScriptPieces.h"
+#include "PostScriptSamples.h"
+#include "drawingNumbers.h"
+#include "putByNumber.h"
 
 CPostScriptImage* CSurfacePSPrinter::imageAt(unsigned int id) const
 {

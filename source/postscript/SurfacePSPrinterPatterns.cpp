@@ -7,12 +7,12 @@
 
 #include <algorithm>
 
-#include "postscript/PostScriptPieces.h"
-#include "postscript/PostScriptSamples.h"
-#include "surface/drawingNumbers.h"
-#include "surface/putByNumber.h"
-#include "surface/putInFront.h"
-#include "surface/undo.h"
+#include "PostScriptPieces.h"
+#include "PostScriptSamples.h"
+#include "drawingNumbers.h"
+#include "putByNumber.h"
+#include "putInFront.h"
+#include "undo.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <cstring>
 #include <utility>
 
-#include "postscript/PostScriptSamples.h"
-#include "surface/decodedImage.h"
-#include "surface/drawingNumbers.h"
+#include "PostScriptSamples.h"
+#include "decodedImage.h"
+#include "drawingNumbers.h"
 
 namespace {
 

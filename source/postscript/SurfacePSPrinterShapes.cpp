@@ -1,10 +1,10 @@
 // Lines, rectangles and polygons. The text of each is composed apart and joins the page in one step.
 #include "surfacePSPrinter.h"
 
-#include "postscript/PageChange.h"
-#include "postscript/PostScriptPieces.h"
-#include "surface/drawingNumbers.h"
-#include "surface/undo.h"
+#include "PostScriptChange.h"
+#include "PostScriptPieces.h"
+#include "drawingNumbers.h"
+#include "undo.h"
 
 namespace {
 

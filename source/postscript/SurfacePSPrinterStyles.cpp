@@ -3,9 +3,9 @@
 // Blanks stand as documents have them: operands end in one and most operators begin with one, so two often meet.
 #include "surfacePSPrinter.h"
 
-#include "postscript/PageChange.h"
-#include "postscript/PostScriptPieces.h"
-#include "surface/drawingNumbers.h"
+#include "PostScriptChange.h"
+#include "PostScriptPieces.h"
+#include "drawingNumbers.h"
 
 namespace {
 

@@ -8,12 +8,12 @@
 #include <climits>
 #include <cmath>
 
-#include "postscript/PageChange.h"
-#include "postscript/PostScriptPieces.h"
-#include "postscript/PostScriptUnits.h"
-#include "surface/boundedText.h"
-#include "surface/drawingNumbers.h"
-#include "surface/undo.h"
+#include "PostScriptChange.h"
+#include "PostScriptPieces.h"
+#include "PostScriptUnits.h"
+#include "boundedText.h"
+#include "drawingNumbers.h"
+#include "undo.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "surface/moduleHeap.h"
-#include "surface/toldOnce.h"
+#include "moduleHeap.h"
+#include "toldOnce.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "surface/moduleHeap.h"
+#include "moduleHeap.h"
 
 #include <limits>
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "surface/color.h"
-#include "surface/moduleHeap.h"
+#include "color.h"
+#include "moduleHeap.h"
 
 CSurface::CSurface()
     : m_width(0), m_height(0), m_pageWidth(0), m_pageHeight(0), m_outputWidth(0), m_outputHeight(0),

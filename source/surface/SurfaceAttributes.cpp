@@ -4,9 +4,9 @@
 
 #include <windows.h>
 
-#include "surface/color.h"
-#include "surface/drawingNumbers.h"
-#include "surface/moduleHeap.h"
+#include "color.h"
+#include "drawingNumbers.h"
+#include "moduleHeap.h"
 
 CSurfaceFont::CSurfaceFont(char* faceName, float size, bool bold, bool italic, bool strikethru,
                            bool underline)

@@ -1,6 +1,6 @@
 #include "surfaceTextChunk.h"
 
-#include "surface/moduleHeap.h"
+#include "moduleHeap.h"
 
 CSurfaceTextChunk::CSurfaceTextChunk()
     : m_isNewLine(false), m_position{}, m_followsPrevious(false), m_textLength(-1),

@@ -1,4 +1,4 @@
-#include "surface/xmlText.h"
+#include "xmlText.h"
 
 #include <algorithm>
 #include <array>

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "surface/rectangle.h"
+#include "rectangle.h"
 
 // To eleven places, as the page formats have it: what is truncated to whole numbers depends on it.
 inline constexpr double Pi = 3.14159265359;

@@ -12,7 +12,7 @@
 #include <limits>
 #include <string_view>
 
-#include "surface/color.h"
+#include "color.h"
 #include "sys/krnos.h"
 #include "sys/tovostr.h"
 

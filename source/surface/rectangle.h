@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "surface/wrappingInt.h"
+#include "wrappingInt.h"
 
 constexpr int widthOf(const RECT& rect)
 {

@@ -1,14 +1,14 @@
 // Construction, the walk over the page, and its <svg> elements.
 #include "metaFilePlayerSVG.h"
 
+#include "PageCursor.h"
+#include "SvgDialect.h"
+#include "SvgRecord.h"
+#include "SvgWalkMemory.h"
+#include "ValueDuring.h"
+#include "moduleHeap.h"
 #include "surface.h"
-#include "surface/moduleHeap.h"
-#include "surface/wrappingInt.h"
-#include "svg/PageCursor.h"
-#include "svg/SvgDialect.h"
-#include "svg/SvgRecord.h"
-#include "svg/SvgWalkMemory.h"
-#include "svg/ValueDuring.h"
+#include "wrappingInt.h"
 
 namespace {
 

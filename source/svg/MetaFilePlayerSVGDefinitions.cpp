@@ -5,15 +5,15 @@
 // that cannot be read takes its place as an empty one, so that later ids still fit.
 #include "metaFilePlayerSVG.h"
 
+#include "PageCursor.h"
+#include "SvgColor.h"
+#include "SvgDialect.h"
+#include "SvgRecord.h"
+#include "SvgWalkMemory.h"
+#include "ValueDuring.h"
+#include "drawingNumbers.h"
 #include "surface.h"
-#include "surface/drawingNumbers.h"
-#include "surface/wrappingInt.h"
-#include "svg/PageCursor.h"
-#include "svg/SvgColor.h"
-#include "svg/SvgDialect.h"
-#include "svg/SvgRecord.h"
-#include "svg/SvgWalkMemory.h"
-#include "svg/ValueDuring.h"
+#include "wrappingInt.h"
 
 namespace {
 

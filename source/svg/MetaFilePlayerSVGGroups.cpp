@@ -4,11 +4,11 @@
 // is in force, else a clip, else nothing.
 #include "metaFilePlayerSVG.h"
 
+#include "PageCursor.h"
+#include "SvgDialect.h"
+#include "SvgWalkMemory.h"
 #include "surface.h"
-#include "surface/wrappingInt.h"
-#include "svg/PageCursor.h"
-#include "svg/SvgDialect.h"
-#include "svg/SvgWalkMemory.h"
+#include "wrappingInt.h"
 
 namespace {
 

@@ -3,15 +3,15 @@
 
 #include <memory>
 
+#include "PageCursor.h"
+#include "SvgDialect.h"
+#include "SvgWalkMemory.h"
+#include "drawingNumbers.h"
+#include "moduleHeap.h"
 #include "surface.h"
-#include "surface/drawingNumbers.h"
-#include "surface/moduleHeap.h"
-#include "surface/toldOnce.h"
-#include "surface/wrappingInt.h"
-#include "svg/PageCursor.h"
-#include "svg/SvgDialect.h"
-#include "svg/SvgWalkMemory.h"
 #include "sys/krnutil.h"
+#include "toldOnce.h"
+#include "wrappingInt.h"
 
 namespace {
 

@@ -7,12 +7,12 @@
 #include <cstring>
 #include <string_view>
 
-#include "surface/moduleHeap.h"
-#include "surface/pageCountWord.h"
-#include "surface/pageText.h"
-#include "svg/PageCursor.h"
-#include "svg/PageTextSearch.h"
-#include "svg/SvgDialect.h"
+#include "PageCursor.h"
+#include "PageTextSearch.h"
+#include "SvgDialect.h"
+#include "moduleHeap.h"
+#include "pageCountWord.h"
+#include "pageText.h"
 
 namespace {
 

@@ -4,11 +4,11 @@
 // only in part makes the element unusable. Every shape starts from a new pen and brush and inherits nothing.
 #include "metaFilePlayerSVG.h"
 
+#include "PageCursor.h"
+#include "SvgDialect.h"
+#include "drawingNumbers.h"
 #include "surface.h"
-#include "surface/drawingNumbers.h"
-#include "surface/wrappingInt.h"
-#include "svg/PageCursor.h"
-#include "svg/SvgDialect.h"
+#include "wrappingInt.h"
 
 namespace {
 

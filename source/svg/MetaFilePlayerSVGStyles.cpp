@@ -1,12 +1,12 @@
 // Stroke, fill and style attributes of shapes.
 #include "metaFilePlayerSVG.h"
 
-#include "surface/drawingNumbers.h"
+#include "PageCursor.h"
+#include "SvgColor.h"
+#include "SvgDialect.h"
+#include "SvgWalkMemory.h"
+#include "drawingNumbers.h"
 #include "surfaceAttributes.h"
-#include "svg/PageCursor.h"
-#include "svg/SvgColor.h"
-#include "svg/SvgDialect.h"
-#include "svg/SvgWalkMemory.h"
 
 int CMetaFilePlayerSVG::processStrokeAttribute(char* text, CSurfacePen* pen)
 {

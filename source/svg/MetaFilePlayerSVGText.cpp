@@ -8,16 +8,16 @@
 #include <climits>
 #include <string_view>
 
+#include "PageCursor.h"
+#include "SvgColor.h"
+#include "SvgDialect.h"
+#include "SvgRecord.h"
+#include "SvgWalkMemory.h"
+#include "ValueDuring.h"
+#include "drawingNumbers.h"
+#include "moduleHeap.h"
 #include "surface.h"
-#include "surface/drawingNumbers.h"
-#include "surface/moduleHeap.h"
-#include "surface/wrappingInt.h"
-#include "svg/PageCursor.h"
-#include "svg/SvgColor.h"
-#include "svg/SvgDialect.h"
-#include "svg/SvgRecord.h"
-#include "svg/SvgWalkMemory.h"
-#include "svg/ValueDuring.h"
+#include "wrappingInt.h"
 
 namespace {
 

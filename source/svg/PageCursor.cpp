@@ -1,4 +1,4 @@
-#include "svg/PageCursor.h"
+#include "PageCursor.h"
 
 #include <algorithm>
 #include <climits>

@@ -3,13 +3,13 @@
 // The text of a record and of those that continue it is what the search sees. Whether a record continues the one
 // before depends on these two alone, so the records fall into chains, each is joined once, and what a record
 // sees is the rest of its chain.
-#include "svg/PageTextSearch.h"
+#include "PageTextSearch.h"
 
 #include <algorithm>
 #include <string_view>
 
-#include "surface/wordSeparators.h"
-#include "surface/wrappingInt.h"
+#include "wordSeparators.h"
+#include "wrappingInt.h"
 
 // A text cut into words.
 struct PageTextSearch::WordText {

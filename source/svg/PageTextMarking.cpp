@@ -1,10 +1,10 @@
 // The marked page: the page with the found range on its runs.
-#include "svg/PageTextSearch.h"
+#include "PageTextSearch.h"
 
 #include <algorithm>
 
-#include "surface/pageText.h"
-#include "svg/SvgDialect.h"
+#include "SvgDialect.h"
+#include "pageText.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // From the page's text elements to records in reading order.
-#include "svg/PageTextSearch.h"
+#include "PageTextSearch.h"
 
 #include <algorithm>
 #include <utility>
 
+#include "PageCursor.h"
+#include "SvgDialect.h"
+#include "moduleHeap.h"
 #include "surface.h"
-#include "surface/moduleHeap.h"
-#include "svg/PageCursor.h"
-#include "svg/SvgDialect.h"
 
 namespace {
 

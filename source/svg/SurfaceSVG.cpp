@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "surface/color.h"
-#include "surface/rectangle.h"
+#include "color.h"
+#include "rectangle.h"
 
 CSurfaceSVG::CSurfaceSVG()
     : m_clipCount(0), m_patternCount(0), m_symbolsUsed(0), m_nofmPending(false), m_currentClip(0),

@@ -7,11 +7,11 @@
 
 #include <cmath>
 
-#include "surface/arcGeometry.h"
-#include "surface/pageText.h"
-#include "surface/rectangle.h"
-#include "svg/PageChange.h"
-#include "svg/SvgDialect.h"
+#include "SvgChange.h"
+#include "SvgDialect.h"
+#include "arcGeometry.h"
+#include "pageText.h"
+#include "rectangle.h"
 
 namespace {
 

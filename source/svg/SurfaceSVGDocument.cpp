@@ -4,10 +4,10 @@
 #include <climits>
 #include <cstdint>
 
-#include "surface/moduleVersion.h"
-#include "surface/pageText.h"
-#include "surface/putInFront.h"
-#include "svg/SvgDialect.h"
+#include "SvgDialect.h"
+#include "pageText.h"
+#include "putInFront.h"
+#include "versionText.h"
 
 namespace {
 

@@ -8,10 +8,10 @@
 #include <algorithm>
 #include <array>
 
-#include "surface/pageText.h"
-#include "surface/undo.h"
-#include "svg/PageChange.h"
-#include "svg/SvgDialect.h"
+#include "SvgChange.h"
+#include "SvgDialect.h"
+#include "pageText.h"
+#include "undo.h"
 
 namespace {
 

@@ -7,15 +7,15 @@
 
 #include <cstdlib>
 
-#include "surface/decodedImage.h"
-#include "surface/drawingNumbers.h"
-#include "surface/moduleHeap.h"
-#include "surface/pageText.h"
-#include "surface/rectangle.h"
-#include "surface/toldOnce.h"
-#include "svg/PageChange.h"
-#include "svg/SvgDialect.h"
+#include "SvgChange.h"
+#include "SvgDialect.h"
+#include "decodedImage.h"
+#include "drawingNumbers.h"
+#include "moduleHeap.h"
+#include "pageText.h"
+#include "rectangle.h"
 #include "sys/krnutil.h"
+#include "toldOnce.h"
 
 namespace {
 

@@ -3,12 +3,12 @@
 
 #include <cstdlib>
 
-#include "surface/drawingNumbers.h"
-#include "surface/pageText.h"
-#include "surface/rectangle.h"
-#include "surface/undo.h"
-#include "svg/PageChange.h"
-#include "svg/SvgDialect.h"
+#include "SvgChange.h"
+#include "SvgDialect.h"
+#include "drawingNumbers.h"
+#include "pageText.h"
+#include "rectangle.h"
+#include "undo.h"
 
 namespace {
 

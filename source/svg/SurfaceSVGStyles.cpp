@@ -4,10 +4,10 @@
 // front of the stroke.
 #include "surfaceSVG.h"
 
-#include "surface/drawingNumbers.h"
-#include "surface/pageText.h"
-#include "surface/wrappingInt.h"
-#include "svg/SvgDialect.h"
+#include "SvgDialect.h"
+#include "drawingNumbers.h"
+#include "pageText.h"
+#include "wrappingInt.h"
 
 namespace {
 

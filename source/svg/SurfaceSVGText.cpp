@@ -8,13 +8,13 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "surface/boundedText.h"
-#include "surface/drawingNumbers.h"
-#include "surface/pageText.h"
-#include "surface/rectangle.h"
-#include "surface/xmlText.h"
-#include "svg/PageChange.h"
-#include "svg/SvgDialect.h"
+#include "SvgChange.h"
+#include "SvgDialect.h"
+#include "boundedText.h"
+#include "drawingNumbers.h"
+#include "pageText.h"
+#include "rectangle.h"
+#include "xmlText.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Colours as a page has them: "rgb(r,g,b)" with decimal numbers.
 #pragma once
 
-#include "surface/color.h"
+#include "color.h"
 #include "sys/krnos.h"
 
 inline constexpr char RgbWord[] = "rgb";

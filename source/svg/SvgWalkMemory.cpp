@@ -1,9 +1,9 @@
-#include "svg/SvgWalkMemory.h"
+#include "SvgWalkMemory.h"
 
 #include <algorithm>
 #include <cstring>
 
-#include "svg/PageCursor.h"
+#include "PageCursor.h"
 #include "sys/krnos.h"
 
 namespace {

@@ -4,7 +4,7 @@
 // page is then as it was before. Taking back needs no memory.
 #pragma once
 
-#include "surface/TextChange.h"
+#include "TextChange.h"
 #include "surfacePSPrinter.h"
 
 class CSurfacePSPrinter::Change {
