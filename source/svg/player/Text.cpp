@@ -8,12 +8,12 @@
 #include <climits>
 #include <string_view>
 
+#include "ElementKind.h"
 #include "PageCursor.h"
 #include "SvgColor.h"
 #include "SvgDialect.h"
-#include "SvgRecord.h"
-#include "SvgWalkMemory.h"
 #include "ValueDuring.h"
+#include "WalkMemory.h"
 #include "drawingNumbers.h"
 #include "moduleHeap.h"
 #include "surface.h"

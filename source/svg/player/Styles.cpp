@@ -4,7 +4,7 @@
 #include "PageCursor.h"
 #include "SvgColor.h"
 #include "SvgDialect.h"
-#include "SvgWalkMemory.h"
+#include "WalkMemory.h"
 #include "drawingNumbers.h"
 #include "surfaceAttributes.h"
 

@@ -5,12 +5,12 @@
 // that cannot be read takes its place as an empty one, so that later ids still fit.
 #include "metaFilePlayerSVG.h"
 
+#include "ElementKind.h"
 #include "PageCursor.h"
 #include "SvgColor.h"
 #include "SvgDialect.h"
-#include "SvgRecord.h"
-#include "SvgWalkMemory.h"
 #include "ValueDuring.h"
+#include "WalkMemory.h"
 #include "drawingNumbers.h"
 #include "surface.h"
 #include "wrappingInt.h"

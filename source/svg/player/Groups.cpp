@@ -6,7 +6,7 @@
 
 #include "PageCursor.h"
 #include "SvgDialect.h"
-#include "SvgWalkMemory.h"
+#include "WalkMemory.h"
 #include "surface.h"
 #include "wrappingInt.h"
 

@@ -1,11 +1,11 @@
 // Construction, the walk over the page, and its <svg> elements.
 #include "metaFilePlayerSVG.h"
 
+#include "ElementKind.h"
 #include "PageCursor.h"
 #include "SvgDialect.h"
-#include "SvgRecord.h"
-#include "SvgWalkMemory.h"
 #include "ValueDuring.h"
+#include "WalkMemory.h"
 #include "moduleHeap.h"
 #include "surface.h"
 #include "wrappingInt.h"

@@ -5,9 +5,9 @@
 // it. Nothing restores such a byte: a page is walked once.
 #include "metaFilePlayerSVG.h"
 
+#include "ElementKind.h"
 #include "PageCursor.h"
-#include "SvgRecord.h"
-#include "SvgWalkMemory.h"
+#include "WalkMemory.h"
 
 namespace {
 

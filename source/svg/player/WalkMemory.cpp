@@ -1,4 +1,4 @@
-#include "SvgWalkMemory.h"
+#include "WalkMemory.h"
 
 #include <algorithm>
 #include <cstring>

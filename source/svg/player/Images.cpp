@@ -5,7 +5,7 @@
 
 #include "PageCursor.h"
 #include "SvgDialect.h"
-#include "SvgWalkMemory.h"
+#include "WalkMemory.h"
 #include "drawingNumbers.h"
 #include "moduleHeap.h"
 #include "surface.h"
