@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "MetafileRecords.h"
+#include "PageCountMarker.h"
 #include "pageCountWord.h"
 #include "wrappingInt.h"
 
@@ -24,37 +25,28 @@ struct Stamp {
     unsigned int length;
 };
 
-// The band of the page that the text stands in, as the marker tells it.
-struct Band {
-    LONG left;
-    LONG right;
-};
-
 constexpr DWORD FontCount = 100; // objects above are not followed
 
 // What a walk over the page remembers. A font is remembered as its record, a null one is none.
 struct Walk {
     const unsigned char* fonts[FontCount]{};
     const unsigned char* currentFont = nullptr;
-    std::optional<Band> marker;
+    std::optional<PageCountMarker> marker;
     bool found = false;
 };
 
 constexpr std::size_t IndexOffset = sizeof(EMR);
 constexpr std::size_t FontOffset = offsetof(EMREXTCREATEFONTINDIRECTW, elfw);
 
-std::optional<Band> markerOf(const MetafileRecord& record)
+// A comment's count of bytes, and what follows it.
+std::optional<PageCountMarker> markerOf(const MetafileRecord& record)
 {
-    constexpr std::size_t SizeOffset = 8;
-    constexpr std::size_t DataOffset = 12;
-    constexpr std::string_view Letters = "TPC";
-    constexpr DWORD Size = Letters.size() + sizeof(Band);
-    constexpr std::size_t RecordSize = 24;
-    if (record.bytes.size() < RecordSize || record.field<DWORD>(SizeOffset) != Size ||
-        std::memcmp(record.bytes.data() + DataOffset, Letters.data(), Letters.size()) != 0) {
+    constexpr std::size_t DataOffset = sizeof(EMR) + sizeof(DWORD);
+    const std::optional<DWORD> size = record.field<DWORD>(sizeof(EMR));
+    if (!size || *size > record.bytes.size() - DataOffset) {
         return std::nullopt;
     }
-    return record.field<Band>(DataOffset + Letters.size());
+    return PageCountMarker::of(record.bytes.subspan(DataOffset, *size));
 }
 
 void followFont(Walk& walk, const MetafileRecord& record)
@@ -140,7 +132,7 @@ bool measure(const Stamp& stamp, const LOGFONTW& description, Measured& measured
 
 // Where a text goes whose width has changed. One that didn't begin where its band begins was centred, or ended
 // with the band; others stay.
-void align(EMREXTTEXTOUT& fields, const Band& band, LONG width)
+void align(EMREXTTEXTOUT& fields, const PageCountMarker& band, LONG width)
 {
     RECTL& bounds = fields.rclBounds;
     if (band.left >= bounds.left) {
@@ -160,7 +152,7 @@ struct Patch {
     MetafileRecord record;
     MetafileText text;
     Stamp stamp;
-    Band band;
+    PageCountMarker band;
     bool isMeasured; // else spacing and place stay
     Measured measured;
 };
@@ -265,7 +257,7 @@ bool CMetaFilePlayerEMF::insertPageCount(unsigned char* page, int length, int pa
             followFont(walk, record);
             break;
         case EMR_GDICOMMENT:
-            if (const std::optional<Band> marker = markerOf(record)) {
+            if (const std::optional<PageCountMarker> marker = markerOf(record)) {
                 walk.marker = marker;
             }
             break;

@@ -1,7 +1,6 @@
 #include "surfaceEMF.h"
 
-#include <array>
-#include <cstring>
+#include "PageCountMarker.h"
 
 CSurfaceEMF::CSurfaceEMF() : m_initialFont(nullptr), m_metafile(nullptr) {}
 
@@ -49,9 +48,6 @@ int CSurfaceEMF::getSurfaceType()
 
 void CSurfaceEMF::printerNofMMarker(POINT point)
 {
-    // What the stamp of the page count looks for: three letters and the two ends, unaligned.
-    std::array<BYTE, 3 + 2 * sizeof(LONG)> marker{'T', 'P', 'C'};
-    std::memcpy(marker.data() + 3, &point.x, sizeof(point.x));
-    std::memcpy(marker.data() + 3 + sizeof(point.x), &point.y, sizeof(point.y));
+    std::array<BYTE, PageCountMarker::Size> marker = PageCountMarker{point.x, point.y}.data();
     GdiComment(getHDC(), static_cast<UINT>(marker.size()), marker.data());
 }
