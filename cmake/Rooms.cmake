@@ -21,7 +21,7 @@ function(surface_room name)
     endforeach()
     target_link_libraries(${target} PRIVATE surface_settings)
     set_property(GLOBAL APPEND PROPERTY SURFACE_ROOMS ${target})
-    target_link_libraries(surface PRIVATE ${target})
+    target_sources(surface PRIVATE $<TARGET_OBJECTS:${target}>)
 endfunction()
 
 # The objects of all rooms, for programs that link them once more.

@@ -1,4 +1,4 @@
-#include "krnos/AtModuleEnd.h"
+#include "AtModuleEnd.h"
 
 #include <atomic>
 #include <type_traits>

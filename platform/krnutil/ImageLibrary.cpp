@@ -14,7 +14,7 @@
 #include <cwchar>
 #include <dlfcn.h>
 
-#include "krnos/AtModuleEnd.h"
+#include "AtModuleEnd.h"
 #include "sys/krnos.h"
 
 // FreeImage's header declares Windows types under their own names, so it gets a namespace to do that in. The

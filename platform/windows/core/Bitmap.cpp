@@ -1,4 +1,4 @@
-#include "core/Bitmap.h"
+#include "Bitmap.h"
 
 #include <algorithm>
 #include <bit>

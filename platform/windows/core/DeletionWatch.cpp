@@ -2,8 +2,8 @@
 #include <mutex>
 #include <vector>
 
-#include "core/Device.h"
-#include "krnos/AtModuleEnd.h"
+#include "AtModuleEnd.h"
+#include "Device.h"
 
 namespace {
 

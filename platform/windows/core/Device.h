@@ -11,7 +11,7 @@
 #include <memory>
 #include <span>
 
-#include "core/Region.h"
+#include "Region.h"
 
 class BrushObject;
 class DeviceContext;

@@ -1,12 +1,12 @@
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 #include <algorithm>
 #include <cmath>
 #include <new>
 #include <utility>
 
-#include "core/HandleTable.h"
-#include "core/StockObjects.h"
+#include "HandleTable.h"
+#include "StockObjects.h"
 
 DeviceContext::DeviceContext(ContextKind kind, std::unique_ptr<Device> device)
     : GdiObject(ObjectKind::context), m_contextKind(kind), m_device(std::move(device))

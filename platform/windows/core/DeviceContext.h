@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "core/Device.h"
-#include "core/GdiObject.h"
-#include "core/Mapping.h"
+#include "Device.h"
+#include "GdiObject.h"
+#include "Mapping.h"
 
 // What SaveDC keeps.
 struct ContextState {
@@ -87,4 +87,4 @@ Result onContext(HDC handle, const char* function, Result failure, const Body& b
 template <class Result, class Body>
 Result guarded(Result failure, const Body& body) noexcept;
 
-#include "core/DeviceContextCalls.h"
+#include "DeviceContextCalls.h"

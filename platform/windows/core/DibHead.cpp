@@ -4,7 +4,7 @@
 #include <cstring>
 #include <limits>
 
-#include "core/Bitmap.h"
+#include "Bitmap.h"
 
 namespace {
 

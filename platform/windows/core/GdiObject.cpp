@@ -1,6 +1,6 @@
-#include "core/GdiObject.h"
+#include "GdiObject.h"
 
-#include "core/HandleTable.h"
+#include "HandleTable.h"
 
 GdiObject::~GdiObject()
 {

@@ -8,8 +8,8 @@
 #include <memory>
 #include <vector>
 
-#include "core/Bitmap.h"
-#include "core/Region.h"
+#include "Bitmap.h"
+#include "Region.h"
 
 enum class ObjectKind : unsigned char { pen, brush, font, bitmap, region, metafile, context };
 

@@ -1,10 +1,10 @@
-#include "core/HandleTable.h"
+#include "HandleTable.h"
 
 #include <bit>
 #include <new>
 #include <utility>
 
-#include "krnos/AtModuleEnd.h"
+#include "AtModuleEnd.h"
 
 namespace {
 

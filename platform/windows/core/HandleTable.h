@@ -8,7 +8,7 @@
 #include <mutex>
 #include <vector>
 
-#include "core/GdiObject.h"
+#include "GdiObject.h"
 
 class HandleTable {
 public:

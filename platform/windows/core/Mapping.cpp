@@ -1,4 +1,4 @@
-#include "core/Mapping.h"
+#include "Mapping.h"
 
 #include <cmath>
 #include <limits>

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "core/Region.h"
+#include "Region.h"
 
 namespace {
 

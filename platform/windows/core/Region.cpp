@@ -1,4 +1,4 @@
-#include "core/Region.h"
+#include "Region.h"
 
 #include <cairo.h>
 

@@ -1,7 +1,7 @@
 // Rows of run-length encoded bitmaps ([MS-WMF] 3.1.6).
 #include <algorithm>
 
-#include "core/Bitmap.h"
+#include "Bitmap.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "core/ScreenDevice.h"
+#include "ScreenDevice.h"
 
 int ScreenDevice::capability(int index) const
 {

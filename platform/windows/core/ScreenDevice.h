@@ -1,7 +1,7 @@
 // The screen that nobody sees: it answers and measures, and takes all drawing without painting.
 #pragma once
 
-#include "core/Device.h"
+#include "Device.h"
 
 class ScreenDevice : public Device {
 public:

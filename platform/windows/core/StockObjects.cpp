@@ -1,13 +1,13 @@
-#include "core/StockObjects.h"
+#include "StockObjects.h"
 
 #include <array>
 #include <iterator>
 #include <string_view>
 #include <variant>
 
-#include "core/DeviceContext.h"
-#include "core/HandleTable.h"
-#include "krnos/AtModuleEnd.h"
+#include "AtModuleEnd.h"
+#include "DeviceContext.h"
+#include "HandleTable.h"
 
 namespace {
 
@@ -104,14 +104,6 @@ void endUnlessUsed(Stock* stock)
     }
 }
 
-// Classic values of the system colours, from COLOR_SCROLLBAR (0) to COLOR_INFOTEXT (23).
-constexpr COLORREF systemColors[] = {
-    0xC8D0D4, 0xA56E3A, 0x6A240A, 0x808080, 0xC8D0D4, 0xFFFFFF, 0x000000, 0x000000,
-    0x000000, 0xFFFFFF, 0xC8D0D4, 0xC8D0D4, 0x808080, 0x6A240A, 0xFFFFFF, 0xC8D0D4,
-    0x808080, 0x808080, 0x000000, 0xC8D0D4, 0xFFFFFF, 0x404040, 0xC8D0D4, 0x000000,
-};
-static_assert(std::size(systemColors) == 24);
-
 } // namespace
 
 std::shared_ptr<GdiObject> stockObject(int index)
@@ -144,17 +136,4 @@ std::shared_ptr<BrushObject> makeSolidBrush(COLORREF color)
     auto brush = std::make_shared<BrushObject>();
     brush->color = color & 0xFFFFFF;
     return brush;
-}
-
-HGDIOBJ GetStockObject(int index)
-{
-    return guarded<HGDIOBJ>(nullptr, [&]() -> HGDIOBJ {
-        const std::shared_ptr<GdiObject> object = stockObject(index);
-        return object ? object->handle() : nullptr;
-    });
-}
-
-DWORD GetSysColor(int index)
-{
-    return index >= 0 && index < static_cast<int>(std::size(systemColors)) ? systemColors[index] : 0;
 }

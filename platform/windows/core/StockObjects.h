@@ -1,9 +1,9 @@
-// The objects that exist without being made, and the system colours.
+// The objects that exist without being made.
 #pragma once
 
 #include <memory>
 
-#include "core/GdiObject.h"
+#include "GdiObject.h"
 
 // An object by its number (WHITE_BRUSH, ...); null for a number that names none, or without memory.
 std::shared_ptr<GdiObject> stockObject(int index);

@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "playback/FileDib.h"
-#include "playback/RecordHandlers.h"
-#include "playback/SourceBitmap.h"
-#include "playback/UnplayedRecords.h"
+#include "FileDib.h"
+#include "RecordHandlers.h"
+#include "SourceBitmap.h"
+#include "UnplayedRecords.h"
 
 namespace {
 

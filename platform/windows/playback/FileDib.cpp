@@ -1,4 +1,4 @@
-#include "playback/FileDib.h"
+#include "FileDib.h"
 
 #include <bit>
 #include <cstdint>

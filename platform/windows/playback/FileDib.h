@@ -8,9 +8,9 @@
 #include <optional>
 #include <vector>
 
-#include "core/Bitmap.h"
-#include "playback/Playback.h"
-#include "playback/Record.h"
+#include "Bitmap.h"
+#include "Playback.h"
+#include "Record.h"
 
 // Where in a record head and pixels of a bitmap stand.
 struct DibPlace {

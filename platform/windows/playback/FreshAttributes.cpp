@@ -1,6 +1,6 @@
-#include "playback/FreshAttributes.h"
+#include "FreshAttributes.h"
 
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "playback/PlayedRegion.h"
-#include "playback/RecordHandlers.h"
+#include "PlayedRegion.h"
+#include "RecordHandlers.h"
 
 namespace {
 

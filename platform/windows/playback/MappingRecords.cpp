@@ -1,5 +1,5 @@
 // Records of map mode, extents, origins and world transform. They go to the context of the file's device.
-#include "playback/RecordHandlers.h"
+#include "RecordHandlers.h"
 
 namespace {
 

@@ -4,11 +4,11 @@
 #include <cstdlib>
 #include <utility>
 
-#include "playback/FileDib.h"
-#include "playback/PlayedRegion.h"
-#include "playback/RecordHandlers.h"
-#include "playback/SourceBitmap.h"
-#include "playback/UnplayedRecords.h"
+#include "FileDib.h"
+#include "PlayedRegion.h"
+#include "RecordHandlers.h"
+#include "SourceBitmap.h"
+#include "UnplayedRecords.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // Records that make, select and delete pens, brushes and fonts.
 #include <cstring>
 
-#include "playback/FileDib.h"
-#include "playback/RecordHandlers.h"
-#include "playback/SourceBitmap.h"
-#include "playback/UnplayedRecords.h"
+#include "FileDib.h"
+#include "RecordHandlers.h"
+#include "SourceBitmap.h"
+#include "UnplayedRecords.h"
 
 namespace {
 

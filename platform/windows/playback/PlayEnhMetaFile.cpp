@@ -7,13 +7,13 @@
 #include <optional>
 #include <span>
 
-#include "core/DeviceContext.h"
-#include "core/HandleTable.h"
+#include "DeviceContext.h"
+#include "HandleTable.h"
+#include "Playback.h"
+#include "Record.h"
+#include "RecordHandlers.h"
+#include "UnplayedRecords.h"
 #include "gdidevice.h"
-#include "playback/Playback.h"
-#include "playback/Record.h"
-#include "playback/RecordHandlers.h"
-#include "playback/UnplayedRecords.h"
 
 namespace {
 

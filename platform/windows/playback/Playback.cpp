@@ -1,10 +1,10 @@
-#include "playback/Playback.h"
+#include "Playback.h"
 
 #include <algorithm>
 #include <array>
 
-#include "playback/FreshAttributes.h"
-#include "playback/PlayedRegion.h"
+#include "FreshAttributes.h"
+#include "PlayedRegion.h"
 
 namespace {
 

@@ -17,9 +17,9 @@
 #include <memory>
 #include <vector>
 
-#include "core/DeviceContext.h"
-#include "playback/PlayedObjects.h"
-#include "playback/ReferenceDevice.h"
+#include "DeviceContext.h"
+#include "PlayedObjects.h"
+#include "ReferenceDevice.h"
 
 class Playback {
 public:

@@ -1,4 +1,4 @@
-#include "playback/PlayedObjects.h"
+#include "PlayedObjects.h"
 
 #include <utility>
 

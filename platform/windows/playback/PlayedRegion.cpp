@@ -1,10 +1,10 @@
-#include "playback/PlayedRegion.h"
+#include "PlayedRegion.h"
 
 #include <algorithm>
 #include <memory>
 #include <utility>
 
-#include "core/HandleTable.h"
+#include "HandleTable.h"
 
 Region regionOfRectangles(std::span<const RECT> rectangles)
 {

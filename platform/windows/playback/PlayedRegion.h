@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "core/Region.h"
+#include "Region.h"
 
 // The region of rectangles, joined by halves so that many cost little more than few.
 Region regionOfRectangles(std::span<const RECT> rectangles);

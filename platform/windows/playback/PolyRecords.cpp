@@ -3,7 +3,7 @@
 #include <concepts>
 #include <numeric>
 
-#include "playback/RecordHandlers.h"
+#include "RecordHandlers.h"
 
 namespace {
 

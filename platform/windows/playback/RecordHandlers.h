@@ -6,8 +6,8 @@
 
 #include <span>
 
-#include "playback/Playback.h"
-#include "playback/Record.h"
+#include "Playback.h"
+#include "Record.h"
 
 // False when fields of the record contradict its size: nothing was drawn. What the device refuses is no such case.
 using RecordHandler = bool (*)(Playback& playback, const Record& record);

@@ -1,4 +1,4 @@
-#include "playback/ReferenceDevice.h"
+#include "ReferenceDevice.h"
 
 #include <cmath>
 #include <cstddef>

@@ -6,9 +6,9 @@
 
 #include <optional>
 
-#include "core/Mapping.h"
-#include "core/ScreenDevice.h"
-#include "playback/Record.h"
+#include "Mapping.h"
+#include "Record.h"
+#include "ScreenDevice.h"
 
 class ReferenceDevice : public ScreenDevice {
 public:

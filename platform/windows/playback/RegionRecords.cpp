@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/HandleTable.h"
-#include "playback/PlayedRegion.h"
-#include "playback/RecordHandlers.h"
+#include "HandleTable.h"
+#include "PlayedRegion.h"
+#include "RecordHandlers.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // Records of the current position, lines, boxes, arcs, pixels, flood fills and paths. In records a box includes its
 // right and bottom edges, as it does in calls of the advanced graphics mode.
-#include "playback/RecordHandlers.h"
+#include "RecordHandlers.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "playback/SourceBitmap.h"
+#include "SourceBitmap.h"
 
 #include <cstring>
 

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "playback/FileDib.h"
+#include "FileDib.h"
 
 class SourceBitmap {
 public:

@@ -1,7 +1,7 @@
 // Records that set colours and modes, save and restore, and those without anything to play.
 #include <string_view>
 
-#include "playback/RecordHandlers.h"
+#include "RecordHandlers.h"
 
 namespace {
 

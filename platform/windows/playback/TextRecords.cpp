@@ -1,7 +1,7 @@
 // Records of text.
 #include <algorithm>
 
-#include "playback/RecordHandlers.h"
+#include "RecordHandlers.h"
 
 namespace {
 

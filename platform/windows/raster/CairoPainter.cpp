@@ -1,4 +1,4 @@
-#include "raster/CairoPainter.h"
+#include "CairoPainter.h"
 
 #include <cairo.h>
 

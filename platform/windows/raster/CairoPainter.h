@@ -8,8 +8,8 @@
 #include <memory>
 #include <vector>
 
-#include "core/Bitmap.h"
-#include "raster/PixelRows.h"
+#include "Bitmap.h"
+#include "PixelRows.h"
 
 using cairo_t = struct _cairo;                 // NOLINT(bugprone-reserved-identifier): cairo's own tags
 using cairo_surface_t = struct _cairo_surface; // NOLINT(bugprone-reserved-identifier)

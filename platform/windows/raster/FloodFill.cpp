@@ -1,4 +1,4 @@
-#include "raster/FloodFill.h"
+#include "FloodFill.h"
 
 #include <algorithm>
 #include <vector>

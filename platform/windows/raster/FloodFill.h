@@ -5,8 +5,8 @@
 
 #include <optional>
 
-#include "raster/Ink.h"
-#include "raster/PixelRows.h"
+#include "Ink.h"
+#include "PixelRows.h"
 
 // `color` (0x00RRGGBB) is the one that bounds the area, or the one that the area has. False, and nothing filled, when
 // the start can't be painted on or does not belong to such an area. Without an ink only the answer is given.

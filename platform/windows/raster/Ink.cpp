@@ -1,9 +1,9 @@
-#include "raster/Ink.h"
+#include "Ink.h"
 
 #include <algorithm>
 
-#include "core/DeviceContext.h"
-#include "raster/PixelRows.h"
+#include "DeviceContext.h"
+#include "PixelRows.h"
 
 namespace {
 

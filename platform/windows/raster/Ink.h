@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-#include "raster/RasterOperation.h"
+#include "RasterOperation.h"
 
 class Bitmap;
 class BrushObject;

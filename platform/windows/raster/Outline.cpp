@@ -1,4 +1,4 @@
-#include "raster/Outline.h"
+#include "Outline.h"
 
 #include <cairo.h>
 

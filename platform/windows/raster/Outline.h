@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "core/Mapping.h"
+#include "Mapping.h"
 
 using cairo_t = struct _cairo; // NOLINT(bugprone-reserved-identifier): cairo's own tag
 

@@ -1,6 +1,6 @@
 // How outlines are cut: areas by one edge of the rectangle after another (Sutherland and Hodgman), lines by the part
 // of them that lies between all edges (Liang and Barsky).
-#include "raster/Outline.h"
+#include "Outline.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,11 +1,11 @@
-#include "raster/PenLook.h"
+#include "PenLook.h"
 
 #include <cairo.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 namespace {
 

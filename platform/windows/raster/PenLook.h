@@ -6,9 +6,9 @@
 #include <optional>
 #include <vector>
 
-#include "raster/CairoPainter.h"
-#include "raster/Ink.h"
-#include "raster/Outline.h"
+#include "CairoPainter.h"
+#include "Ink.h"
+#include "Outline.h"
 
 class DeviceContext;
 class PenObject;

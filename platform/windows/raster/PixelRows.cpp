@@ -1,9 +1,9 @@
-#include "raster/PixelRows.h"
+#include "PixelRows.h"
 
 #include <algorithm>
 #include <cstring>
 
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include <memory>
 #include <vector>
 
-#include "core/Bitmap.h"
-#include "raster/DeviceRect.h"
-#include "raster/Ink.h"
+#include "Bitmap.h"
+#include "DeviceRect.h"
+#include "Ink.h"
 
 class DeviceContext;
 class Region;

@@ -1,10 +1,10 @@
-#include "raster/PixelSource.h"
+#include "PixelSource.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "raster/DeviceRect.h"
-#include "raster/PixelRows.h"
+#include "DeviceRect.h"
+#include "PixelRows.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 
 #include <vector>
 
-#include "core/Bitmap.h"
-#include "core/Mapping.h"
+#include "Bitmap.h"
+#include "Mapping.h"
 
 // Two corners, which may be swapped: that mirrors.
 struct CornerPair {

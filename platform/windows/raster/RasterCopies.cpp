@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "core/DeviceContext.h"
-#include "raster/PixelSource.h"
-#include "raster/RasterDevice.h"
+#include "DeviceContext.h"
+#include "PixelSource.h"
+#include "RasterDevice.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
-#include "raster/RasterDevice.h"
+#include "RasterDevice.h"
 
 #include <cairo.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include "core/DeviceContext.h"
-#include "raster/PenLook.h"
+#include "DeviceContext.h"
+#include "PenLook.h"
 
 namespace {
 

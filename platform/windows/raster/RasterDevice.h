@@ -14,12 +14,12 @@
 #include <array>
 #include <memory>
 
-#include "core/Device.h"
+#include "CairoPainter.h"
+#include "Device.h"
+#include "Ink.h"
+#include "Outline.h"
+#include "PixelRows.h"
 #include "gdidevice.h"
-#include "raster/CairoPainter.h"
-#include "raster/Ink.h"
-#include "raster/Outline.h"
-#include "raster/PixelRows.h"
 
 class PixelSource;
 struct PenLook;

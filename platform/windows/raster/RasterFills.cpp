@@ -1,8 +1,8 @@
 // RasterDevice: fills with a brush that is handed over, floods, single pixels.
-#include "core/DeviceContext.h"
-#include "raster/FloodFill.h"
-#include "raster/RasterDevice.h"
-#include "raster/ShapeOutlines.h"
+#include "DeviceContext.h"
+#include "FloodFill.h"
+#include "RasterDevice.h"
+#include "ShapeOutlines.h"
 
 void RasterDevice::fillRects(DeviceContext& context, std::span<const RECT> rects, const Ink& ink)
 {

@@ -1,4 +1,4 @@
-#include "raster/RasterOperation.h"
+#include "RasterOperation.h"
 
 #include <algorithm>
 #include <cstring>

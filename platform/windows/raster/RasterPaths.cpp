@@ -1,10 +1,10 @@
 // RasterDevice: paths, which collect what the shapes would draw.
 #include <algorithm>
 
-#include "core/DeviceContext.h"
-#include "raster/PenLook.h"
-#include "raster/RasterDevice.h"
-#include "raster/ShapeOutlines.h"
+#include "DeviceContext.h"
+#include "PenLook.h"
+#include "RasterDevice.h"
+#include "ShapeOutlines.h"
 
 bool RasterDevice::path(DeviceContext& context, PathStep step)
 {

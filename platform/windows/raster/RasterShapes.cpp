@@ -3,10 +3,10 @@
 #include <cmath>
 #include <numbers>
 
-#include "core/DeviceContext.h"
-#include "raster/PenLook.h"
-#include "raster/RasterDevice.h"
-#include "raster/ShapeOutlines.h"
+#include "DeviceContext.h"
+#include "PenLook.h"
+#include "RasterDevice.h"
+#include "ShapeOutlines.h"
 
 namespace {
 

@@ -5,10 +5,10 @@
 #include <cmath>
 #include <vector>
 
-#include "core/DeviceContext.h"
-#include "raster/RasterDevice.h"
-#include "raster/ShapeOutlines.h"
-#include "text/RealizedFont.h"
+#include "DeviceContext.h"
+#include "RasterDevice.h"
+#include "RealizedFont.h"
+#include "ShapeOutlines.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "raster/ShapeOutlines.h"
+#include "ShapeOutlines.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
-#include "core/DeviceContext.h"
-#include "raster/DeviceRect.h"
+#include "DeviceContext.h"
+#include "DeviceRect.h"
 
 namespace {
 

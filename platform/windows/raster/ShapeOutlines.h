@@ -3,9 +3,9 @@
 
 #include <windows.h>
 
-#include "core/Device.h"
-#include "core/Region.h"
-#include "raster/Outline.h"
+#include "Device.h"
+#include "Outline.h"
+#include "Region.h"
 
 // The bounding rectangle of a shape, as points of the grid that both belong to it, and the way from its units to
 // device units.

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "raster/PenLook.h"
+#include "PenLook.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "recorder/DrawnBounds.h"
+#include "DrawnBounds.h"
 
 #include <algorithm>
 #include <climits>

@@ -5,7 +5,7 @@
 
 #include <span>
 
-#include "core/Mapping.h"
+#include "Mapping.h"
 
 struct DrawnBounds {
     RECTL box{0, 0, -1, -1}; // so written in records when nothing is drawn

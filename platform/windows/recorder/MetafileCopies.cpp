@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstring>
 
-#include "core/Bitmap.h"
-#include "core/DeviceContext.h"
-#include "recorder/MetafileDevice.h"
-#include "recorder/PackedDib.h"
+#include "Bitmap.h"
+#include "DeviceContext.h"
+#include "MetafileDevice.h"
+#include "PackedDib.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "recorder/MetafileDevice.h"
+#include "MetafileDevice.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 #include <utility>
 
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 namespace {
 

@@ -12,12 +12,12 @@
 #include <span>
 #include <vector>
 
-#include "core/Device.h"
-#include "core/GdiObject.h"
-#include "recorder/DrawnBounds.h"
-#include "recorder/PenReach.h"
-#include "recorder/RecordBuffer.h"
-#include "recorder/RecordedObjects.h"
+#include "Device.h"
+#include "DrawnBounds.h"
+#include "GdiObject.h"
+#include "PenReach.h"
+#include "RecordBuffer.h"
+#include "RecordedObjects.h"
 
 class MetafileDevice : public Device {
 public:

@@ -2,9 +2,9 @@
 // application has deleted them and they are not selected any more.
 #include <cstring>
 
-#include "core/DeviceContext.h"
-#include "recorder/MetafileDevice.h"
-#include "recorder/PackedDib.h"
+#include "DeviceContext.h"
+#include "MetafileDevice.h"
+#include "PackedDib.h"
 
 void MetafileDevice::recordDeletions() noexcept
 {

@@ -6,8 +6,8 @@
 #include <numeric>
 #include <utility>
 
-#include "core/DeviceContext.h"
-#include "recorder/MetafileDevice.h"
+#include "DeviceContext.h"
+#include "MetafileDevice.h"
 
 namespace {
 

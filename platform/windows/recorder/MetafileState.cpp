@@ -1,8 +1,8 @@
 // The part of MetafileDevice that records a context's state: colours, modes, mapping, clip, saved states.
 #include <cstring>
 
-#include "core/DeviceContext.h"
-#include "recorder/MetafileDevice.h"
+#include "DeviceContext.h"
+#include "MetafileDevice.h"
 
 namespace {
 

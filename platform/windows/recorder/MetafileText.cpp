@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <cstring>
 
-#include "core/DeviceContext.h"
-#include "recorder/MetafileDevice.h"
-#include "recorder/TextInk.h"
+#include "DeviceContext.h"
+#include "MetafileDevice.h"
+#include "TextInk.h"
 
 namespace {
 

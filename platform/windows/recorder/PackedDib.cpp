@@ -1,4 +1,4 @@
-#include "recorder/PackedDib.h"
+#include "PackedDib.h"
 
 #include <algorithm>
 #include <cstring>

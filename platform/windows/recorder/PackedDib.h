@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "core/Bitmap.h"
+#include "Bitmap.h"
 
 class PackedDib {
 public:

@@ -1,10 +1,10 @@
-#include "recorder/PenReach.h"
+#include "PenReach.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "recorder/RecordBuffer.h"
+#include "RecordBuffer.h"
 
 #include <new>
 

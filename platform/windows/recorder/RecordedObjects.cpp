@@ -1,4 +1,4 @@
-#include "recorder/RecordedObjects.h"
+#include "RecordedObjects.h"
 
 #include <algorithm>
 #include <exception>

@@ -13,7 +13,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "core/GdiObject.h"
+#include "GdiObject.h"
 
 class RecordedObjects {
 public:

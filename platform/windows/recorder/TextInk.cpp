@@ -1,4 +1,4 @@
-#include "recorder/TextInk.h"
+#include "TextInk.h"
 
 #include <cairo.h>
 
@@ -8,9 +8,9 @@
 #include <limits>
 #include <numeric>
 
-#include "core/DeviceContext.h"
-#include "text/RealizedFont.h"
-#include "text/TextFrame.h"
+#include "DeviceContext.h"
+#include "RealizedFont.h"
+#include "TextFrame.h"
 
 namespace {
 

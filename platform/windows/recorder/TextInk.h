@@ -1,7 +1,7 @@
 // What text leaves on the device beyond the cell of its advances.
 #pragma once
 
-#include "recorder/DrawnBounds.h"
+#include "DrawnBounds.h"
 
 class DeviceContext;
 struct TextOutput;

@@ -1,4 +1,4 @@
-#include "text/CodePageText.h"
+#include "CodePageText.h"
 
 #include <fontconfig/fontconfig.h>
 

@@ -1,8 +1,8 @@
-#include "text/DrawTextLayout.h"
+#include "DrawTextLayout.h"
 
 #include <algorithm>
 
-#include "text/CodePageText.h"
+#include "CodePageText.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "text/TextMeasure.h"
+#include "TextMeasure.h"
 
 // The DT_ flags of one call. DT_TABSTOP claims bits 8 to 15 for the tab's width; the flags that stand there are
 // off then.

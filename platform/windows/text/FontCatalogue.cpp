@@ -1,4 +1,4 @@
-#include "text/FontCatalogue.h"
+#include "FontCatalogue.h"
 
 #include <fontconfig/fontconfig.h>
 
@@ -7,7 +7,7 @@
 #include <mutex>
 #include <tuple>
 
-#include "text/CodePageText.h"
+#include "CodePageText.h"
 
 // The leak check's own switch; there in a process that runs with one, else null.
 // NOLINTBEGIN(bugprone-reserved-identifier): the sanitizer's names

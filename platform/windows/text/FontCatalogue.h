@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "text/Typeface.h"
+#include "Typeface.h"
 
 struct _cairo_font_face; // NOLINT(bugprone-reserved-identifier): cairo's own tag
 struct _FcPattern;       // NOLINT(bugprone-reserved-identifier): fontconfig's own tag

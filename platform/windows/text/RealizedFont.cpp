@@ -1,4 +1,4 @@
-#include "text/RealizedFont.h"
+#include "RealizedFont.h"
 
 #include <cairo-ft.h>
 
@@ -10,8 +10,8 @@
 #include <unordered_map>
 #include <utility>
 
-#include "core/DeviceContext.h"
-#include "text/TextFrame.h"
+#include "DeviceContext.h"
+#include "TextFrame.h"
 
 namespace {
 

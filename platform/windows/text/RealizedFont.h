@@ -6,7 +6,7 @@
 #include <atomic>
 #include <memory>
 
-#include "text/FontCatalogue.h"
+#include "FontCatalogue.h"
 
 class DeviceContext;
 struct TextFrame;

@@ -1,4 +1,4 @@
-#include "text/TextFrame.h"
+#include "TextFrame.h"
 
 #include <algorithm>
 #include <cmath>

@@ -5,7 +5,7 @@
 // counter-clockwise as seen. The world transform turns, scales and mirrors text like everything else.
 #pragma once
 
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 // A direction; y grows downward on the device.
 struct TextVector {

@@ -1,4 +1,4 @@
-#include "text/TextMeasure.h"
+#include "TextMeasure.h"
 
 #include <algorithm>
 #include <cmath>

@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "text/RealizedFont.h"
-#include "text/TextFrame.h"
+#include "RealizedFont.h"
+#include "TextFrame.h"
 
 class TextMeasure {
 public:

@@ -1,11 +1,11 @@
-#include "text/TextRun.h"
+#include "TextRun.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <vector>
 
-#include "text/CodePageText.h"
+#include "CodePageText.h"
 
 namespace {
 

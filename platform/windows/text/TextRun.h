@@ -5,7 +5,7 @@
 
 #include <span>
 
-#include "text/TextMeasure.h"
+#include "TextMeasure.h"
 
 struct TextRun {
     POINT reference; // logical; the context's position takes its place under TA_UPDATECP

@@ -1,4 +1,4 @@
-#include "text/Typeface.h"
+#include "Typeface.h"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H

@@ -3,9 +3,9 @@
 #include <cstring>
 #include <utility>
 
-#include "core/DeviceContext.h"
-#include "core/HandleTable.h"
-#include "core/StockObjects.h"
+#include "DeviceContext.h"
+#include "HandleTable.h"
+#include "StockObjects.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 namespace {
 

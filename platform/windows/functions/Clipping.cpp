@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/DeviceContext.h"
-#include "core/HandleTable.h"
+#include "DeviceContext.h"
+#include "HandleTable.h"
 
 namespace {
 

@@ -13,8 +13,8 @@
 #include <mutex>
 #include <utility>
 
-#include "core/DeviceContext.h"
-#include "krnos/AtModuleEnd.h"
+#include "AtModuleEnd.h"
+#include "DeviceContext.h"
 
 namespace {
 

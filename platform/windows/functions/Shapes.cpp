@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <numbers>
 
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 namespace {
 

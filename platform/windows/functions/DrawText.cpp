@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "text/DrawTextLayout.h"
-#include "text/TextRun.h"
+#include "DrawTextLayout.h"
+#include "TextRun.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <memory>
 #include <optional>
 
-#include "core/DeviceContext.h"
-#include "core/HandleTable.h"
-#include "recorder/MetafileDevice.h"
+#include "DeviceContext.h"
+#include "HandleTable.h"
+#include "MetafileDevice.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Paths: collected and drawn by the device.
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 namespace {
 

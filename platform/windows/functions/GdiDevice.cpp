@@ -5,11 +5,11 @@
 #include <memory>
 #include <string_view>
 
-#include "core/DeviceContext.h"
-#include "core/HandleTable.h"
+#include "CairoPainter.h"
+#include "DeviceContext.h"
+#include "HandleTable.h"
+#include "RasterDevice.h"
 #include "gdidevice.h"
-#include "raster/CairoPainter.h"
-#include "raster/RasterDevice.h"
 
 namespace {
 

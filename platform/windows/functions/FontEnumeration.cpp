@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <string>
 
-#include "core/DeviceContext.h"
-#include "text/CodePageText.h"
-#include "text/RealizedFont.h"
+#include "CodePageText.h"
+#include "DeviceContext.h"
+#include "RealizedFont.h"
 
 namespace {
 

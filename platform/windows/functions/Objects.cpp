@@ -1,9 +1,9 @@
 // What all drawing objects share: selection, deletion, types and counts.
 #include <utility>
 
-#include "core/DeviceContext.h"
-#include "core/HandleTable.h"
-#include "core/StockObjects.h"
+#include "DeviceContext.h"
+#include "HandleTable.h"
+#include "StockObjects.h"
 
 namespace {
 

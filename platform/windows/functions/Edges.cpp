@@ -1,8 +1,8 @@
 // DrawEdge: the two-line edges of classic windows and buttons.
 #include <array>
 
-#include "core/DeviceContext.h"
-#include "core/StockObjects.h"
+#include "DeviceContext.h"
+#include "StockObjects.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 namespace {
 

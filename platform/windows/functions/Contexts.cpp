@@ -1,10 +1,10 @@
 // How contexts come and go.
 #include <utility>
 
-#include "core/DeviceContext.h"
-#include "core/HandleTable.h"
-#include "core/ScreenDevice.h"
-#include "raster/RasterDevice.h"
+#include "DeviceContext.h"
+#include "HandleTable.h"
+#include "RasterDevice.h"
+#include "ScreenDevice.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // The measuring functions of <windows.h>.
 #include <windows.h>
 
-#include "text/CodePageText.h"
-#include "text/TextMeasure.h"
+#include "CodePageText.h"
+#include "TextMeasure.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // Region objects.
 #include <utility>
 
-#include "core/DeviceContext.h"
-#include "core/HandleTable.h"
+#include "DeviceContext.h"
+#include "HandleTable.h"
 
 namespace {
 

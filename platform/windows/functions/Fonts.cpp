@@ -6,9 +6,9 @@
 
 #include <sys/krnos.h>
 
-#include "core/DeviceContext.h"
-#include "core/FontDescriptions.h"
-#include "core/HandleTable.h"
+#include "DeviceContext.h"
+#include "FontDescriptions.h"
+#include "HandleTable.h"
 
 namespace {
 

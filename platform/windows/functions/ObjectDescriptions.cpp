@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <cstring>
 
-#include "core/DeviceContext.h"
-#include "core/FontDescriptions.h"
-#include "core/HandleTable.h"
+#include "DeviceContext.h"
+#include "FontDescriptions.h"
+#include "HandleTable.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include <cmath>
 #include <utility>
 
-#include "core/DeviceContext.h"
+#include "DeviceContext.h"
 
 namespace {
 
