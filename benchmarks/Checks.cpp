@@ -9,9 +9,9 @@
 #include <utility>
 
 #include "ImagePage.h"
+#include "PageWork.h"
 #include "PostScriptPage.h"
 #include "SampleEncoding.h"
-#include "StoredPage.h"
 #include "TextPage.h"
 #include "surfaceSVG.h"
 #include "sys/krnutil.h"

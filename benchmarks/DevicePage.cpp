@@ -5,8 +5,8 @@
 
 #include <gdidevice.h>
 
+#include "PageWork.h"
 #include "PeerMetafile.h"
-#include "StoredPage.h"
 #include "TablePage.h"
 #include "surfaceEMF.h"
 #include "surfaceHdc.h"

@@ -3,8 +3,8 @@
 
 #include <numbers>
 
+#include "PageWork.h"
 #include "PostScriptPage.h"
-#include "StoredPage.h"
 #include "surfacePSPrinter.h"
 #include "surfaceSVG.h"
 

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <iostream>
 
-#include "StoredPage.h"
+#include "PageWork.h"
 #include "TextPage.h"
 #include "surfaceEMF.h"
 

@@ -1,7 +1,7 @@
 // The table page on CSurfacePSPrinter, from construction to the caller's bytes.
 #include "PostScriptPage.h"
 
-#include "StoredPage.h"
+#include "PageWork.h"
 #include "surfacePSPrinter.h"
 
 CSurfacePSPrinter makePostScriptSurface(const RECT& millimetres, const RECT& bounds)

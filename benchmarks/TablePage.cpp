@@ -1,7 +1,7 @@
 // The table page on CSurfaceSVG, from construction to the caller's bytes.
 #include "TablePage.h"
 
-#include "StoredPage.h"
+#include "PageWork.h"
 #include "surfaceSVG.h"
 
 void makeSurfacePage(int rows, std::string& page)

@@ -3,8 +3,8 @@
 
 #include <array>
 
+#include "PageWork.h"
 #include "PostScriptPage.h"
-#include "StoredPage.h"
 #include "surfacePSPrinter.h"
 #include "surfaceSVG.h"
 

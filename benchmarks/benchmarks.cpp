@@ -28,9 +28,9 @@
 #include "ImagePage.h"
 #include "MetafilePage.h"
 #include "NullSurface.h"
+#include "PageWork.h"
 #include "PostScriptPage.h"
 #include "SampleEncoding.h"
-#include "StoredPage.h"
 #include "Summary.h"
 #include "TextPage.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "StoredPage.h"
+#include "PageFile.h"
 
 struct PageInventory {
     // Told once, in the order of their first use.

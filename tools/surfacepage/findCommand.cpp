@@ -2,7 +2,7 @@
 #include <span>
 
 #include "OutputFile.h"
-#include "StoredPage.h"
+#include "PageFile.h"
 #include "commands.h"
 #include "metaFilePlayer.h"
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "OutputFile.h"
-#include "StoredPage.h"
+#include "PageFile.h"
 #include "SvgPageSize.h"
 #include "commands.h"
 #include "gdidevice.h"

@@ -1,5 +1,5 @@
 #include "OutputFile.h"
-#include "StoredPage.h"
+#include "PageFile.h"
 #include "commands.h"
 #include "metaFilePlayer.h"
 

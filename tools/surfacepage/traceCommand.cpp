@@ -2,9 +2,9 @@
 #include <memory>
 
 #include "MetafileContents.h"
+#include "PageFile.h"
 #include "RecordWalk.h"
 #include "RecordingSurface.h"
-#include "StoredPage.h"
 #include "SvgPageSize.h"
 #include "commands.h"
 #include "metaFilePlayer.h"

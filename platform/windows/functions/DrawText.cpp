@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "DrawTextLayout.h"
-#include "TextRun.h"
+#include "OutputRun.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "StoredPage.h"
+#include "PageFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

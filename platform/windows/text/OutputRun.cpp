@@ -1,4 +1,4 @@
-#include "TextRun.h"
+#include "OutputRun.h"
 
 #include <algorithm>
 #include <cmath>
@@ -24,7 +24,7 @@ struct RunAdvances {
     std::int64_t logicalTotal = 0;
 };
 
-RunAdvances measureRun(TextMeasure& measure, const TextRun& run)
+RunAdvances measureRun(TextMeasure& measure, const OutputRun& run)
 {
     RunAdvances advances;
     advances.logical.reserve(run.text.size());
@@ -148,13 +148,13 @@ BOOL textOut(DeviceContext& context, POINT reference, UINT options, const RECT* 
         return TRUE;
     }
     TextMeasure measure(context);
-    const TextRun run{reference, options, rect != nullptr ? *rect : RECT{}, text, advances};
+    const OutputRun run{reference, options, rect != nullptr ? *rect : RECT{}, text, advances};
     return outputRun(context, measure, run) ? TRUE : FALSE;
 }
 
 } // namespace
 
-bool outputRun(DeviceContext& context, TextMeasure& measure, const TextRun& run)
+bool outputRun(DeviceContext& context, TextMeasure& measure, const OutputRun& run)
 {
     if (!measure.font() && !run.text.empty()) {
         return false;

@@ -1,4 +1,5 @@
-// A surface on which nothing happens: what a replay costs on it is the cost of the player alone.
+// A surface on which nothing happens: the skeleton of a back end, and what a replay on it costs is the cost of the player
+// alone.
 #pragma once
 
 #include "surface.h"

@@ -7,7 +7,7 @@
 
 #include "TextMeasure.h"
 
-struct TextRun {
+struct OutputRun {
     POINT reference; // logical; the context's position takes its place under TA_UPDATECP
     UINT options;    // ETO_OPAQUE, ETO_CLIPPED, ETO_GLYPH_INDEX
     RECT rect;       // logical, for the first two options
@@ -16,4 +16,4 @@ struct TextRun {
 };
 
 // Hands the run to the context's device. Moves the context's position under TA_UPDATECP.
-bool outputRun(DeviceContext& context, TextMeasure& measure, const TextRun& run);
+bool outputRun(DeviceContext& context, TextMeasure& measure, const OutputRun& run);

@@ -1,5 +1,5 @@
 // Pages by CMetaFilePlayer, and the same bytes by expat, memmem and memcpy.
-#include "StoredPage.h"
+#include "PageWork.h"
 
 #include <cstring>
 #include <memory>
