@@ -17,6 +17,9 @@ CSurface::CSurface(const CSurface& other) = default;
 
 CSurface& CSurface::operator=(const CSurface& other)
 {
+    if (this == &other) {
+        return *this;
+    }
     m_imageIds = other.m_imageIds; // first, because nothing after it can fail
     m_width = other.m_width;
     m_height = other.m_height;
