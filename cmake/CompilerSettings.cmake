@@ -28,6 +28,11 @@ if(SURFACE_SANITIZE_THREADS)
     target_link_options(surface_settings INTERFACE -fsanitize=thread)
 endif()
 
+if(SURFACE_COVERAGE)
+    target_compile_options(surface_settings INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+    target_link_options(surface_settings INTERFACE -fprofile-instr-generate)
+endif()
+
 if(SURFACE_FUZZ)
     # The library reports its coverage to libFuzzer.
     target_compile_options(surface_settings INTERFACE -fsanitize=fuzzer-no-link)
