@@ -59,13 +59,14 @@ Region regionOf(HDC target, const BitmapView& view, const Coverage& coverage, co
     return regionOfPolygons(std::move(corners), counts);
 }
 
-// Runs a drawing with the clip cut down to the region.
+// Runs a drawing with the clip cut down to the region, and no pixel mixed with those that are left out.
 template <class Draw>
 void drawWithin(HDC target, const Region& region, const Draw& draw)
 {
     const PlayedRegion clip(region);
     if (SaveDC(target) != 0) {
         ExtSelectClipRgn(target, clip.handle(), RGN_AND);
+        SetStretchBltMode(target, COLORONCOLOR);
         draw();
         RestoreDC(target, -1);
     }

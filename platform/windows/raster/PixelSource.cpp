@@ -8,11 +8,16 @@
 
 namespace {
 
-constexpr double farthest = 1 << 26;
+constexpr LONG farthest = 1 << 26;
 
-double bounded(LONG value)
+LONG bounded(LONG value)
 {
-    return std::clamp(static_cast<double>(value), -farthest, farthest);
+    return std::clamp(value, -farthest, farthest);
+}
+
+double clampedFloor(double value)
+{
+    return std::clamp(std::floor(value), -double{farthest}, double{farthest});
 }
 
 RECT rectBetween(POINT first, POINT second)
@@ -23,11 +28,12 @@ RECT rectBetween(POINT first, POINT second)
 
 // The source positions of the target positions [begin, end) along one axis, cut to those within [low, high). Source
 // positions run one way, so what is cut lies at the ends; begin and end follow.
-std::vector<int> positionsAlong(double target, double targetEnd, double source, double sourceEnd, int low,
-                                int high, LONG& begin, LONG& end)
+std::vector<int> positionsAlong(const AxisCopy& copy, int low, int high, LONG& begin, LONG& end)
 {
-    const double targetLength = targetEnd - target;
-    const double sourceLength = sourceEnd - source;
+    const auto source = static_cast<double>(copy.source);
+    const auto target = static_cast<double>(copy.target);
+    const auto targetLength = static_cast<double>(copy.targetEnd - copy.target);
+    const auto sourceLength = static_cast<double>(copy.sourceEnd - copy.source);
     const auto at = [&](LONG position) {
         return std::floor(source + (position + 0.5 - target) * sourceLength / targetLength);
     };
@@ -61,7 +67,8 @@ bool isRun(const std::vector<int>& positions)
 } // namespace
 
 PixelSource::PixelSource(const BitmapView& view, const CornerPair& area, const RECT& target,
-                         const Mapping& toDevice, const RECT& visible, const ColorRule& rule)
+                         const Mapping& toDevice, const RECT& visible, const ColorRule& rule,
+                         Shrinking shrinking)
     : m_view(view), m_rule(rule),
       m_inside(overlap(rectBetween(area.first, area.second), {0, 0, view.width, view.height})),
       m_turned(!toDevice.isAxisAligned())
@@ -76,20 +83,29 @@ PixelSource::PixelSource(const BitmapView& view, const CornerPair& area, const R
     placeStraight(
         area,
         {toDevice.toDevice({target.left, target.top}), toDevice.toDevice({target.right, target.bottom})},
-        visible);
+        visible, shrinking);
 }
 
-void PixelSource::placeStraight(const CornerPair& area, const CornerPair& target, const RECT& visible)
+void PixelSource::placeStraight(const CornerPair& area, const CornerPair& target, const RECT& visible,
+                                Shrinking shrinking)
 {
     m_box = overlap(rectBetween(target.first, target.second), visible);
     if (isEmpty(m_box)) {
         return;
     }
-    m_columns =
-        positionsAlong(bounded(target.first.x), bounded(target.second.x), bounded(area.first.x),
-                       bounded(area.second.x), m_inside.left, m_inside.right, m_box.left, m_box.right);
-    m_rows = positionsAlong(bounded(target.first.y), bounded(target.second.y), bounded(area.first.y),
-                            bounded(area.second.y), m_inside.top, m_inside.bottom, m_box.top, m_box.bottom);
+    const AxisCopy across{bounded(target.first.x), bounded(target.second.x), bounded(area.first.x),
+                          bounded(area.second.x)};
+    const AxisCopy down{bounded(target.first.y), bounded(target.second.y), bounded(area.first.y),
+                        bounded(area.second.y)};
+    m_columns = positionsAlong(across, m_inside.left, m_inside.right, m_box.left, m_box.right);
+    m_rows = positionsAlong(down, m_inside.top, m_inside.bottom, m_box.top, m_box.bottom);
+    const bool smaller = across.shrinks() || down.shrinks();
+    if (smaller && shrinking != Shrinking::nearest &&
+        ShrunkPixels::mayHold(m_columns.size(), m_rows.size())) {
+        m_shrunk.emplace(m_view, m_rule, shrinking,
+                         ShrunkAxis(across, m_columns, m_box.left, m_inside.left, m_inside.right, shrinking),
+                         ShrunkAxis(down, m_rows, m_box.top, m_inside.top, m_inside.bottom, shrinking));
+    }
     m_unscaled = isRun(m_columns);
 }
 
@@ -120,8 +136,8 @@ void PixelSource::placeTurned(const CornerPair& area, const RECT& target, const 
          {POINT{m_inside.left, m_inside.top}, POINT{m_inside.right, m_inside.top},
           POINT{m_inside.left, m_inside.bottom}, POINT{m_inside.right, m_inside.bottom}}) {
         const DevicePoint point = whole.apply(corner.x, corner.y);
-        const auto x = static_cast<LONG>(std::clamp(std::floor(point.x), -farthest, farthest));
-        const auto y = static_cast<LONG>(std::clamp(std::floor(point.y), -farthest, farthest));
+        const auto x = static_cast<LONG>(clampedFloor(point.x));
+        const auto y = static_cast<LONG>(clampedFloor(point.y));
         around = {std::min(around.left, x), std::min(around.top, y), std::max(around.right, x + 1),
                   std::max(around.bottom, y + 1)};
     }
@@ -133,6 +149,11 @@ PixelSource::Stretch PixelSource::read(int x, int y, int count)
     if (m_turned) {
         return readTurned(x, y, count);
     }
+    if (m_shrunk) {
+        return {m_shrunk->read(static_cast<std::size_t>(x - m_box.left),
+                               static_cast<std::size_t>(y - m_box.top), static_cast<std::size_t>(count)),
+                0, count};
+    }
     if (m_unscaled) {
         const int column = m_columns[static_cast<std::size_t>(x - m_box.left)];
         const int row = m_rows[static_cast<std::size_t>(y - m_box.top)];
@@ -141,7 +162,7 @@ PixelSource::Stretch PixelSource::read(int x, int y, int count)
         }
         m_pixels.resize(static_cast<std::size_t>(count));
         readPixels(m_view, column, row, count, m_pixels.data());
-        applyRule(m_pixels.data(), count);
+        m_rule.apply(m_pixels.data(), count);
     } else {
         readScaled(x, y, count);
     }
@@ -156,7 +177,7 @@ void PixelSource::readScaled(int x, int y, int count)
         const int width = high - low + 1;
         m_sourceRow.resize(static_cast<std::size_t>(width));
         readPixels(m_view, low, row, width, m_sourceRow.data());
-        applyRule(m_sourceRow.data(), width);
+        m_rule.apply(m_sourceRow.data(), width);
         m_sourceRowAt = row;
     }
     m_pixels.resize(static_cast<std::size_t>(count));
@@ -188,23 +209,6 @@ PixelSource::Stretch PixelSource::readTurned(int x, int y, int count)
     if (begin >= end) {
         return {nullptr, 0, 0};
     }
-    applyRule(m_pixels.data() + begin, end - begin);
+    m_rule.apply(m_pixels.data() + begin, end - begin);
     return {m_pixels.data() + begin, begin, end - begin};
-}
-
-void PixelSource::applyRule(DWORD* pixels, int count) const
-{
-    constexpr DWORD white = 0xFFFFFF;
-    switch (m_rule.kind) {
-    case ColorRule::Kind::none:
-        return;
-    case ColorRule::Kind::toMonochrome:
-        std::transform(pixels, pixels + count, pixels,
-                       [this](DWORD pixel) { return (pixel & white) == m_rule.back ? white : 0; });
-        return;
-    case ColorRule::Kind::fromMonochrome:
-        std::transform(pixels, pixels + count, pixels,
-                       [this](DWORD pixel) { return pixel != 0 ? m_rule.back : m_rule.text; });
-        return;
-    }
 }

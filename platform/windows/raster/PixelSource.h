@@ -1,34 +1,32 @@
 // What a copy reads: an area of a bitmap, brought to the size and place that it takes on the device. Each target pixel
-// shows the source pixel that its middle falls on, so that the same areas choose the same pixels whatever is copied.
+// shows the source pixel that its middle falls on, so that the same areas choose the same pixels whatever is copied;
+// only a picture that a plain copy makes smaller keeps something of all its pixels.
 #pragma once
 
 #include <windows.h>
 
+#include <optional>
 #include <vector>
 
 #include "Bitmap.h"
 #include "Mapping.h"
 
+#include "ColorRule.h"
+#include "ShrunkPixels.h"
 // Two corners, which may be swapped: that mirrors.
 struct CornerPair {
     POINT first;
     POINT second;
 };
 
-// What becomes of colours between monochrome bitmaps and others, as 0x00RRGGBB.
-struct ColorRule {
-    enum class Kind : unsigned char { none, toMonochrome, fromMonochrome };
-
-    Kind kind = Kind::none;
-    DWORD back = 0; // what becomes white, or what white becomes
-    DWORD text = 0; // what black becomes
-};
-
 class PixelSource {
 public:
     // Pixels of the view at `area`; `target` in logical units; what lies outside `visible` is not asked for.
+    // A mapping that turns chooses the nearest pixels, however much smaller it makes the picture.
     PixelSource(const BitmapView& view, const CornerPair& area, const RECT& target, const Mapping& toDevice,
-                const RECT& visible, const ColorRule& rule);
+                const RECT& visible, const ColorRule& rule, Shrinking shrinking);
+    PixelSource(const PixelSource&) = delete;
+    PixelSource& operator=(const PixelSource&) = delete;
 
     // Around all target pixels that have a source pixel. Device units.
     const RECT& box() const noexcept { return m_box; }
@@ -43,12 +41,12 @@ public:
     Stretch read(int x, int y, int count);
 
 private:
-    void placeStraight(const CornerPair& area, const CornerPair& target, const RECT& visible);
+    void placeStraight(const CornerPair& area, const CornerPair& target, const RECT& visible,
+                       Shrinking shrinking);
     void placeTurned(const CornerPair& area, const RECT& target, const Mapping& toDevice,
                      const RECT& visible);
     Stretch readTurned(int x, int y, int count);
     void readScaled(int x, int y, int count);
-    void applyRule(DWORD* pixels, int count) const;
 
     BitmapView m_view;
     ColorRule m_rule;
@@ -57,6 +55,7 @@ private:
     std::vector<int> m_columns; // straight: the source's for each of the box, and its rows
     std::vector<int> m_rows;
     bool m_unscaled = false;
+    std::optional<ShrunkPixels> m_shrunk; // straight, and smaller along an axis
     bool m_turned = false;
     Mapping m_toSource; // turned
     std::vector<DWORD> m_pixels;

@@ -80,8 +80,10 @@ bool RasterDevice::copy(DeviceContext& context, const RECT& target, DeviceContex
         before.assign(view.bits.begin(), view.bits.end());
         view.bits = before;
     }
+    const bool oneBit = view.bitsPerPixel == 1 || context.bitmap->bitmap->isMonochrome();
+    const Shrinking shrinking = shrinkingFor(context.state.stretchMode, ternaryOf(operation), oneBit);
     PixelSource pixels(view, cornersOf(area, source.mapping()), target, context.mapping(), canvas.box(),
-                       ruleBetween(context, source));
+                       ruleBetween(context, source), shrinking);
     lay(context, canvas, pixels, ternaryOf(operation));
     m_stretches += stretch ? 1 : 0;
     return true;
@@ -109,7 +111,10 @@ bool RasterDevice::copyDib(DeviceContext& context, const RECT& target, const BIT
         return false;
     }
     Canvas canvas(context);
-    PixelSource pixels(*view, cornersOf(area, Mapping{}), target, context.mapping(), canvas.box(), {});
+    const Shrinking shrinking =
+        shrinkingFor(context.state.stretchMode, ternaryOf(operation), view->bitsPerPixel == 1);
+    PixelSource pixels(*view, cornersOf(area, Mapping{}), target, context.mapping(), canvas.box(), {},
+                       shrinking);
     lay(context, canvas, pixels, ternaryOf(operation));
     return true;
 }

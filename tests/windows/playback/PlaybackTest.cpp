@@ -95,8 +95,9 @@ TEST(Playback, PaintsRecords)
         {"chosen pixels",
          "39 1 0 0xFF0000 0; 37 1; 37 0x80000008;" + all +
              "116 0 0 0 0 0 0 4 4 0xFFFFFF 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;"
+             "116 0 0 0 0 8 4 2 1 0xFFFFFF 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;" // no colour mixed
              "78 0 0 0 0 6 0 2 2 0xAACC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 0 0 0 @mask;",
-         "##bbbbb.bbbb ##bbbbrbbbbb rrggbbbbbbbb rrggbbbbbbbb bbbbbbbbbbbb bbbbbbbbbbbb "},
+         "##bbbbb.bbbb ##bbbbrbbbbb rrggbbbbbbbb rrggbbbbbbbb bbbbbbbbrbbb bbbbbbbbbbbb "},
         {"gradients",
          "118 0 0 0 0 2 1 0 1 1 0xFF000000 0 4 3 0xFF000000 0 0 1;"
          "118 0 0 0 0 3 1 2 6 0 0 0xFF00 12 0 0 0xFF00 6 6 0 0xFF00 0 1 2;",

@@ -2,8 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdio>
 #include <initializer_list>
 #include <utility>
+#include <vector>
 
 #include "windows/raster/RasterPage.h"
 
@@ -60,6 +62,7 @@ TEST(CopyPixels, StretchMirrorTurnAndStayWhereTheSourceEnds)
     HDC d = page.context();
     const MemoryBitmap source(4, 3, 24, true);
     paintDiagonals(source.context());
+    SetStretchBltMode(d, COLORONCOLOR);
     const auto stretch = [&](const RECT& to, const RECT& from) {
         EXPECT_TRUE(StretchBlt(d, to.left, to.top, to.right, to.bottom, source.context(), from.left, from.top,
                                from.right, from.bottom, SRCCOPY));
@@ -140,6 +143,113 @@ TEST(CopyPixels, MeetMonochromeBitmapsByTheColoursOfContexts)
 bybb.r.bbr
 ybby..brr.
 bbyb.br..b)");
+}
+
+struct ShrinkCase {
+    const char* name;
+    WORD bits; // 0: monochrome
+    int mode;
+    RECT to; // told by position and size, as is `from`
+    RECT from;
+    DWORD operation;
+    const char* levels; // of the page's top row, two digits a pixel; it was 20 before
+};
+
+// The source's columns are white, black, white, white: a line that nearest pixels lose or keep by chance.
+const ShrinkCase shrinkCases[] = {
+    {"halves", 24, BLACKONWHITE, {0, 0, 2, 2}, {0, 0, 4, 4}, SRCCOPY, "80ff20"},
+    {"partial weights", 8, WHITEONBLACK, {0, 0, 3, 2}, {0, 0, 4, 4}, SRCCOPY, "bf80ff"},
+    {"rows only", 32, BLACKONWHITE, {0, 0, 4, 2}, {0, 0, 4, 4}, SRCCOPY, "ff00ffff"},
+    {"wider and lower", 32, BLACKONWHITE, {0, 0, 6, 1}, {0, 0, 4, 4}, SRCCOPY, "ff0000ffffff"},
+    {"narrower and higher", 16, HALFTONE, {0, 0, 2, 8}, {0, 0, 4, 4}, SRCCOPY, "80ff20"},
+    {"mirrored", 24, BLACKONWHITE, {2, 0, -2, 2}, {0, 0, 4, 4}, SRCCOPY, "ff8020"},
+    {"half outside", 24, BLACKONWHITE, {0, 0, 3, 2}, {-1, 0, 6, 4}, SRCCOPY, "ff8020"},
+    {"middle outside", 24, BLACKONWHITE, {0, 0, 2, 2}, {-3, 0, 6, 4}, SRCCOPY, "20aa20"},
+    {"far outside", 24, BLACKONWHITE, {0, 0, 2, 2}, {1, 0, 2000000000, 4}, SRCCOPY, "202020"},
+    {"colour on colour", 24, COLORONCOLOR, {0, 0, 2, 2}, {0, 0, 4, 4}, SRCCOPY, "00ff20"},
+    {"raster step", 24, BLACKONWHITE, {0, 0, 2, 2}, {0, 0, 4, 4}, SRCINVERT, "20df20"},
+    {"raster step in halftone", 24, HALFTONE, {0, 0, 2, 2}, {0, 0, 4, 4}, SRCAND, "002020"},
+    {"one bit, black stays", 1, BLACKONWHITE, {0, 0, 2, 2}, {0, 0, 4, 4}, SRCCOPY, "00ff20"},
+    {"one bit, each pixel once", 1, BLACKONWHITE, {0, 0, 3, 2}, {0, 0, 4, 4}, SRCCOPY, "ff00ff"},
+    {"one bit, white stays", 1, WHITEONBLACK, {0, 0, 2, 2}, {0, 0, 4, 4}, SRCCOPY, "ffff20"},
+    {"one bit, averaged", 1, HALFTONE, {0, 0, 2, 2}, {0, 0, 4, 4}, SRCCOPY, "80ff20"},
+    {"text colour stays", 0, BLACKONWHITE, {0, 0, 2, 2}, {0, 0, 4, 4}, SRCCOPY, "c04020"},
+    {"background colour stays", 0, WHITEONBLACK, {0, 0, 2, 2}, {0, 0, 4, 4}, SRCCOPY, "404020"},
+    {"both averaged", 0, HALFTONE, {0, 0, 2, 2}, {0, 0, 4, 4}, SRCCOPY, "804020"},
+};
+
+std::string levelsOf(HDC context, std::size_t pixels)
+{
+    std::string levels;
+    for (std::size_t x = 0; x < pixels; ++x) {
+        char digits[16];
+        std::snprintf(digits, sizeof(digits), "%02x", GetPixel(context, static_cast<int>(x), 0) >> 8 & 0xFF);
+        levels += digits;
+    }
+    return levels;
+}
+
+void paintLine(HDC context)
+{
+    const RECT all{0, 0, 4, 4};
+    FillRect(context, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    line(context, {1, 0}, {1, 4});
+}
+
+TEST(CopyPixels, KeepThinLinesOfPicturesMadeSmaller)
+{
+    for (const ShrinkCase& shrink : shrinkCases) {
+        const MemoryBitmap source = shrink.bits == 0 ? MemoryBitmap(CreateBitmap(4, 4, 1, 1, nullptr))
+                                                     : MemoryBitmap(4, 4, shrink.bits);
+        paintLine(source.context());
+        const RasterPage page(6, 8);
+        HDC d = page.context();
+        const RECT all{0, 0, 6, 8};
+        const HBRUSH before = CreateSolidBrush(0x202020);
+        FillRect(d, &all, before);
+        DeleteObject(before);
+        SetTextColor(d, 0xC0C0C0);
+        SetBkColor(d, 0x404040);
+        SetStretchBltMode(d, shrink.mode);
+        EXPECT_TRUE(StretchBlt(d, shrink.to.left, shrink.to.top, shrink.to.right, shrink.to.bottom,
+                               source.context(), shrink.from.left, shrink.from.top, shrink.from.right,
+                               shrink.from.bottom, shrink.operation));
+        const std::string expected = shrink.levels;
+        EXPECT_EQ(levelsOf(d, expected.size() / 2), expected) << shrink.name;
+    }
+}
+
+// Through a mapping, from memory with the byte that colours leave free, within a clip of many pieces, to one bit.
+TEST(CopyPixels, MadeSmallerAreTheSameByEveryWay)
+{
+    const RasterPage page(6, 4);
+    HDC d = page.context();
+    const MemoryBitmap source(4, 4, 24);
+    paintLine(source.context());
+    SetMapMode(d, MM_ANISOTROPIC);
+    SetWindowExtEx(d, 2, 2, nullptr);
+    EXPECT_TRUE(BitBlt(d, 0, 0, 4, 4, source.context(), 0, 0, SRCCOPY));
+    EXPECT_EQ(levelsOf(d, 2), "80ff");
+
+    SetMapMode(d, MM_TEXT);
+    const HRGN clip = CreateRectRgn(2, 0, 3, 1);
+    const HRGN piece = CreateRectRgn(4, 0, 5, 1);
+    CombineRgn(clip, clip, piece, RGN_OR);
+    SelectClipRgn(d, clip);
+    DeleteObject(clip);
+    DeleteObject(piece);
+    const DWORD rows[] = {0x10FF0000, 0x20000000, 0x3000FF00, 0x400000FF};
+    BITMAPINFO info{};
+    info.bmiHeader = {40, 2, 2, 1, 32, 0, 0, 0, 0, 0, 0};
+    EXPECT_EQ(StretchDIBits(d, 2, 0, 3, 1, 0, 0, 2, 2, rows, &info, DIB_RGB_COLORS, SRCCOPY), 2);
+    const unsigned char* const bits = gdiDeviceBits(d, nullptr);
+    EXPECT_EQ(std::vector<int>(bits + 8, bits + 20),
+              (std::vector<int>{0, 128, 128, 32, 255, 255, 255, bits[15], 128, 0, 0, 48}));
+
+    const MemoryBitmap mask(CreateBitmap(2, 2, 1, 1, nullptr));
+    SetBkColor(source.context(), white);
+    StretchBlt(mask.context(), 0, 0, 2, 2, source.context(), 0, 0, 4, 4, SRCCOPY);
+    EXPECT_EQ(pictureOf(mask.context(), 2, 2), "\n#.\n#.");
 }
 
 // Every form of bitmap takes and gives the same picture as a page.
