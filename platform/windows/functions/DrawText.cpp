@@ -15,15 +15,34 @@ LONG saturated(std::int64_t value)
     return toDeviceUnit(static_cast<double>(value));
 }
 
+LONG lineHeightOf(const TextMeasure& measure, const DrawTextFormat& format)
+{
+    const TEXTMETRICA& metrics = measure.font()->metrics();
+    const LONG leading = format.has(DT_EXTERNALLEADING) ? metrics.tmExternalLeading : 0;
+    return measure.logicalHeight(std::int64_t{metrics.tmHeight} + leading);
+}
+
+// The lines of which a part shows in the rectangle at least.
+DrawTextLimits limitsOf(const TextMeasure& measure, const DrawTextFormat& format, const RECT& rect)
+{
+    const TextFrame& frame = measure.frame();
+    const double width = frame.signX * (static_cast<double>(rect.right) - rect.left) * frame.along;
+    const std::int64_t lineHeight = lineHeightOf(measure, format);
+    const std::int64_t height = frame.signY * (std::int64_t{rect.bottom} - rect.top);
+    if (format.has(DT_CALCRECT | DT_NOCLIP) || lineHeight <= 0) {
+        return {width, SIZE_MAX};
+    }
+    const std::int64_t lines = std::max<std::int64_t>(1, (height + lineHeight - 1) / lineHeight);
+    return {width, static_cast<std::size_t>(lines)};
+}
+
 class TextDrawing {
 public:
     TextDrawing(DeviceContext& context, TextMeasure& measure, DrawTextLayout& layout, DrawTextFormat format,
                 const RECT& rect)
-        : m_context(context), m_measure(measure), m_layout(layout), m_format(format), m_rect(rect)
+        : m_context(context), m_measure(measure), m_layout(layout), m_format(format), m_rect(rect),
+          m_lineHeight(lineHeightOf(measure, format))
     {
-        const TEXTMETRICA& metrics = measure.font()->metrics();
-        const LONG leading = format.has(DT_EXTERNALLEADING) ? metrics.tmExternalLeading : 0;
-        m_lineHeight = measure.logicalHeight(std::int64_t{metrics.tmHeight} + leading);
     }
 
     std::int64_t height() const
@@ -90,7 +109,7 @@ private:
                 piece = index + 1;
                 pieceX = next;
             }
-            if (takeUnderline(index) && character != u'\t') {
+            if (character != u'\t' && m_layout.isUnderlined(index)) {
                 underline(logicalX(start, x), logicalX(start, next), y);
             }
             x = next;
@@ -100,21 +119,12 @@ private:
 
     void drawPiece(std::size_t first, std::size_t last, POINT point)
     {
-        if (first < last) {
+        if (first < last && !m_format.has(DT_PREFIXONLY)) {
             const std::span<const WCHAR> text(m_layout.text());
             const UINT options = m_format.has(DT_NOCLIP) ? 0 : ETO_CLIPPED;
             outputRun(m_context, m_measure,
                       {point, options, m_rect, text.subspan(first, last - first), nullptr});
         }
-    }
-
-    bool takeUnderline(std::size_t index)
-    {
-        const std::vector<std::size_t>& underlined = m_layout.underlined();
-        while (m_nextUnderline < underlined.size() && underlined[m_nextUnderline] < index) {
-            ++m_nextUnderline;
-        }
-        return m_nextUnderline < underlined.size() && underlined[m_nextUnderline] == index;
     }
 
     // A filled strip. A font that is turned has none: strips lie along the axes.
@@ -149,7 +159,6 @@ private:
     DrawTextFormat m_format;
     RECT m_rect;
     LONG m_lineHeight;
-    std::size_t m_nextUnderline = 0;
 };
 
 int drawText(DeviceContext& context, const char* text, std::size_t length, RECT& rect, UINT flags)
@@ -159,9 +168,7 @@ int drawText(DeviceContext& context, const char* text, std::size_t length, RECT&
         return 0;
     }
     const DrawTextFormat format(flags);
-    const double width =
-        measure.frame().signX * (static_cast<double>(rect.right) - rect.left) * measure.frame().along;
-    DrawTextLayout layout(measure, format, text, length, width);
+    DrawTextLayout layout(measure, format, text, length, limitsOf(measure, format, rect));
     TextDrawing drawing(context, measure, layout, format, rect);
     if (format.has(DT_CALCRECT)) {
         rect = drawing.extent();

@@ -66,10 +66,21 @@ bool isRun(const std::vector<int>& positions)
 
 } // namespace
 
+void takeFirstPixel(CornerPair& corners, bool leftward, bool upward) noexcept
+{
+    if (leftward && corners.second.x < corners.first.x) {
+        corners.first.x = std::min(corners.first.x, INT32_MAX - 1) + 1;
+        ++corners.second.x;
+    }
+    if (upward && corners.second.y < corners.first.y) {
+        corners.first.y = std::min(corners.first.y, INT32_MAX - 1) + 1;
+        ++corners.second.y;
+    }
+}
+
 PixelSource::PixelSource(const BitmapView& view, const CornerPair& area, const RECT& target,
-                         const Mapping& toDevice, const RECT& visible, const ColorRule& rule,
-                         Shrinking shrinking)
-    : m_view(view), m_rule(rule),
+                         const Mapping& toDevice, const RECT& visible, const CopyRules& rules)
+    : m_view(view), m_rules(rules),
       m_inside(overlap(rectBetween(area.first, area.second), {0, 0, view.width, view.height})),
       m_turned(!toDevice.isAxisAligned())
 {
@@ -80,14 +91,15 @@ PixelSource::PixelSource(const BitmapView& view, const CornerPair& area, const R
         placeTurned(area, target, toDevice, visible);
         return;
     }
-    placeStraight(
-        area,
-        {toDevice.toDevice({target.left, target.top}), toDevice.toDevice({target.right, target.bottom})},
-        visible, shrinking);
+    CornerPair corners{toDevice.toDevice({target.left, target.top}),
+                       toDevice.toDevice({target.right, target.bottom})};
+    if (rules.startsOnPixel) {
+        takeFirstPixel(corners, target.right < target.left, target.bottom < target.top);
+    }
+    placeStraight(area, corners, visible);
 }
 
-void PixelSource::placeStraight(const CornerPair& area, const CornerPair& target, const RECT& visible,
-                                Shrinking shrinking)
+void PixelSource::placeStraight(const CornerPair& area, const CornerPair& target, const RECT& visible)
 {
     m_box = overlap(rectBetween(target.first, target.second), visible);
     if (isEmpty(m_box)) {
@@ -100,11 +112,12 @@ void PixelSource::placeStraight(const CornerPair& area, const CornerPair& target
     m_columns = positionsAlong(across, m_inside.left, m_inside.right, m_box.left, m_box.right);
     m_rows = positionsAlong(down, m_inside.top, m_inside.bottom, m_box.top, m_box.bottom);
     const bool smaller = across.shrinks() || down.shrinks();
-    if (smaller && shrinking != Shrinking::nearest &&
+    if (smaller && m_rules.shrinking != Shrinking::nearest &&
         ShrunkPixels::mayHold(m_columns.size(), m_rows.size())) {
-        m_shrunk.emplace(m_view, m_rule, shrinking,
-                         ShrunkAxis(across, m_columns, m_box.left, m_inside.left, m_inside.right, shrinking),
-                         ShrunkAxis(down, m_rows, m_box.top, m_inside.top, m_inside.bottom, shrinking));
+        m_shrunk.emplace(
+            m_view, m_rules.colors, m_rules.shrinking,
+            ShrunkAxis(across, m_columns, m_box.left, m_inside.left, m_inside.right, m_rules.shrinking),
+            ShrunkAxis(down, m_rows, m_box.top, m_inside.top, m_inside.bottom, m_rules.shrinking));
     }
     m_unscaled = isRun(m_columns);
 }
@@ -157,12 +170,12 @@ PixelSource::Stretch PixelSource::read(int x, int y, int count)
     if (m_unscaled) {
         const int column = m_columns[static_cast<std::size_t>(x - m_box.left)];
         const int row = m_rows[static_cast<std::size_t>(y - m_box.top)];
-        if (m_rule.kind == ColorRule::Kind::none && hasCommonOrder(m_view)) {
+        if (m_rules.colors.kind == ColorRule::Kind::none && hasCommonOrder(m_view)) {
             return {reinterpret_cast<const DWORD*>(m_view.row(row)) + column, 0, count};
         }
         m_pixels.resize(static_cast<std::size_t>(count));
         readPixels(m_view, column, row, count, m_pixels.data());
-        m_rule.apply(m_pixels.data(), count);
+        m_rules.colors.apply(m_pixels.data(), count);
     } else {
         readScaled(x, y, count);
     }
@@ -177,7 +190,7 @@ void PixelSource::readScaled(int x, int y, int count)
         const int width = high - low + 1;
         m_sourceRow.resize(static_cast<std::size_t>(width));
         readPixels(m_view, low, row, width, m_sourceRow.data());
-        m_rule.apply(m_sourceRow.data(), width);
+        m_rules.colors.apply(m_sourceRow.data(), width);
         m_sourceRowAt = row;
     }
     m_pixels.resize(static_cast<std::size_t>(count));
@@ -209,6 +222,6 @@ PixelSource::Stretch PixelSource::readTurned(int x, int y, int count)
     if (begin >= end) {
         return {nullptr, 0, 0};
     }
-    m_rule.apply(m_pixels.data() + begin, end - begin);
+    m_rules.colors.apply(m_pixels.data() + begin, end - begin);
     return {m_pixels.data() + begin, begin, end - begin};
 }

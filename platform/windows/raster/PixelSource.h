@@ -19,12 +19,23 @@ struct CornerPair {
     POINT second;
 };
 
+// In which colours a copy is read, what it does where it makes smaller, and where sizes below 0 begin.
+struct CopyRules {
+    ColorRule colors;
+    Shrinking shrinking = Shrinking::nearest;
+    bool startsOnPixel = false; // takeFirstPixel() of the target
+};
+
+// Moves the corners of a rectangle that was given with a size below 0: the pixel at its position is the first, and the
+// others are to the left of it or above. An axis that the mapping turned round includes that pixel already.
+void takeFirstPixel(CornerPair& corners, bool leftward, bool upward) noexcept;
+
 class PixelSource {
 public:
     // Pixels of the view at `area`; `target` in logical units; what lies outside `visible` is not asked for.
     // A mapping that turns chooses the nearest pixels, however much smaller it makes the picture.
     PixelSource(const BitmapView& view, const CornerPair& area, const RECT& target, const Mapping& toDevice,
-                const RECT& visible, const ColorRule& rule, Shrinking shrinking);
+                const RECT& visible, const CopyRules& rules);
     PixelSource(const PixelSource&) = delete;
     PixelSource& operator=(const PixelSource&) = delete;
 
@@ -41,15 +52,14 @@ public:
     Stretch read(int x, int y, int count);
 
 private:
-    void placeStraight(const CornerPair& area, const CornerPair& target, const RECT& visible,
-                       Shrinking shrinking);
+    void placeStraight(const CornerPair& area, const CornerPair& target, const RECT& visible);
     void placeTurned(const CornerPair& area, const RECT& target, const Mapping& toDevice,
                      const RECT& visible);
     Stretch readTurned(int x, int y, int count);
     void readScaled(int x, int y, int count);
 
     BitmapView m_view;
-    ColorRule m_rule;
+    CopyRules m_rules;
     RECT m_inside{}; // the part of the area that lies on the view
     RECT m_box{};
     std::vector<int> m_columns; // straight: the source's for each of the box, and its rows

@@ -81,9 +81,13 @@ bool RasterDevice::copy(DeviceContext& context, const RECT& target, DeviceContex
         view.bits = before;
     }
     const bool oneBit = view.bitsPerPixel == 1 || context.bitmap->bitmap->isMonochrome();
-    const Shrinking shrinking = shrinkingFor(context.state.stretchMode, ternaryOf(operation), oneBit);
-    PixelSource pixels(view, cornersOf(area, source.mapping()), target, context.mapping(), canvas.box(),
-                       ruleBetween(context, source), shrinking);
+    CornerPair corners = cornersOf(area, source.mapping());
+    if (stretch) {
+        takeFirstPixel(corners, area.width < 0, area.height < 0);
+    }
+    PixelSource pixels(view, corners, target, context.mapping(), canvas.box(),
+                       {ruleBetween(context, source),
+                        shrinkingFor(context.state.stretchMode, ternaryOf(operation), oneBit), stretch});
     lay(context, canvas, pixels, ternaryOf(operation));
     m_stretches += stretch ? 1 : 0;
     return true;
@@ -111,10 +115,16 @@ bool RasterDevice::copyDib(DeviceContext& context, const RECT& target, const BIT
         return false;
     }
     Canvas canvas(context);
+    CornerPair corners = cornersOf(area, Mapping{});
+    takeFirstPixel(corners, area.width < 0, area.height < 0 && !head->bottomUp);
+    if (area.height < 0 && head->bottomUp) {
+        // Among rows that are counted from the bottom, those after the first are below it.
+        corners.first.y = sum(corners.first.y, -1);
+        corners.second.y = sum(corners.second.y, -1);
+    }
     const Shrinking shrinking =
         shrinkingFor(context.state.stretchMode, ternaryOf(operation), view->bitsPerPixel == 1);
-    PixelSource pixels(*view, cornersOf(area, Mapping{}), target, context.mapping(), canvas.box(), {},
-                       shrinking);
+    PixelSource pixels(*view, corners, target, context.mapping(), canvas.box(), {{}, shrinking, true});
     lay(context, canvas, pixels, ternaryOf(operation));
     return true;
 }

@@ -47,6 +47,24 @@ void appendCurves(Outline& outline, const Mapping& mapping, std::span<const POIN
     }
 }
 
+// Without rotation: a unit of the frame is a pixel.
+bool isInPixels(const ShapeFrame& frame)
+{
+    return frame.toDevice.isAxisAligned() && frame.toDevice.xx == 1;
+}
+
+// Without a pen the pixels from edge to edge are filled, not those between its middle lines.
+ShapeFrame filledFrame(const ShapeFrame& frame)
+{
+    return {frame.left - 0.5,   frame.top - 0.5, frame.right - 0.5,
+            frame.bottom - 0.5, frame.toDevice,  frame.mirrored};
+}
+
+bool hasNoPen(const DeviceContext& context)
+{
+    return (context.state.pen->style & PS_STYLE_MASK) == PS_NULL;
+}
+
 double inRadians(double degrees)
 {
     constexpr double most = 360;
@@ -110,7 +128,7 @@ bool RasterDevice::box(DeviceContext& context, BoxShape shape, const RECT& rect,
 {
     ShapeFrame frame = frameOf(context, rect);
     const PenObject& pen = *context.state.pen;
-    const bool inDevice = frame.toDevice.isAxisAligned() && frame.toDevice.xx == 1;
+    const bool inDevice = isInPixels(frame);
     if ((pen.style & PS_STYLE_MASK) == PS_INSIDEFRAME) {
         const PenLook look = lookOf(context, pen);
         const double inset = look.thin ? 0 : ((inDevice ? look.width : look.logicalWidth) - 1) / 2;
@@ -119,10 +137,8 @@ bool RasterDevice::box(DeviceContext& context, BoxShape shape, const RECT& rect,
     if (frame.empty()) {
         return true;
     }
-    // Without a pen the pixels from edge to edge are filled, not those between its middle lines.
-    if (inDevice && shape != BoxShape::rectangle && (pen.style & PS_STYLE_MASK) == PS_NULL) {
-        frame = {frame.left - 0.5,   frame.top - 0.5, frame.right - 0.5,
-                 frame.bottom - 0.5, frame.toDevice,  frame.mirrored};
+    if (inDevice && shape != BoxShape::rectangle && hasNoPen(context)) {
+        frame = filledFrame(frame);
     }
     switch (shape) {
     case BoxShape::rectangle:
@@ -175,13 +191,20 @@ bool RasterDevice::drawPlainBox(DeviceContext& context, const ShapeFrame& frame)
 
 bool RasterDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rect, POINT start, POINT end)
 {
-    const ShapeFrame frame = frameOf(context, rect);
+    ShapeFrame frame = frameOf(context, rect);
     if (frame.empty()) {
         return true;
     }
+    const bool filled = shape == ArcShape::chord || shape == ArcShape::pie;
     const ArcSweep sweep =
         sweepBetween(frame, pointInFrame(context, frame, start), pointInFrame(context, frame, end),
                      context.state.arcDirection == AD_CLOCKWISE);
+    if (filled && hasNoPen(context) && m_pathState != PathState::open) {
+        frame = isInPixels(frame) ? filledFrame(frame) : frame;
+        if (isWhole(sweep)) {
+            return draw(context, ellipseOutline(frame), true);
+        }
+    }
     Outline outline;
     if (shape == ArcShape::arcTo) {
         continueFrom(outline, wholePoint(context.mapping(), context.state.position));
@@ -193,7 +216,6 @@ bool RasterDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rect,
     if (shape == ArcShape::pie) {
         outline.lineTo(frameCenter(frame));
     }
-    const bool filled = shape == ArcShape::chord || shape == ArcShape::pie;
     if (filled) {
         outline.close();
     }

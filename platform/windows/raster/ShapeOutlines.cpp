@@ -201,6 +201,11 @@ ArcSweep sweepBetween(const ShapeFrame& frame, DevicePoint start, DevicePoint en
     return {from, sweep};
 }
 
+bool isWhole(const ArcSweep& arc) noexcept
+{
+    return std::abs(arc.sweep) >= 4 * quarter;
+}
+
 DevicePoint arcStart(const ShapeFrame& frame, const ArcSweep& arc)
 {
     return mapped(frame, ellipseIn(frame).at(arc.start));

@@ -47,6 +47,7 @@ struct ArcSweep {
 };
 // Between the radials through two points; the whole ellipse when they are one.
 ArcSweep sweepBetween(const ShapeFrame& frame, DevicePoint start, DevicePoint end, bool clockwise);
+bool isWhole(const ArcSweep& arc) noexcept;
 DevicePoint arcStart(const ShapeFrame& frame, const ArcSweep& arc);
 // Adds the arc to a figure whose last point is its start.
 void appendArc(Outline& outline, const ShapeFrame& frame, const ArcSweep& arc);

@@ -1,6 +1,7 @@
 #include "DrawTextLayout.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "CodePageText.h"
 
@@ -8,6 +9,7 @@ namespace {
 
 constexpr UINT tabBits = 0xFF00;
 constexpr UINT tabShift = 8;
+constexpr int dots = 3; // of an ellipsis
 
 } // namespace
 
@@ -23,15 +25,29 @@ DrawTextFormat::DrawTextFormat(UINT given) : flags(given)
 }
 
 DrawTextLayout::DrawTextLayout(TextMeasure& measure, const DrawTextFormat& format, const char* text,
-                               std::size_t length, double maximumWidth)
+                               std::size_t length, const DrawTextLimits& limits)
     : m_measure(measure), m_expandsTabs(format.has(DT_EXPANDTABS)), m_singleLine(format.has(DT_SINGLELINE)),
       m_wraps(format.has(DT_WORDBREAK) && !m_singleLine),
       m_tabWidth(std::int64_t{measure.font()->metrics().tmAveCharWidth} * format.tabCharacters)
 {
     takeText(text, length, !format.has(DT_NOPREFIX));
-    for (std::size_t position = 0; position < m_text.size();) {
-        position = addLine(position, maximumWidth);
+    if (format.has(DT_HIDEPREFIX)) {
+        m_underlined.clear();
     }
+    const std::size_t lines = format.has(DT_END_ELLIPSIS) ? limits.lines : m_text.size();
+    std::size_t position = 0;
+    while (position < m_text.size() && m_lines.size() < lines) {
+        const bool isLast = format.has(DT_END_ELLIPSIS) && m_lines.size() + 1 == lines;
+        position = addLine(position, limits.width, m_wraps && !isLast);
+    }
+    if (format.has(DT_END_ELLIPSIS | DT_WORD_ELLIPSIS | DT_PATH_ELLIPSIS)) {
+        addEllipses(format, limits.width, position < m_text.size());
+    }
+}
+
+bool DrawTextLayout::isUnderlined(std::size_t index) const
+{
+    return std::binary_search(m_underlined.begin(), m_underlined.end(), index);
 }
 
 std::int64_t DrawTextLayout::widestLine() const noexcept
@@ -82,7 +98,7 @@ std::int64_t DrawTextLayout::step(std::int64_t x, WCHAR character)
 
 // A line that is too wide ends behind the last blanks that follow a word. The word behind them is measured again as
 // the next line's first, and that is the only time: a line's first word stays whole.
-std::size_t DrawTextLayout::addLine(std::size_t first, double maximumWidth)
+std::size_t DrawTextLayout::addLine(std::size_t first, double maximumWidth, bool wraps)
 {
     m_measure.beginLine();
     std::int64_t x = 0;
@@ -98,7 +114,7 @@ std::size_t DrawTextLayout::addLine(std::size_t first, double maximumWidth)
         }
         const std::int64_t start = x;
         x = step(x, character);
-        if (!m_wraps) {
+        if (!wraps) {
             continue;
         }
         if (character == u' ' || isTab(character)) {
@@ -118,4 +134,103 @@ std::size_t DrawTextLayout::addLine(std::size_t first, double maximumWidth)
     }
     m_lines.push_back({first, m_text.size(), x});
     return m_text.size();
+}
+
+void DrawTextLayout::addEllipses(const DrawTextFormat& format, double maximumWidth, bool more)
+{
+    for (std::size_t index = 0; index < m_lines.size(); ++index) {
+        DrawTextLine& line = m_lines[index];
+        const bool isLast = index + 1 == m_lines.size();
+        const bool tooWide = static_cast<double>(line.width) > maximumWidth;
+        if (tooWide && format.has(DT_PATH_ELLIPSIS)) {
+            cutMiddle(line, maximumWidth);
+        } else if ((tooWide && format.has(DT_WORD_ELLIPSIS)) ||
+                   ((tooWide || more) && isLast && format.has(DT_END_ELLIPSIS))) {
+            cutEnd(line, maximumWidth);
+        }
+    }
+}
+
+void DrawTextLayout::cutEnd(DrawTextLine& line, double maximumWidth)
+{
+    const double room = maximumWidth - static_cast<double>(ellipsisWidth());
+    const std::size_t kept = line.first + fitting(line.first, line.last, room);
+    compose(line, kept, line.last, line.last);
+}
+
+// The text from the last backslash on is kept as long as it fits; without one it is the line's second half. What is left
+// of the room goes to the text before it.
+void DrawTextLayout::cutMiddle(DrawTextLine& line, double maximumWidth)
+{
+    const auto begin = m_text.begin() + static_cast<std::ptrdiff_t>(line.first);
+    const auto end = m_text.begin() + static_cast<std::ptrdiff_t>(line.last);
+    const auto backslash =
+        std::find(std::make_reverse_iterator(end), std::make_reverse_iterator(begin), u'\\');
+    const double room = maximumWidth - static_cast<double>(ellipsisWidth());
+    std::size_t tail = line.first;
+    if (backslash != std::make_reverse_iterator(begin)) {
+        tail = static_cast<std::size_t>(backslash.base() - m_text.begin()) - 1;
+    } else {
+        tail = line.last;
+        for (double x = 0; tail > line.first; --tail) {
+            x += m_measure.next(m_text[tail - 1]);
+            if (x > room / 2) {
+                break;
+            }
+        }
+    }
+    const std::size_t tailEnd = tail + fitting(tail, line.last, room);
+    const double left = room - static_cast<double>(widthOf(tail, tailEnd));
+    compose(line, line.first + fitting(line.first, tail, left), tail, tailEnd);
+}
+
+std::size_t DrawTextLayout::fitting(std::size_t first, std::size_t last, double maximumWidth)
+{
+    m_measure.beginLine();
+    std::int64_t x = 0;
+    for (std::size_t index = first; index < last; ++index) {
+        x = step(x, m_text[index]);
+        if (static_cast<double>(x) > maximumWidth) {
+            return index - first;
+        }
+    }
+    return last - first;
+}
+
+std::int64_t DrawTextLayout::widthOf(std::size_t first, std::size_t last)
+{
+    m_measure.beginLine();
+    std::int64_t x = 0;
+    for (std::size_t index = first; index < last; ++index) {
+        x = step(x, m_text[index]);
+    }
+    return x;
+}
+
+std::int64_t DrawTextLayout::ellipsisWidth()
+{
+    return std::int64_t{dots} * m_measure.next(u'.');
+}
+
+void DrawTextLayout::compose(DrawTextLine& line, std::size_t headEnd, std::size_t tail, std::size_t tailEnd)
+{
+    const std::size_t first = m_text.size();
+    appendPart(line.first, headEnd);
+    m_text.insert(m_text.end(), dots, u'.');
+    appendPart(tail, tailEnd);
+    line = {first, m_text.size(), widthOf(first, m_text.size())};
+}
+
+void DrawTextLayout::appendPart(std::size_t first, std::size_t last)
+{
+    auto underlined =
+        std::lower_bound(m_underlined.begin(), m_underlined.end(), first) - m_underlined.begin();
+    for (std::size_t index = first; index < last; ++index) {
+        if (static_cast<std::size_t>(underlined) < m_underlined.size() &&
+            m_underlined[static_cast<std::size_t>(underlined)] == index) {
+            m_underlined.push_back(m_text.size());
+            ++underlined;
+        }
+        m_text.push_back(m_text[index]);
+    }
 }

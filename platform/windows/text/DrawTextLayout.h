@@ -1,4 +1,5 @@
-// The lines of DrawTextA: prefix characters taken out, text broken at line ends and between words.
+// The lines of DrawTextA: prefix characters taken out, text broken at line ends and between words, what doesn't fit
+// replaced by an ellipsis.
 #pragma once
 
 #include <windows.h>
@@ -26,15 +27,22 @@ struct DrawTextLine {
     std::int64_t width; // device units, without those blanks
 };
 
+// The room of a text.
+struct DrawTextLimits {
+    double width;      // device units; for DT_WORDBREAK and ellipses
+    std::size_t lines; // at least 1; for DT_END_ELLIPSIS: the last one shows that more text follows
+};
+
 class DrawTextLayout {
 public:
-    // `maximumWidth` in device units; it counts with DT_WORDBREAK only. Linear in the length of the text.
+    // Linear in the length of the text.
     DrawTextLayout(TextMeasure& measure, const DrawTextFormat& format, const char* text, std::size_t length,
-                   double maximumWidth);
+                   const DrawTextLimits& limits);
 
+    // What lines are made of: the text, then the lines with an ellipsis.
     const std::vector<WCHAR>& text() const noexcept { return m_text; }
-    // The characters that a prefix underlines, in order.
-    const std::vector<std::size_t>& underlined() const noexcept { return m_underlined; }
+    // Whether a prefix underlines this character.
+    bool isUnderlined(std::size_t index) const;
     const std::vector<DrawTextLine>& lines() const noexcept { return m_lines; }
     std::int64_t widestLine() const noexcept;
 
@@ -46,8 +54,19 @@ private:
     void takeText(const char* text, std::size_t length, bool prefixes);
     bool isLineEnd(WCHAR character) const noexcept;
     // Gives where the next line begins.
-    std::size_t addLine(std::size_t first, double maximumWidth);
+    std::size_t addLine(std::size_t first, double maximumWidth, bool wraps);
     std::size_t behindLineEnd(std::size_t position) const noexcept;
+    // Gives each line that needs one its ellipsis; `more`: text follows the last.
+    void addEllipses(const DrawTextFormat& format, double maximumWidth, bool more);
+    void cutEnd(DrawTextLine& line, double maximumWidth);
+    void cutMiddle(DrawTextLine& line, double maximumWidth);
+    // How many of the characters from `first` on fit.
+    std::size_t fitting(std::size_t first, std::size_t last, double maximumWidth);
+    std::int64_t widthOf(std::size_t first, std::size_t last);
+    std::int64_t ellipsisWidth();
+    // Makes the line one of both parts with the ellipsis between them.
+    void compose(DrawTextLine& line, std::size_t headEnd, std::size_t tail, std::size_t tailEnd);
+    void appendPart(std::size_t first, std::size_t last);
 
     TextMeasure& m_measure;
     bool m_expandsTabs;
@@ -55,6 +74,6 @@ private:
     bool m_wraps;
     std::int64_t m_tabWidth;
     std::vector<WCHAR> m_text;
-    std::vector<std::size_t> m_underlined;
+    std::vector<std::size_t> m_underlined; // in order
     std::vector<DrawTextLine> m_lines;
 };

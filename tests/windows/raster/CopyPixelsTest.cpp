@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 #include <initializer_list>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -69,8 +70,8 @@ TEST(CopyPixels, StretchMirrorTurnAndStayWhereTheSourceEnds)
     };
     stretch({0, 0, 4, 3}, {0, 0, 4, 3});   // rectangles are told by position and size here
     stretch({5, 0, 8, 6}, {0, 0, 4, 3});   // doubled
-    stretch({18, 0, -4, 3}, {0, 0, 4, 3}); // mirrored
-    stretch({19, 0, 4, 3}, {0, 3, 4, -3}); // upside down
+    stretch({17, 0, -4, 3}, {0, 0, 4, 3}); // mirrored: from the pixel at 17 to the left
+    stretch({19, 0, 4, 3}, {0, 2, 4, -3}); // upside down: from the row 2 upwards
     stretch({0, 4, 2, 2}, {0, 0, 4, 3});   // made smaller
     stretch({14, 4, 6, 5}, {-1, -1, 6, 5});
     stretch({20, 5, 2000000000, 3}, {0, 0, 4, 3});
@@ -162,7 +163,7 @@ const ShrinkCase shrinkCases[] = {
     {"rows only", 32, BLACKONWHITE, {0, 0, 4, 2}, {0, 0, 4, 4}, SRCCOPY, "ff00ffff"},
     {"wider and lower", 32, BLACKONWHITE, {0, 0, 6, 1}, {0, 0, 4, 4}, SRCCOPY, "ff0000ffffff"},
     {"narrower and higher", 16, HALFTONE, {0, 0, 2, 8}, {0, 0, 4, 4}, SRCCOPY, "80ff20"},
-    {"mirrored", 24, BLACKONWHITE, {2, 0, -2, 2}, {0, 0, 4, 4}, SRCCOPY, "ff8020"},
+    {"mirrored", 24, BLACKONWHITE, {1, 0, -2, 2}, {0, 0, 4, 4}, SRCCOPY, "ff8020"},
     {"half outside", 24, BLACKONWHITE, {0, 0, 3, 2}, {-1, 0, 6, 4}, SRCCOPY, "ff8020"},
     {"middle outside", 24, BLACKONWHITE, {0, 0, 2, 2}, {-3, 0, 6, 4}, SRCCOPY, "20aa20"},
     {"far outside", 24, BLACKONWHITE, {0, 0, 2, 2}, {1, 0, 2000000000, 4}, SRCCOPY, "202020"},
@@ -250,6 +251,41 @@ TEST(CopyPixels, MadeSmallerAreTheSameByEveryWay)
     SetBkColor(source.context(), white);
     StretchBlt(mask.context(), 0, 0, 2, 2, source.context(), 0, 0, 4, 4, SRCCOPY);
     EXPECT_EQ(pictureOf(mask.context(), 2, 2), "\n#.\n#.");
+}
+
+// Sizes below 0 begin with the pixel at their position, be it in the source or in the target, rows from memory too.
+TEST(CopyPixels, MirrorInPlace)
+{
+    const DWORD pixels[] = {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFF00};
+    const struct {
+        RECT to; // told by position and size, as is `from`
+        RECT from;
+    } cases[] = {{{1, 0, -2, 2}, {0, 0, 2, 2}},
+                 {{0, 0, 2, 2}, {1, 0, -2, 2}},
+                 {{0, 1, 2, -2}, {0, 0, 2, 2}},
+                 {{0, 0, 2, 2}, {0, 1, 2, -2}},
+                 {{1, 1, -2, -2}, {1, 1, -2, -2}}};
+    const char* const pictures[] = {"\nyb\ngr", "\nyb\ngr", "\nrg\nby", "\nrg\nby", "\nby\nrg"};
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        const auto& [to, from] = cases[i];
+        for (const LONG height : {2, -2}) { // the same picture, whatever row comes first
+            const RasterPage page(2, 2);
+            const BITMAPINFO info{{40, 2, height, 1, 32, 0, 0, 0, 0, 0, 0}, {}};
+            const DWORD rows[] = {pixels[height < 0 ? 2 : 0], pixels[height < 0 ? 3 : 1],
+                                  pixels[height < 0 ? 0 : 2], pixels[height < 0 ? 1 : 3]};
+            StretchDIBits(page.context(), to.left, to.top, to.right, to.bottom, from.left, from.top,
+                          from.right, from.bottom, rows, &info, DIB_RGB_COLORS, SRCCOPY);
+            EXPECT_EQ(page.picture(), pictures[i]) << i << " " << height;
+        }
+    }
+    // Where axes point back, a size below 0 is one above 0 on the page.
+    const RasterPage page(2, 2);
+    const MemoryBitmap source(2, 2, 32);
+    SetPixelV(source.context(), 0, 0, red);
+    SetMapMode(page.context(), MM_ANISOTROPIC);
+    SetViewportExtEx(page.context(), -1, -1, nullptr);
+    StretchBlt(page.context(), 0, 0, -2, -2, source.context(), 0, 0, 2, 2, SRCCOPY);
+    EXPECT_EQ(page.picture(), "\nr#\n##");
 }
 
 // Every form of bitmap takes and gives the same picture as a page.

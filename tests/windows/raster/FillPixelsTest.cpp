@@ -65,6 +65,30 @@ const Drawing drawings[] = {
          FillRect(d, &rect, Fill(red));
      },
      "\n..........\n.#rrrrrrr.\n.#rrrrrrr.\n.#rrrrrrr.\n.#rrrrrrr.\n.#rrrrrrr.\n.########.\n.........."},
+    {"diagonal edges", 40, 12,
+     [](HDC d) {
+         const UINT ends[] = {BF_DIAGONAL_ENDTOPRIGHT, BF_DIAGONAL_ENDTOPLEFT, BF_DIAGONAL_ENDBOTTOMLEFT,
+                              BF_DIAGONAL_ENDBOTTOMRIGHT, BF_DIAGONAL};
+         for (int i = 0; i < 5; ++i) {
+             RECT rect{8 * i, 0, 8 * i + 7, 4};
+             FillRect(d, &rect, Fill(red));
+             const UINT edge = i == 4 ? BDR_SUNKENOUTER : BDR_RAISEDOUTER | BDR_RAISEDINNER;
+             DrawEdge(d, &rect, edge, ends[i] | BF_MONO | BF_MIDDLE | BF_ADJUST);
+             SetPixelV(d, rect.left, rect.top, blue);
+             SetPixelV(d, rect.right - 1, rect.bottom - 1, green);
+             rect = {8 * i, 5, 8 * i + 4, 12};
+             FillRect(d, &rect, Fill(red));
+             DrawEdge(d, &rect, BDR_RAISEDINNER, ends[i]); // white at the top
+         }
+         RECT hostile{INT_MIN, INT_MIN, INT_MAX, INT_MAX};
+         EXPECT_FALSE(DrawEdge(d, &hostile, BDR_RAISEDINNER, BF_DIAGONAL));
+     },
+     "\nrrrrr##.#.........b..##.brrrrrr.b....##.\nrrr##...r##........##rg..##rgrr....##rr."
+     "\nb##.....rrb##....##rrrr....##rr..##rrrr.\n#...g...rrrrr#g.#rrrrrr......##.#rrrrrg."
+     "\n........................................\nrrr......rrr....rrr?....?rrr....rrr?...."
+     "\nrr.r....r.rr....rr?r....r?rr....rr?r....\nrr.r....r.rr....rr?r....r?rr....rr?r...."
+     "\nr.rr....rr.r....r?rr....rr?r....r?rr....\nr.rr....rr.r....r?rr....rr?r....r?rr...."
+     "\n.rrr....rrr.....?rrr....rrr?....?rrr....\n.rrr....rrr.....?rrr....rrr?....?rrr...."},
     {"floods", 20, 8,
      [](HDC d) {
          box(d, white, {1, 1, 9, 7});

@@ -195,6 +195,27 @@ TEST_P(ShapePixels, AreExact)
 INSTANTIATE_TEST_SUITE_P(Raster, ShapePixels, testing::ValuesIn(drawings),
                          [](const auto& drawing) { return drawing.param.name; });
 
+// With and without rotation, from any point round the whole ellipse.
+TEST(ShapePixels, WholePiesWithoutAPenAreEllipses)
+{
+    for (const int mode : {GM_COMPATIBLE, GM_ADVANCED}) {
+        for (const XFORM& world : {XFORM{1, 0, 0, 1, 0, 0}, XFORM{0.8F, 0.6F, -0.6F, 0.8F, 9, -5}}) {
+            const auto picture = [&](const auto& draw) {
+                const RasterPage page(30, 24);
+                SelectObject(page.context(), GetStockObject(NULL_PEN));
+                useBrush(page.context(), red);
+                SetGraphicsMode(page.context(), mode);
+                SetWorldTransform(page.context(), &world);
+                draw(page.context());
+                return page.picture();
+            };
+            const std::string ellipse = picture([](HDC d) { Ellipse(d, 3, 2, 27, 19); });
+            EXPECT_EQ(ellipse, picture([](HDC d) { Pie(d, 3, 2, 27, 19, 20, 3, 20, 3); }));
+            EXPECT_EQ(ellipse, picture([](HDC d) { Chord(d, 3, 2, 27, 19, 4, 17, 4, 17); }));
+        }
+    }
+}
+
 TEST(TextPixels, AreSmoothedTurnedAndClipped)
 {
     const RasterPage page(80, 80);

@@ -212,6 +212,36 @@ const DrawTextCase drawTextCases[] = {
     {"one two  three ", DT_CALCRECT | DT_WORDBREAK, {0, 0, 46, 9}, 30, "45 30"},
     {"e\tnd", DT_CALCRECT | DT_EXPANDTABS, {5, 0, 0, 0}, 15, "67 15"},
     {"", DT_CALCRECT, {5, 6, 70, 80}, 0, "5 6"},
+    // A dot is 4 wide, as is a backslash. Literals can't be written into.
+    {"longer end",
+     DT_END_ELLIPSIS | DT_SINGLELINE | DT_MODIFYSTRING,
+     {0, 0, 50, 20},
+     15,
+     "0,0 [0 0 46 14] longer...|"},
+    {"longer end", DT_END_ELLIPSIS | DT_CALCRECT, {5, 0, 55, 0}, 15, "52 15"},
+    {"longer\nend", DT_END_ELLIPSIS, {0, 0, 20, 40}, 30, "0,0 [0 0 34 14] longer|0,15 [0 15 18 29] e...|"},
+    {"one\ntwo\nend", DT_END_ELLIPSIS, {0, 0, 99, 30}, 30, "0,0 [0 0 20 14] one|0,15 [0 15 31 29] two...|"},
+    {"one\ntwo\n",
+     DT_END_ELLIPSIS | DT_NOCLIP,
+     {0, 0, 9, 9},
+     30,
+     "0,0 [0 0 20 14] one|0,15 [0 15 11 29] ...|"},
+    {"one two three four",
+     DT_WORDBREAK | DT_END_ELLIPSIS,
+     {0, 0, 46, 25},
+     30,
+     "0,0 [0 0 48 14] one two |0,15 [0 15 44 29] three ...|"},
+    {"unbroken it",
+     DT_WORDBREAK | DT_WORD_ELLIPSIS,
+     {0, 0, 40, 9},
+     30,
+     "0,0 [0 0 36 14] unbr...|0,15 [0 15 6 29] it|"},
+    {"C:\\docs\\file", DT_PATH_ELLIPSIS, {0, 0, 60, 20}, 15, "0,0 [0 0 56 14] C:\\d...\\file|"},
+    {"C:\\docs\\lengthy", DT_PATH_ELLIPSIS, {0, 0, 40, 20}, 15, "0,0 [0 0 39 14] ...\\leng|"},
+    {"longer name", DT_PATH_ELLIPSIS | DT_RIGHT, {0, 0, 55, 20}, 15, "1,0 [1 0 54 14] long...me|"},
+    {"e&nd lon&ger", DT_END_ELLIPSIS, {0, 0, 34, 20}, 15, "7,13 7x1|0,0 [0 0 32 14] end...|"},
+    {"e&nd && o&n", DT_HIDEPREFIX, {0, 0, 100, 50}, 15, "0,0 [0 0 51 14] end & on|"},
+    {"e&nd && o", DT_PREFIXONLY, {0, 0, 100, 50}, 15, "7,13 7x1|"},
 };
 
 TEST_F(TextTest, LinesOfDrawText)
@@ -234,9 +264,13 @@ TEST_F(TextTest, HostileTextIsTakenInOneGo)
     const std::string text = std::string(500000, 'w') + std::string(500000, '\t') + std::string(500000, '\n');
     RECT rect{2147483647, 2147483647, -2147483647, 5};
     EXPECT_EQ(DrawTextA(m_screen, text.c_str(), -1, &rect, DT_WORDBREAK | DT_EXPANDTABS), 500000 * 16);
+    const UINT ellipses = DT_END_ELLIPSIS | DT_WORD_ELLIPSIS | DT_PATH_ELLIPSIS;
+    EXPECT_EQ(DrawTextA(m_screen, text.c_str(), -1, &rect, ellipses | DT_NOCLIP), 500000 * 16);
+    EXPECT_EQ(DrawTextA(m_screen, text.c_str(), -1, &rect, ellipses), 16);
     SetMapMode(m_screen, MM_ANISOTROPIC);
     SetWindowExtEx(m_screen, 2147483647, -2147483647, nullptr);
-    EXPECT_GT(DrawTextA(m_screen, "The &least\tscale", -1, &rect, DT_WORDBREAK | DT_EXPANDTABS), 0);
+    EXPECT_GT(DrawTextA(m_screen, "The &least\tscale", -1, &rect, DT_WORDBREAK | DT_EXPANDTABS | ellipses),
+              0);
 }
 
 struct RunCase {

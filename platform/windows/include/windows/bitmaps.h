@@ -64,7 +64,11 @@ SURFACE_API int WINAPI SetDIBits(HDC context, HBITMAP bitmap, UINT firstRow, UIN
                                  const BITMAPINFO* info, UINT usage) __asm__("surface_SetDIBits");
 
 // Copies with a ternary raster operation. The source's y counts from its top. Where the source rectangle leaves
-// the source's bitmap, the destination stays.
+// the source's bitmap, the destination stays. Widths and heights of StretchBlt and StretchDIBits that differ in sign
+// mirror. One below 0 is read so: the pixel at the position given belongs to the rectangle and is its first, the others
+// follow to the left or upwards (downwards among source rows that count from the bottom): a picture w wide is mirrored
+// in place by StretchBlt(d, x + w - 1, y, -w, h, ...), or by a source of (w - 1, 0, -w, h). Where the mapping turns,
+// and for BitBlt, the rectangle is that between the edges at x + width and x.
 SURFACE_API BOOL WINAPI BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX,
                                int sourceY, DWORD operation) __asm__("surface_BitBlt");
 SURFACE_API BOOL WINAPI StretchBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX,

@@ -49,6 +49,11 @@ SURFACE_API int WINAPI FillRect(HDC context, const RECT* rect, HBRUSH brush) __a
 SURFACE_API int WINAPI FrameRect(HDC context, const RECT* rect, HBRUSH brush) __asm__("surface_FrameRect");
 // Inverts a dotted frame: drawn twice it is gone.
 SURFACE_API BOOL WINAPI DrawFocusRect(HDC context, const RECT* rect) __asm__("surface_DrawFocusRect");
+// Lines one logical unit wide, in system colours: the outer and inner line of `edge` at the sides that `flags` name, and
+// with BF_MIDDLE what is inside of them; BF_ADJUST takes the lines off the rectangle. BF_DIAGONAL draws one edge from
+// corner to corner instead. It ends at the corner of the two sides named (BF_TOP or BF_RIGHT alone: top right; any other
+// sides: bottom left); the inner line and the inside are to the right of the way there. Fails for a diagonal of
+// a rectangle with more than 100,000 units along its shorter side.
 SURFACE_API BOOL WINAPI DrawEdge(HDC context, RECT* rect, UINT edge, UINT flags) __asm__("surface_DrawEdge");
 // The region is taken in logical units.
 SURFACE_API BOOL WINAPI FillRgn(HDC context, HRGN region, HBRUSH brush) __asm__("surface_FillRgn");

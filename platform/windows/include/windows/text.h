@@ -44,6 +44,16 @@ extern "C" {
 
 // Draws lines of text in a rectangle, in code page 1252; `length` -1 means up to the zero byte. With DT_CALCRECT
 // nothing is drawn: right and bottom of the rectangle become left + width and top + height. Gives the height.
+// Ellipses ("...") stand for what the rectangle has no room for; where not even they fit, they alone are drawn. They are
+// measured like the rest of the text, so that DT_CALCRECT keeps a width that can be kept; it and DT_NOCLIP leave the
+// height free.
+// - DT_END_ELLIPSIS: at the end of the last line, if that is too wide or if text follows below the rectangle. A line
+//   of which a part shows is drawn, and the last of these goes on up to its end without breaks between words.
+// - DT_WORD_ELLIPSIS: at the end of every line that is too wide; with DT_WORDBREAK that is one of a single word.
+// - DT_PATH_ELLIPSIS: within every line that is too wide, before the last backslash; without one in the middle.
+// The caller's text stays as it is: DT_MODIFYSTRING does nothing. With DT_TABSTOP there are no ellipses at the end
+// or in a path, because their flags are bits of the tab's width.
+// DT_HIDEPREFIX leaves out the lines under characters after "&", DT_PREFIXONLY the characters; DT_NOPREFIX has none.
 SURFACE_API int WINAPI DrawTextA(HDC context, LPCSTR text, int length, RECT* rect,
                                  UINT flags) __asm__("surface_DrawTextA");
 // One line at a point. `advances` (may be null): one for each character, in logical units.
