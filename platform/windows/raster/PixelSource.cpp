@@ -54,6 +54,20 @@ std::vector<int> positionsAlong(const AxisCopy& copy, int low, int high, LONG& b
     return positions;
 }
 
+bool holds(const RECT& rect, const DevicePoint& point)
+{
+    return point.x >= rect.left && point.x < rect.right && point.y >= rect.top && point.y < rect.bottom;
+}
+
+// One for each source pixel along the way (x, y), which crosses a target pixel. A rounding error makes no second one,
+// and the limit is for areas that leave their bitmap far behind.
+int samplesFor(double x, double y)
+{
+    constexpr double roundingError = 1e-6;
+    constexpr double most = 64;
+    return static_cast<int>(std::clamp(std::ceil(std::hypot(x, y) - roundingError), 1.0, most));
+}
+
 bool isRun(const std::vector<int>& positions)
 {
     for (std::size_t i = 1; i < positions.size(); ++i) {
@@ -144,6 +158,10 @@ void PixelSource::placeTurned(const CornerPair& area, const RECT& target, const 
         return;
     }
     m_toSource = whole.inverse();
+    if (m_rules.shrinking != Shrinking::nearest) {
+        m_samplesAcross = samplesFor(m_toSource.xx, m_toSource.xy);
+        m_samplesDown = samplesFor(m_toSource.yx, m_toSource.yy);
+    }
     RECT around{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
     for (const POINT corner :
          {POINT{m_inside.left, m_inside.top}, POINT{m_inside.right, m_inside.top},
@@ -204,15 +222,19 @@ void PixelSource::readScaled(int x, int y, int count)
 PixelSource::Stretch PixelSource::readTurned(int x, int y, int count)
 {
     m_pixels.resize(static_cast<std::size_t>(count));
+    const bool mixes = m_samplesAcross > 1 || m_samplesDown > 1;
     int begin = count;
     int end = 0;
     for (int i = 0; i < count; ++i) {
         const DevicePoint point = m_toSource.apply(x + i + 0.5, y + 0.5);
-        const bool inside = point.x >= m_inside.left && point.x < m_inside.right && point.y >= m_inside.top &&
-                            point.y < m_inside.bottom;
+        const bool inside = holds(m_inside, point);
         if (inside) {
-            readPixels(m_view, static_cast<int>(point.x), static_cast<int>(point.y), 1,
-                       &m_pixels[static_cast<std::size_t>(i)]);
+            DWORD& pixel = m_pixels[static_cast<std::size_t>(i)];
+            if (mixes) {
+                pixel = mixTurned(x + i, y, point);
+            } else {
+                readPixels(m_view, static_cast<int>(point.x), static_cast<int>(point.y), 1, &pixel);
+            }
             begin = std::min(begin, i);
             end = i + 1;
         } else if (end != 0) {
@@ -222,6 +244,31 @@ PixelSource::Stretch PixelSource::readTurned(int x, int y, int count)
     if (begin >= end) {
         return {nullptr, 0, 0};
     }
-    m_rules.colors.apply(m_pixels.data() + begin, end - begin);
+    if (!mixes) {
+        m_rules.colors.apply(m_pixels.data() + begin, end - begin);
+    }
     return {m_pixels.data() + begin, begin, end - begin};
+}
+
+DWORD PixelSource::mixTurned(int x, int y, const DevicePoint& middle) const
+{
+    MixedPixel mixed(m_rules.colors, m_rules.shrinking);
+    const auto add = [&](const DevicePoint& point) {
+        DWORD pixel = 0;
+        readPixels(m_view, static_cast<int>(point.x), static_cast<int>(point.y), 1, &pixel);
+        mixed.add(pixel);
+    };
+    for (int down = 0; down < m_samplesDown; ++down) {
+        for (int across = 0; across < m_samplesAcross; ++across) {
+            const DevicePoint point =
+                m_toSource.apply(x + (across + 0.5) / m_samplesAcross, y + (down + 0.5) / m_samplesDown);
+            if (holds(m_inside, point)) {
+                add(point);
+            }
+        }
+    }
+    if (mixed.empty()) {
+        add(middle);
+    }
+    return mixed.result();
 }

@@ -33,7 +33,6 @@ void takeFirstPixel(CornerPair& corners, bool leftward, bool upward) noexcept;
 class PixelSource {
 public:
     // Pixels of the view at `area`; `target` in logical units; what lies outside `visible` is not asked for.
-    // A mapping that turns chooses the nearest pixels, however much smaller it makes the picture.
     PixelSource(const BitmapView& view, const CornerPair& area, const RECT& target, const Mapping& toDevice,
                 const RECT& visible, const CopyRules& rules);
     PixelSource(const PixelSource&) = delete;
@@ -56,6 +55,8 @@ private:
     void placeTurned(const CornerPair& area, const RECT& target, const Mapping& toDevice,
                      const RECT& visible);
     Stretch readTurned(int x, int y, int count);
+    // Of the source pixels that fall on a target pixel, whose middle is at this point of the source.
+    DWORD mixTurned(int x, int y, const DevicePoint& middle) const;
     void readScaled(int x, int y, int count);
 
     BitmapView m_view;
@@ -67,7 +68,9 @@ private:
     bool m_unscaled = false;
     std::optional<ShrunkPixels> m_shrunk; // straight, and smaller along an axis
     bool m_turned = false;
-    Mapping m_toSource; // turned
+    Mapping m_toSource;      // turned
+    int m_samplesAcross = 1; // turned: in each target pixel, more than 1 where the picture is made smaller
+    int m_samplesDown = 1;
     std::vector<DWORD> m_pixels;
     std::vector<DWORD> m_sourceRow; // the row that was read last, from the leftmost column in use on
     int m_sourceRowAt = -1;

@@ -79,6 +79,23 @@ std::uint64_t wholeWeight(const SourceSpan& span, std::uint64_t inner)
     return span.firstWeight + between * inner + (span.last > span.first ? span.lastWeight : 0);
 }
 
+// What takes colours from black and white does so after bits are merged: the operation is on the bits.
+bool takesColorsLast(const ColorRule& rule, Shrinking shrinking)
+{
+    return shrinking != Shrinking::average && rule.kind == ColorRule::Kind::fromMonochrome;
+}
+
+// What the first of pixels is merged with.
+DWORD neutralOf(Shrinking shrinking)
+{
+    return shrinking == Shrinking::all ? 0xFFFFFFFF : 0;
+}
+
+DWORD merged(Shrinking shrinking, DWORD first, DWORD second)
+{
+    return shrinking == Shrinking::all ? first & second : first | second;
+}
+
 // Calls take(pixels, x, count) for pieces of a row's span: a span may be far longer than what is kept of it.
 template <class Take>
 void readSpan(const BitmapView& view, const SourceSpan& span, int y, const Take& take)
@@ -130,6 +147,33 @@ ShrunkAxis::ShrunkAxis(const AxisCopy& copy, const std::vector<int>& nearest, in
     }
 }
 
+MixedPixel::MixedPixel(const ColorRule& rule, Shrinking shrinking)
+    : m_rule(rule), m_shrinking(shrinking), m_merged(neutralOf(shrinking))
+{
+}
+
+void MixedPixel::add(DWORD pixel)
+{
+    if (!takesColorsLast(m_rule, m_shrinking)) {
+        m_rule.apply(&pixel, 1);
+    }
+    ::add(m_sums, pixel, 1);
+    m_merged = merged(m_shrinking, m_merged, pixel);
+    ++m_count;
+}
+
+DWORD MixedPixel::result() const
+{
+    if (m_shrinking == Shrinking::average) {
+        return averageOf(m_sums, m_count);
+    }
+    DWORD pixel = m_merged;
+    if (takesColorsLast(m_rule, m_shrinking)) {
+        m_rule.apply(&pixel, 1);
+    }
+    return pixel;
+}
+
 ShrunkPixels::ShrunkPixels(const BitmapView& view, const ColorRule& rule, Shrinking shrinking,
                            ShrunkAxis columns, ShrunkAxis rows)
     : m_view(view), m_rule(rule), m_shrinking(shrinking), m_columns(std::move(columns)),
@@ -173,13 +217,11 @@ void ShrunkPixels::averageRow(const SourceSpan& span, DWORD* pixels) const
     }
 }
 
-// What takes colours from black and white does so afterwards: the operation is on the bits.
 void ShrunkPixels::mergeRow(const SourceSpan& span, DWORD* pixels) const
 {
-    const bool all = m_shrinking == Shrinking::all;
-    const bool colorsLast = m_rule.kind == ColorRule::Kind::fromMonochrome;
+    const bool colorsLast = takesColorsLast(m_rule, m_shrinking);
     const std::size_t columns = m_columns.spans.size();
-    std::fill_n(pixels, columns, all ? 0xFFFFFFFF : 0);
+    std::fill_n(pixels, columns, neutralOf(m_shrinking));
     for (int y = span.first; y <= span.last; ++y) {
         for (std::size_t column = 0; column < columns; ++column) {
             readSpan(m_view, m_columns.spans[column], y, [&](DWORD* read, int /*x*/, int count) {
@@ -187,7 +229,7 @@ void ShrunkPixels::mergeRow(const SourceSpan& span, DWORD* pixels) const
                     m_rule.apply(read, count);
                 }
                 for (int i = 0; i < count; ++i) {
-                    pixels[column] = all ? pixels[column] & read[i] : pixels[column] | read[i];
+                    pixels[column] = merged(m_shrinking, pixels[column], read[i]);
                 }
             });
         }

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -14,7 +15,7 @@
 // What becomes of source pixels that share a target pixel.
 enum class Shrinking : unsigned char {
     nearest, // the one that the target pixel's middle falls on stays
-    average, // weighted by area, in whole numbers: exact, and the same on every machine
+    average, // weighted by area, in whole numbers: exact; of samples where the mapping turns
     all,     // the bits that all have (AND), of the pixels with their middle on the target pixel
     any,     // the bits that any has (OR), of the same
 };
@@ -49,6 +50,24 @@ struct ShrunkAxis {
     std::vector<SourceSpan> spans; // not more than target positions
     std::vector<std::size_t> spanOf;
     std::uint64_t innerWeight = 1;
+};
+
+// What single pixels become together, all of the same weight, by the rule for colours.
+class MixedPixel {
+public:
+    MixedPixel(const ColorRule& rule, Shrinking shrinking);
+
+    void add(DWORD pixel);
+    bool empty() const noexcept { return m_count == 0; }
+    // Not for an empty one.
+    DWORD result() const;
+
+private:
+    ColorRule m_rule;
+    Shrinking m_shrinking;
+    std::array<std::uint64_t, 4> m_sums{};
+    std::uint64_t m_count = 0;
+    DWORD m_merged;
 };
 
 // One pixel for each pair of spans. Made in a time that grows with the source pixels in use, whatever the sizes are.

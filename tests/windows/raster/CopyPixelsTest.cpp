@@ -220,7 +220,7 @@ TEST(CopyPixels, KeepThinLinesOfPicturesMadeSmaller)
     }
 }
 
-// Through a mapping, from memory with the byte that colours leave free, within a clip of many pieces, to one bit.
+// Through mappings, from memory with the byte that colours leave free, within a clip of many pieces, to one bit.
 TEST(CopyPixels, MadeSmallerAreTheSameByEveryWay)
 {
     const RasterPage page(6, 4);
@@ -246,6 +246,18 @@ TEST(CopyPixels, MadeSmallerAreTheSameByEveryWay)
     const unsigned char* const bits = gdiDeviceBits(d, nullptr);
     EXPECT_EQ(std::vector<int>(bits + 8, bits + 20),
               (std::vector<int>{0, 128, 128, 32, 255, 255, 255, bits[15], 128, 0, 0, 48}));
+
+    SelectClipRgn(d, nullptr);
+    SetGraphicsMode(d, GM_ADVANCED);
+    const XFORM quarter{0, 0.5F, -0.5F, 0, 6, 0};
+    SetWorldTransform(d, &quarter);
+    EXPECT_TRUE(BitBlt(d, 0, 0, 4, 4, source.context(), 0, 0, SRCCOPY));
+    // Farther than samples lie apart, the middle is what is left.
+    const XFORM far{0, 1e-6F, -1e-6F, 0, 3.5F, 0.5F};
+    SetWorldTransform(d, &far);
+    EXPECT_TRUE(StretchBlt(d, -2, -2, 4, 4, source.context(), 0, 0, 4, 4, SRCCOPY));
+    ModifyWorldTransform(d, nullptr, MWT_IDENTITY);
+    EXPECT_EQ(levelsOf(d, 6).substr(6), "ff8080");
 
     const MemoryBitmap mask(CreateBitmap(2, 2, 1, 1, nullptr));
     SetBkColor(source.context(), white);

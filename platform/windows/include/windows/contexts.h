@@ -32,7 +32,7 @@ SURFACE_API int WINAPI SetROP2(HDC context, int operation) __asm__("surface_SetR
 SURFACE_API int WINAPI GetROP2(HDC context) __asm__("surface_GetROP2");
 SURFACE_API int WINAPI SetPolyFillMode(HDC context, int mode) __asm__("surface_SetPolyFillMode");
 SURFACE_API int WINAPI GetPolyFillMode(HDC context) __asm__("surface_GetPolyFillMode");
-// How a copy (SRCCOPY) makes a picture smaller; other operations, and pictures that turn, choose the nearest pixels.
+// How a copy (SRCCOPY) makes a picture smaller; other operations choose the nearest pixels.
 // COLORONCOLOR chooses the nearest. BLACKONWHITE (the default) keeps the black of a one-bit picture, its pixels ANDed;
 // WHITEONBLACK its white, ORed. Pictures of more bits are averaged by area in both modes, and all pictures are in
 // HALFTONE: their bits ANDed, as they are elsewhere, would give colours that no pixel has.
