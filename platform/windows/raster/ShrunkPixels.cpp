@@ -1,12 +1,12 @@
-#include "raster/ShrunkPixels.h"
+#include "ShrunkPixels.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <utility>
 
-#include "raster/PixelRows.h"
-#include "raster/RasterOperation.h"
+#include "PixelRows.h"
+#include "RasterOperation.h"
 
 namespace {
 

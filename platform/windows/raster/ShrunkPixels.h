@@ -9,8 +9,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "core/Bitmap.h"
-#include "raster/ColorRule.h"
+#include "Bitmap.h"
+#include "ColorRule.h"
 
 // What becomes of source pixels that share a target pixel.
 enum class Shrinking : unsigned char {
