@@ -48,6 +48,20 @@ EMRBITBLT blitTo(const RECT& target, const DrawnBounds& bounds, DWORD operation)
     return fields;
 }
 
+// Of a rectangle that may have sizes below 0, which begins with the pixel at its position: see StretchBlt.
+DrawnBounds boundsOfStretched(const Mapping& mapping, const RECT& rect) noexcept
+{
+    DrawnBounds bounds = boundsOfArea(mapping, rect);
+    if (bounds.empty() || !mapping.isAxisAligned()) {
+        return bounds;
+    }
+    const LONG right = rect.right < rect.left && mapping.xx > 0 ? 1 : 0;
+    const LONG down = rect.bottom < rect.top && mapping.yy > 0 ? 1 : 0;
+    bounds.box = {bounds.box.left + right, bounds.box.top + down, bounds.box.right + right,
+                  bounds.box.bottom + down};
+    return bounds;
+}
+
 } // namespace
 
 // Playback fills with the selected brush, so the one asked for goes in for these records and the former comes back.
@@ -87,7 +101,8 @@ bool MetafileDevice::copy(DeviceContext& context, const RECT& target, DeviceCont
     }
     const BitmapView view = source.bitmap->bitmap->view();
     const PackedDib dib(view);
-    const DrawnBounds bounds = boundsOfArea(context.mapping(), target);
+    const DrawnBounds bounds =
+        stretch ? boundsOfStretched(context.mapping(), target) : boundsOfArea(context.mapping(), target);
     EMRBITBLT fields = blitTo(target, bounds, operation);
     fields.xSrc = area.x;
     fields.ySrc = area.y;
@@ -119,7 +134,7 @@ bool MetafileDevice::copyDib(DeviceContext& context, const RECT& target, const B
         return false;
     }
     const Placement place = placementOf(target);
-    const DrawnBounds bounds = boundsOfArea(context.mapping(), target);
+    const DrawnBounds bounds = boundsOfStretched(context.mapping(), target);
     // Records count, as the call does, from the row that comes first in a bitmap: the bottom one, if its height says so.
     BITMAPINFOHEADER header;
     std::memcpy(&header, info, sizeof(header));

@@ -205,6 +205,13 @@ constexpr void (*shapes[])(HDC, Points) = {
         DeleteObject(region);
     },
     [](HDC context, Points p) {
+        BITMAPINFO info{};
+        info.bmiHeader = {sizeof(BITMAPINFOHEADER), 1, 1, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        const DWORD gray = 0x808080;
+        StretchDIBits(context, p[0].x, p[0].y, p[1].x - p[0].x, p[1].y - p[0].y, 0, 0, 1, 1, &gray, &info,
+                      DIB_RGB_COLORS, SRCCOPY);
+    },
+    [](HDC context, Points p) {
         BeginPath(context);
         PolylineTo(context, p, 4);
         AngleArc(context, p[0].x, p[0].y, static_cast<DWORD>(p[1].x) / 2, 30, 200);
@@ -219,7 +226,8 @@ TEST(DrawnBounds, HoldTheInkOfShapes)
     for (unsigned int seed = 0; seed < 1500; ++seed) {
         int slack = 0;
         const Recorded result = recorded(
-            {EMR_POLYLINE16, EMR_POLYGON16, EMR_POLYBEZIER16, EMR_BITBLT, EMR_FILLRGN, EMR_STROKEANDFILLPATH},
+            {EMR_POLYLINE16, EMR_POLYGON16, EMR_POLYBEZIER16, EMR_BITBLT, EMR_FILLRGN, EMR_STROKEANDFILLPATH,
+             EMR_STRETCHDIBITS},
             [&](HDC context) {
                 Random random(seed);
                 chooseMapping(context, random);
