@@ -147,13 +147,14 @@ TEST(ModuleVersion, TakesNoMoreStepsThanTheFileHasBytes)
 {
     constexpr std::uint32_t entries = 100;
     constexpr std::uint32_t directorySize = 16 + 8 * entries;
+    constexpr std::uint32_t secondLevel = 2 * directorySize;
     const auto number = [](std::uint32_t value) {
         return std::string{static_cast<char>(value), static_cast<char>(value >> 8U),
                            static_cast<char>(value >> 16U), static_cast<char>(value >> 24U)};
     };
     std::string bytes = VersionFile(pe).bytes().substr(0, V::types);
     const std::pair<std::uint32_t, std::uint32_t> levels[] = {
-        {16, V::directory | directorySize}, {1, V::directory | 2 * directorySize}, {1033, 3 * directorySize}};
+        {16, V::directory | directorySize}, {1, V::directory | secondLevel}, {1033, 3 * directorySize}};
     for (const auto& [id, target] : levels) {
         bytes += std::string(12, '\0') + number(entries << 16U);
         for (std::uint32_t i = 0; i < entries; ++i) {

@@ -14,8 +14,12 @@ std::string asserted;
 
 void* block(void* old, unsigned int size)
 {
-    return answersWithNothing ? const_cast<char*>(kstr_null_string)
-                              : std::realloc(old == kstr_null_string ? nullptr : old, size);
+    void* const own = old == kstr_null_string ? nullptr : old;
+    if (!answersWithNothing) {
+        return std::realloc(own, size);
+    }
+    std::free(own);
+    return const_cast<char*>(kstr_null_string);
 }
 
 } // namespace
@@ -29,9 +33,6 @@ void* kstr_allocate(unsigned int size) noexcept
 
 void* kstr_reallocate(void* old, unsigned int size) noexcept
 {
-    if (answersWithNothing && old != kstr_null_string) {
-        std::free(old);
-    }
     return block(old, size);
 }
 
