@@ -1,6 +1,7 @@
 // What calls on a recording surface leave in the metafile, in their order.
 #include "RecordedPage.h"
 
+#include "surfaceHdc.h"
 #include "text/Runs.h"
 
 namespace {
@@ -54,6 +55,24 @@ const RecordedCase cases[] = {
      "2 2 2 "
      "15728673" +
          noBitmap + "37: -2147483648\n40: 1\n53: 1 2 3 1\n"},
+    {"EdgesPolygonsAndFocus",
+     [](CSurfaceEMF& s) {
+         POINT points[] = {{1, 2}, {30, 4}, {5, 60}};
+         s.drawPolygon(points, 3, false);
+         s.drawPolyline(points, 2);
+         s.drawRectangle(in({10, 20, 30, 40}), 8, 9);
+         s.drawEdge(in({10, 20, 30, 40}), BDR_RAISEDOUTER, BF_LEFT);
+         s.drawFocusRect(in({10, 20, 13, 22}));
+         s.setMapMode(MM_TEXT); // is in force
+         s.setMapMode(MM_HIMETRIC);
+     },
+     "86: 1 2 30 60 3 131073 262174 3932165\n87: 1 2 30 4 2 131073 262174\n43: 10 20 29 39\n"
+     "39: 1 0 13160660 0\n37: 1\n76: 10 20 10 39 10 20 1 20 15728673" +
+         noBitmap +
+         "37: -2147483648\n40: 1\n"
+         "94: 1 0 32 48 80 32 40 8 8 65537 0 32 0 0 0 0 0 16777215 170 85 170 85 170 85 170 85\n37: 1\n"
+         "76: 10 20 12 20 10 20 3 1 5898313" +
+         noBitmap + "76: 10 21 12 21 10 21 3 1 5898313" + noBitmap + "37: -2147483648\n40: 1\n17: 3\n"},
     // A brush that leaves is deleted; all but solid ones reset the brush origin.
     {"PensAndBrushes",
      [](CSurfaceEMF& s) {
@@ -196,6 +215,26 @@ const RecordedCase cases[] = {
 
 INSTANTIATE_TEST_SUITE_P(Calls, RecordedSurface, testing::ValuesIn(cases),
                          [](const auto& recorded) { return std::string(recorded.param.name); });
+
+// The extents wait for the mode that they are for.
+TEST(DeviceSurface, HasTheExtentsItWasGiven)
+{
+    const HDC context = CreateCompatibleDC(nullptr);
+    {
+        CSurfaceHdc surface(context, {200, 300}, {40, 50});
+        const auto extents = [&] {
+            SIZE viewport{};
+            SIZE window{};
+            GetViewportExtEx(context, &viewport);
+            GetWindowExtEx(context, &window);
+            return std::vector<LONG>{viewport.cx, viewport.cy, window.cx, window.cy};
+        };
+        EXPECT_EQ((std::vector<LONG>{1, 1, 1, 1}), extents());
+        surface.setMapMode(MM_ANISOTROPIC);
+        EXPECT_EQ((std::vector<LONG>{200, 300, 40, 50}), extents());
+    }
+    DeleteDC(context);
+}
 
 TEST(RecordedSurfaceLife, ClosesOnceAndReportsWhatItNeverHad)
 {

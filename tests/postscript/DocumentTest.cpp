@@ -155,7 +155,8 @@ TEST(PostScriptDocument, CopiesAreIndependent)
     const auto drawByCopies = [&](CSurfacePSPrinter& s) {
         draw(s);
         CSurfacePSPrinter copy(s);
-        s.drawFocusRect(in({0, 0, 1, 1}));
+        s.setPen(0xFF00, 0, 9);
+        s.drawLine(0, 0, 1, 1);
         s = copy;
         draw(copy);
         s = *&s;

@@ -134,6 +134,17 @@ TEST(PostScriptShapes, LeaveTheirText)
     expectTexts(shapes);
 }
 
+TEST(PostScriptShapes, PushTheirOperands)
+{
+    TovoTextString text;
+    RECT box{1, 2, 4, 7};
+    CSurfacePSPrinter::pushInteger(&text, INT_MIN);
+    CSurfacePSPrinter::pushPoint(&text, 3, INT_MIN);
+    CSurfacePSPrinter::pushRectangle(&text, &box);
+    CSurfacePSPrinter::pushColor(&text, 0xFF3300FF);
+    EXPECT_STREQ("-2147483648 3 -2147483648 1 -2 3 -5 1.000 0.000 0.200 ", text.text());
+}
+
 // The writer has a short way of its own for them.
 TEST(PostScriptColours, AreRoundedAsFloatsAre)
 {

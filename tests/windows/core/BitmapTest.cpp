@@ -1,8 +1,10 @@
 // Bitmaps from memory: forms that are read, and heads that are refused.
 #include <windows.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstring>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -12,7 +14,7 @@ namespace {
 struct PackedDib {
     BITMAPINFOHEADER head;
     RGBQUAD colors[256];
-    BYTE rows[8];
+    BYTE rows[16];
 };
 
 BITMAPINFOHEADER head(LONG width, LONG height, WORD bits, DWORD compression = BI_RGB, DWORD colors = 0)
@@ -61,6 +63,42 @@ TEST(Bitmaps, AreFilledFromEveryForm)
         const std::vector<BYTE> both = {pixels[0], pixels[1], pixels[2], pixels[4], pixels[5], pixels[6]};
         EXPECT_EQ(both, (std::vector<BYTE>{0, 0, 0xFF, 0xFF, 0, 0})) << &form - forms;
         EXPECT_TRUE(DeleteObject(section));
+    }
+}
+
+// The same picture in pairs of counts and values, in literals, and by moves over what stays 0, with 8 and 4 bits.
+TEST(Bitmaps, RunLengthsRepeatCopyAndMove)
+{
+    struct Form {
+        WORD bits;
+        std::vector<BYTE> codes;
+    };
+    const Form forms[] = {
+        {8, {1, 1, 1, 2, 0, 0, 3, 0, 1, 1, 0, 1}},
+        {8, {0, 3, 1, 2, 0, 9, 0, 2, 0, 1, 1, 1, 0, 1}},
+        {4, {2, 0x12, 0, 0, 3, 0x00, 1, 0x10, 0, 1}},
+        {4, {0, 3, 0x12, 0x0F, 0, 2, 0, 1, 1, 0x10, 0, 1}},
+        {4, {0, 5, 0x12, 0x00, 0x10, 9, 0, 0, 0, 2, 3, 0, 1, 0x10, 0, 1}}, // one pixel too many is dropped
+    };
+    for (const Form& form : forms) {
+        PackedDib dib{head(4, 2, form.bits, form.bits == 8 ? BI_RLE8 : BI_RLE4), {}, {}};
+        for (BYTE color = 0; color < 3; ++color) {
+            dib.colors[color] = {color, 0, 0, 0};
+        }
+        dib.head.biSizeImage = static_cast<DWORD>(form.codes.size());
+        std::copy(form.codes.begin(), form.codes.end(), dib.rows);
+        const BITMAPINFO info{head(4, -2, 32), {}};
+        void* bits = nullptr;
+        const HBITMAP section = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+        ASSERT_NE(bits, nullptr);
+        EXPECT_EQ(SetDIBits(nullptr, section, 0, 2, dib.rows, reinterpret_cast<const BITMAPINFO*>(&dib), 0),
+                  2);
+        std::string blue;
+        for (int pixel = 0; pixel < 8; ++pixel) {
+            blue += static_cast<const char*>(bits)[4 * pixel];
+        }
+        EXPECT_EQ(blue, std::string("\0\0\0\1\1\2\0\0", 8)) << &form - forms;
+        DeleteObject(section);
     }
 }
 

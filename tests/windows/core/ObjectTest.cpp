@@ -59,6 +59,32 @@ TEST(Objects, OneContextAtATimeHoldsABitmap)
     EXPECT_TRUE(DeleteObject(bitmap) && DeleteDC(second));
 }
 
+TEST(Objects, SayWhatTheyAre)
+{
+    const HDC memory = CreateCompatibleDC(nullptr);
+    const HDC recording = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+    const LOGBRUSH brush{BS_SOLID, 0, 0};
+    LOGFONTA font{};
+    const std::pair<HGDIOBJ, DWORD> owned[] = {
+        {CreatePen(PS_SOLID, 1, 0), OBJ_PEN},
+        {ExtCreatePen(PS_GEOMETRIC, 1, &brush, 0, nullptr), OBJ_EXTPEN},
+        {CreateSolidBrush(0), OBJ_BRUSH},
+        {CreateFontIndirectA(&font), OBJ_FONT},
+        {CreateBitmap(1, 1, 1, 1, nullptr), OBJ_BITMAP},
+        {CreateRectRgn(0, 0, 1, 1), OBJ_REGION},
+    };
+    for (const auto& [object, type] : owned) {
+        EXPECT_EQ(GetObjectType(object), type);
+        EXPECT_TRUE(DeleteObject(object));
+        EXPECT_EQ(GetObjectType(object), 0U);
+    }
+    EXPECT_EQ(GetObjectType(memory), DWORD{OBJ_MEMDC});
+    EXPECT_EQ(GetObjectType(recording), DWORD{OBJ_ENHMETADC});
+    const HENHMETAFILE metafile = CloseEnhMetaFile(recording);
+    EXPECT_EQ(GetObjectType(metafile), DWORD{OBJ_ENHMETAFILE});
+    EXPECT_TRUE(DeleteEnhMetaFile(metafile) && DeleteDC(memory));
+}
+
 TEST(Objects, RefuseHandlesThatNameSomethingElse)
 {
     HDC context = CreateCompatibleDC(nullptr);

@@ -3,6 +3,7 @@
 
 #include <climits>
 #include <cstring>
+#include <vector>
 
 #include "windows/raster/RasterPage.h"
 
@@ -216,6 +217,27 @@ TEST(ShapePixels, WholePiesWithoutAPenAreEllipses)
     }
 }
 
+// What is far outside is cut away, before anything is painted that has no such numbers.
+TEST(ShapePixels, OfLargeOutlinesShowWhatIsOnThePage)
+{
+    constexpr LONG Far = 100000000;
+    const RasterPage page(8, 6);
+    SelectObject(page.context(), GetStockObject(NULL_PEN));
+    useBrush(page.context(), red);
+    const POINT lowerHalf[] = {{-Far, 3}, {Far, 3}, {Far, Far}, {-Far, Far}};
+    Polygon(page.context(), lowerHalf, 4);
+    useBrush(page.context(), blue);
+    const POINT rightOf[] = {{4 - Far, -Far}, {4 + Far, Far}, {Far, -Far}}; // above the line y = x - 4
+    Polygon(page.context(), rightOf, 3);
+    EXPECT_EQ(page.picture(), R"(
+....bbbb
+.....bbb
+......bb
+rrrrrrrb
+rrrrrrrr
+rrrrrrrr)");
+}
+
 TEST(TextPixels, AreSmoothedTurnedAndClipped)
 {
     const RasterPage page(80, 80);
@@ -233,6 +255,29 @@ TEST(TextPixels, AreSmoothedTurnedAndClipped)
         EXPECT_EQ(picture.find('?') != std::string::npos, angle != 0);
         EXPECT_EQ(picture.find_first_not_of(".\n", 60UL * 81), std::string::npos);
     }
+}
+
+// Liberation Sans strikes out from 0.259 em above the base line downwards, and underlines from 0.033 em below it.
+TEST(TextPixels, HaveTheirLinesWhereTheFaceSays)
+{
+    const RasterPage page(60, 160);
+    LOGFONTA font{};
+    font.lfHeight = -100;
+    font.lfStrikeOut = font.lfUnderline = 1;
+    std::strcpy(font.lfFaceName, "Liberation Sans");
+    use(page.context(), CreateFontIndirectA(&font));
+    SetTextAlign(page.context(), TA_BASELINE);
+    ExtTextOutA(page.context(), 0, 100, 0, nullptr, "  ", 2, nullptr);
+    const auto isInk = [&](int y) {
+        return GetPixel(page.context(), 5, y) == black;
+    };
+    std::vector<int> tops;
+    for (int y = 1; y < 160; ++y) {
+        if (isInk(y) && !isInk(y - 1)) {
+            tops.push_back(y);
+        }
+    }
+    EXPECT_EQ(tops, (std::vector<int>{74, 103}));
 }
 
 } // namespace
