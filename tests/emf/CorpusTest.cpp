@@ -45,7 +45,7 @@ TEST(MetafileCorpus, IsSearchedAndStampedToItsEnd)
         {"fh-TestText2D", {"Graphics", 24, 0}},   {"test-022", {"M\xE9th. de Ward", 1, 1}},
     };
     if (!std::filesystem::exists(corpus)) {
-        GTEST_SKIP() << "no corpus";
+        GTEST_SKIP() << "NOT TESTED: there is no " << corpus;
     }
     for (const auto& file : std::filesystem::recursive_directory_iterator(corpus)) {
         std::string page = file.path().extension() == ".emf" ? pageOf(file.path()) : metafileOf({});

@@ -258,9 +258,9 @@ TEST(Playback, PlaysWhatIsSound)
 // Files of other writers, where they are at hand.
 TEST(Playback, PlaysFilesOfOthers)
 {
-    const std::filesystem::path folder = METAFILE_SAMPLES;
+    const std::filesystem::path folder = std::filesystem::path(SURFACE_CORPUS) / "emf";
     if (!std::filesystem::exists(folder)) {
-        GTEST_SKIP();
+        GTEST_SKIP() << "NOT TESTED: there is no " << folder;
     }
     const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
