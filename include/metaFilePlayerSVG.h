@@ -42,7 +42,7 @@ public:
                                    unsigned char*& foundPage, unsigned int& foundLength, int& x, int& y);
 
 private:
-    struct TextElement;
+    class Detail; // helpers of the module
 
     int play();
 
@@ -55,13 +55,9 @@ private:
 
     // Each gives 0 for done and -1 for an element it could not use.
     int processElements(char* text);
-    int processElement(char* element, int type);
     int processSVGElement(char** element);
     int processSVGSubElement(char** element);
     int processGroupElement(char** element);
-    int processClipGroup(char* element);
-    int processTransformGroup(char* element);
-    int processFontGroup(char* element);
     int processGroupEnd(char* element);
     int processRectElement(char** element);
     int processEllipseElement(char** element);
@@ -71,14 +67,11 @@ private:
     int processPathElement(char* element);
     int processTextElement(char** element);
 
-    int processRectStyle(char* text, CSurfacePen* pen, CSurfaceBrush* brush);
     int processTSpanElement(char* element, CSurfaceTextChunk* chunk);
     int processTextRect(char* element, RECT* rect);
     int processClipPath(char* element, RECT** rect);
     int processTextStyleAttributes(char* text, unsigned long* color, unsigned int* options, int* charAngle,
                                    int* textAngle);
-    int drawPlainText(TextElement& text, char* body);
-    int drawRuns(TextElement& text, char* body);
 
     int processStrokeAttribute(char* text, CSurfacePen* pen);
     int processFillAttribute(char* text, CSurfaceBrush* brush);
@@ -86,17 +79,10 @@ private:
                               bool* hasFill, bool* hasStroke);
 
     int processDefsElement(char** element);
-    int processClipDefinition(char* element);
-    int processPatternDefinition(char* element);
-    int processImageDefinition(char* element);
     int processUseElement(char** element);
     int processPattern(char* pattern, CSurfaceBrush* brush);
-    int usePattern(int number, CSurfaceBrush* brush);
-    int processImageUse(char* element, const char* name, int x, int y);
 
-    RECT* clipOfNumber(int number) const;
     bool intersectRect(RECT* result, RECT* a, RECT* b);
-    void reportUnexpectedElement(int line);
 
     TovoTextString* m_pageText;   // the private copy, owned; every pointer of the walk points into it
     Vector<RECT, 10> m_clipRects; // clip N at position N; narrowed in place by clip groups

@@ -16,8 +16,6 @@
 #include "surface.h"
 #include "surfacePicture.h"
 
-struct DeviceScale;
-
 class SURFACE_API CSurfaceGDI : public CSurface {
 public:
     // Without a device; a subclass brings it.
@@ -152,17 +150,11 @@ protected:
     Array<CSurfacePicture, 10> m_pictures; // parallel to m_pictureIds
 
 private:
+    class Detail; // helpers of the module
+
     void createFont(char* face, float points, bool bold, bool italic, bool strikethru, bool underline,
                     int orientation, int escapement);
     void createFont(CSurfaceFont& font, int orientation, int escapement);
-    HBRUSH plainBrush(int style, COLORREF color) const;
-    HBRUSH pictureBrush(int position) const;
-    void drawJoined(Array<CSurfaceTextChunk, 2>& chunks, RECT device, const DeviceScale& scale,
-                    unsigned int flags);
-    void drawStyled(const char* text, RECT* rect, unsigned int flags);
-    RECT measured(const char* text, unsigned int length, unsigned int flags) const;
-    int tightening(Array<CSurfaceTextChunk, 2>& chunks, float xScale, unsigned int flags) const;
-    bool reduceFont(int height, int laidOut, int lines);
 
     TovoTextString m_fontList; // handed out by loadFonts
     // What the device still holds of the surface since a successor could not be made.

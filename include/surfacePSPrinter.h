@@ -17,7 +17,6 @@
 
 #include <atomic>
 #include <cstddef>
-#include <string_view>
 
 #include "surface.h"
 
@@ -173,34 +172,7 @@ public:
     static TovoTextString toPS(TovoTextString text);
 
 private:
-    // Procedures that the page text calls, as bits of m_proceduresUsed.
-    enum ProcedureBits : unsigned int {
-        RightShowUsed = 0x1,
-        MiddleShowUsed = 0x2,
-        FrameRectUsed = 0x100,
-        FocusRectUsed = 0x200,
-        SolidRectUsed = 0x400,
-        EllipseUsed = 0x1000,
-        PieUsed = 0x2000,
-        ChordUsed = 0x4000,
-        HatchUsed = 0x10000,
-        RotatedShowUsed = 0x20000,
-        TransparentImageUsed = 0x40000
-    };
-
-    struct ArcOperands;
-    class Change;
-
-    // What makes an interpreter stop at a document, although it is written as it has to be.
-    enum class Trap : unsigned int {
-        ZeroScale,
-        ZeroFont,
-        FontName,
-        RoundedCorners,
-        FlatTransform,
-        LineWithoutFont,
-        EmptyRunWithWidth
-    };
+    class Detail; // helpers of the module
 
     // A pattern's definition that is still to go in front of m_body.
     struct PatternDef {
@@ -208,50 +180,18 @@ private:
         unsigned int end; // in m_patternTexts
     };
 
-    void tellOfTrap(Trap trap);
-    void tellOfRefusedImage(unsigned int id);
-    void beginState();
-    void endState();
-    void noteFont();
-
-    void appendHead(TovoTextString& s) const;
-    void appendProcedures(TovoTextString& s) const;
-
-    static void appendOpenPath(TovoTextString& s, const POINT* points, unsigned int count);
-    void appendStroke(TovoTextString& s);
-    void appendPlainColor(TovoTextString& s, unsigned long color);
-
     static void PSArc(RECT* rect, POINT start, POINT end, int& radiusX, int& radiusY, int& startAngle,
                       int& endAngle);
-    static ArcOperands arcOperands(RECT* rect, int x1, int y1, int x2, int y2);
-    void drawSector(const ArcOperands& arc, std::string_view fill, std::string_view stroke,
-                    ProcedureBits procedure);
-
-    double unitsPerPoint() const;
-    int baseLineBelow(int top) const;
-    bool appendTextColor(TovoTextString& s);
-    void appendChunk(TovoTextString& s, const CSurfaceTextChunk& chunk);
 
     unsigned int encodeImage(unsigned char* data, int size, int picType, bool compress, int width, int height,
                              bool, TovoTextString* out, int& bits);
     static unsigned int RLECompress(TovoBinaryString* in, TovoBinaryString* out);
     static void encodeRun(unsigned char** out, unsigned char* source, short count);
     static void encodeLiteral(unsigned char** out, unsigned char* source, short count);
-    static void appendImageDictionary(TovoTextString& s, int width, int height);
-    CPostScriptImage* imageAt(unsigned int id) const;
-
-    bool isPatternDefined(int picture) const;
-    void usePattern(int picture);
-    void definePattern(int picture, int width, int height, const TovoTextString& samples);
-    void defineMissingPatterns();
-    void setPatternDefined(int picture, bool defined);
-    void appendPatternDefs(TovoTextString& front) const;
-    void forgetPatternDefs();
-    void settlePatternDefs();
 
     int m_originX; // millimetres
     int m_originY;
-    unsigned int m_proceduresUsed; // ProcedureBits
+    unsigned int m_proceduresUsed; // that the page text calls, a bit for each family
     TovoTextString m_body;         // the page's text; after closeSurface the whole document
     Array<CPostScriptImage, 10> m_images;
     // Colour and line width that the text has set last. They follow the text and not the interpreter's state,
@@ -261,7 +201,7 @@ private:
     bool m_clipActive;                     // a gsave of setClippingRegion is open
     unsigned int m_stateDepth;             // how many gsave are open
     unsigned int m_depthsWithFont;         // bit n: a font was set n states deep, and the state is open
-    unsigned int m_toldTraps;              // bits by Trap
+    unsigned int m_toldTraps;              // what the log has said of this page, by bits
     Vector<unsigned int, 10> m_toldImages; // ids whose refusal is in the log
     Vector<bool, 10> m_definedPatterns;    // by the number of the image
     Vector<int, 10> m_missingPictures;     // of patterns that were used without an image, in that order

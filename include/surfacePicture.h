@@ -49,13 +49,4 @@ public:
     HDC m_hdc;             // the device at the time of the inclusion; not read again
     unsigned char* m_data; // the encoded bytes, owned
     int m_type;            // 7: JPEG; every other number: PNG
-
-private:
-    struct Placement;
-
-    Placement placementOf(const RECT& rect, int x, int y, int mode) const;
-    static void drawPlaced(HDC hdc, const Placement& placement, const BITMAPINFO* info,
-                           const unsigned char* bits, HBITMAP section, COLORREF transparent);
-    void tile(HDC hdc, const RECT& rect, int x, int y, const BITMAPINFO* info, const unsigned char* bits);
-    HBRUSH smallTile(const BITMAPINFO* info, const unsigned char* bits);
 };

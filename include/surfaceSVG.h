@@ -97,23 +97,7 @@ public:
     void drawEraseRectangle(RECT* rect, unsigned long color);
 
 private:
-    // Shared definitions that the page needs, as bits of m_symbolsUsed.
-    enum SymbolBits {
-        FrameRectUsed = 1,
-        FocusRectUsed = 2,
-        SolidRectUsed = 4,
-        HatchUsed = 8,
-        TiledImageUsed = 16
-    };
-
-    class Change;
-
-    // How the runs of a formatted text are turned.
-    struct TextRotation {
-        int textAngle = 0; // of the line, 0 to 359 degrees
-        int charAngle = 0; // of the characters against their line
-        float shift = 0;   // of the base line, em
-    };
+    class Detail; // helpers of the module
 
     void appendRGBColor(TovoTextString& out, unsigned long color);
     void appendPenStyle(TovoTextString& out);
@@ -121,15 +105,8 @@ private:
     void appendClipStyle(TovoTextString& out, RECT* rect);
     void appendPath(TovoTextString& out, RECT* rect);
     void appendPath(TovoTextString& out, POINT* points, unsigned int count);
-    void appendDefinitions(TovoTextString& head);
     void appendTextStyle(TovoTextString& out, RECT* rect, int flags);
     void appendTextStyle(TovoTextString& out, int flags);
-    void appendTextHead(TovoTextString& out, RECT* rect, int flags, const char* spaceAttribute);
-    void appendChunk(TovoTextString& out, const CSurfaceTextChunk& chunk, int top,
-                     const TextRotation& rotation);
-    void appendGlyphRotation(TovoTextString& out, int angle, unsigned int characters);
-    bool writeChunks(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags,
-                     const TextRotation& rotation);
     int glyphOrientation(int angle);
     void createTextPath(TovoTextString& out, int x, int y, int angle);
 
@@ -137,7 +114,6 @@ private:
     void makePatternDef();
     void makePatternDef(int image);
     int convertImage(unsigned char* data, int size, int picType, char*& text, int& textLength);
-    const POINT* sizeOfImage(int id) const;
 
     void newFont(char* faceName, float size, bool bold, bool italic, bool strikethru, bool underline);
     void writeFont(char* faceName, float size, bool bold, bool italic, bool strikethru, bool underline);
@@ -154,7 +130,7 @@ private:
     int m_patternCount;         // number of the last pattern definition
     TovoTextString m_clipDefs;
     TovoTextString m_patternDefs;
-    int m_symbolsUsed;              // SymbolBits
+    int m_symbolsUsed;              // shared definitions that the page needs, a bit for each
     Vector<POINT, 10> m_imageSizes; // width and height of each image, by its number
     bool m_nofmPending;             // the next drawString carries the page-count mark
     int m_currentClip;              // id of the open clip group; 0: none

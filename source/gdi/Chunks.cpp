@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "DeviceScale.h"
+#include "GdiDetail.h"
 #include "surfaceGDI.h"
 #include "undo.h"
 #include "wrappingInt.h"
@@ -60,30 +61,31 @@ JoinedText join(Array<CSurfaceTextChunk, 2>& chunks, UINT flags)
 } // namespace
 
 // From a far rectangle, so that nothing wraps; ampersands count as characters.
-RECT CSurfaceGDI::measured(const char* text, unsigned int length, unsigned int flags) const
+RECT CSurfaceGDI::Detail::measured(const char* text, unsigned int length, unsigned int flags) const
 {
     constexpr int Far = 32767;
     RECT rect{0, 0, Far, Far};
-    DrawTextA(m_hdc, text, static_cast<int>(length), &rect, flags | DT_CALCRECT | DT_NOPREFIX);
+    DrawTextA(m_surface.m_hdc, text, static_cast<int>(length), &rect, flags | DT_CALCRECT | DT_NOPREFIX);
     return rect;
 }
 
 // Makes the font smaller by the surplus of one line, in points. False when the lines fit.
-bool CSurfaceGDI::reduceFont(int height, int laidOut, int lines)
+bool CSurfaceGDI::Detail::reduceFont(int height, int laidOut, int lines)
 {
     if (lines < 2 || height <= laidOut) {
         return false;
     }
     const float surplus = static_cast<float>(height) - static_cast<float>(laidOut);
-    const float dotsPerInch = static_cast<float>(std::max(GetDeviceCaps(m_hdc, LOGPIXELSY), 1));
-    CSurfaceFont reduced(m_font);
-    reduced.setSize(m_font.getSize() - surplus * 72 / dotsPerInch / static_cast<float>(lines));
-    setFont(&reduced);
+    const float dotsPerInch = static_cast<float>(std::max(GetDeviceCaps(m_surface.m_hdc, LOGPIXELSY), 1));
+    CSurfaceFont reduced(m_surface.m_font);
+    reduced.setSize(m_surface.m_font.getSize() - surplus * 72 / dotsPerInch / static_cast<float>(lines));
+    m_surface.setFont(&reduced);
     return true;
 }
 
 // Device units by which characters move together, so that the widest of the runs keeps the width recorded for it.
-int CSurfaceGDI::tightening(Array<CSurfaceTextChunk, 2>& chunks, float xScale, unsigned int flags) const
+int CSurfaceGDI::Detail::tightening(Array<CSurfaceTextChunk, 2>& chunks, float xScale,
+                                    unsigned int flags) const
 {
     int tighten = 0;
     for (unsigned int i = 0; i < chunks.size(); ++i) {
@@ -104,31 +106,32 @@ int CSurfaceGDI::tightening(Array<CSurfaceTextChunk, 2>& chunks, float xScale, u
     return tighten;
 }
 
-void CSurfaceGDI::drawJoined(Array<CSurfaceTextChunk, 2>& chunks, RECT device, const DeviceScale& scale,
-                             unsigned int flags)
+void CSurfaceGDI::Detail::drawJoined(Array<CSurfaceTextChunk, 2>& chunks, RECT device,
+                                     const DeviceScale& scale, unsigned int flags)
 {
     const JoinedText joined = join(chunks, flags);
-    CSurfaceFont formerFont(m_font);
+    CSurfaceFont formerFont(m_surface.m_font);
     const int laidOut =
         saturateToInt(static_cast<float>(joined.lineStep) * scale.y * static_cast<float>(joined.lines));
     bool reduced = false;
     const auto putFontBack = [&] {
         if (reduced) {
-            setFont(&formerFont);
+            m_surface.setFont(&formerFont);
         }
     };
     const auto draw = [&] {
         reduced = reduceFont(measured(joined.text.text(), joined.text.length(), flags).bottom, laidOut,
                              joined.lines);
         if (const int tighten = tightening(chunks, scale.x, flags); tighten > 0) {
-            SetTextCharacterExtra(m_hdc, -tighten);
+            SetTextCharacterExtra(m_surface.m_hdc, -tighten);
         }
-        SetGraphicsMode(m_hdc, GM_ADVANCED);
-        if (m_textStyle.getCharAngle() != 0 || m_textStyle.getTextAngle() != 0) {
-            drawStringRotated(joined.text.text(), &device, flags, m_textStyle.getCharAngle(),
-                              m_textStyle.getTextAngle());
+        SetGraphicsMode(m_surface.m_hdc, GM_ADVANCED);
+        if (m_surface.m_textStyle.getCharAngle() != 0 || m_surface.m_textStyle.getTextAngle() != 0) {
+            m_surface.drawStringRotated(joined.text.text(), &device, flags,
+                                        m_surface.m_textStyle.getCharAngle(),
+                                        m_surface.m_textStyle.getTextAngle());
         } else {
-            drawString(joined.text.text(), &device, flags);
+            m_surface.drawString(joined.text.text(), &device, flags);
         }
     };
     doOrUndo(draw, putFontBack);
@@ -156,7 +159,7 @@ bool CSurfaceGDI::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, in
         SetTextCharacterExtra(m_hdc, formerExtra);
         SetWorldTransform(m_hdc, &world);
     };
-    doOrUndo([&] { drawJoined(*chunks, scale.rect(*rect), scale, drawFlags); }, putMappingBack);
+    doOrUndo([&] { Detail(*this).drawJoined(*chunks, scale.rect(*rect), scale, drawFlags); }, putMappingBack);
     putMappingBack();
     return true;
 }

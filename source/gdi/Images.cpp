@@ -2,6 +2,7 @@
 #include <cstring>
 #include <memory>
 
+#include "GdiDetail.h"
 #include "moduleHeap.h"
 #include "pictureDecoding.h"
 #include "surfaceGDI.h"
@@ -84,10 +85,10 @@ void CSurfaceGDI::drawImage(RECT* rect, unsigned int id, int mode, int x, int y)
 }
 
 // Hollow for a position that holds no picture; null for a picture that can't be decoded.
-HBRUSH CSurfaceGDI::pictureBrush(int position) const
+HBRUSH CSurfaceGDI::Detail::pictureBrush(int position) const
 {
     CSurfacePicture* const picture =
-        position > 0 ? m_pictures.at(static_cast<unsigned int>(position)) : nullptr;
+        position > 0 ? m_surface.m_pictures.at(static_cast<unsigned int>(position)) : nullptr;
     if (picture == nullptr) {
         return static_cast<HBRUSH>(GetStockObject(NULL_BRUSH));
     }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "GdiDetail.h"
 #include "moduleHeap.h"
 #include "surfaceGDI.h"
 #include "undo.h"
@@ -72,6 +73,18 @@ void selectAndDelete(HDC hdc, Object object, Object& current, Object& stranded)
     }
     stranded = nullptr;
     current = object;
+}
+
+HBRUSH plainBrush(int style, COLORREF color)
+{
+    switch (style) {
+    case solidStyle:
+        return CreateSolidBrush(color);
+    case hollowStyle:
+        return static_cast<HBRUSH>(GetStockObject(NULL_BRUSH));
+    default:
+        return CreateHatchBrush(wrapSubtract(style, firstHatchStyle), color);
+    }
 }
 
 HPEN geometricPen(const CSurfacePen& pen)
@@ -163,18 +176,6 @@ void CSurfaceGDI::newTextStyle(CTextStyle* style)
     createFont(m_font, style->getCharAngle(), style->getTextAngle());
 }
 
-HBRUSH CSurfaceGDI::plainBrush(int style, COLORREF color) const
-{
-    switch (style) {
-    case solidStyle:
-        return CreateSolidBrush(color);
-    case hollowStyle:
-        return static_cast<HBRUSH>(GetStockObject(NULL_BRUSH));
-    default:
-        return CreateHatchBrush(wrapSubtract(style, firstHatchStyle), color);
-    }
-}
-
 void CSurfaceGDI::setBrush(CSurfaceBrush* brush)
 {
     if (brush == nullptr) {
@@ -191,7 +192,8 @@ void CSurfaceGDI::setBrush(CSurfaceBrush* brush)
     const int style = m_brush.getStyle();
     HBRUSH made = nullptr;
     if (style == pictureStyle) {
-        made = doOrUndo([&] { return pictureBrush(m_brush.getPicture()); }, [&] { m_brush = before; });
+        made = doOrUndo([&] { return Detail(*this).pictureBrush(m_brush.getPicture()); },
+                        [&] { m_brush = before; });
     } else {
         made = plainBrush(style, static_cast<COLORREF>(m_brush.getColor()));
         if (style != solidStyle && style != hollowStyle) {

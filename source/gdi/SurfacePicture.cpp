@@ -46,6 +46,89 @@ private:
     HBITMAP m_bitmap;
 };
 
+// Where a picture goes, and which part of it. The source's y counts from the bitmap's bottom row in `sourceY` and
+// from its top row in `sourceYFromTop`.
+struct Placement {
+    int left;
+    int top;
+    int width;
+    int height;
+    int sourceX;
+    int sourceY;
+    int sourceWidth;
+    int sourceHeight;
+    bool fromBottom; // sourceY has to be turned round for functions that count from the top
+};
+
+Placement placementOf(const CSurfacePicture& picture, const RECT& rect, int x, int y, int mode)
+{
+    int width = wrapSubtract(rect.right, rect.left);
+    int height = wrapSubtract(rect.bottom, rect.top);
+    if (mode == scaled) {
+        return {rect.left, rect.top, width, height, 0, 0, picture.m_width, picture.m_height, false};
+    }
+    if (height < picture.m_height) {
+        y = wrapSubtract(y, wrapSubtract(picture.m_height, height)); // y = 0 shows the top rows
+    } else {
+        height = picture.m_height;
+    }
+    width = width > picture.m_width ? picture.m_width : width;
+    return {rect.left, rect.top, width, height, x, wrapSubtract(0, y), width, height, true};
+}
+
+void drawPlaced(HDC hdc, const Placement& place, const BITMAPINFO* info, const unsigned char* bits,
+                HBITMAP section, COLORREF transparent)
+{
+    const int sourceY =
+        place.fromBottom ? wrapSubtract(info->bmiHeader.biHeight, wrapAdd(place.sourceY, place.sourceHeight))
+                         : place.sourceY;
+    if (section != nullptr &&
+        CSurfacePicture::drawTransparent(hdc, section, place.left, place.top, place.width, place.height,
+                                         place.sourceX, sourceY, place.sourceWidth, place.sourceHeight,
+                                         transparent)) {
+        return;
+    }
+    StretchDIBits(hdc, place.left, place.top, place.width, place.height, place.sourceX, place.sourceY,
+                  place.sourceWidth, place.sourceHeight, bits, info, DIB_RGB_COLORS, SRCCOPY);
+}
+
+// As many copies of the picture as fit in 8 by 8 pixels.
+HBRUSH smallTile(CSurfacePicture& picture, const BITMAPINFO* info, const unsigned char* bits)
+{
+    const HDC screen = GetDC(nullptr);
+    const HDC memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, hatchSize, hatchSize);
+    const HGDIOBJ former = SelectObject(memory, bitmap);
+    for (int x = 0; x < hatchSize; x += picture.m_width) {
+        for (int y = 0; y < hatchSize; y += picture.m_height) {
+            StretchDIBits(memory, x, y, picture.m_width, picture.m_height, 0, 0, picture.m_width,
+                          picture.m_height, bits, info, DIB_RGB_COLORS, SRCCOPY);
+        }
+    }
+    picture.m_width = hatchSize;
+    picture.m_height = hatchSize;
+    SelectObject(memory, former);
+    DeleteDC(memory);
+    const HBRUSH brush = CreatePatternBrush(bitmap);
+    DeleteObject(bitmap);
+    ReleaseDC(nullptr, screen);
+    return brush;
+}
+
+void tile(CSurfacePicture& picture, HDC hdc, const RECT& rect, int x, int y, const BITMAPINFO* info,
+          const unsigned char* bits)
+{
+    if (picture.m_width < 1 || picture.m_height < 1) {
+        return;
+    }
+    const HBRUSH brush = picture.m_width >= hatchSize && picture.m_height >= hatchSize
+                             ? CreateDIBPatternBrushPt(info, DIB_RGB_COLORS)
+                             : smallTile(picture, info, bits);
+    SetBrushOrgEx(hdc, wrapSubtract(rect.left, x), wrapSubtract(rect.top, y), nullptr);
+    FillRect(hdc, &rect, brush);
+    DeleteObject(brush);
+}
+
 } // namespace
 
 CSurfacePicture::CSurfacePicture()
@@ -68,88 +151,6 @@ void CSurfacePicture::operator delete(void* block) noexcept
     freeToModuleHeap(block);
 }
 
-// Where a picture goes, and which part of it. The source's y counts from the bitmap's bottom row in `sourceY` and
-// from its top row in `sourceYFromTop`.
-struct CSurfacePicture::Placement {
-    int left;
-    int top;
-    int width;
-    int height;
-    int sourceX;
-    int sourceY;
-    int sourceWidth;
-    int sourceHeight;
-    bool fromBottom; // sourceY has to be turned round for functions that count from the top
-};
-
-CSurfacePicture::Placement CSurfacePicture::placementOf(const RECT& rect, int x, int y, int mode) const
-{
-    int width = wrapSubtract(rect.right, rect.left);
-    int height = wrapSubtract(rect.bottom, rect.top);
-    if (mode == scaled) {
-        return {rect.left, rect.top, width, height, 0, 0, m_width, m_height, false};
-    }
-    if (height < m_height) {
-        y = wrapSubtract(y, wrapSubtract(m_height, height)); // y = 0 shows the top rows
-    } else {
-        height = m_height;
-    }
-    width = width > m_width ? m_width : width;
-    return {rect.left, rect.top, width, height, x, wrapSubtract(0, y), width, height, true};
-}
-
-void CSurfacePicture::drawPlaced(HDC hdc, const Placement& place, const BITMAPINFO* info,
-                                 const unsigned char* bits, HBITMAP section, COLORREF transparent)
-{
-    const int sourceY =
-        place.fromBottom ? wrapSubtract(info->bmiHeader.biHeight, wrapAdd(place.sourceY, place.sourceHeight))
-                         : place.sourceY;
-    if (section != nullptr &&
-        drawTransparent(hdc, section, place.left, place.top, place.width, place.height, place.sourceX,
-                        sourceY, place.sourceWidth, place.sourceHeight, transparent)) {
-        return;
-    }
-    StretchDIBits(hdc, place.left, place.top, place.width, place.height, place.sourceX, place.sourceY,
-                  place.sourceWidth, place.sourceHeight, bits, info, DIB_RGB_COLORS, SRCCOPY);
-}
-
-// As many copies of the picture as fit in 8 by 8 pixels.
-HBRUSH CSurfacePicture::smallTile(const BITMAPINFO* info, const unsigned char* bits)
-{
-    const HDC screen = GetDC(nullptr);
-    const HDC memory = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, hatchSize, hatchSize);
-    const HGDIOBJ former = SelectObject(memory, bitmap);
-    for (int x = 0; x < hatchSize; x += m_width) {
-        for (int y = 0; y < hatchSize; y += m_height) {
-            StretchDIBits(memory, x, y, m_width, m_height, 0, 0, m_width, m_height, bits, info,
-                          DIB_RGB_COLORS, SRCCOPY);
-        }
-    }
-    m_width = hatchSize;
-    m_height = hatchSize;
-    SelectObject(memory, former);
-    DeleteDC(memory);
-    const HBRUSH brush = CreatePatternBrush(bitmap);
-    DeleteObject(bitmap);
-    ReleaseDC(nullptr, screen);
-    return brush;
-}
-
-void CSurfacePicture::tile(HDC hdc, const RECT& rect, int x, int y, const BITMAPINFO* info,
-                           const unsigned char* bits)
-{
-    if (m_width < 1 || m_height < 1) {
-        return;
-    }
-    const HBRUSH brush = m_width >= hatchSize && m_height >= hatchSize
-                             ? CreateDIBPatternBrushPt(info, DIB_RGB_COLORS)
-                             : smallTile(info, bits);
-    SetBrushOrgEx(hdc, wrapSubtract(rect.left, x), wrapSubtract(rect.top, y), nullptr);
-    FillRect(hdc, &rect, brush);
-    DeleteObject(brush);
-}
-
 int CSurfacePicture::draw(HDC hdc, RECT* rect, int x, int y, int mode)
 {
     FreeImageDesc library(false);
@@ -166,13 +167,14 @@ int CSurfacePicture::draw(HDC hdc, RECT* rect, int x, int y, int mode)
     const BITMAPINFO* const info = library.imageGetInfo(bitmap.get());
     const unsigned char* const bits = library.imageGetBits(bitmap.get());
     if (mode == tiled) {
-        tile(hdc, *rect, x, y, info, bits);
+        tile(*this, hdc, *rect, x, y, info, bits);
         return 0;
     }
     const Section section(hdc, info, bits,
                           formatOf(*this) == FIF_PNG ? findTransparentColor(info, bits) : noColor);
     if (mode == ownSize || mode == scaled) {
-        drawPlaced(hdc, placementOf(*rect, x, y, mode), info, bits, section.get(), section.transparent());
+        drawPlaced(hdc, placementOf(*this, *rect, x, y, mode), info, bits, section.get(),
+                   section.transparent());
     }
     return 0;
 }

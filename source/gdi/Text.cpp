@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "DeviceScale.h"
+#include "GdiDetail.h"
 #include "boundedText.h"
 #include "drawTextLock.h"
 #include "surfaceGDI.h"
@@ -92,22 +93,23 @@ void CSurfaceGDI::drawString(const char* text, RECT* rect, unsigned int flags)
     DrawTextA(m_hdc, text, length, &device, flags);
 }
 
-void CSurfaceGDI::drawStyled(const char* text, RECT* rect, unsigned int flags)
+void CSurfaceGDI::Detail::drawStyled(const char* text, RECT* rect, unsigned int flags)
 {
-    const bool turned = m_textStyle.getCharAngle() != 0 || m_textStyle.getTextAngle() != 0;
+    const bool turned =
+        m_surface.m_textStyle.getCharAngle() != 0 || m_surface.m_textStyle.getTextAngle() != 0;
     if (turned) {
-        SetGraphicsMode(m_hdc, GM_ADVANCED);
+        SetGraphicsMode(m_surface.m_hdc, GM_ADVANCED);
     }
-    const COLORREF color = static_cast<COLORREF>(m_textStyle.getColor());
-    if (GetTextColor(m_hdc) != color) {
-        SetTextColor(m_hdc, color);
+    const COLORREF color = static_cast<COLORREF>(m_surface.m_textStyle.getColor());
+    if (GetTextColor(m_surface.m_hdc) != color) {
+        SetTextColor(m_surface.m_hdc, color);
     }
     const auto endTurn = [&] {
         if (turned) {
-            SetGraphicsMode(m_hdc, GM_COMPATIBLE);
+            SetGraphicsMode(m_surface.m_hdc, GM_COMPATIBLE);
         }
     };
-    doOrUndo([&] { drawString(text, rect, flags); }, endTurn);
+    doOrUndo([&] { m_surface.drawString(text, rect, flags); }, endTurn);
     endTurn();
 }
 
@@ -123,7 +125,7 @@ void CSurfaceGDI::drawText(const char* text, RECT* rect, unsigned int flags)
             rect->top = wrapAdd(rect->top, offset);
         }
     }
-    drawStyled(text, rect, flags);
+    Detail(*this).drawStyled(text, rect, flags);
 }
 
 void CSurfaceGDI::drawTextAt(const char* text, POINT* point, unsigned int flags)
@@ -141,7 +143,7 @@ void CSurfaceGDI::drawTextAt(const char* text, POINT* point, unsigned int flags)
         rect.left = wrapSubtract(point->x, HalfWay);
         rect.right = wrapAdd(point->x, HalfWay + 1);
     }
-    drawStyled(text, &rect, flags);
+    Detail(*this).drawStyled(text, &rect, flags);
 }
 
 void CSurfaceGDI::drawStringRotated(const char* text, RECT* rect, unsigned int flags, int charAngle,

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "ModuleVersionDetail.h"
 #include "moduleHeap.h"
 
 namespace {
@@ -40,19 +41,19 @@ void CModuleVersion::operator delete(void* block) noexcept
     freeToModuleHeap(block);
 }
 
-bool CModuleVersion::holds(std::uint64_t offset, std::uint64_t size) const
+bool CModuleVersion::Detail::holds(std::uint64_t offset, std::uint64_t size) const
 {
-    return offset <= m_size && size <= m_size - offset;
+    return offset <= m_version.m_size && size <= m_version.m_size - offset;
 }
 
-std::uint64_t CModuleVersion::number(std::uint64_t offset, unsigned int bytes) const
+std::uint64_t CModuleVersion::Detail::number(std::uint64_t offset, unsigned int bytes) const
 {
     if (!holds(offset, bytes)) {
         return 0;
     }
     std::uint64_t value = 0;
     for (unsigned int i = 0; i < bytes; ++i) {
-        value = value << 8U | m_view[offset + (m_swapBytes ? i : bytes - 1 - i)];
+        value = value << 8U | m_version.m_view[offset + (m_version.m_swapBytes ? i : bytes - 1 - i)];
     }
     return value;
 }
@@ -71,7 +72,7 @@ bool CModuleVersion::readFile(const char* path)
         m_view = static_cast<const unsigned char*>(MapViewOfFile(m_mapping, FILE_MAP_READ, 0, 0, 0));
         if (m_view != nullptr) {
             m_size = static_cast<std::uint64_t>(size.QuadPart);
-            read = readView();
+            read = Detail(*this).readView();
             UnmapViewOfFile(m_view);
             m_view = nullptr;
             m_resources = nullptr;
@@ -86,24 +87,25 @@ bool CModuleVersion::readFile(const char* path)
     return read;
 }
 
-bool CModuleVersion::readView()
+bool CModuleVersion::Detail::readView()
 {
-    m_isElf = false;
-    m_swapBytes = false;
-    m_resources = nullptr;
-    m_steps = 0;
+    m_version.m_isElf = false;
+    m_version.m_swapBytes = false;
+    m_version.m_resources = nullptr;
+    m_version.m_steps = 0;
     if (word(0) == dosSignature) {
         return findPeResources() && readResources();
     }
-    if (holds(0, sizeof(elfSignature)) && std::memcmp(m_view, elfSignature, sizeof(elfSignature)) == 0) {
-        m_isElf = true;
+    if (holds(0, sizeof(elfSignature)) &&
+        std::memcmp(m_version.m_view, elfSignature, sizeof(elfSignature)) == 0) {
+        m_version.m_isElf = true;
         return findElfResources() && readResources();
     }
     return false;
 }
 
 // PE format, "COFF File Header" and "Section Table".
-bool CModuleVersion::findPeResources()
+bool CModuleVersion::Detail::findPeResources()
 {
     const std::uint64_t header = dword(peHeaderField);
     if (dword(header) != peSignature) {
@@ -117,7 +119,7 @@ bool CModuleVersion::findPeResources()
             return false;
         }
         PeSectionHeader section{};
-        std::memcpy(section.name, m_view + entry, sizeof(section.name));
+        std::memcpy(section.name, m_version.m_view + entry, sizeof(section.name));
         if (!isResourceSection(section)) {
             continue;
         }
@@ -125,11 +127,11 @@ bool CModuleVersion::findPeResources()
         section.virtualAddress = dword(entry + 12);
         section.sizeOfRawData = dword(entry + 16);
         section.pointerToRawData = dword(entry + 20);
-        m_section = section;
+        m_version.m_section = section;
         if (!holds(section.pointerToRawData, 1)) {
             return false;
         }
-        m_resources = m_view + section.pointerToRawData;
+        m_version.m_resources = m_version.m_view + section.pointerToRawData;
         return true;
     }
     return false;

@@ -1,10 +1,10 @@
 // The way to the resource tree of an ELF file: its dynamic symbol "__rsrc" (System V ABI, "Object Files").
 #include <cstring>
 
-#include "moduleVersion.h"
+#include "ModuleVersionDetail.h"
 
 // Where the fields of one class of file stand, and how wide its addresses are.
-struct CModuleVersion::ElfLayout {
+struct CModuleVersion::Detail::ElfLayout {
     unsigned int width;
     // Of the file's head.
     std::uint64_t sectionTable;
@@ -23,7 +23,7 @@ struct CModuleVersion::ElfLayout {
     std::uint64_t symbolValue;
 };
 
-struct CModuleVersion::ElfSection {
+struct CModuleVersion::Detail::ElfSection {
     std::uint32_t name;
     std::uint32_t type;
     std::uint64_t address;
@@ -32,14 +32,14 @@ struct CModuleVersion::ElfSection {
     std::uint64_t entrySize;
 };
 
-bool CModuleVersion::elfTextIs(std::uint64_t offset, const char* text) const
+bool CModuleVersion::Detail::elfTextIs(std::uint64_t offset, const char* text) const
 {
     const std::size_t size = std::strlen(text) + 1;
-    return holds(offset, size) && std::memcmp(m_view + offset, text, size) == 0;
+    return holds(offset, size) && std::memcmp(m_version.m_view + offset, text, size) == 0;
 }
 
-CModuleVersion::ElfSection CModuleVersion::elfSection(const ElfLayout& layout, std::uint64_t table,
-                                                      std::uint64_t index) const
+CModuleVersion::Detail::ElfSection
+CModuleVersion::Detail::elfSection(const ElfLayout& layout, std::uint64_t table, std::uint64_t index) const
 {
     const std::uint64_t head = table + index * layout.sectionSize;
     if (head < table || !holds(head, layout.sectionSize)) {
@@ -54,8 +54,8 @@ CModuleVersion::ElfSection CModuleVersion::elfSection(const ElfLayout& layout, s
 }
 
 // Sets m_resources when the symbol is there; false for a table that can't be walked.
-bool CModuleVersion::elfSymbol(const ElfLayout& layout, std::uint64_t table, std::uint64_t sections,
-                               const ElfSection& symbols, const ElfSection& names)
+bool CModuleVersion::Detail::elfSymbol(const ElfLayout& layout, std::uint64_t table, std::uint64_t sections,
+                                       const ElfSection& symbols, const ElfSection& names)
 {
     if (symbols.offset == 0 || names.offset == 0 || symbols.entrySize == 0) {
         return false;
@@ -71,14 +71,14 @@ bool CModuleVersion::elfSymbol(const ElfLayout& layout, std::uint64_t table, std
         const std::uint64_t place =
             number(symbol + layout.symbolValue, layout.width) - holder.address + holder.offset;
         if (holder.type != 0 && holds(place, 1)) {
-            m_resources = m_view + place;
+            m_version.m_resources = m_version.m_view + place;
         }
         break;
     }
     return true;
 }
 
-bool CModuleVersion::findElfResources()
+bool CModuleVersion::Detail::findElfResources()
 {
     static constexpr ElfLayout layouts[] = {
         {4, 32, 46, 48, 50, 40, 12, 16, 20, 36, 16, 14, 4},
@@ -90,7 +90,7 @@ bool CModuleVersion::findElfResources()
         return false;
     }
     const ElfLayout& layout = layouts[fileClass - FirstClass];
-    m_swapBytes = number(5, 1) == 2;
+    m_version.m_swapBytes = number(5, 1) == 2;
     const std::uint16_t type = word(16);
     if (number(6, 1) != 1 || (type != 2 && type != 3) || dword(20) != 1 ||
         word(layout.sectionEntrySize) != layout.sectionSize) {

@@ -1,7 +1,7 @@
 // The walk through a resource tree to the version block (PE format, "The .rsrc Section"): three levels of directories,
 // by type, name and language. Offsets count from the start of the tree; named entries stand in front of those with
 // ids, and are passed over.
-#include "moduleVersion.h"
+#include "ModuleVersionDetail.h"
 
 namespace {
 
@@ -28,24 +28,24 @@ IdEntries idEntries(std::uint64_t directory, std::uint16_t named, std::uint16_t 
 } // namespace
 
 // A place of the file from an offset in the tree.
-std::uint64_t CModuleVersion::resource(std::uint32_t offset) const
+std::uint64_t CModuleVersion::Detail::resource(std::uint32_t offset) const
 {
-    return static_cast<std::uint64_t>(m_resources - m_view) + (offset & ~directoryBit);
+    return static_cast<std::uint64_t>(m_version.m_resources - m_version.m_view) + (offset & ~directoryBit);
 }
 
 // Directories may lead to one another again and again, and blocks may overlap: one budget holds for all of it.
-bool CModuleVersion::takeStep()
+bool CModuleVersion::Detail::takeStep()
 {
-    if (m_steps == m_size) {
+    if (m_version.m_steps == m_version.m_size) {
         return false;
     }
-    ++m_steps;
+    ++m_version.m_steps;
     return true;
 }
 
-bool CModuleVersion::readResources()
+bool CModuleVersion::Detail::readResources()
 {
-    if (m_resources == nullptr) {
+    if (m_version.m_resources == nullptr) {
         return false;
     }
     bool found = false;
@@ -75,7 +75,7 @@ bool CModuleVersion::readResources()
 }
 
 // False when the walk has come to its end.
-bool CModuleVersion::readVersionNames(std::uint64_t directory, bool& found)
+bool CModuleVersion::Detail::readVersionNames(std::uint64_t directory, bool& found)
 {
     const IdEntries entries = idEntries(directory, word(directory + 12), word(directory + 14));
     for (unsigned int i = 0; i < entries.count; ++i) {
@@ -95,7 +95,7 @@ bool CModuleVersion::readVersionNames(std::uint64_t directory, bool& found)
     return true;
 }
 
-CModuleVersion::Walk CModuleVersion::readLanguages(std::uint64_t directory, bool& found)
+CModuleVersion::Detail::Walk CModuleVersion::Detail::readLanguages(std::uint64_t directory, bool& found)
 {
     const IdEntries entries = idEntries(directory, word(directory + 12), word(directory + 14));
     for (unsigned int i = 0; i < entries.count; ++i) {
@@ -104,10 +104,10 @@ CModuleVersion::Walk CModuleVersion::readLanguages(std::uint64_t directory, bool
             return Walk::fails;
         }
         const std::uint32_t language = dword(entry);
-        if (!holds(entry, 8) || (!m_isElf && language > lastLanguage)) {
+        if (!holds(entry, 8) || (!m_version.m_isElf && language > lastLanguage)) {
             break;
         }
-        if (!m_isElf && language != firstLanguage && language != lastLanguage) {
+        if (!m_version.m_isElf && language != firstLanguage && language != lastLanguage) {
             continue;
         }
         const std::uint32_t target = dword(entry + 4);
@@ -115,11 +115,12 @@ CModuleVersion::Walk CModuleVersion::readLanguages(std::uint64_t directory, bool
             return Walk::fails;
         }
         const std::uint32_t place = dword(resource(target));
-        const std::uint64_t block =
-            m_isElf ? resource(0) + place
-                    : std::uint64_t{place} - m_section.virtualAddress + m_section.pointerToRawData;
+        const std::uint64_t block = m_version.m_isElf
+                                        ? resource(0) + place
+                                        : std::uint64_t{place} - m_version.m_section.virtualAddress +
+                                              m_version.m_section.pointerToRawData;
         const Walk walk = readBlock(block, found);
-        if (walk == Walk::fails || m_isElf || language == lastLanguage) {
+        if (walk == Walk::fails || m_version.m_isElf || language == lastLanguage) {
             return walk == Walk::fails ? walk : Walk::ends;
         }
     }
@@ -129,7 +130,7 @@ CModuleVersion::Walk CModuleVersion::readLanguages(std::uint64_t directory, bool
 // VS_VERSIONINFO: its length and that of its value in bytes, a type, a key in 16-bit characters, and, aligned, the
 // fixed part, which its signature tells. It is looked for in as many units as the length counts bytes: what follows the
 // block is looked at as well, up to the end of the file.
-CModuleVersion::Walk CModuleVersion::readBlock(std::uint64_t block, bool& found)
+CModuleVersion::Detail::Walk CModuleVersion::Detail::readBlock(std::uint64_t block, bool& found)
 {
     const std::uint16_t length = word(block);
     const std::uint16_t valueLength = word(block + 2);
@@ -149,16 +150,16 @@ CModuleVersion::Walk CModuleVersion::readBlock(std::uint64_t block, bool& found)
             continue;
         }
         // The upper half comes first where the most significant byte does.
-        const std::uint64_t signature = m_swapBytes ? place : place - 2;
+        const std::uint64_t signature = m_version.m_swapBytes ? place : place - 2;
         if (!holds(signature, 16)) {
             return Walk::fails;
         }
         const std::uint32_t upper = dword(signature + 8);
         const std::uint32_t lower = dword(signature + 12);
-        m_major = static_cast<int>(upper >> 16U);
-        m_minor = static_cast<int>(upper & 0xFFFFU);
-        m_build = static_cast<int>(lower >> 16U);
-        m_revision = static_cast<int>(lower & 0xFFFFU);
+        m_version.m_major = static_cast<int>(upper >> 16U);
+        m_version.m_minor = static_cast<int>(upper & 0xFFFFU);
+        m_version.m_build = static_cast<int>(lower >> 16U);
+        m_version.m_revision = static_cast<int>(lower & 0xFFFFU);
         found = true;
         return Walk::goesOn;
     }

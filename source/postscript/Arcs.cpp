@@ -2,6 +2,7 @@
 #include "surfacePSPrinter.h"
 
 #include "PostScriptChange.h"
+#include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
 #include "arcGeometry.h"
 
@@ -17,7 +18,7 @@ int degreesOf(double angle)
 } // namespace
 
 // Centre and radii in logical units, angles in degrees.
-struct CSurfacePSPrinter::ArcOperands {
+struct CSurfacePSPrinter::Detail::ArcOperands {
     POINT centre;
     int radiusX, radiusY;
     int startAngle, endAngle;
@@ -39,7 +40,8 @@ void CSurfacePSPrinter::PSArc(RECT* rect, POINT start, POINT end, int& radiusX, 
     endAngle = degreesOf(angleOf(centre, end));
 }
 
-CSurfacePSPrinter::ArcOperands CSurfacePSPrinter::arcOperands(RECT* rect, int x1, int y1, int x2, int y2)
+CSurfacePSPrinter::Detail::ArcOperands CSurfacePSPrinter::Detail::arcOperands(RECT* rect, int x1, int y1,
+                                                                              int x2, int y2)
 {
     ArcOperands arc{};
     arc.centre = centreOf(*rect);
@@ -47,11 +49,11 @@ CSurfacePSPrinter::ArcOperands CSurfacePSPrinter::arcOperands(RECT* rect, int x1
     return arc;
 }
 
-void CSurfacePSPrinter::appendPlainColor(TovoTextString& s, unsigned long color)
+void CSurfacePSPrinter::Detail::appendPlainColor(TovoTextString& s, unsigned long color)
 {
-    if (m_currentColor != color) {
+    if (m_page.m_currentColor != color) {
         appendPieces(s, PsColor{color}, " setrgbcolor ");
-        m_currentColor = color;
+        m_page.m_currentColor = color;
     }
 }
 
@@ -60,20 +62,20 @@ void CSurfacePSPrinter::ellipse(RECT* rect)
     if (rect == nullptr) {
         return;
     }
-    const ArcOperands whole{centreOf(*rect), widthOf(*rect) / 2, heightOf(*rect) / 2, 0, 360};
-    Change change(*this);
+    const Detail::ArcOperands whole{centreOf(*rect), widthOf(*rect) / 2, heightOf(*rect) / 2, 0, 360};
+    Detail::Change change(*this);
     TovoTextString text(ArcRoom);
     if (haveStroke()) {
-        appendPlainColor(text, m_pen.getColor());
+        Detail(*this).appendPlainColor(text, m_pen.getColor());
         appendPieces(text, m_pen.getWidth(), " setlinewidth ");
         whole.append(text, " ellipse stroke ");
     }
     if (haveFill()) {
-        appendPlainColor(text, m_brush.getColor());
+        Detail(*this).appendPlainColor(text, m_brush.getColor());
         whole.append(text, " ellipse fill");
     }
     appendPieces(text, "\n");
-    m_proceduresUsed |= EllipseUsed;
+    m_proceduresUsed |= Detail::EllipseUsed;
     m_body.append(text);
     change.keep();
 }
@@ -83,12 +85,12 @@ void CSurfacePSPrinter::drawArc(RECT* rect, int x1, int y1, int x2, int y2)
     if (rect == nullptr) {
         return;
     }
-    Change change(*this);
-    m_proceduresUsed |= EllipseUsed;
+    Detail::Change change(*this);
+    m_proceduresUsed |= Detail::EllipseUsed;
     if (haveStroke()) {
         TovoTextString text(ArcRoom);
         appendDrawStyle(text);
-        arcOperands(rect, x1, y1, x2, y2).append(text, " ellipse stroke\n");
+        Detail::arcOperands(rect, x1, y1, x2, y2).append(text, " ellipse stroke\n");
         m_body.append(text);
     }
     change.keep();
@@ -97,36 +99,38 @@ void CSurfacePSPrinter::drawArc(RECT* rect, int x1, int y1, int x2, int y2)
 void CSurfacePSPrinter::drawPie(RECT* rect, int x1, int y1, int x2, int y2)
 {
     if (rect != nullptr) {
-        drawSector(arcOperands(rect, x1, y1, x2, y2), " pie fill", " pie stroke", PieUsed);
+        Detail(*this).drawSector(Detail::arcOperands(rect, x1, y1, x2, y2), " pie fill", " pie stroke",
+                                 Detail::PieUsed);
     }
 }
 
 void CSurfacePSPrinter::drawChord(RECT* rect, int x1, int y1, int x2, int y2)
 {
     if (rect != nullptr) {
-        drawSector(arcOperands(rect, x1, y1, x2, y2), " chord fill ", " chord stroke ", ChordUsed);
+        Detail(*this).drawSector(Detail::arcOperands(rect, x1, y1, x2, y2), " chord fill ", " chord stroke ",
+                                 Detail::ChordUsed);
     }
 }
 
-void CSurfacePSPrinter::drawSector(const ArcOperands& arc, std::string_view fill, std::string_view stroke,
-                                   ProcedureBits procedure)
+void CSurfacePSPrinter::Detail::drawSector(const ArcOperands& arc, std::string_view fill,
+                                           std::string_view stroke, ProcedureBits procedure)
 {
-    Change change(*this);
+    Change change(m_page);
     TovoTextString text(ArcRoom);
-    if (haveFill()) {
-        appendFillStyle(text);
+    if (m_page.haveFill()) {
+        m_page.appendFillStyle(text);
         arc.append(text, fill);
     }
-    if (haveStroke()) {
+    if (m_page.haveStroke()) {
         const unsigned int filled = text.length();
-        appendDrawStyle(text);
+        m_page.appendDrawStyle(text);
         // A pen may have nothing to set, and the operands must not join the operator of the fill.
         const bool joined = filled > 0 && text.length() == filled && text.text()[filled - 1] != ' ';
         appendPieces(text, std::string_view(joined ? " " : ""));
         arc.append(text, stroke);
     }
     appendPieces(text, "\n");
-    m_proceduresUsed |= procedure;
-    m_body.append(text);
+    m_page.m_proceduresUsed |= procedure;
+    m_page.m_body.append(text);
     change.keep();
 }

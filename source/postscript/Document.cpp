@@ -2,6 +2,7 @@
 #include "surfacePSPrinter.h"
 
 #include "PostScriptChange.h"
+#include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
 #include "PostScriptProlog.h"
 #include "PostScriptSamples.h"
@@ -26,12 +27,13 @@ FixedNumber scaleOf(int millimetres, int units)
 
 int CSurfacePSPrinter::closeSurface()
 {
-    Change change(*this);
-    defineMissingPatterns();
+    Detail detail(*this);
+    Detail::Change change(*this);
+    detail.defineMissingPatterns();
     TovoTextString head;
-    appendHead(head);
-    appendProcedures(head);
-    appendPatternDefs(head);
+    detail.appendHead(head);
+    detail.appendProcedures(head);
+    detail.appendPatternDefs(head);
     const std::string_view end = m_clipActive ? "grestore\n\nshowpage\n\n" : "\nshowpage\n\n";
     m_body.room(lengthIn32Bits(std::uint64_t{head.length()} + end.size()));
     // With that room made, nothing fails any more.
@@ -39,27 +41,28 @@ int CSurfacePSPrinter::closeSurface()
     m_body.append(end.data(), static_cast<unsigned int>(end.size()));
     m_clipActive = false;
     m_missingPictures.cutTo(0);
-    forgetPatternDefs();
+    detail.forgetPatternDefs();
     change.keep();
     if (isWrittenAsZero(scaleOf(m_pageWidth, m_width)) || isWrittenAsZero(scaleOf(m_pageHeight, m_height))) {
-        tellOfTrap(Trap::ZeroScale);
+        detail.tellOfTrap(Detail::Trap::ZeroScale);
     }
     return 0;
 }
 
 // From here on a unit is a logical unit, and the origin is the top left corner of the page image.
-void CSurfacePSPrinter::appendHead(TovoTextString& s) const
+void CSurfacePSPrinter::Detail::appendHead(TovoTextString& s) const
 {
     appendPieces(s, "%!PS-Adobe-3.0\n%%LanguageLevel: 2\n%%Creator: Tovo ",
-                 std::string_view(moduleVersionText()),
-                 "\n%%Orientation: ", std::string_view(m_width > m_height ? "Landscape\n" : "Portrait\n"));
-    appendPieces(s, wholePoints(m_originX), " ", wholePoints(m_originY), " translate\n");
-    appendPieces(s, "0 ", wholePoints(m_pageHeight), " translate\n");
-    appendPieces(s, scaleOf(m_pageWidth, m_width), " ", scaleOf(m_pageHeight, m_height), " scale\n\n");
+                 std::string_view(moduleVersionText()), "\n%%Orientation: ",
+                 std::string_view(m_page.m_width > m_page.m_height ? "Landscape\n" : "Portrait\n"));
+    appendPieces(s, wholePoints(m_page.m_originX), " ", wholePoints(m_page.m_originY), " translate\n");
+    appendPieces(s, "0 ", wholePoints(m_page.m_pageHeight), " translate\n");
+    appendPieces(s, scaleOf(m_page.m_pageWidth, m_page.m_width), " ",
+                 scaleOf(m_page.m_pageHeight, m_page.m_height), " scale\n\n");
 }
 
 // What the text calls, and what that calls in turn. The text family is in every document.
-void CSurfacePSPrinter::appendProcedures(TovoTextString& s) const
+void CSurfacePSPrinter::Detail::appendProcedures(TovoTextString& s) const
 {
     static constexpr struct {
         unsigned int callers;
@@ -79,7 +82,7 @@ void CSurfacePSPrinter::appendProcedures(TovoTextString& s) const
     };
     appendPieces(s, PostScriptProlog::jshow);
     for (const auto& family : Families) {
-        if ((m_proceduresUsed & family.callers) != 0) {
+        if ((m_page.m_proceduresUsed & family.callers) != 0) {
             appendPieces(s, *family.text);
         }
     }

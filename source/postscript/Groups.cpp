@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "PostScriptChange.h"
+#include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
 
 namespace {
@@ -22,7 +23,7 @@ bool leavesNoArea(FixedNumber m11, FixedNumber m12, FixedNumber m21, FixedNumber
 
 void CSurfacePSPrinter::setClippingRegion(RECT* rect)
 {
-    Change change(*this);
+    Detail::Change change(*this);
     const bool transformed = m_hasTransform;
     if (transformed) {
         clearTransform();
@@ -38,10 +39,10 @@ void CSurfacePSPrinter::setClippingRegion(RECT* rect)
     }
     m_body.append(text);
     if (m_clipActive || rect == nullptr) {
-        endState();
+        Detail(*this).endState();
     }
     if (rect != nullptr) {
-        beginState();
+        Detail(*this).beginState();
     }
     m_clipActive = rect != nullptr;
     if (transformed) {
@@ -62,16 +63,16 @@ void CSurfacePSPrinter::setTransform(float m11, float m12, float m21, float m22,
     appendPieces(text, "gsave [", number(m11), " ", number(-m12), " ", number(-m21), " ", number(m22), " ",
                  number(dx), " ", number(-dy), "] concat\n");
     m_body.append(text);
-    beginState();
+    Detail(*this).beginState();
     CSurface::setTransform(m11, m12, m21, m22, dx, dy);
     if (leavesNoArea(number(m11), number(m12), number(m21), number(m22))) {
-        tellOfTrap(Trap::FlatTransform);
+        Detail(*this).tellOfTrap(Detail::Trap::FlatTransform);
     }
 }
 
 void CSurfacePSPrinter::clearTransform()
 {
     m_body.append("grestore\n");
-    endState();
+    Detail(*this).endState();
     CSurface::clearTransform();
 }

@@ -4,14 +4,15 @@
 #include <memory>
 
 #include "PostScriptChange.h"
+#include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
 #include "PostScriptSamples.h"
 #include "drawingNumbers.h"
 #include "putByNumber.h"
 
-CPostScriptImage* CSurfacePSPrinter::imageAt(unsigned int id) const
+CPostScriptImage* CSurfacePSPrinter::Detail::imageAt(unsigned int id) const
 {
-    return m_images.atGet(id);
+    return m_page.m_images.atGet(id);
 }
 
 // An image that cannot be decoded stays in the table without data: its id is taken, and it draws nothing.
@@ -19,10 +20,10 @@ void CSurfacePSPrinter::includeImage(unsigned int id, unsigned char* data, int s
                                      int picType)
 {
     if (id > GreatestImageId) {
-        tellOfRefusedImage(id);
+        Detail(*this).tellOfRefusedImage(id);
         return;
     }
-    if (imageAt(id) != nullptr) {
+    if (Detail(*this).imageAt(id) != nullptr) {
         return;
     }
     std::unique_ptr<CPostScriptImage> image(new CPostScriptImage);
@@ -36,12 +37,12 @@ void CSurfacePSPrinter::includeImage(unsigned int id, unsigned char* data, int s
                 image->m_bitsPerPixel);
     putByNumber(m_images, id, static_cast<CPostScriptImage*>(nullptr)); // room, before anything can be seen
     if (picType == TilePicture) {
-        definePattern(static_cast<int>(id), width, height, image->m_data);
+        Detail(*this).definePattern(static_cast<int>(id), width, height, image->m_data);
     }
     m_images[id] = image.release();
 }
 
-void CSurfacePSPrinter::appendImageDictionary(TovoTextString& s, int width, int height)
+void CSurfacePSPrinter::Detail::appendImageDictionary(TovoTextString& s, int width, int height)
 {
     appendPieces(s, "<< /ImageType 1 /Width ", width, " /Height ", height,
                  " /BitsPerComponent 8 /ImageMatrix [", width, " 0 0 ", height,
@@ -50,14 +51,14 @@ void CSurfacePSPrinter::appendImageDictionary(TovoTextString& s, int width, int 
 
 void CSurfacePSPrinter::drawImage(RECT* rect, unsigned int id, int mode, int /*x*/, int /*y*/)
 {
-    const CPostScriptImage* const image = imageAt(id);
+    const CPostScriptImage* const image = Detail(*this).imageAt(id);
     if (rect == nullptr || image == nullptr || image->m_data.isEmpty()) {
         return;
     }
     const bool scaled = mode == ScaledMode;
     const int width = scaled ? widthOf(*rect) : image->m_width;
     const int height = scaled ? heightOf(*rect) : image->m_height;
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString head(TextRoom{100});
     appendPieces(head, "gsave\n newpath ");
     appendPath(head, rect);
@@ -65,7 +66,7 @@ void CSurfacePSPrinter::drawImage(RECT* rect, unsigned int id, int mode, int /*x
                  PsPoint{rect->left, scaled ? int{rect->bottom} : wrapAdd(rect->top, image->m_height)},
                  " translate ", width, " ", height, " scale ");
     if (mode == TiledMode) {
-        usePattern(static_cast<int>(id));
+        Detail(*this).usePattern(static_cast<int>(id));
         appendPieces(head, "\n[/Pattern /DeviceRGB] setcolorspace Pattern", id,
                      " setpattern  clippath fill\ngrestore\n");
         m_body.append(head);
@@ -73,11 +74,11 @@ void CSurfacePSPrinter::drawImage(RECT* rect, unsigned int id, int mode, int /*x
         return;
     }
     appendPieces(head, " /DeviceRGB setcolorspace\n");
-    appendImageDictionary(head, image->m_width, image->m_height);
+    Detail::appendImageDictionary(head, image->m_width, image->m_height);
     appendPieces(head, " currentfile /ASCIIHexDecode filter",
                  std::string_view(image->m_compressed ? " /RunLengthDecode filter\n" : "\n"));
     if (image->m_bitsPerPixel == WithTransparency) {
-        m_proceduresUsed |= TransparentImageUsed;
+        m_proceduresUsed |= Detail::TransparentImageUsed;
         appendPieces(head, ">> 1 transparentimage\n");
     } else {
         appendPieces(head, ">> image\n");

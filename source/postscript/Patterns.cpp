@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
 #include "PostScriptSamples.h"
 #include "drawingNumbers.h"
@@ -66,15 +67,15 @@ int extentOf(int stated, const TovoTextString& samples)
 
 } // namespace
 
-bool CSurfacePSPrinter::isPatternDefined(int picture) const
+bool CSurfacePSPrinter::Detail::isPatternDefined(int picture) const
 {
-    const bool* const defined = m_definedPatterns.atGet(static_cast<unsigned int>(picture));
+    const bool* const defined = m_page.m_definedPatterns.atGet(static_cast<unsigned int>(picture));
     return defined != nullptr && *defined;
 }
 
 // Of an image that was not included as a tile, the pattern is defined when it is used first. The picture of a
 // brush can be any number, and its image can come later or never: the end of the page sees to those.
-void CSurfacePSPrinter::usePattern(int picture)
+void CSurfacePSPrinter::Detail::usePattern(int picture)
 {
     if (isPatternDefined(picture)) {
         return;
@@ -82,11 +83,12 @@ void CSurfacePSPrinter::usePattern(int picture)
     if (const CPostScriptImage* const image = imageAt(static_cast<unsigned int>(picture))) {
         definePattern(picture, image->m_width, image->m_height, plainSamples(*image));
     } else {
-        m_missingPictures.add(picture);
+        m_page.m_missingPictures.add(picture);
     }
 }
 
-void CSurfacePSPrinter::definePattern(int picture, int width, int height, const TovoTextString& samples)
+void CSurfacePSPrinter::Detail::definePattern(int picture, int width, int height,
+                                              const TovoTextString& samples)
 {
     const int w = extentOf(width, samples);
     const int h = extentOf(height, samples);
@@ -99,28 +101,30 @@ void CSurfacePSPrinter::definePattern(int picture, int width, int height, const 
     text.append(samples);
     appendPieces(text, ">\n  >>image\n }\n>> matrix makepattern /Pattern", picture, " exch def\n");
     if (picture >= 0 && picture <= GreatestImageId) {
-        putByNumber(m_definedPatterns, static_cast<unsigned int>(picture), false); // room
+        putByNumber(m_page.m_definedPatterns, static_cast<unsigned int>(picture), false); // room
     }
-    m_patternDefs.add({picture, lengthIn32Bits(std::uint64_t{m_patternTexts.length()} + text.length())});
-    doOrUndo([&] { m_patternTexts.append(text); }, [&] { m_patternDefs.cutTo(m_patternDefs.size() - 1); });
+    m_page.m_patternDefs.add(
+        {picture, lengthIn32Bits(std::uint64_t{m_page.m_patternTexts.length()} + text.length())});
+    doOrUndo([&] { m_page.m_patternTexts.append(text); },
+             [&] { m_page.m_patternDefs.cutTo(m_page.m_patternDefs.size() - 1); });
     setPatternDefined(picture, true);
 }
 
 // Numbers of no image have no place in the table, which has room for all others that were defined.
-void CSurfacePSPrinter::setPatternDefined(int picture, bool defined)
+void CSurfacePSPrinter::Detail::setPatternDefined(int picture, bool defined)
 {
-    if (static_cast<unsigned int>(picture) < m_definedPatterns.size()) {
-        m_definedPatterns[static_cast<unsigned int>(picture)] = defined;
+    if (static_cast<unsigned int>(picture) < m_page.m_definedPatterns.size()) {
+        m_page.m_definedPatterns[static_cast<unsigned int>(picture)] = defined;
     }
 }
 
 // A name that nobody defines would end the document: what is painted with an image that never came paints
 // nothing.
-void CSurfacePSPrinter::defineMissingPatterns()
+void CSurfacePSPrinter::Detail::defineMissingPatterns()
 {
-    int* const first = m_missingPictures.atGet(0); // null when there is none
-    std::sort(first, first + m_missingPictures.size());
-    const int* const end = std::unique(first, first + m_missingPictures.size());
+    int* const first = m_page.m_missingPictures.atGet(0); // null when there is none
+    std::sort(first, first + m_page.m_missingPictures.size());
+    const int* const end = std::unique(first, first + m_page.m_missingPictures.size());
     for (const int* picture = first; picture != end; ++picture) {
         if (imageAt(static_cast<unsigned int>(*picture)) != nullptr) {
             usePattern(*picture);
@@ -130,28 +134,28 @@ void CSurfacePSPrinter::defineMissingPatterns()
     }
 }
 
-void CSurfacePSPrinter::appendPatternDefs(TovoTextString& front) const
+void CSurfacePSPrinter::Detail::appendPatternDefs(TovoTextString& front) const
 {
-    front.reserve(lengthIn32Bits(std::uint64_t{front.length()} + m_patternTexts.length()));
-    for (unsigned int i = m_patternDefs.size(); i > 0; --i) {
-        const unsigned int begin = i > 1 ? m_patternDefs[i - 2].end : 0;
-        front.append(m_patternTexts.text() + begin, m_patternDefs[i - 1].end - begin);
+    front.reserve(lengthIn32Bits(std::uint64_t{front.length()} + m_page.m_patternTexts.length()));
+    for (unsigned int i = m_page.m_patternDefs.size(); i > 0; --i) {
+        const unsigned int begin = i > 1 ? m_page.m_patternDefs[i - 2].end : 0;
+        front.append(m_page.m_patternTexts.text() + begin, m_page.m_patternDefs[i - 1].end - begin);
     }
 }
 
 // They are part of the page's text from now on.
-void CSurfacePSPrinter::forgetPatternDefs()
+void CSurfacePSPrinter::Detail::forgetPatternDefs()
 {
-    m_patternTexts.empty();
-    m_patternDefs.cutTo(0);
+    m_page.m_patternTexts.empty();
+    m_page.m_patternDefs.cutTo(0);
 }
 
-void CSurfacePSPrinter::settlePatternDefs()
+void CSurfacePSPrinter::Detail::settlePatternDefs()
 {
-    if (!m_patternTexts.isEmpty()) {
+    if (!m_page.m_patternTexts.isEmpty()) {
         TovoTextString front;
         appendPatternDefs(front);
-        putInFront(m_body, front);
+        putInFront(m_page.m_body, front);
         forgetPatternDefs();
     }
 }

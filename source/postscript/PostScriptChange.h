@@ -4,10 +4,10 @@
 // page is then as it was before. Taking back needs no memory.
 #pragma once
 
+#include "PostScriptDetail.h"
 #include "TextChange.h"
-#include "surfacePSPrinter.h"
 
-class CSurfacePSPrinter::Change {
+class CSurfacePSPrinter::Detail::Change {
 public:
     explicit Change(CSurfacePSPrinter& page)
         : m_page(page), m_bodyLength(page.m_body.length()), m_procedures(page.m_proceduresUsed),
@@ -40,7 +40,7 @@ private:
         m_page.m_stateDepth = m_stateDepth;
         m_page.m_depthsWithFont = m_depthsWithFont;
         for (unsigned int i = m_patterns; i < m_page.m_patternDefs.size(); ++i) {
-            m_page.setPatternDefined(m_page.m_patternDefs[i].picture, false);
+            Detail(m_page).setPatternDefined(m_page.m_patternDefs[i].picture, false);
         }
         m_page.m_patternDefs.cutTo(m_patterns);
         m_page.m_patternTexts.cutTo(m_patternsLength);

@@ -2,6 +2,7 @@
 #include "surfacePSPrinter.h"
 
 #include "PostScriptChange.h"
+#include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
 #include "drawingNumbers.h"
 #include "undo.h"
@@ -24,7 +25,7 @@ bool drawable(const POINT* points, unsigned int count)
 
 void CSurfacePSPrinter::drawLine(int x1, int y1, int x2, int y2)
 {
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString text(ShapeRoom);
     appendDrawStyle(text);
     appendPieces(text, " ", PsPoint{x1, y1}, " moveto ", PsPoint{x2, y2}, " lineto stroke\n");
@@ -39,7 +40,7 @@ void CSurfacePSPrinter::drawRectangle(RECT* rect)
     }
     const bool stroke = haveStroke();
     const bool fill = haveFill();
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, PsRectangle{*rect}, std::string_view(stroke && fill ? " 4 copy" : ""));
     if (fill) {
@@ -60,10 +61,10 @@ void CSurfacePSPrinter::drawSolidRectangle(RECT* rect, unsigned long color)
     if (rect == nullptr) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, PsColor{color}, " ", PsRectangle{*rect}, " solidrect\n");
-    m_proceduresUsed |= SolidRectUsed;
+    m_proceduresUsed |= Detail::SolidRectUsed;
     m_body.append(text);
     change.keep();
 }
@@ -73,10 +74,10 @@ void CSurfacePSPrinter::frameRect(RECT* rect, unsigned long color)
     if (rect == nullptr) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, PsColor{color}, " ", PsRectangle{*rect}, " framerect\n");
-    m_proceduresUsed |= FrameRectUsed;
+    m_proceduresUsed |= Detail::FrameRectUsed;
     m_body.append(text);
     change.keep();
 }
@@ -86,10 +87,10 @@ void CSurfacePSPrinter::drawFocusRect(RECT* rect)
     if (rect == nullptr) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, PsRectangle{*rect}, " focusrect\n");
-    m_proceduresUsed |= FocusRectUsed;
+    m_proceduresUsed |= Detail::FocusRectUsed;
     m_body.append(text);
     change.keep();
 }
@@ -104,7 +105,7 @@ void CSurfacePSPrinter::drawRoundedRectangle(RECT* rect, unsigned int radius, un
     const PsPoint topRight{rect->right, rect->top};
     const PsPoint bottomRight{rect->right, rect->bottom};
     const PsPoint bottomLeft{rect->left, rect->bottom};
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, PsPoint{wrapAdd(rect->left, r), rect->top}, " moveto ");
     appendPieces(text, topRight, " ", bottomRight, " ", r, " arcto ");
@@ -118,7 +119,7 @@ void CSurfacePSPrinter::drawRoundedRectangle(RECT* rect, unsigned int radius, un
     const int width = widthOf(*rect);
     const int height = heightOf(*rect);
     if (width == 0 || height == 0 || hasLength(width, r) || hasLength(height, r)) {
-        tellOfTrap(Trap::RoundedCorners);
+        Detail(*this).tellOfTrap(Detail::Trap::RoundedCorners);
     }
 }
 
@@ -132,14 +133,14 @@ void CSurfacePSPrinter::drawPolygon(POINT* points, unsigned int count, bool fill
     if (!drawable(points, count)) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, " newpath ");
     appendPath(text, points, count);
     if (fill && haveFill()) {
         appendStrokeAndFill(text);
     } else {
-        appendStroke(text);
+        Detail(*this).appendStroke(text);
     }
     appendPieces(text, "\n");
     m_body.append(text);
@@ -156,11 +157,11 @@ void CSurfacePSPrinter::drawPolyline(POINT* points, unsigned int count)
     if (!drawable(points, count)) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString text(ShapeRoom);
     appendPieces(text, " newpath ");
-    appendOpenPath(text, points, count);
-    appendStroke(text);
+    Detail::appendOpenPath(text, points, count);
+    Detail(*this).appendStroke(text);
     appendPieces(text, "\n");
     m_body.append(text);
     change.keep();
@@ -171,7 +172,7 @@ void CSurfacePSPrinter::drawPath(RECT* rect, bool fill)
     if (rect == nullptr) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString text(ShapeRoom);
     appendClipStyle(text, rect);
     appendPieces(text, "\n");

@@ -4,6 +4,7 @@
 #include "surfacePSPrinter.h"
 
 #include "PostScriptChange.h"
+#include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
 #include "drawingNumbers.h"
 
@@ -62,7 +63,7 @@ void CSurfacePSPrinter::appendPath(TovoTextString& s, RECT* rect)
                  " lineto closepath");
 }
 
-void CSurfacePSPrinter::appendOpenPath(TovoTextString& s, const POINT* points, unsigned int count)
+void CSurfacePSPrinter::Detail::appendOpenPath(TovoTextString& s, const POINT* points, unsigned int count)
 {
     for (unsigned int i = 0; i < count; ++i) {
         appendPieces(s, PsPoint{points[i].x, points[i].y},
@@ -73,7 +74,7 @@ void CSurfacePSPrinter::appendOpenPath(TovoTextString& s, const POINT* points, u
 void CSurfacePSPrinter::appendPath(TovoTextString& s, POINT* points, unsigned int count)
 {
     if (count > 0) {
-        appendOpenPath(s, points, count);
+        Detail::appendOpenPath(s, points, count);
         appendPieces(s, "closepath");
     }
 }
@@ -122,29 +123,29 @@ void CSurfacePSPrinter::appendFillStyle(TovoTextString& s)
     } else if (style == PictureBrush) {
         appendPieces(s, "\n[/Pattern /DeviceRGB] setcolorspace Pattern", m_brush.getPicture(),
                      " setpattern ");
-        usePattern(m_brush.getPicture());
+        Detail(*this).usePattern(m_brush.getPicture());
     } else if (hatch >= 0 && hatch < HatchCount) {
         appendPieces(s, "\n[/Pattern /DeviceRGB] setcolorspace ", PsColor{m_brush.getColor()}, Hatches[hatch],
                      " setcolor ");
-        m_proceduresUsed |= HatchUsed;
+        m_proceduresUsed |= Detail::HatchUsed;
     }
     change.keep();
 }
 
 // A path that no pen paints is dropped: it would be painted with the next one.
-void CSurfacePSPrinter::appendStroke(TovoTextString& s)
+void CSurfacePSPrinter::Detail::appendStroke(TovoTextString& s)
 {
-    appendDrawStyle(s);
-    appendPieces(s, std::string_view(haveStroke() ? " stroke" : " newpath"));
+    m_page.appendDrawStyle(s);
+    appendPieces(s, std::string_view(m_page.haveStroke() ? " stroke" : " newpath"));
 }
 
 void CSurfacePSPrinter::appendStrokeAndFill(TovoTextString& s)
 {
-    Change change(*this);
+    Detail::Change change(*this);
     TextChange textChange(s);
     if (!haveFill()) {
         if (haveStroke()) {
-            appendStroke(s);
+            Detail(*this).appendStroke(s);
         }
     } else if (!haveStroke()) {
         appendFillStyle(s);
@@ -156,7 +157,7 @@ void CSurfacePSPrinter::appendStrokeAndFill(TovoTextString& s)
         appendFillStyle(s);
         appendPieces(s, " fill grestore");
         m_currentColor = colorOutside;
-        appendStroke(s);
+        Detail(*this).appendStroke(s);
     }
     change.keep();
     textChange.keep();

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "PostScriptDetail.h"
 #include "rectangle.h"
 
 namespace {
@@ -83,7 +84,7 @@ CSurfacePSPrinter::~CSurfacePSPrinter()
 
 void* CSurfacePSPrinter::getData()
 {
-    settlePatternDefs();
+    Detail(*this).settlePatternDefs();
     return m_body.text();
 }
 
@@ -97,7 +98,7 @@ void CSurfacePSPrinter::getData(unsigned char* buffer, unsigned int& size)
 
 int CSurfacePSPrinter::getDataLength()
 {
-    settlePatternDefs();
+    Detail(*this).settlePatternDefs();
     return static_cast<int>(m_body.length());
 }
 

@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "PostScriptChange.h"
+#include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
 #include "PostScriptUnits.h"
 #include "boundedText.h"
@@ -72,9 +73,9 @@ TovoTextString CSurfacePSPrinter::toPS(TovoTextString text)
     return escaped;
 }
 
-double CSurfacePSPrinter::unitsPerPoint() const
+double CSurfacePSPrinter::Detail::unitsPerPoint() const
 {
-    return m_pageHeight != 0 ? m_height / (m_pageHeight * PointsPerMillimetre) : 1;
+    return m_page.m_pageHeight != 0 ? m_page.m_height / (m_page.m_pageHeight * PointsPerMillimetre) : 1;
 }
 
 void CSurfacePSPrinter::setFont(CSurfaceFont* font)
@@ -99,48 +100,49 @@ void CSurfacePSPrinter::writeFont(char* faceName, float size, bool bold, bool it
 {
     const std::string_view name(faceName != nullptr ? faceName : "");
     const bool withBlank = name.find(' ') != std::string_view::npos;
-    const FixedNumber units = finiteNumber(size * unitsPerPoint(), 2);
+    Detail detail(*this);
+    const FixedNumber units = finiteNumber(size * detail.unitsPerPoint(), 2);
     TovoTextString text(TextRoom{200});
     appendPieces(text, "/", std::string_view(withBlank ? "(" : ""), name, styleOf(bold, italic),
                  std::string_view(withBlank ? ")" : ""), " findfont ", units, " scalefont setfont \n");
     m_body.append(text);
-    noteFont();
+    detail.noteFont();
     if (isWrittenAsZero(units)) {
-        tellOfTrap(Trap::ZeroFont);
+        detail.tellOfTrap(Detail::Trap::ZeroFont);
     }
     if (name.find_first_of("()<>[]{}/%") != std::string_view::npos) {
-        tellOfTrap(Trap::FontName);
+        detail.tellOfTrap(Detail::Trap::FontName);
     }
 }
 
 // Whether it wrote anything.
-bool CSurfacePSPrinter::appendTextColor(TovoTextString& s)
+bool CSurfacePSPrinter::Detail::appendTextColor(TovoTextString& s)
 {
-    if (m_currentColor == m_textStyle.getColor()) {
+    if (m_page.m_currentColor == m_page.m_textStyle.getColor()) {
         return false;
     }
-    appendRGBColor(s, m_textStyle.getColor());
-    m_currentColor = m_textStyle.getColor();
+    appendRGBColor(s, m_page.m_textStyle.getColor());
+    m_page.m_currentColor = m_page.m_textStyle.getColor();
     return true;
 }
 
 void CSurfacePSPrinter::appendTextStyle(TovoTextString& s, RECT* rect, int /*flags*/)
 {
-    Change change(*this);
+    Detail::Change change(*this);
     TextChange textChange(s);
     appendClipStyle(s, rect);
     if (m_currentColor != m_textStyle.getColor()) {
         appendPieces(s, " ");
-        appendTextColor(s);
+        Detail(*this).appendTextColor(s);
     }
     appendPieces(s, "\n");
     change.keep();
     textChange.keep();
 }
 
-int CSurfacePSPrinter::baseLineBelow(int top) const
+int CSurfacePSPrinter::Detail::baseLineBelow(int top) const
 {
-    return wrapAdd(top, saturateToInt(m_font.getSize()));
+    return wrapAdd(top, saturateToInt(m_page.m_font.getSize()));
 }
 
 void CSurfacePSPrinter::drawString(const char* text, RECT* rect, unsigned int flags)
@@ -148,11 +150,11 @@ void CSurfacePSPrinter::drawString(const char* text, RECT* rect, unsigned int fl
     if (text == nullptr || rect == nullptr) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     const std::string_view characters(text);
     TovoTextString run(roomFor(characters));
     appendTextStyle(run, rect, wrapToInt(flags));
-    appendPieces(run, " ", PsPoint{rect->left, baseLineBelow(rect->top)}, " moveto\n(");
+    appendPieces(run, " ", PsPoint{rect->left, Detail(*this).baseLineBelow(rect->top)}, " moveto\n(");
     appendLiteral(run, characters);
     appendPieces(run, ") show\n");
     m_body.append(run);
@@ -169,19 +171,19 @@ void CSurfacePSPrinter::drawTextAt(const char* text, POINT* point, unsigned int 
     if (text == nullptr || point == nullptr) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     const std::string_view characters(text);
     std::string_view show = ") show\n";
     if ((flags & RightFlag) != 0) {
         show = ") rightshow\n";
-        m_proceduresUsed |= RightShowUsed;
+        m_proceduresUsed |= Detail::RightShowUsed;
     } else if ((flags & CentreFlag) != 0) {
         show = ") middleshow\n";
-        m_proceduresUsed |= MiddleShowUsed;
+        m_proceduresUsed |= Detail::MiddleShowUsed;
     }
     TovoTextString run(roomFor(characters));
-    appendTextColor(run);
-    appendPieces(run, " ", PsPoint{point->x, baseLineBelow(point->y)}, " moveto (");
+    Detail(*this).appendTextColor(run);
+    appendPieces(run, " ", PsPoint{point->x, Detail(*this).baseLineBelow(point->y)}, " moveto (");
     appendLiteral(run, characters);
     appendPieces(run, show);
     m_body.append(run);
@@ -212,9 +214,9 @@ bool CSurfacePSPrinter::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* re
     if (chunks == nullptr || rect == nullptr) {
         return false;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString text(TextRoom{500});
-    if (appendTextColor(text)) {
+    if (Detail(*this).appendTextColor(text)) {
         appendPieces(text, "\n");
     }
     appendPieces(text, "gsave");
@@ -224,7 +226,7 @@ bool CSurfacePSPrinter::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* re
         appendPieces(text, " clip");
     }
     appendPieces(text, "\n");
-    const double unit = unitsPerPoint();
+    const double unit = Detail(*this).unitsPerPoint();
     const int ascent = saturateToInt(m_font.getSize() * unit);
     const int lineHeight = saturateToInt(m_font.getSize() * 1.2 * unit);
     int offset = ascent; // of the lines that have no y of their own, below the top
@@ -244,7 +246,7 @@ bool CSurfacePSPrinter::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* re
             const int x = chunk->m_followsPrevious ? rect->left : chunk->m_position.x;
             appendPieces(text, PsPoint{x, y}, " moveto ");
         }
-        appendChunk(text, *chunk);
+        Detail(*this).appendChunk(text, *chunk);
         previous = chunk;
     }
     appendPieces(text, "grestore\n");
@@ -253,25 +255,25 @@ bool CSurfacePSPrinter::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* re
     return true;
 }
 
-void CSurfacePSPrinter::appendChunk(TovoTextString& s, const CSurfaceTextChunk& chunk)
+void CSurfacePSPrinter::Detail::appendChunk(TovoTextString& s, const CSurfaceTextChunk& chunk)
 {
-    const bool underline = m_font.getUnderline() || chunk.m_underline;
-    if ((underline || m_font.getStrikethru()) && m_depthsWithFont == 0) {
+    const bool underline = m_page.m_font.getUnderline() || chunk.m_underline;
+    if ((underline || m_page.m_font.getStrikethru()) && m_page.m_depthsWithFont == 0) {
         tellOfTrap(Trap::LineWithoutFont);
     }
     if (chunk.m_text.length() == 0 && chunk.m_textLength > 0) {
         tellOfTrap(Trap::EmptyRunWithWidth);
     }
-    const int charAngle = m_textStyle.getCharAngle();
-    const int textAngle = m_textStyle.getTextAngle();
+    const int charAngle = m_page.m_textStyle.getCharAngle();
+    const int textAngle = m_page.m_textStyle.getTextAngle();
     appendPieces(s, std::max(chunk.m_textLength, 0), " ",
-                 std::string_view(m_font.getStrikethru() ? " true" : " false"),
+                 std::string_view(m_page.m_font.getStrikethru() ? " true" : " false"),
                  std::string_view(underline ? " true (" : " false ("));
     appendLiteral(s, viewOf(chunk.m_text));
     if (charAngle == 0 && textAngle == 0) {
         appendPieces(s, ") jshow\n");
     } else {
-        m_proceduresUsed |= RotatedShowUsed;
+        m_page.m_proceduresUsed |= RotatedShowUsed;
         appendPieces(s, ") ", charAngle, "  ", textAngle, "  rotatedshow\n");
     }
 }

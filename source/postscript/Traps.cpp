@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "PostScriptDetail.h"
 #include "moduleHeap.h"
 #include "toldOnce.h"
 
@@ -34,38 +35,38 @@ unsigned int bitOf(unsigned int depth)
 
 } // namespace
 
-void CSurfacePSPrinter::tellOfTrap(Trap trap)
+void CSurfacePSPrinter::Detail::tellOfTrap(Trap trap)
 {
     static_assert(static_cast<unsigned int>(Trap::EmptyRunWithWidth) + 1 == std::size(trapTexts));
     const unsigned int bit = 1U << static_cast<unsigned int>(trap);
-    if ((m_toldTraps & bit) == 0) {
-        m_toldTraps |= bit;
+    if ((m_page.m_toldTraps & bit) == 0) {
+        m_page.m_toldTraps |= bit;
         moduleLog.log("%s", trapTexts[static_cast<unsigned int>(trap)]);
     }
 }
 
-void CSurfacePSPrinter::tellOfRefusedImage(unsigned int id)
+void CSurfacePSPrinter::Detail::tellOfRefusedImage(unsigned int id)
 {
-    if (firstTold(m_toldImages, id)) {
+    if (firstTold(m_page.m_toldImages, id)) {
         moduleLog.log("CSurfacePSPrinter::includeImage Image id %u is above 65535", id);
     }
 }
 
 // A gsave and a grestore of the page's text. An interpreter forgets with a state the font that was set in it.
-void CSurfacePSPrinter::beginState()
+void CSurfacePSPrinter::Detail::beginState()
 {
-    ++m_stateDepth;
+    ++m_page.m_stateDepth;
 }
 
-void CSurfacePSPrinter::endState()
+void CSurfacePSPrinter::Detail::endState()
 {
-    if (m_stateDepth > 0) {
-        --m_stateDepth;
-        m_depthsWithFont &= bitOf(m_stateDepth) * 2 - 1;
+    if (m_page.m_stateDepth > 0) {
+        --m_page.m_stateDepth;
+        m_page.m_depthsWithFont &= bitOf(m_page.m_stateDepth) * 2 - 1;
     }
 }
 
-void CSurfacePSPrinter::noteFont()
+void CSurfacePSPrinter::Detail::noteFont()
 {
-    m_depthsWithFont |= bitOf(m_stateDepth);
+    m_page.m_depthsWithFont |= bitOf(m_page.m_stateDepth);
 }

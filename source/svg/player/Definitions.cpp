@@ -9,6 +9,7 @@
 #include "PageCursor.h"
 #include "SvgColor.h"
 #include "SvgDialect.h"
+#include "SvgPlayerDetail.h"
 #include "ValueDuring.h"
 #include "WalkMemory.h"
 #include "drawingNumbers.h"
@@ -86,19 +87,19 @@ int CMetaFilePlayerSVG::processDefsElement(char** element)
         char* const next = m_memory->elementEnd + 1;
         switch (type) {
         case RecordClipPath:
-            result = processClipDefinition(cursor);
+            result = Detail(*this).processClipDefinition(cursor);
             break;
         case RecordPattern:
-            result = processPatternDefinition(cursor);
+            result = Detail(*this).processPatternDefinition(cursor);
             break;
         case RecordImage:
-            result = processImageDefinition(cursor);
+            result = Detail(*this).processImageDefinition(cursor);
             break;
         case RecordSymbol: // for viewers
         case RecordPath:   // what rotated text refers to
             break;
         default:
-            reportUnexpectedElement(__LINE__);
+            Detail::reportUnexpectedElement(__LINE__);
             break;
         }
         cursor = next;
@@ -106,7 +107,7 @@ int CMetaFilePlayerSVG::processDefsElement(char** element)
     return result;
 }
 
-int CMetaFilePlayerSVG::processClipDefinition(char* element)
+int CMetaFilePlayerSVG::Detail::processClipDefinition(char* element)
 {
     constexpr int IdOffset = 8; // past the "clip" of the element's own name
     char* const number = findBehind(stepOver(element, IdOffset), ClipId);
@@ -115,7 +116,7 @@ int CMetaFilePlayerSVG::processClipDefinition(char* element)
         return -1;
     }
     const int id = integerAt(number);
-    if (!isNextFree(m_clipRects, id)) {
+    if (!isNextFree(m_player.m_clipRects, id)) {
         return 0;
     }
     RECT clip{};
@@ -127,21 +128,22 @@ int CMetaFilePlayerSVG::processClipDefinition(char* element)
     if (intlSscanNumeric(path, "M%d %dL%d %dL%d %d", &left, &top, &skipped, &skipped, &right, &bottom) == 6) {
         clip = RECT{left, top, right, bottom};
     }
-    m_clipRects.insertAt(clip, static_cast<unsigned int>(id));
+    m_player.m_clipRects.insertAt(clip, static_cast<unsigned int>(id));
     return 0;
 }
 
-int CMetaFilePlayerSVG::processPatternDefinition(char* element)
+int CMetaFilePlayerSVG::Detail::processPatternDefinition(char* element)
 {
     char* const attribute = findKey(element, "id");
     TovoTextString id;
-    if (attribute == nullptr || getAttributeValue(attribute, &id) < 0 || !beginsWith(id.text(), PatternId)) {
+    if (attribute == nullptr || m_player.getAttributeValue(attribute, &id) < 0 ||
+        !beginsWith(id.text(), PatternId)) {
         return 0; // the shared hatches end here: they are known by name
     }
     const int number = integerAt(id.text() + std::strlen(PatternId), 0);
-    if (isNextFree(m_patterns, number)) {
-        m_patterns.insertAt(element, static_cast<unsigned int>(number));
-        m_memory->patternBrushes.add(PatternBrush{});
+    if (isNextFree(m_player.m_patterns, number)) {
+        m_player.m_patterns.insertAt(element, static_cast<unsigned int>(number));
+        m_player.m_memory->patternBrushes.add(PatternBrush{});
     }
     return 0;
 }
@@ -170,16 +172,16 @@ int CMetaFilePlayerSVG::processPattern(char* pattern, CSurfaceBrush* brush)
     return 0;
 }
 
-int CMetaFilePlayerSVG::usePattern(int number, CSurfaceBrush* brush)
+int CMetaFilePlayerSVG::Detail::usePattern(int number, CSurfaceBrush* brush)
 {
-    if (number < 1 || static_cast<unsigned int>(number) > m_patterns.size()) {
+    if (number < 1 || static_cast<unsigned int>(number) > m_player.m_patterns.size()) {
         return -1;
     }
     const unsigned int index = static_cast<unsigned int>(number) - 1;
-    PatternBrush& known = m_memory->patternBrushes[index];
+    PatternBrush& known = m_player.m_memory->patternBrushes[index];
     if (!known.isRead) {
         CSurfaceBrush read;
-        const bool isUsable = processPattern(m_patterns[index], &read) == 0;
+        const bool isUsable = m_player.processPattern(m_player.m_patterns[index], &read) == 0;
         known = PatternBrush{true, isUsable, read.getColor(), read.getStyle(), read.getPicture()};
     }
     if (!known.isUsable) {
@@ -220,5 +222,5 @@ int CMetaFilePlayerSVG::processUseElement(char** element)
     if (const SymbolUse* const use = symbolUseOf(name)) {
         return drawSymbol(*m_surface, *use, rect, rest);
     }
-    return processImageUse(*element, name, x, y);
+    return Detail(*this).processImageUse(*element, name, x, y);
 }

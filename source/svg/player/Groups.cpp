@@ -6,6 +6,7 @@
 
 #include "PageCursor.h"
 #include "SvgDialect.h"
+#include "SvgPlayerDetail.h"
 #include "WalkMemory.h"
 #include "surface.h"
 #include "wrappingInt.h"
@@ -26,28 +27,28 @@ bool beginsNumber(const char* text)
 int CMetaFilePlayerSVG::processGroupElement(char** element)
 {
     if (findKey(*element, ClipPathKey) != nullptr) {
-        return processClipGroup(*element);
+        return Detail(*this).processClipGroup(*element);
     }
     if (findKey(*element, TransformWord) != nullptr) {
-        return processTransformGroup(*element);
+        return Detail(*this).processTransformGroup(*element);
     }
-    return processFontGroup(*element);
+    return Detail(*this).processFontGroup(*element);
 }
 
-int CMetaFilePlayerSVG::processClipGroup(char* element)
+int CMetaFilePlayerSVG::Detail::processClipGroup(char* element)
 {
     char* const number = findBehind(findKey(element, ClipPathKey), "#clip");
     RECT* const clip = number != nullptr ? clipOfNumber(integerAt(number)) : nullptr;
     if (clip == nullptr) {
         return -1;
     }
-    intersectRect(clip, clip, &m_viewport->viewBox);
-    m_surface->setClippingRegion(clip);
-    m_groupClip = true;
+    m_player.intersectRect(clip, clip, &m_player.m_viewport->viewBox);
+    m_player.m_surface->setClippingRegion(clip);
+    m_player.m_groupClip = true;
     return 0;
 }
 
-int CMetaFilePlayerSVG::processTransformGroup(char* element)
+int CMetaFilePlayerSVG::Detail::processTransformGroup(char* element)
 {
     char* number = findBehind(findKey(element, TransformWord), MatrixWord);
     float numbers[6] = {};
@@ -62,11 +63,11 @@ int CMetaFilePlayerSVG::processTransformGroup(char* element)
         }
         numbers[i] = saturateToFloat(intlStringToDoubleFixed(number));
     }
-    m_surface->setTransform(numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]);
+    m_player.m_surface->setTransform(numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]);
     return 0;
 }
 
-int CMetaFilePlayerSVG::processFontGroup(char* element)
+int CMetaFilePlayerSVG::Detail::processFontGroup(char* element)
 {
     char* const faceName = findBehind(element, FontFamilyKey);
     if (faceName == nullptr) {
@@ -82,10 +83,10 @@ int CMetaFilePlayerSVG::processFontGroup(char* element)
         return -1;
     }
     char* const decoration = findBehind(endValue(weight), TextDecorationKey);
-    m_surface->setFont(faceName, saturateToFloat(intlStringToDoubleFixed(size)),
-                       findKey(weight, BoldWord) != nullptr, findKey(style, ItalicWord) != nullptr,
-                       findKey(decoration, LineThroughWord) != nullptr,
-                       findKey(decoration, UnderlineWord) != nullptr);
+    m_player.m_surface->setFont(faceName, saturateToFloat(intlStringToDoubleFixed(size)),
+                                findKey(weight, BoldWord) != nullptr, findKey(style, ItalicWord) != nullptr,
+                                findKey(decoration, LineThroughWord) != nullptr,
+                                findKey(decoration, UnderlineWord) != nullptr);
     return 0;
 }
 
@@ -100,9 +101,9 @@ int CMetaFilePlayerSVG::processGroupEnd(char* /*element*/)
     return 0;
 }
 
-RECT* CMetaFilePlayerSVG::clipOfNumber(int number) const
+RECT* CMetaFilePlayerSVG::Detail::clipOfNumber(int number) const
 {
-    return number > 0 ? m_clipRects.at(static_cast<unsigned int>(number)) : nullptr;
+    return number > 0 ? m_player.m_clipRects.at(static_cast<unsigned int>(number)) : nullptr;
 }
 
 bool CMetaFilePlayerSVG::intersectRect(RECT* result, RECT* a, RECT* b)

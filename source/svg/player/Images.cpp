@@ -5,6 +5,7 @@
 
 #include "PageCursor.h"
 #include "SvgDialect.h"
+#include "SvgPlayerDetail.h"
 #include "WalkMemory.h"
 #include "drawingNumbers.h"
 #include "moduleHeap.h"
@@ -30,7 +31,7 @@ RECT rectOf(const SvgViewport& viewport)
 
 } // namespace
 
-int CMetaFilePlayerSVG::processImageDefinition(char* element)
+int CMetaFilePlayerSVG::Detail::processImageDefinition(char* element)
 {
     constexpr int IdOffset = 8; // past the "image" of the element's own name
     char* const number = findBehind(stepOver(element, IdOffset), ImageId);
@@ -50,7 +51,7 @@ int CMetaFilePlayerSVG::processImageDefinition(char* element)
         return 0;
     }
     if (id > GreatestImageId) {
-        if (firstTold(m_memory->toldImages, static_cast<unsigned int>(id))) {
+        if (firstTold(m_player.m_memory->toldImages, static_cast<unsigned int>(id))) {
             moduleLog.log("CMetaFilePlayerSVG::player - Image id %d is above %d", id, GreatestImageId);
         }
         return 0;
@@ -63,24 +64,26 @@ int CMetaFilePlayerSVG::processImageDefinition(char* element)
     base64Decode(text, decoded, decodedSize);
     const std::unique_ptr<unsigned char, FreeDecoded> owner(decoded);
     if (decodedSize > LongestNoImage && id >= 0) {
-        m_surface->includeImage(static_cast<unsigned int>(id), decoded, decodedSize, width, height, picType);
+        m_player.m_surface->includeImage(static_cast<unsigned int>(id), decoded, decodedSize, width, height,
+                                         picType);
     }
     return 0;
 }
 
-int CMetaFilePlayerSVG::processImageUse(char* element, const char* name, int x, int y)
+int CMetaFilePlayerSVG::Detail::processImageUse(char* element, const char* name, int x, int y)
 {
-    if (m_memory->depth == 0) {
+    if (m_player.m_memory->depth == 0) {
         return 0; // outside a nested <svg> there is no frame to draw in
     }
-    RECT frame = rectOf(*m_viewport);
+    RECT frame = rectOf(*m_player.m_viewport);
     if (beginsWith(name, ImageId)) {
         // The frame of a scaled image has the viewBox of the image's own size.
-        const RECT& viewBox = m_viewport->viewBox;
-        const bool ownSize = m_viewport->width == viewBox.right && m_viewport->height == viewBox.bottom;
+        const RECT& viewBox = m_player.m_viewport->viewBox;
+        const bool ownSize =
+            m_player.m_viewport->width == viewBox.right && m_player.m_viewport->height == viewBox.bottom;
         const int number = integerAt(const_cast<char*>(name) + std::strlen(ImageId));
-        m_surface->drawImage(&frame, static_cast<unsigned int>(number), ownSize ? NaturalMode : ScaledMode, x,
-                             y);
+        m_player.m_surface->drawImage(&frame, static_cast<unsigned int>(number),
+                                      ownSize ? NaturalMode : ScaledMode, x, y);
     } else if (beginsWith(name, TiledImageSymbol)) {
         char* const number = findBehind(element, PatternId);
         CSurfaceBrush brush;
@@ -90,7 +93,7 @@ int CMetaFilePlayerSVG::processImageUse(char* element, const char* name, int x, 
         if (usePattern(integerAt(number, 0), &brush) < 0) {
             return -1;
         }
-        m_surface->drawImage(&frame, static_cast<unsigned int>(brush.getPicture()), TiledMode, x, y);
+        m_player.m_surface->drawImage(&frame, static_cast<unsigned int>(brush.getPicture()), TiledMode, x, y);
     }
     return 0;
 }

@@ -4,6 +4,7 @@
 #include "ElementKind.h"
 #include "PageCursor.h"
 #include "SvgDialect.h"
+#include "SvgPlayerDetail.h"
 #include "ValueDuring.h"
 #include "WalkMemory.h"
 #include "moduleHeap.h"
@@ -97,49 +98,50 @@ int CMetaFilePlayerSVG::processElements(char* text)
     while (getNextElement(&cursor, type)) {
         // Remembered now: handling the element writes further zero bytes into it.
         char* const next = m_memory->elementEnd + 1;
-        processElement(cursor, type);
+        Detail(*this).processElement(cursor, type);
         cursor = next;
     }
     return 0;
 }
 
-int CMetaFilePlayerSVG::processElement(char* element, int type)
+int CMetaFilePlayerSVG::Detail::processElement(char* element, int type)
 {
     switch (type) {
     case RecordProlog:
     case RecordComment:
         return 0;
     case RecordSvg:
-        return m_svgSeen ? processSVGSubElement(&element) : processSVGElement(&element);
+        return m_player.m_svgSeen ? m_player.processSVGSubElement(&element)
+                                  : m_player.processSVGElement(&element);
     case RecordDefs:
-        return processDefsElement(&element);
+        return m_player.processDefsElement(&element);
     case RecordGroup:
-        return processGroupElement(&element);
+        return m_player.processGroupElement(&element);
     case RecordGroupEnd:
-        return processGroupEnd(element);
+        return m_player.processGroupEnd(element);
     case RecordText:
-        return processTextElement(&element);
+        return m_player.processTextElement(&element);
     case RecordPath:
-        return processPathElement(element);
+        return m_player.processPathElement(element);
     case RecordRect:
-        return processRectElement(&element);
+        return m_player.processRectElement(&element);
     case RecordEllipse:
-        return processEllipseElement(&element);
+        return m_player.processEllipseElement(&element);
     case RecordLine:
-        return processLineElement(&element);
+        return m_player.processLineElement(&element);
     case RecordPolygon:
-        return processPolygonElement(element);
+        return m_player.processPolygonElement(element);
     case RecordPolyline:
-        return processPolylineElement(element);
+        return m_player.processPolylineElement(element);
     case RecordUse:
-        return processUseElement(&element);
+        return m_player.processUseElement(&element);
     default:
         reportUnexpectedElement(__LINE__);
         return -1;
     }
 }
 
-void CMetaFilePlayerSVG::reportUnexpectedElement(int line)
+void CMetaFilePlayerSVG::Detail::reportUnexpectedElement(int line)
 {
     kosAssertFail("Assertion failed", "false", "surface", "MetaFilePlayerSVG", line);
 }

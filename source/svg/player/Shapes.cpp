@@ -6,6 +6,7 @@
 
 #include "PageCursor.h"
 #include "SvgDialect.h"
+#include "SvgPlayerDetail.h"
 #include "drawingNumbers.h"
 #include "surface.h"
 #include "wrappingInt.h"
@@ -101,7 +102,7 @@ int CMetaFilePlayerSVG::processRectElement(char** element)
     }
     CSurfacePen pen;
     CSurfaceBrush brush;
-    if (processRectStyle(cursor, &pen, &brush) < 0) {
+    if (Detail(*this).processRectStyle(cursor, &pen, &brush) < 0) {
         return -1;
     }
     if (brush.getStyle() == SolidBrush && (pen.getStyle() & PenLineMask) == PenWithoutLine) {
@@ -118,7 +119,7 @@ int CMetaFilePlayerSVG::processRectElement(char** element)
     return 0;
 }
 
-int CMetaFilePlayerSVG::processRectStyle(char* text, CSurfacePen* pen, CSurfaceBrush* brush)
+int CMetaFilePlayerSVG::Detail::processRectStyle(char* text, CSurfacePen* pen, CSurfaceBrush* brush)
 {
     if (char* const style = findKey(text, "style=")) {
         // Read for its errors only: what it says is not applied, and no other attribute is looked at.
@@ -128,15 +129,15 @@ int CMetaFilePlayerSVG::processRectStyle(char* text, CSurfacePen* pen, CSurfaceB
         bool hasFill = false;
         bool hasStroke = false;
         char* value = style;
-        getAttributeValue(style, &value);
-        return processStyleAttribute(&value, &clip, &fillColor, &strokeColor, &hasFill, &hasStroke);
+        m_player.getAttributeValue(style, &value);
+        return m_player.processStyleAttribute(&value, &clip, &fillColor, &strokeColor, &hasFill, &hasStroke);
     }
     char* const stroke = findKey(text, "stroke=");
-    if (stroke != nullptr && processStrokeAttribute(text, pen) < 0) {
+    if (stroke != nullptr && m_player.processStrokeAttribute(text, pen) < 0) {
         return -1;
     }
     char* const fill = findKey(text, "fill=");
-    return fill != nullptr ? processFillAttribute(fill, brush) : 0;
+    return fill != nullptr ? m_player.processFillAttribute(fill, brush) : 0;
 }
 
 int CMetaFilePlayerSVG::processEllipseElement(char** element)

@@ -4,6 +4,7 @@
 #include "PageCursor.h"
 #include "SvgColor.h"
 #include "SvgDialect.h"
+#include "SvgPlayerDetail.h"
 #include "WalkMemory.h"
 #include "drawingNumbers.h"
 #include "surfaceAttributes.h"
@@ -51,7 +52,7 @@ int CMetaFilePlayerSVG::processFillAttribute(char* text, CSurfaceBrush* brush)
     if (beginsWith(fill, "url")) {
         int number = 0;
         intlSscanNumeric(fill, "url(#pattern%d)", &number);
-        return usePattern(number, brush);
+        return Detail(*this).usePattern(number, brush);
     }
     brush->set(0, HollowBrush);
     return 0;
@@ -61,7 +62,7 @@ int CMetaFilePlayerSVG::processStyleAttribute(char** value, RECT** clip, unsigne
                                               unsigned long* strokeColor, bool* hasFill, bool* hasStroke)
 {
     if (char* const number = findBehind(*value, "#clip")) {
-        *clip = clipOfNumber(integerAt(number));
+        *clip = Detail(*this).clipOfNumber(integerAt(number));
     }
     const char* const stroke = findBehind(*value, "stroke:");
     const char* const fill = findBehind(*value, "fill:");

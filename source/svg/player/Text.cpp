@@ -12,6 +12,7 @@
 #include "PageCursor.h"
 #include "SvgColor.h"
 #include "SvgDialect.h"
+#include "SvgPlayerDetail.h"
 #include "ValueDuring.h"
 #include "WalkMemory.h"
 #include "drawingNumbers.h"
@@ -90,7 +91,7 @@ void readNumberBehind(char* text, const char* key, int& number)
 } // namespace
 
 // What the head of a text element says.
-struct CMetaFilePlayerSVG::TextElement {
+struct CMetaFilePlayerSVG::Detail::TextElement {
     POINT position{};
     RECT ownRect{};
     RECT* rect = nullptr; // ownRect, or an entry of the clip table
@@ -111,7 +112,7 @@ int CMetaFilePlayerSVG::processTextElement(char** element)
     if (body == nullptr || cursor == nullptr) {
         return -1;
     }
-    TextElement text;
+    Detail::TextElement text;
     text.position = POINT{x, y};
     text.ownRect = RECT{x, y, 0, 0};
     text.rect = &text.ownRect;
@@ -125,10 +126,11 @@ int CMetaFilePlayerSVG::processTextElement(char** element)
         getAttributeValue(attribute, &className);
     }
     text.className = className;
-    return findKey(body, "<tspan") != nullptr ? drawRuns(text, body) : drawPlainText(text, body);
+    return findKey(body, "<tspan") != nullptr ? Detail(*this).drawRuns(text, body)
+                                              : Detail(*this).drawPlainText(text, body);
 }
 
-int CMetaFilePlayerSVG::drawPlainText(TextElement& text, char* body)
+int CMetaFilePlayerSVG::Detail::drawPlainText(TextElement& text, char* body)
 {
     char* const end = findKey(body, "</text");
     if (end == nullptr) {
@@ -136,64 +138,65 @@ int CMetaFilePlayerSVG::drawPlainText(TextElement& text, char* body)
     }
     *end = '\0';
     TovoTextString content = CSurface::fromXML(TovoTextString(body, static_cast<unsigned int>(end - body)));
-    m_surface->setTextColor(text.color);
+    m_player.m_surface->setTextColor(text.color);
     const std::string_view className(text.className != nullptr ? text.className : "");
     if (className == BaseLineClass) {
-        m_surface->drawTextOnBaseLine(text.position.x, text.position.y, text.options,
-                                      text.options != 0 ? text.rect : nullptr, content.text(), WholeText);
+        m_player.m_surface->drawTextOnBaseLine(text.position.x, text.position.y, text.options,
+                                               text.options != 0 ? text.rect : nullptr, content.text(),
+                                               WholeText);
         return 0;
     }
     if (className == PageCountClass) {
         dropTrailingBlanks(content); // what is left of a longer placeholder
     }
     if (text.rect->right == 0 && text.rect->bottom == 0) {
-        m_surface->drawTextAt(content.text(), &text.position, text.options);
+        m_player.m_surface->drawTextAt(content.text(), &text.position, text.options);
     } else {
-        m_surface->drawText(content.text(), text.rect, text.options);
+        m_player.m_surface->drawText(content.text(), text.rect, text.options);
     }
     return 0;
 }
 
-int CMetaFilePlayerSVG::drawRuns(TextElement& text, char* body)
+int CMetaFilePlayerSVG::Detail::drawRuns(TextElement& text, char* body)
 {
     ChunkList runs;
-    const ValueDuring<char*> inside(m_memory->walkEnd, m_memory->elementEnd);
+    const ValueDuring<char*> inside(m_player.m_memory->walkEnd, m_player.m_memory->elementEnd);
     char* cursor = body;
     int type = RecordUnknown;
-    while (getNextElement(&cursor, type)) {
-        char* const next = m_memory->elementEnd + 1;
+    while (m_player.getNextElement(&cursor, type)) {
+        char* const next = m_player.m_memory->elementEnd + 1;
         if (type == RecordTSpan) {
             const CSurfaceTextChunk* const previous = runs.last();
             CSurfaceTextChunk* const run = runs.add();
-            processTSpanElement(cursor, run);
+            m_player.processTSpanElement(cursor, run);
             if (run->m_followsPrevious && previous != nullptr) {
                 run->m_position.y = previous->m_position.y;
             }
         } else if (type == RecordTextPath) {
             char* inner = cursor + 1;
-            const ValueDuring<char*> insidePath(m_memory->walkEnd, m_memory->elementEnd);
-            if (getNextElement(&inner, type) && type == RecordTSpan) {
+            const ValueDuring<char*> insidePath(m_player.m_memory->walkEnd, m_player.m_memory->elementEnd);
+            if (m_player.getNextElement(&inner, type) && type == RecordTSpan) {
                 CSurfaceTextChunk* const run = runs.add();
-                processTSpanElement(inner, run);
+                m_player.processTSpanElement(inner, run);
                 run->m_position.y = wrapAdd(run->m_position.y, text.rect->top); // it counts from the path
             }
         }
         cursor = next;
     }
-    m_surface->setTextColor(text.color);
+    m_player.m_surface->setTextColor(text.color);
     if (text.className != nullptr && std::strcmp(text.className, PageCountClass) == 0) {
         if (const CSurfaceTextChunk* const first = runs.first()) {
             TovoTextString content = first->m_text;
             dropTrailingBlanks(content);
-            m_surface->drawText(content.text(), text.rect, text.options);
+            m_player.m_surface->drawText(content.text(), text.rect, text.options);
         }
         return 0;
     }
-    const CTextStyle& style = m_surface->m_textStyle;
+    const CTextStyle& style = m_player.m_surface->m_textStyle;
     if (text.charAngle != style.getCharAngle() || text.textAngle != style.getTextAngle()) {
-        m_surface->setTextRotation(text.charAngle, text.textAngle);
+        m_player.m_surface->setTextRotation(text.charAngle, text.textAngle);
     }
-    m_surface->drawString(runs.chunks(), text.rect, wrapToInt(text.options));
+    m_player.m_surface->drawString(runs.chunks(), text.rect, wrapToInt(text.options));
     return 0;
 }
 
@@ -235,7 +238,7 @@ int CMetaFilePlayerSVG::processTextRect(char* element, RECT* rect)
 int CMetaFilePlayerSVG::processClipPath(char* element, RECT** rect)
 {
     char* const number = findBehind(element, "#clip");
-    RECT* const clip = number != nullptr ? clipOfNumber(integerAt(number)) : nullptr;
+    RECT* const clip = number != nullptr ? Detail(*this).clipOfNumber(integerAt(number)) : nullptr;
     if (clip != nullptr) {
         *rect = clip;
     }

@@ -91,7 +91,7 @@ void CSurfaceSVG::drawChord(RECT* rect, int x1, int y1, int x2, int y2)
     POINT end{x2, y2};
     ArcPath arc{};
     SVGArc(rect, &start, &end, arc.rx, arc.ry, arc.start, arc.end, arc.largeArc, arc.sweep);
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString element(ArcRoom);
     appendPieces(element, "<path d='M");
     appendArc(element, arc);
@@ -113,7 +113,7 @@ void CSurfaceSVG::drawPie(RECT* rect, int x1, int y1, int x2, int y2)
     ArcPath arc{};
     SVGArc(rect, &start, &end, arc.rx, arc.ry, arc.start, arc.end, arc.largeArc, arc.sweep);
     const POINT centre = centreOf(*rect);
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString element(ArcRoom);
     appendPieces(element, "<path d='M", int{centre.x}, " ", int{centre.y}, "L");
     appendArc(element, arc);

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "SvgDialect.h"
+#include "SvgWriterDetail.h"
 #include "pageText.h"
 #include "putInFront.h"
 #include "versionText.h"
@@ -51,7 +52,7 @@ int CSurfaceSVG::closeSurface()
     appendPieces(head, Prolog, "<!-- Created by Tovo ", std::string_view(moduleVersionText()), " -->\n\n",
                  "<svg width='", m_pageWidth, "mm' height='", m_pageHeight, "mm' ", ViewBoxKey, "0 0 ",
                  m_width, " ", m_height, "'", Namespaces, ">\n\n");
-    appendDefinitions(head);
+    Detail(*this).appendDefinitions(head);
     constexpr std::string_view EndOfGroup = "</g>\n";
     constexpr std::string_view End = "</svg>\n\n";
     const std::uint64_t endLength = 3 * EndOfGroup.size() + End.size();
@@ -78,31 +79,31 @@ int CSurfaceSVG::closeSurface()
     return 0;
 }
 
-void CSurfaceSVG::appendDefinitions(TovoTextString& head)
+void CSurfaceSVG::Detail::appendDefinitions(TovoTextString& head) const
 {
-    const bool anyDefinition = !m_imageDefs.isEmpty() || !m_clipDefs.isEmpty() || !m_patternDefs.isEmpty() ||
-                               !m_textPathDefs.isEmpty();
-    if (!anyDefinition && m_symbolsUsed == 0) {
+    const bool anyDefinition = !m_page.m_imageDefs.isEmpty() || !m_page.m_clipDefs.isEmpty() ||
+                               !m_page.m_patternDefs.isEmpty() || !m_page.m_textPathDefs.isEmpty();
+    if (!anyDefinition && m_page.m_symbolsUsed == 0) {
         return;
     }
     head.append("<defs>\n");
-    appendSection(head, m_clipDefs);
-    appendSection(head, m_textPathDefs);
-    appendSection(head, m_imageDefs);
-    appendSection(head, m_patternDefs);
-    if ((m_symbolsUsed & FrameRectUsed) != 0) {
+    appendSection(head, m_page.m_clipDefs);
+    appendSection(head, m_page.m_textPathDefs);
+    appendSection(head, m_page.m_imageDefs);
+    appendSection(head, m_page.m_patternDefs);
+    if ((m_page.m_symbolsUsed & FrameRectUsed) != 0) {
         appendSymbol(head, FrameRectSymbol, " fill='none' stroke-width='1'");
     }
-    if ((m_symbolsUsed & FocusRectUsed) != 0) {
+    if ((m_page.m_symbolsUsed & FocusRectUsed) != 0) {
         appendSymbol(head, FocusRectSymbol, " fill='none' stroke-width='1' stroke-dasharray='1,1'");
     }
-    if ((m_symbolsUsed & SolidRectUsed) != 0) {
+    if ((m_page.m_symbolsUsed & SolidRectUsed) != 0) {
         appendSymbol(head, SolidRectSymbol, "");
     }
-    if ((m_symbolsUsed & HatchUsed) != 0) {
+    if ((m_page.m_symbolsUsed & HatchUsed) != 0) {
         appendHatches(head);
     }
-    if ((m_symbolsUsed & TiledImageUsed) != 0) {
+    if ((m_page.m_symbolsUsed & TiledImageUsed) != 0) {
         appendSymbol(head, TiledImageSymbol, " stroke-width='0'");
     }
     head.append("</defs>\n\n");

@@ -65,7 +65,7 @@ void CSurfaceSVG::newFont(char* faceName, float size, bool bold, bool italic, bo
 void CSurfaceSVG::writeFont(char* faceName, float size, bool bold, bool italic, bool strikethru,
                             bool underline)
 {
-    Change change(*this);
+    Detail::Change change(*this);
     // A clip group stands inside the font group and must not outlive it.
     const bool clipOpen = m_currentClip > 0;
     if (clipOpen) {
@@ -96,7 +96,7 @@ void CSurfaceSVG::writeFont(char* faceName, float size, bool bold, bool italic, 
 
 void CSurfaceSVG::setClippingRegion(RECT* rect)
 {
-    Change change(*this);
+    Detail::Change change(*this);
     if (m_currentClip > 0) {
         writeEndGroup();
     }
@@ -116,7 +116,7 @@ void CSurfaceSVG::writeClippingRegion()
 
 void CSurfaceSVG::setTransform(float m11, float m12, float m21, float m22, float dx, float dy)
 {
-    Change change(*this);
+    Detail::Change change(*this);
     const std::array<float, 6> before = std::to_array(m_transform);
     if (m_hasTransform) {
         writeEndGroup();

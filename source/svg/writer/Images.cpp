@@ -9,6 +9,7 @@
 
 #include "SvgChange.h"
 #include "SvgDialect.h"
+#include "SvgWriterDetail.h"
 #include "decodedImage.h"
 #include "drawingNumbers.h"
 #include "moduleHeap.h"
@@ -135,22 +136,22 @@ int CSurfaceSVG::convertImage(unsigned char* data, int size, int picType, char*&
     return encodeBitmap(library, target, bitmap.get(), text, textLength);
 }
 
-const POINT* CSurfaceSVG::sizeOfImage(int id) const
+const POINT* CSurfaceSVG::Detail::sizeOfImage(int id) const
 {
     const unsigned int index = static_cast<unsigned int>(id); // none below 0 lies in the table
-    const bool* const included = m_imagesIncluded.atGet(index);
-    return included != nullptr && *included ? m_imageSizes.atGet(index) : nullptr;
+    const bool* const included = m_page.m_imagesIncluded.atGet(index);
+    return included != nullptr && *included ? m_page.m_imageSizes.atGet(index) : nullptr;
 }
 
 void CSurfaceSVG::drawImage(RECT* rect, unsigned int id, int mode, int x, int y)
 {
-    const POINT* const size = sizeOfImage(wrapToInt(id));
+    const POINT* const size = Detail(*this).sizeOfImage(wrapToInt(id));
     if (rect == nullptr || size == nullptr) {
         return;
     }
     const int width = widthOf(*rect);
     const int height = heightOf(*rect);
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString element(TextRoom{400});
     appendPieces(element, "\n<svg x='", int{rect->left}, "' y='", int{rect->top}, "' width='", width,
                  "' height='", height, "' ", ViewBoxKey, "0 0 ");
@@ -164,7 +165,7 @@ void CSurfaceSVG::drawImage(RECT* rect, unsigned int id, int mode, int x, int y)
         makePatternDef(wrapToInt(id));
         appendPieces(element, "' width='", width, "' height='", height, "' ", FillKey, "url(#", PatternId,
                      m_patternCount, ")' ", HrefKey, "#", TiledImageSymbol);
-        m_symbolsUsed |= TiledImageUsed;
+        m_symbolsUsed |= Detail::TiledImageUsed;
     } else {
         appendPieces(element, "' ", HrefKey, "#", ImageId, id);
     }
@@ -175,7 +176,7 @@ void CSurfaceSVG::drawImage(RECT* rect, unsigned int id, int mode, int x, int y)
 
 void CSurfaceSVG::makePatternDef(int image)
 {
-    const POINT* const size = sizeOfImage(image);
+    const POINT* const size = Detail(*this).sizeOfImage(image);
     if (size == nullptr) {
         return;
     }

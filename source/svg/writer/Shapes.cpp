@@ -5,6 +5,7 @@
 
 #include "SvgChange.h"
 #include "SvgDialect.h"
+#include "SvgWriterDetail.h"
 #include "drawingNumbers.h"
 #include "pageText.h"
 #include "rectangle.h"
@@ -49,7 +50,7 @@ void CSurfaceSVG::drawSolidRectangle(RECT* rect, unsigned long color)
     appendRGBColor(element, color);
     appendPieces(element, "'/>\n");
     m_body.append(element);
-    m_symbolsUsed |= SolidRectUsed;
+    m_symbolsUsed |= Detail::SolidRectUsed;
 }
 
 void CSurfaceSVG::frameRect(RECT* rect, unsigned long color)
@@ -63,7 +64,7 @@ void CSurfaceSVG::frameRect(RECT* rect, unsigned long color)
     appendRGBColor(element, color);
     appendPieces(element, "'/>\n");
     m_body.append(element);
-    m_symbolsUsed |= FrameRectUsed;
+    m_symbolsUsed |= Detail::FrameRectUsed;
 }
 
 void CSurfaceSVG::drawFocusRect(RECT* rect)
@@ -75,7 +76,7 @@ void CSurfaceSVG::drawFocusRect(RECT* rect)
     appendUse(element, *rect, FocusRectSymbol);
     appendPieces(element, "/>\n");
     m_body.append(element);
-    m_symbolsUsed |= FocusRectUsed;
+    m_symbolsUsed |= Detail::FocusRectUsed;
 }
 
 void CSurfaceSVG::drawLine(int x1, int y1, int x2, int y2)
@@ -97,7 +98,7 @@ void CSurfaceSVG::drawRectangle(RECT* rect, int rx, int ry)
     if (rect == nullptr) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString element(ElementRoom);
     appendPieces(element, "<rect x='", int{rect->left}, "' y='", int{rect->top}, "' width='", widthOf(*rect),
                  "' height='", heightOf(*rect), "'");
@@ -131,7 +132,7 @@ void CSurfaceSVG::drawEllipse(RECT* rect, bool /*filled*/)
     }
     const int rx = widthOf(*rect) / 2;
     const int ry = heightOf(*rect) / 2;
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString element(ElementRoom);
     appendPieces(element, "<ellipse cx='", wrapAdd(rect->left, rx), "' cy='", wrapAdd(rect->top, ry),
                  "' rx='", std::abs(rx), "' ry='", std::abs(ry), "' ");
@@ -152,7 +153,7 @@ void CSurfaceSVG::drawPolygon(POINT* points, unsigned int count, bool filled)
     if (!drawable(points, count)) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString element(ElementRoom);
     appendPieces(element, "<polygon ", PointsKey);
     appendPoints(element, points, count);
@@ -190,7 +191,7 @@ void CSurfaceSVG::drawPath(RECT* rect, bool filled)
     if (rect == nullptr) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString element(ElementRoom);
     appendPieces(element, "<path ");
     appendPath(element, rect);
@@ -208,7 +209,7 @@ void CSurfaceSVG::drawPath(POINT* points, unsigned int count, bool filled)
     if (!drawable(points, count)) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString element(ElementRoom);
     appendPieces(element, "<path ");
     appendPath(element, points, count);

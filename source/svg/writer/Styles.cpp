@@ -5,6 +5,7 @@
 #include "surfaceSVG.h"
 
 #include "SvgDialect.h"
+#include "SvgWriterDetail.h"
 #include "drawingNumbers.h"
 #include "pageText.h"
 #include "wrappingInt.h"
@@ -81,7 +82,8 @@ void CSurfaceSVG::appendPenStyle(TovoTextString& out)
 void CSurfaceSVG::appendFillStyle(TovoTextString& out)
 {
     const int style = m_brush.getStyle();
-    const bool withoutPicture = style == PictureBrush && sizeOfImage(m_brush.getPicture()) == nullptr;
+    const bool withoutPicture =
+        style == PictureBrush && Detail(*this).sizeOfImage(m_brush.getPicture()) == nullptr;
     if (style == SolidBrush) {
         appendPieces(out, " ", FillKey, RgbColor{m_brush.getColor()}, "' ");
     } else if (style == HollowBrush || withoutPicture) {
@@ -141,5 +143,5 @@ void CSurfaceSVG::makePatternDef()
     appendPieces(m_patternDefs, "<pattern id='", PatternId, m_patternCount, "' ", StrokeKey,
                  RgbColor{m_brush.getColor()}, "' ", HrefKey, "#",
                  std::string_view(known ? SvgHatches[hatch].name : ""), "'></pattern>\n");
-    m_symbolsUsed |= HatchUsed;
+    m_symbolsUsed |= Detail::HatchUsed;
 }

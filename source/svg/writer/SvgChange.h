@@ -4,9 +4,9 @@
 // page is then as it was before, and numbers of definitions are given out again. Taking back needs no memory.
 #pragma once
 
-#include "surfaceSVG.h"
+#include "SvgWriterDetail.h"
 
-class CSurfaceSVG::Change {
+class CSurfaceSVG::Detail::Change {
 public:
     explicit Change(CSurfaceSVG& page)
         : m_page(page), m_bodyLength(page.m_body.length()), m_clipsLength(page.m_clipDefs.length()),

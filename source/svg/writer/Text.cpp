@@ -10,6 +10,7 @@
 
 #include "SvgChange.h"
 #include "SvgDialect.h"
+#include "SvgWriterDetail.h"
 #include "boundedText.h"
 #include "drawingNumbers.h"
 #include "pageText.h"
@@ -74,13 +75,14 @@ void CSurfaceSVG::appendTextStyle(TovoTextString& out, int flags)
     appendPieces(out, " style=' ", TextFlagsKey, flags, "' ", FillKey, RgbColor{m_textStyle.getColor()}, "'");
 }
 
-void CSurfaceSVG::appendTextHead(TovoTextString& out, RECT* rect, int flags, const char* spaceAttribute)
+void CSurfaceSVG::Detail::appendTextHead(TovoTextString& out, RECT* rect, int flags,
+                                         const char* spaceAttribute)
 {
     appendPieces(out, "<text x='", anchorOf(*rect, static_cast<unsigned int>(flags)), "' y='", int{rect->top},
                  "' dy='1em'", std::string_view(spaceAttribute),
-                 std::string_view(m_nofmPending ? " class='nofm'" : ""));
-    m_nofmPending = false;
-    appendTextStyle(out, rect, flags);
+                 std::string_view(m_page.m_nofmPending ? " class='nofm'" : ""));
+    m_page.m_nofmPending = false;
+    m_page.appendTextStyle(out, rect, flags);
     appendPieces(out, ">");
 }
 
@@ -89,9 +91,9 @@ void CSurfaceSVG::drawString(const char* text, RECT* rect, unsigned int flags)
     if (text == nullptr || rect == nullptr) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString element(TextRoom{200});
-    appendTextHead(element, rect, wrapToInt(flags), "");
+    Detail(*this).appendTextHead(element, rect, wrapToInt(flags), "");
     appendEscaped(element, text, lengthOf(text));
     appendPieces(element, "</text>\n");
     m_body.append(element);
@@ -122,7 +124,7 @@ void CSurfaceSVG::drawTextOnBaseLine(int x, int y, unsigned int options, RECT* r
     if (text == nullptr) {
         return;
     }
-    Change change(*this);
+    Detail::Change change(*this);
     TovoTextString element(TextRoom{200});
     appendPieces(element, "<text x='", x, "' y='", y, "' ");
     if ((options & ClippedOption) != 0 && rect != nullptr) {
@@ -140,12 +142,12 @@ void CSurfaceSVG::drawTextOnBaseLine(int x, int y, unsigned int options, RECT* r
 
 bool CSurfaceSVG::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags, float, float)
 {
-    return writeChunks(chunks, rect, flags, TextRotation{});
+    return Detail(*this).writeChunks(chunks, rect, flags, Detail::TextRotation{});
 }
 
 bool CSurfaceSVG::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags)
 {
-    TextRotation rotation;
+    Detail::TextRotation rotation;
     rotation.textAngle = fullTurn(m_textStyle.getTextAngle());
     rotation.charAngle = fullTurn(m_textStyle.getCharAngle());
     if (rotation.textAngle != 0) {
@@ -153,16 +155,16 @@ bool CSurfaceSVG::drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, in
         rotation.charAngle -= rotation.textAngle;
         rotation.shift = baseLineShift(m_textStyle.getCharAngle(), rotation.textAngle);
     }
-    return writeChunks(chunks, rect, flags, rotation);
+    return Detail(*this).writeChunks(chunks, rect, flags, rotation);
 }
 
-bool CSurfaceSVG::writeChunks(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags,
-                              const TextRotation& rotation)
+bool CSurfaceSVG::Detail::writeChunks(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags,
+                                      const TextRotation& rotation)
 {
     if (chunks == nullptr || rect == nullptr) {
         return false;
     }
-    Change change(*this);
+    Change change(m_page);
     TovoTextString element(TextRoom{500});
     appendTextHead(element, rect, flags, " xml:space='preserve'");
     appendPieces(element, "\n");
@@ -171,7 +173,7 @@ bool CSurfaceSVG::writeChunks(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, i
         if (const CSurfaceTextChunk* const chunk = chunks->atGet(i)) {
             if (rotation.textAngle != 0) {
                 appendPieces(element, "\t");
-                createTextPath(element, anchor, rect->top, rotation.textAngle);
+                m_page.createTextPath(element, anchor, rect->top, rotation.textAngle);
                 appendPieces(element, "\n\t");
             }
             appendChunk(element, *chunk, rect->top, rotation);
@@ -181,13 +183,13 @@ bool CSurfaceSVG::writeChunks(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, i
         }
     }
     appendPieces(element, "</text>\n");
-    m_body.append(element);
+    m_page.m_body.append(element);
     change.keep();
     return true;
 }
 
-void CSurfaceSVG::appendChunk(TovoTextString& out, const CSurfaceTextChunk& chunk, int top,
-                              const TextRotation& rotation)
+void CSurfaceSVG::Detail::appendChunk(TovoTextString& out, const CSurfaceTextChunk& chunk, int top,
+                                      const TextRotation& rotation)
 {
     appendPieces(out, "\t<tspan");
     if (!chunk.m_followsPrevious) {
@@ -216,9 +218,9 @@ void CSurfaceSVG::appendChunk(TovoTextString& out, const CSurfaceTextChunk& chun
     appendPieces(out, "</tspan>\n");
 }
 
-void CSurfaceSVG::appendGlyphRotation(TovoTextString& out, int angle, unsigned int characters)
+void CSurfaceSVG::Detail::appendGlyphRotation(TovoTextString& out, int angle, unsigned int characters)
 {
-    const int quarter = glyphOrientation(angle);
+    const int quarter = m_page.glyphOrientation(angle);
     const int rest = angle - quarter;
     appendPieces(out, " glyph-orientation-horizontal='", -quarter, "' rotate='");
     for (unsigned int i = 0; i < characters; ++i) {
