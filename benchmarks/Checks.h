@@ -5,7 +5,7 @@
 bool pagesAgree(int rows);
 // So are the floors of the PostScript documents.
 bool documentsAgree(int rows);
-// Stamping rewrites the marked field and nothing else; searches find the closing word where it stands, and
+// Stamping rewrites the marked field and nothing else; searches find the closing word where it is, and
 // nothing where the word is missing.
 bool operationsWork(int rows);
 // Both surfaces keep a PNG byte for byte, and a bitmap that became a PNG keeps its pixels.

@@ -81,13 +81,13 @@ public:
     }
 
 private:
-    void writeTextColor(std::string_view before, std::string_view behind)
+    void writeTextColor(std::string_view before, std::string_view after)
     {
         if (m_color != m_wanted) {
             m_color = m_wanted;
             write(before);
             writeColor(m_color);
-            write(" setrgbcolor", behind);
+            write(" setrgbcolor", after);
         }
     }
 

@@ -1,5 +1,5 @@
 // A page of N text records as an enhanced metafile, by CSurfaceEMF: what the page operations on metafiles are
-// measured on. The last record but one stands behind a marker and takes the page count; the last one is the only
+// measured on. The last record but one is after a marker and takes the page count; the last one is the only
 // that holds the closing word.
 #pragma once
 

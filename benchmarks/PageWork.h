@@ -1,4 +1,4 @@
-// What is done with a finished page. CMetaFilePlayer replays, searches and stamps it; beside that stands what a
+// What is done with a finished page. CMetaFilePlayer replays, searches and stamps it; next to that is what a
 // peer does with the same bytes: an XML parse, a scan, copies. Checks.cpp and benchmarks.cpp call these.
 #pragma once
 
@@ -22,14 +22,14 @@ struct Search {
 };
 
 struct Hit {
-    std::size_t element = 0;     // where the text element stands in the page
+    std::size_t element = 0;     // where the text element is in the page
     std::size_t markedBytes = 0; // of the marked page; 0: no hit
 };
 
 // The first hit; the marked page is made and freed.
 Hit findInPage(std::string& page, const Search& search);
 
-// Whether the bytes of `text` stand anywhere in the page: one memmem.
+// Whether the bytes of `text` are anywhere in the page: one memmem.
 bool scanPage(std::string_view page, std::string_view text);
 
 inline constexpr std::string_view pageCountText = "7 of 12";

@@ -15,5 +15,5 @@ double timeOfDecoding(std::string& image);
 std::string_view samplesIn(std::string_view page);
 std::string bytesOf(std::string_view digits);
 
-// The digits of the bytes, by nothing but a table: two for each byte, a line feed behind every 150th.
+// The digits of the bytes, by nothing but a table: two for each byte, a line feed after every 150th.
 void makeFloorSamples(std::string_view bytes, std::string& digits);

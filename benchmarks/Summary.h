@@ -85,7 +85,7 @@ public:
 
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    // A ratio of what a filter left out shows as a dash. A limit that is not kept is told, and changes nothing
+    // A ratio of what a filter left out shows as a dash. A limit that is not kept is reported, and changes nothing
     // else.
     void print(std::ostream& out) const;
 

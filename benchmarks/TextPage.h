@@ -87,7 +87,7 @@ constexpr int anchorOf(const RECT& rect, unsigned int flags)
     return (flags & centreFlag) != 0 ? rect.left + (rect.right - rect.left) / 2 : rect.left;
 }
 
-// The runs stand last: upright ones behind the turned ones, so that a replay leaves no plain text turned.
+// The runs come last: upright ones after the turned ones, so that a replay leaves no plain text turned.
 template <class Canvas>
 void drawTextRow(Canvas& canvas, int row)
 {

@@ -1,5 +1,5 @@
 // Measures what it costs to write a page of shapes and one of text, to replay them, to search and to stamp the
-// one of text, and to include an image. CSurfaceSVG stands beside cairo's SVG surface and beside the floor of
+// one of text, and to include an image. CSurfaceSVG is measured next to cairo's SVG surface and the floor of
 // bare appends, CSurfacePSPrinter likewise beside cairo's PostScript surface of level 2, CMetaFilePlayer on a
 // surface that does nothing beside an expat parse of the same bytes, the page operations beside memmem and
 // memcpy as well; CSurfaceEMF beside libEMF, CSurfaceHdc on pixels beside cairo.
@@ -36,7 +36,7 @@
 
 namespace {
 
-// Options that stand before the caller's own. Repetitions of all benchmarks take turns, so that a slow moment
+// Options that come before the caller's own. Repetitions of all benchmarks take turns, so that a slow moment
 // of the machine hits each alike.
 constexpr const char* defaultOptions[] = {"--benchmark_repetitions=9", "--benchmark_min_time=0.1",
                                           "--benchmark_enable_random_interleaving=true"};
@@ -77,7 +77,7 @@ void measurePage(benchmark::State& state, PageMaker makePage, CallCount calls, M
     count(state, calls(rowsOf(state)), page.size());
 }
 
-// Measures `work`, which is given a page and tells whether it did what it should.
+// Measures `work`, which is given a page and says whether it did what it should.
 template <class Work>
 void measureWork(benchmark::State& state, PageMaker makePage, CallCount calls, Work work)
 {

@@ -1,6 +1,6 @@
 # Writes a C++ source that holds the texts of some files as members of a class.
 #   cmake -DCLASS=... -DHEADER=... -DOUTPUT=... -DFILES=one;two -P EmbedTexts.cmake
-# The member `one` of CLASS, which HEADER declares, becomes the bytes of one.ps behind the comment lines at its
+# The member `one` of CLASS, which HEADER declares, becomes the bytes of one.ps after the comment lines at its
 # head; those are for the reader of the file.
 set(source "#include \"${HEADER}\"\n")
 foreach(file IN LISTS FILES)

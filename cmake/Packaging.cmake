@@ -20,7 +20,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/surfaceConfigVersion.cmak
 install(FILES ${PROJECT_BINARY_DIR}/surfaceConfig.cmake ${PROJECT_BINARY_DIR}/surfaceConfigVersion.cmake
     DESTINATION ${package_folder})
 
-# The prefix is told from where surface.pc stands, so that an installation may be moved.
+# The prefix follows from where surface.pc is, so that an installation may be moved.
 file(RELATIVE_PATH prefix_from_pkgconfig
     ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(${CMAKE_CURRENT_LIST_DIR}/surface.pc.in ${PROJECT_BINARY_DIR}/surface.pc @ONLY)

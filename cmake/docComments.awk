@@ -1,5 +1,5 @@
 # Shows Doxygen the comments of the headers, which are plain ones: the first block of a file is that of the file, a block
-# right above a declaration belongs to it, and so does one behind it.
+# right above a declaration belongs to it, and so does one after it.
 
 # The text as it stands, without Doxygen's commands, links and tags.
 function plain(text) {

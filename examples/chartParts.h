@@ -33,7 +33,7 @@ enum PenWord {
 // The colour with `percent` of white mixed in.
 unsigned long tint(unsigned long colour, int percent);
 
-// Where values stand in a rectangle: `slots` steps from left to right, 0 at the bottom, `top` at the top.
+// Where values are in a rectangle: `slots` steps from left to right, 0 at the bottom, `top` at the top.
 struct Plot {
     RECT area;
     int slots;
@@ -45,7 +45,7 @@ struct Plot {
 };
 
 // A point that gives the direction `degrees` from `centre`, counter-clockwise from three o'clock; far away, so
-// that whole coordinates still tell tenths of a degree.
+// that whole coordinates still show tenths of a degree.
 POINT towards(POINT centre, double degrees);
 RECT around(POINT centre, int radius);
 

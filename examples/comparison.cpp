@@ -11,7 +11,7 @@ namespace {
 
 // What a replay writes otherwise, by the mark that a page with such a thing carries. The calls stay the same,
 // but for clips of the whole page: a player ends a clip by one, which the replay keeps. With a page count go
-// the blanks behind it too.
+// the blanks after it too.
 struct Difference {
     const char* mark;
     const char* said;
@@ -53,7 +53,7 @@ void showDifference(const Calls& drawn, const Calls& replay)
     }
 }
 
-// Why the bytes differ, as the table tells; empty when it knows no reason.
+// Why the bytes differ, for the table; empty when it knows no reason.
 std::string reasonsFor(const Page& drawn)
 {
     std::string reasons;

@@ -39,7 +39,7 @@ figcaption { display: flex; flex-wrap: wrap; gap: .1rem .9rem; margin-top: .5rem
              font-size: .9rem; }
 figcaption b { color: var(--text); }
 .found { position: relative; }
-/* The search tells where a text with the word begins: the frame is open to its right. */
+/* The search gives the place where a text with the word begins: the frame is open to its right. */
 .found i { position: absolute; width: 11%; height: 1.9%; margin: -.3% 0 0 -.5%;
            border: 2px solid #d32f2f; border-right: 0; border-radius: 3px 0 0 3px;
            background: linear-gradient(90deg, #fff3a0, #fff); mix-blend-mode: multiply; }
@@ -65,12 +65,12 @@ constexpr const char* foot = R"(<section>
 <h2>What a viewer shows differently</h2>
 <p>Hatch fills look empty here. A fill refers to a small pattern that holds only the colour, and that one refers
 to a hatch pattern that all colours share; viewers do not let the lines of the shared pattern inherit the colour
-from the pattern that refers to it. Bars with a hatch therefore stand on a light ground of their own.</p>
+from the pattern that refers to it. Bars with a hatch therefore have a light ground of their own.</p>
 <p>Polylines look filled, and black: the page gives them no fill, and black is the fill that a viewer then
 takes.</p>
 <p>Focus rectangles do not show: the symbol that they share has no colour of its own.</p>
 <p>Centred text begins in the middle of its rectangle here, and right-aligned text at the right edge: the page
-tells the alignment to players only, who measure the text. Dotted guides mark those places in the table of the
+gives the alignment to players only, who measure the text. Dotted guides mark those places in the table of the
 page of words. Runs that follow one another have blanks between them, which are the line ends of the page.</p>
 <p>Quarter turns of glyphs against their line do not show in browsers, which do not know the attribute: the line
 that is turned by 90 degrees is to have upright glyphs. Other angles show.</p>
@@ -79,7 +79,7 @@ their own. The report uses them only where that makes no difference. It also lea
 does not take the word for their aspect ratio, and text that is turned by line, because it paints no text on
 paths. Runs are not fitted there, glyphs not turned, and a face's lines under or through the text not drawn.
 Browsers show all of that.</p>
-<p>The page format stands: pages are made to be played, and a player gives back hatches, open lines, focus
+<p>The page format stays: pages are made to be played, and a player gives back hatches, open lines, focus
 rectangles, frames, alignment and runs as they were drawn.</p>
 </section>
 <section>
@@ -108,7 +108,7 @@ while its face is made for the device's dots, and the mapping enlarges it once m
 unit.</p>
 <p>Formatted text is joined into lines and drawn at once: lines follow one another as the face has it and begin at the
 rectangle's edge, runs are moved together but never apart, and of an underlined run the first character has the line.
-Centred text stands in the middle of its height too. An ampersand underlines what follows it. Text is of 8 bits in code
+Centred text is in the middle of its height too. An ampersand underlines what follows it. Text is of 8 bits in code
 page 1252, so that signs written as UTF-8 come as two or three others. Letters turned against their line keep the
 distances of unturned ones.</p>
 <p>A picture is transparent by one colour, that of its first transparent pixel, and hard-edged. Offsets count in the
@@ -119,7 +119,7 @@ picture, not on the page: they move it the other way.</p>
 <p>What was drawn, not what was stored, decides: a colour that came with a text style reaches formatted text only when
 the page is replayed, so that the turned names are dark here, and formatted text with angles of its own, as the two
 lines about meters, draws nothing on such a surface. Letters keep the places that the reference device of 96 dots per
-inch gave them, and stand a little unevenly on a finer one. Right and lower edges of shapes are recorded as the last
+inch gave them, and a little uneven on a finer one. Right and lower edges of shapes are recorded as the last
 dots of that device, where a finer one begins them later: neighbours with a common edge show it twice.</p>
 <p>A search counts texts as they were recorded. Lines of runs are one text each, and a word over two runs is found at
 the place of its line.</p>
@@ -171,7 +171,7 @@ void writeHits(std::ostream& out, const std::vector<GalleryEntry>& entries, cons
     for (const GalleryEntry& entry : entries) {
         total += entry.hits.size();
     }
-    out << "<section>\n<h2>Where \xE2\x80\x9C" << wantedWord << "\xE2\x80\x9D stands</h2>\n<p>" << total
+    out << "<section>\n<h2>Where \xE2\x80\x9C" << wantedWord << "\xE2\x80\x9D is</h2>\n<p>" << total
         << " hits on stored pages, in capital and small letters, also where two runs share the word. The "
            "search "
            "gives back where the text with the word begins, and each frame begins there; a text turned by "

@@ -13,7 +13,7 @@
 
 struct ReportPage;
 
-// A way to make a page: the heading of its column, what stands between page name and extension, and the latter.
+// A way to make a page: the heading of its column, what is between page name and extension, and the latter.
 struct GalleryColumn {
     const char* title;
     const char* suffix;

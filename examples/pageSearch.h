@@ -5,5 +5,5 @@
 
 #include "storedPage.h"
 
-// The places of the texts in which the hits stand, hit by hit in reading order, in the page's logical units.
+// The places of the texts in which the hits are, hit by hit in reading order, in the page's logical units.
 std::vector<POINT> findAll(Page& page, const char* text);

@@ -12,6 +12,6 @@ bool paintSvg(const std::filesystem::path& svg, const std::filesystem::path& png
 bool paintPostScript(const std::filesystem::path& document, const std::filesystem::path& png,
                      double dotsPerInch, const std::filesystem::path& fontMap);
 
-// Writes the table that tells Ghostscript where the faces' files are; false when fontconfig's fc-match could not be
+// Writes the table that says to Ghostscript where the faces' files are; false when fontconfig's fc-match could not be
 // asked. Ghostscript then takes faces of its own.
 bool writeFontMap(const std::filesystem::path& fontMap);

@@ -50,7 +50,7 @@ static_assert(std::size(columns) == ColumnCount);
 
 using PageByColumn = std::array<Page, ColumnCount>;
 
-// Stands in headings, table cells, captions and runs, and once in two runs that share it.
+// Occurs in headings, table cells, captions and runs, and once in two runs that share it.
 constexpr const char* wantedWord = "heating";
 
 // The page of which a marked copy is shown.

@@ -1,7 +1,7 @@
 // The report's pages of groups: transforms alone, then clips, and fonts, clips and transforms nested.
 //
 // Groups open in the order font, clip, transform and close in the opposite one, so that each end closes what
-// it means to close. The pages of plain drawing stand in reportPages.cpp.
+// it means to close. The pages of plain drawing are in reportPages.cpp.
 #include "lettering.h"
 #include "reportLayout.h"
 #include "reportPages.h"

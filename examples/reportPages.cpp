@@ -1,6 +1,6 @@
 // The report's pages of plain drawing: overview, shares and load curves.
 //
-// Pages of clips and transforms stand in reportGroupPages.cpp, the parts of both in chartParts.h.
+// Pages of clips and transforms are in reportGroupPages.cpp, the parts of both in chartParts.h.
 #include "reportPages.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // The report's page of text: alignment in a table, faces, runs, and text turned by line and by glyph.
 //
-// Called through reportPages(). Behind the turned text stands one without rotation: a player sets rotations for
+// Called through reportPages(). After the turned text comes one without rotation: a player sets rotations for
 // formatted text only, and the plain text of the page's foot would take over the last one.
 #include <string>
 
@@ -12,7 +12,7 @@ namespace {
 
 struct Column {
     const char* title;
-    RECT box; // of the heading; the rows stand below
+    RECT box; // of the heading; the rows are below
     int flags;
 };
 

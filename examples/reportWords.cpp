@@ -1,6 +1,6 @@
 // The words on the report's pages of figures: titles, captions, table cells, axis labels, page counts.
 //
-// The figures stand in reportPages.cpp and reportGroupPages.cpp; words are drawn after them, because a face
+// The figures are in reportPages.cpp and reportGroupPages.cpp; words are drawn after them, because a face
 // chosen inside a clip or a transform would end it.
 #include <string>
 

@@ -1,5 +1,5 @@
 // Does with any bytes what is done with a stored metafile page: stamp, size, search to the end. A marked page must
-// tell its own size.
+// give its own size.
 #include "metaFilePlayerEMF.h"
 #include "sys/tovostr.h"
 

@@ -23,7 +23,7 @@ void require(bool holds)
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    // The length that the header tells is set right, or a changed file would not get past it.
+    // The length in the header is set right, or a changed file would not get past it.
     std::vector<BYTE> bytes(data, data + size);
     if (const auto length = static_cast<DWORD>(size); size >= sizeof(ENHMETAHEADER)) {
         std::memcpy(bytes.data() + offsetof(ENHMETAHEADER, nBytes), &length, sizeof(length));

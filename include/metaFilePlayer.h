@@ -1,6 +1,6 @@
 // CMetaFilePlayer: the one entry point for stored pages.
 //
-// A stored page is the byte buffer that a surface gave with getData. createPlayer tells the page's format
+// A stored page is the byte buffer that a surface gave with getData. createPlayer recognises the page's format
 // from its bytes and makes the right player, CMetaFilePlayerSVG or CMetaFilePlayerEMF; the other static
 // operations work on the bytes without playing them. The page stays the caller's throughout. Pages may come
 // from strangers: whatever the bytes are, no operation reads beyond `length` or ends the process.

@@ -20,18 +20,18 @@ public:
     int play(CSurface* surface, RECT* rect) override;
     int metaFileFormat() override;
 
-    // Writes the page count over the text behind each marker of the page, in place: "7 of 12", or the total alone
+    // Writes the page count over the text after each marker of the page, in place: "7 of 12", or the total alone
     // where that text begins with a blank. A text that is too short stays, and the next one is tried. True when a
     // marker was followed by a text, even if none had room. Throws KrnException where there is no memory to measure
     // a text; of a page with up to 8 markers none has been written then.
     static bool insertPageCount(unsigned char* page, int length, int pageNumber, int pageCount);
 
     // The size of the frame in pixels of the reference device; 0 and 0 for a page that is too short or has a size
-    // that is none. Both stay as they are when the header doesn't tell the size of the device.
+    // that is none. Both stay as they are when the header doesn't give the size of the device.
     static void getImageSize(unsigned char* page, int length, unsigned int& width, unsigned int& height);
 
     // As CMetaFilePlayer::searchPageForString. 0, and -100 when there is no memory for the marked page; a hit
-    // shows in `foundPage`. `position` is that of the record that the hit begins in, `textOffset` the index behind
+    // shows in `foundPage`. `position` is that of the record that the hit begins in, `textOffset` the index after
     // the last of its characters there; both stay without a hit. `x` and `y` are the reference point of the last
     // text met: with a hit, of the one it begins in. Throws KrnException without memory for anything else.
     static int searchPageForString(unsigned char* page, unsigned int length, const char* text, bool matchCase,

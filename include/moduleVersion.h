@@ -1,5 +1,5 @@
 // The version that a module's file reports: read from the version resource of a Windows PE file, or of an ELF file of
-// 32 or 64 bits and either byte order that carries such a resource tree behind the symbol "__rsrc".
+// 32 or 64 bits and either byte order that carries such a resource tree at the symbol "__rsrc".
 #pragma once
 
 #include <cstddef>
@@ -61,6 +61,6 @@ private:
     std::uint64_t m_steps;
 };
 
-// Fills the four numbers of the module's version; the last one stands in dwPlatformID. Gives 0, or -1 for a null record
+// Fills the four numbers of the module's version; the last one is in dwPlatformID. Gives 0, or -1 for a null record
 // or one whose cbSize is below 20. A file that can't be read gives zeros.
 extern "C" SURFACE_API std::int32_t DllGetVersion(DLLVERSIONINFO* info);

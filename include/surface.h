@@ -111,12 +111,12 @@ public:
     virtual void ellipse(RECT* rect) = 0;
     // A polygon filled with `color`. Required.
     virtual void solidPolygon(POINT* points, unsigned int count, unsigned long color) = 0;
-    // Fills from (x, y): type 0 up to where `color` stands, type 1 as far as `color` goes (the types of the Windows
+    // Fills from (x, y): type 0 up to where `color` begins, type 1 as far as `color` goes (the types of the Windows
     // ExtFloodFill). Required; nothing on the text back ends.
     virtual void floodFill(int x, int y, unsigned long color, unsigned int type) = 0;
     // A frame one unit wide. Required.
     virtual void frameRect(RECT* rect, unsigned long color) = 0;
-    // Reports the fonts of the device into `param`. On devices 0 is success; what else CSurfaceGDI tells. The text back
+    // Reports the fonts of the device into `param`. On devices 0 is success; any other number is described at CSurfaceGDI. The text back
     // ends have no fonts to report: they give 0 and leave `param` alone. Required.
     virtual int loadFonts(DskParam* param) = 0;
     // As drawArc, closed through the centre and filled. Required.
@@ -171,7 +171,7 @@ public:
     void setPen(unsigned long color, int style, int width);
     void setFont(char* faceName, float size, bool bold, bool italic, bool strikethru, bool underline);
 
-    // Tells the back end by newTextStyle, then takes the style over. An equal style does nothing at all.
+    // Informs the back end by newTextStyle, then takes the style over. An equal style does nothing at all.
     void setTextStyle(CTextStyle* style);
 
     // A map from the caller's own image ids to small numbers. Nothing in the module calls these two.

@@ -12,7 +12,7 @@
 
 #include "sys/surfaceExport.h"
 
-// A font as the caller names it. In argument lists strikethru stands before underline; among the fields it
+// A font as the caller names it. In argument lists strikethru comes before underline; among the fields it
 // follows it.
 class SURFACE_API CSurfaceFont {
 public:

@@ -23,8 +23,8 @@ public:
     // 0 once there is a page, also when called again; -1 when there is none.
     int closeSurface() override;
     int getSurfaceType() override;
-    // The next text is the page count. `point` holds the left (x) and the right end (y) of the band that the text
-    // stands in, in device units.
+    // The next text is the page count. `point` holds the left (x) and the right end (y) of the band for the text,
+    // in device units.
     void printerNofMMarker(POINT point) override;
 
 private:

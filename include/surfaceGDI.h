@@ -111,14 +111,14 @@ public:
     // The device's text colour.
     void setForeColor(unsigned long color) override;
 
-    // The colour behind a number: a system colour for a set top bit and an index below 24, else the low 24 bits.
+    // The colour that a number means: a system colour for a set top bit and an index below 24, else the low 24 bits.
     unsigned long GetColor(unsigned long color) const;
     // Brush and pen made from m_brush and m_pen, for callers that set those by the base class. Hatches are not
     // anchored, and there are no picture brushes.
     void createBrush();
     void createPen();
     void drawEdge(RECT* rect, unsigned int edge, unsigned int flags);
-    // The numbers behind the rectangle, the points or the count have no effect.
+    // The numbers after the rectangle, the points or the count have no effect.
     void drawRectangle(RECT* rect, int, int);
     void drawPolygon(POINT* points, unsigned int count, bool);
     void drawPolyline(POINT* points, unsigned int count);
@@ -138,7 +138,7 @@ protected:
     SIZE m_viewportExtent; // of MM_ANISOTROPIC
     SIZE m_windowExtent;   //
     HFONT m_createdFont;   // by the latest createFont
-    HBRUSH m_createdBrush; // by createBrush, from the two behind it
+    HBRUSH m_createdBrush; // by createBrush, from the two after it
     COLORREF m_createdBrushColor;
     int m_createdBrushStyle;
     int m_createdPenWidth; // what m_createdPen was made from

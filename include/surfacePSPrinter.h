@@ -12,7 +12,7 @@
 // negations of extreme coordinates wrap as 32-bit arithmetic does. Pen, brush and colours reach the text when
 // something is drawn with them; font, clip and transform when they are set. Text is written as raw 8-bit bytes,
 // and what a byte shows is up to the font. Documents made from pages of strangers are for interpreters that
-// deny access to files: a face name, for one, stands in them as it came.
+// deny access to files: a face name, for one, is in them as it came.
 #pragma once
 
 #include <atomic>
@@ -20,8 +20,8 @@
 
 #include "surface.h"
 
-// An image as page text: its samples in hexadecimal, bottom row first, a line feed behind every 150th byte. A
-// row is width triples of red, green and blue; of an image with transparency, width mask bytes stand in front
+// An image as page text: its samples in hexadecimal, bottom row first, a line feed after every 150th byte. A
+// row is width triples of red, green and blue; of an image with transparency, width mask bytes are in front
 // of them, where 1 means transparent. It is shared by a surface and the copies of that surface.
 class SURFACE_API CPostScriptImage {
 public:
@@ -50,7 +50,7 @@ private:
 
 class SURFACE_API CSurfacePSPrinter : public CSurface {
 public:
-    // How far the page image stands from the left and the bottom edge of the device's page, in millimetres.
+    // How far the page image is from the left and the bottom edge of the device's page, in millimetres.
     CSurfacePSPrinter(int originX, int originY);
     // Copies go on from the text of their original and share its images.
     CSurfacePSPrinter(const CSurfacePSPrinter& other);
@@ -144,7 +144,7 @@ public:
     void setClipRegion(RECT* rect);
 
     // The pieces of page text, for arguments that are not null. The push family writes operands, each with a
-    // blank behind it.
+    // blank after it.
     static void pushInteger(TovoTextString* s, int number);
     static void pushPoint(TovoTextString* s, int x, int y);
     // Left, top, width and height; the height is negative for a rectangle that extends downward.

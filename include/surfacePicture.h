@@ -39,7 +39,7 @@ public:
     static COLORREF findTransparentColor(const BITMAPINFO* info, const unsigned char* bits);
 
     // Draws a bitmap with one colour left out, by a mask and three raster steps. Source coordinates count from the
-    // top. False, told in the log, when the device can't do it; part of the steps may have been drawn then.
+    // top. False, with a line in the log, when the device can't do it; part of the steps may have been drawn then.
     static bool drawTransparent(HDC hdc, HBITMAP bitmap, int x, int y, int width, int height, int xSrc,
                                 int ySrc, int widthSrc, int heightSrc, COLORREF transparent);
 

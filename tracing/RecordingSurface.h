@@ -25,7 +25,7 @@
 #include <utility>
 #include <vector>
 
-// The operations stand as a table with their bodies: each records, then does what CSurface does itself.
+// The operations are a table with their bodies: each records, then does what CSurface does itself.
 class RecordingSurface : public CSurface {
 public:
     using CSurface::setBrush;
@@ -39,7 +39,7 @@ public:
 
     // Keeps its calls.
     RecordingSurface() = default;
-    // Tells its calls to the listener and keeps none: for pages of any length.
+    // Passes its calls to the listener and keeps none: for pages of any length.
     explicit RecordingSurface(Listener listener) : m_listener(std::move(listener)) {}
 
     const std::vector<std::string>& calls() const { return m_calls; }

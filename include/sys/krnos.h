@@ -1,7 +1,7 @@
 // What the module needs of its operating-system layer: heaps, string storage, the log, assertions, a lock,
 // error texts, and numbers and characters converted in a form that no locale changes.
 //
-// Called by everything; knows nobody. The strings of tovostr.h stand on the string storage, the containers
+// Called by everything; knows nobody. The strings of tovostr.h use the string storage, the containers
 // of tovoarray.h on the default heap. Every operation here may be called from any thread.
 #pragma once
 
@@ -12,8 +12,8 @@
 
 #include "sys/surfaceExport.h"
 
-// The one exception of the platform, thrown by value and caught by reference: a code that tells the kind of
-// failure and a number that tells which one it was.
+// The one exception of the platform, thrown by value and caught by reference: a code for the kind of
+// failure and a number for the single one.
 class SURFACE_API KrnException {
 public:
     static constexpr unsigned int outOfMemoryCode = 0xE0000003U;
@@ -68,7 +68,7 @@ private:
 // before any constructor of a static object runs.
 extern SURFACE_API XHeap kosDefaultHeap;
 
-// The shared empty string. Strings without a buffer stand on it, and pointers are compared with it; nobody
+// The shared empty string. Strings without a buffer point to it, and pointers are compared with it; nobody
 // writes to it.
 extern SURFACE_API const char* const kstr_null_string;
 
@@ -85,7 +85,7 @@ SURFACE_API void kstr_deallocate(void* block) noexcept;
 SURFACE_API void kstr_setFailure(long calls) noexcept;
 
 // A named log. One call is one line: to the sink, when the host set one, as the bare message; else to standard
-// error behind the log's name. Lines of different threads never mix, and line ends inside a message turn into
+// error after the log's name. Lines of different threads never mix, and line ends inside a message turn into
 // blanks, so that text from a page cannot forge a line.
 class SURFACE_API KrnLog {
 public:
@@ -122,20 +122,20 @@ SURFACE_API void kosSetAssertHandler(void (*handler)(const char* caption, const 
 [[gnu::format(printf, 2, 3)]] SURFACE_API int intlSprintf(char* buffer, const char* format, ...);
 
 // Reads whole numbers as sscanf does in the "C" locale, with these means: "%d" into an int; white space, which
-// passes over any white space; every other character, which must stand in the text. Numbers beyond 32 bits
+// passes over any white space; every other character, which must be in the text as well. Numbers beyond 32 bits
 // become the nearest int. The first thing that does not match ends the reading, and its target and all later
 // ones stay as they were. Gives the number of fields read, 0 at the end of the text too. Looks at no
-// character behind the last one it needs.
+// character after the last one it needs.
 [[gnu::format(scanf, 2, 3)]] SURFACE_API int intlSscanNumeric(const char* text, const char* format, ...);
 
-// The text of `value` with exactly `decimals` digits behind the point, rounded as printf rounds, in a buffer
+// The text of `value` with exactly `decimals` digits after the point, rounded as printf rounds, in a buffer
 // of `size` bytes with its terminator. What is too long for the buffer, infinities included, becomes the
 // nearest value of that form which fits: "99999999.99" for 12 bytes and 2 decimals. NaN counts as 0. Where
 // not even 0 fits, the result is the empty string. Gives the start of the text.
 SURFACE_API char* intlFloatToStringFixed(char* buffer, int size, float value, int decimals);
 
-// The number at the start of `text`, behind white space: sign, digits, point, digits, exponent. 0 when there
-// is none (null, words, hexadecimal digits behind the 0); beyond the range of double the largest finite
+// The number at the start of `text`, after white space: sign, digits, point, digits, exponent. 0 when there
+// is none (null, words, hexadecimal digits after the 0); beyond the range of double the largest finite
 // value with the number's sign.
 SURFACE_API double intlStringToDoubleFixed(const char* text);
 

@@ -11,15 +11,15 @@
 #include "sys/surfaceExport.h"
 
 // Base64 with the alphabet of RFC 4648, section 4, padded. `text` receives an allocated text without line
-// breaks behind which a zero byte stands, `length` its characters without that byte; both go back by
+// breaks with a zero byte after it, `length` its characters without that byte; both go back by
 // base64Free. The flag has no meaning here. Gives 0, or an error number when the text is longer than an int
-// can tell or there is no memory; `text` is null then and `length` 0.
+// knows or there is no memory; `text` is null then and `length` 0.
 SURFACE_API int base64Encode(unsigned char* data, unsigned int size, char*& text, int& length, bool flag);
 
 // Decodes up to the first zero byte, passing over white space. Padding ends the data and may be missing.
 // `data` receives an allocated block, `size` its bytes; null and 0 where the text holds none. Gives 0, or an
-// error number: a foreign character ends the data as well, and what stands before it is given; so is what
-// stands before a last character that makes no byte. Without memory nothing is given.
+// error number: a foreign character ends the data as well, and what is before it is given; so is what
+// is before a last character that makes no byte. Without memory nothing is given.
 SURFACE_API int base64Decode(char* text, unsigned char*& data, int& size);
 
 // Free what the two above allocated; null does nothing.
@@ -86,7 +86,7 @@ public:
     // A stream over the caller's bytes, which stay where they are; null without bytes.
     FIMEMORY* imageOpenMemory(unsigned char* data, int size);
 
-    // The format that the data's first bytes tell; FIF_UNKNOWN when they tell none. Size 0: the whole stream.
+    // The format by the data's first bytes; FIF_UNKNOWN when they are those of none. Size 0: the whole stream.
     FREE_IMAGE_FORMAT imageGetFileTypeFromMemory(FIMEMORY* memory, int size);
 
     void imageCloseMemory(FIMEMORY* memory);
@@ -99,7 +99,7 @@ public:
     // imageUnload.
     FIBITMAP* imageLoadFromMem(FREE_IMAGE_FORMAT format, unsigned char* data, unsigned int size);
 
-    // The Windows header of the bitmap, behind which colour table and pixels follow without a gap. It belongs
+    // The Windows header of the bitmap, after which colour table and pixels follow without a gap. It belongs
     // to the bitmap.
     BITMAPINFO* imageGetInfo(FIBITMAP* bitmap);
 

@@ -16,7 +16,7 @@
 
 #include "sys/krnos.h"
 
-// The block behind all three: elements, room and growth, told in 0-based indices. Elements past the size are
+// The block behind all three: elements, room and growth, in 0-based indices. Elements past the size are
 // zero at all times, so that storing past the end leaves zeros in between.
 template <typename Element>
 class TovoBlock {

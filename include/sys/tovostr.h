@@ -18,8 +18,8 @@
 
 // The buffer behind both strings: ownership, growth and the operations that count bytes and know no text.
 //
-// A string without a buffer stands on kstr_null_string with length and capacity 0. One with a buffer has its
-// length below the capacity and a zero byte behind its content and at the end of the buffer.
+// A string without a buffer points to kstr_null_string with length and capacity 0. One with a buffer has its
+// length below the capacity and a zero byte after its content and at the end of the buffer.
 class TovoStringBuffer {
 public:
     TovoStringBuffer& operator=(const TovoStringBuffer&) = delete;
@@ -136,7 +136,7 @@ protected:
         }
     }
 
-    // The content is replaced, and nothing behind it is written.
+    // The content is replaced, and nothing after it is written.
     void replaceContent(const void* data, unsigned int length)
     {
         if (data == nullptr || length == 0) {
@@ -201,7 +201,7 @@ private:
         _text[capacity - 1] = '\0';
     }
 
-    // Grows, and tells where `data` stands afterwards: a piece of the content moves with it.
+    // Grows, and gives the place of `data` afterwards: a piece of the content moves with it.
     const void* growKeeping(const void* data, std::uint64_t length)
     {
         const std::uintptr_t offset =
@@ -297,7 +297,7 @@ public:
         return TovoTextString(_text + first, clamped(count, _length - first));
     }
 
-    // The position of the first occurrence at or behind `start` and before the first zero byte from there; -1
+    // The position of the first occurrence at or after `start` and before the first zero byte from there; -1
     // when there is none or `start` is past the end. A start below 0 counts as 0.
     int find(const char* needle, int start) const noexcept
     {
@@ -373,6 +373,6 @@ public:
     const char* data() const noexcept { return _text; }
     char* data() noexcept { return _text; }
 
-    // `assign` for the samples of an image: fills the buffer and writes no terminator behind them.
+    // `assign` for the samples of an image: fills the buffer and writes no terminator after them.
     void assignSamples(const void* data, unsigned int length) { replaceContent(data, length); }
 };

@@ -1,4 +1,4 @@
-// What the module does last: when it is unloaded, and when the process ends, behind the destructors of all static
+// What the module does last: when it is unloaded, and when the process ends, after the destructors of all static
 // objects.
 //
 // For tables that those destructors, a host's among them, may still reach: they are made on the heap at their first use

@@ -1,6 +1,6 @@
 // Numbers out of text, in a form that no locale changes: called by every reader of a page.
 //
-// Texts are stretches of pages from strangers and may be very long; nothing here looks behind the number it
+// Texts are stretches of pages from strangers and may be very long; nothing here looks beyond the number it
 // reads, and nothing asks for the length of a text.
 #include "sys/krnos.h"
 
@@ -54,7 +54,7 @@ std::int64_t readDigits(const char*& text, std::int64_t limit) noexcept
     return number;
 }
 
-// Reads one field and moves `text` behind it; false, with both arguments as they were, when there is none.
+// Reads one field and moves `text` after it; false, with both arguments as they were, when there is none.
 bool readField(const char*& text, int& field) noexcept
 {
     const char* next = skipBlanks(text);
@@ -94,7 +94,7 @@ const char* endOfNumber(const char* first) noexcept
 }
 
 // Whether a number beyond the range of double is too large, not too small: its first digit other than 0, with
-// the exponent counted in, stands in front of the point.
+// the exponent counted in, comes before the point.
 bool isTooLarge(const char* first, const char* end) noexcept
 {
     const char* const mantissaEnd = std::find_if(first, end, [](char c) { return c == 'e' || c == 'E'; });

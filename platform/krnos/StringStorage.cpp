@@ -1,6 +1,6 @@
 // The storage of string buffers, with room to spare in large blocks.
 //
-// Called by the strings of tovostr.h, which ask again every 64 bytes. In front of each block stands its usable
+// Called by the strings of tovostr.h, which ask again every 64 bytes. In front of each block is its usable
 // size; a request that fits is answered with the same block. Under AddressSanitizer the spare room is closed
 // to everyone, so that a string which runs past what it asked for is found out.
 #include "sys/krnos.h"

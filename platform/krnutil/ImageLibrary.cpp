@@ -18,7 +18,7 @@
 #include "sys/krnos.h"
 
 // FreeImage's header declares Windows types under their own names, so it gets a namespace to do that in. The
-// system headers that it asks for stand above and are not read again.
+// system headers that it asks for are above and are not read again.
 namespace freeImage {
 #include <FreeImage.h>
 } // namespace freeImage

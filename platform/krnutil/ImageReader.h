@@ -35,7 +35,7 @@ private:
     // `count` items of `size` bytes; gives the number of whole items. What is missing is zero.
     unsigned int read(void* buffer, unsigned int size, unsigned int count) noexcept;
 
-    // As fseek: 0, or -1 for a place before the start. Behind the end there is nothing to read.
+    // As fseek: 0, or -1 for a place before the start. After the end there is nothing to read.
     int seek(long offset, int origin) noexcept;
 
     const unsigned char* _data;

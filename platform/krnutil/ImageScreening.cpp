@@ -37,7 +37,7 @@ private:
     std::size_t _size;
 };
 
-// Where a format keeps its size: so many bytes behind the start of a marker, which stands at the very start or,
+// Where a format keeps its size: so many bytes after the start of a marker, which is at the very start or,
 // where parts of a file come in any order, anywhere. Of several markers the largest size counts, so that a
 // small one put in front hides nothing.
 struct SizeField {
@@ -95,7 +95,7 @@ std::uint64_t largestStatedBy(const SizeField& field, const ImageBytes& image)
     return largest;
 }
 
-// The entries of a colour table whose presence and size a packed byte tells, in bytes.
+// The entries of a colour table whose presence and size are in a packed byte, in bytes.
 std::size_t gifColourTableBytes(std::uint64_t packed) noexcept
 {
     return (packed & 0x80) != 0 ? std::size_t{6} << (packed & 7) : 0;
@@ -136,7 +136,7 @@ bool hasSoundIcon(const ImageBytes& image)
 }
 
 // A value of the tag in the first directory (TIFF 6.0, section 2): the first one where it has several, `absent`
-// where there is none, `doubtful` where it stands twice or its values differ.
+// where there is none, `doubtful` where it occurs twice or its values differ.
 constexpr std::uint64_t doubtful = UINT64_MAX;
 
 std::uint64_t tiffValue(const ImageBytes& image, bool bigEndian, std::uint64_t tag, std::uint64_t absent)

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Whether `count` elements at an offset lie behind the fields of a text record and inside it.
+// Whether `count` elements at an offset lie after the fields of a text record and inside it.
 bool holds(const MetafileRecord& record, std::uint64_t offset, std::uint64_t count, std::uint64_t size)
 {
     return offset >= sizeof(EMREXTTEXTOUT) && offset + count * size <= record.bytes.size();

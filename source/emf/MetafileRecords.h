@@ -89,7 +89,7 @@ private:
 };
 
 // The fields of an EMR_EXTTEXTOUTA or EMR_EXTTEXTOUTW ([MS-EMF] 2.3.5.7, 2.3.5.8). Its characters, if it has
-// any, lie inside the record and behind these fields.
+// any, lie inside the record and after these fields.
 struct MetafileText {
     EMREXTTEXTOUT fields;
     unsigned int characterSize; // in bytes: 1 or 2

@@ -72,7 +72,7 @@ bool MetafileSearch::findText(unsigned int field, unsigned int from, MatchEntrie
     return start < text.size() && runsOn(field, start, nullptr) && runsOn(field, start, &entries);
 }
 
-// Where the first candidate begins that the field itself doesn't end: the whole text stands there, or the field
+// Where the first candidate begins that the field itself doesn't end: the whole text is there, or the field
 // ends with a beginning of it. The field's length when there is none.
 unsigned int MetafileSearch::firstCandidate(std::string_view text, unsigned int from) const
 {
@@ -90,7 +90,7 @@ unsigned int MetafileSearch::firstCandidate(std::string_view text, unsigned int 
     return static_cast<unsigned int>(text.size()) - matched;
 }
 
-// Whether the text stands there, in this field or on through those that follow. Adds the entries, where they are
+// Whether the text is there, in this field or on through those that follow. Adds the entries, where they are
 // asked for, also without a hit; without them fields of blanks are passed over in one step.
 bool MetafileSearch::runsOn(unsigned int field, unsigned int start, MatchEntries* entries)
 {
@@ -132,7 +132,7 @@ unsigned int MetafileSearch::behindBlanks(unsigned int consumed) const
     return consumed;
 }
 
-// Whether a word can go on from one field into the next: nothing stands between them.
+// Whether a word can go on from one field into the next: nothing is between them.
 bool MetafileSearch::adjoins(unsigned int field, unsigned int next) const
 {
     constexpr int Gap = 5;

@@ -26,7 +26,7 @@ bool MetafileSearch::findWords(unsigned int field, unsigned int from, MatchEntri
     return false;
 }
 
-// Whether the phrase stands there: `word` is at its first word, which is number `count` of the field.
+// Whether the phrase is there: `word` is at its first word, which is number `count` of the field.
 MetafileSearch::Outcome MetafileSearch::wordsRunOn(unsigned int field, WordCursor word, unsigned int count,
                                                    MatchEntries* entries)
 {

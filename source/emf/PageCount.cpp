@@ -1,4 +1,4 @@
-// The page count that is stamped into the text behind a marker, in place.
+// The page count that is stamped into the text after a marker, in place.
 //
 // The marker is a comment record that CSurfaceEMF::printerNofMMarker leaves. The text keeps its record, of which
 // characters, advances and place are written anew.
@@ -230,7 +230,7 @@ private:
     std::array<Patch, Room> _patches;
 };
 
-// A text record behind a marker receives the stamp, where it has room; else the next one does.
+// A text record after a marker receives the stamp, where it has room; else the next one does.
 void stampText(const MetafileRecord& record, const MetafileText& text, const Stamp& stamp, Walk& walk,
                Patches& patches)
 {

@@ -54,14 +54,14 @@ unsigned int ReadingOrder::next(POINTL place)
     return best.number != none && best.key == 0 ? lookForNext(place) : best.number;
 }
 
-// Keys grow with x, but for the one place where they wrap around: the least is the first behind the place or the
-// first behind that one.
+// Keys grow with x, but for the one place where they wrap around: the least is the first after the place or the
+// first after that one.
 void ReadingOrder::chooseFromLine(Candidate& best, POINTL place, int line) const
 {
     const std::int64_t start = wrapMultiply(place.y, LineFactor);
     const std::int64_t wrapsAt = start > 0 ? INT_MAX - start + 1 : INT_MIN - start;
-    const std::int64_t behind = std::int64_t{place.x} + 1;
-    for (const std::int64_t x : {behind, std::max(behind, wrapsAt)}) {
+    const std::int64_t after = std::int64_t{place.x} + 1;
+    for (const std::int64_t x : {after, std::max(after, wrapsAt)}) {
         const unsigned int rank = rankFrom(line, x);
         if (rank < m_order.size() && sorted(rank).y == line) {
             choose(best, {m_order[rank], keyOf(place.y, sorted(rank).x)});
@@ -76,7 +76,7 @@ void ReadingOrder::choose(Candidate& best, Candidate candidate)
     }
 }
 
-// How many fields lie before the first at (x, y) or behind it in the order.
+// How many fields lie before the first at (x, y) or after it in the order.
 unsigned int ReadingOrder::rankFrom(std::int64_t y, std::int64_t x) const
 {
     const unsigned int* const order = &m_order[0];

@@ -3,7 +3,7 @@
 // Asked by the search of a metafile page where a text may run on. A line is what lies less than 5 units above or
 // below the place. Among the fields that follow it, the one with the least key is next: y * 1000 + x in 32 bits
 // that wrap, with the y of the place for all of its line; of equal ones the first on the page. A key of 0 counts
-// as none, so that a field with it gives way to any other behind it on the page.
+// as none, so that a field with it gives way to any other after it on the page.
 #pragma once
 
 #include <cstdint>

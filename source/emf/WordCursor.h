@@ -11,7 +11,7 @@ public:
     // In front of the first word.
     explicit WordCursor(std::string_view text) : _text(text) {}
 
-    // Moves to the next word; false, and no word, behind the last one.
+    // Moves to the next word; false, and no word, after the last one.
     bool next()
     {
         _start = _end;

@@ -12,7 +12,7 @@ using Entries = std::span<const MatchEntry>;
 
 constexpr COLORREF Red = 0x0000FF;
 
-// The entries of the first one's record; they stand together.
+// The entries of the first one's record, which follow each other.
 Entries ofOneRecord(Entries entries)
 {
     std::size_t count = 0;
@@ -52,16 +52,16 @@ unsigned char* putTextColor(unsigned char* at, COLORREF color)
     return at + sizeof(record);
 }
 
-void blankOut(unsigned char* record, const MetafileText& text, unsigned int first, unsigned int behind)
+void blankOut(unsigned char* record, const MetafileText& text, unsigned int first, unsigned int after)
 {
     constexpr WCHAR WideBlank = u' ';
-    for (unsigned int i = first; i < behind; ++i) {
+    for (unsigned int i = first; i < after; ++i) {
         std::memcpy(record + text.offsetOf(i), &WideBlank,
                     text.characterSize); // its low byte is the 8-bit one
     }
 }
 
-// The record without the characters of the entries, and in red with these alone. Gives the place behind.
+// The record without the characters of the entries, and in red with these alone. Gives the place after.
 unsigned char* putTwice(unsigned char* at, const MetafileRecord& record, Entries entries, COLORREF color)
 {
     const MetafileText text = *textOf(record);
@@ -72,11 +72,11 @@ unsigned char* putTwice(unsigned char* at, const MetafileRecord& record, Entries
     blankOut(hit, text, 0, count);
     for (const MatchEntry& entry : entries) {
         const unsigned int first = std::min(entry.first, count);
-        const unsigned int behind = entry.last < count ? entry.last + 1 : count;
-        if (first < behind) {
+        const unsigned int after = entry.last < count ? entry.last + 1 : count;
+        if (first < after) {
             std::memcpy(hit + text.offsetOf(first), record.bytes.data() + text.offsetOf(first),
-                        text.offsetOf(behind) - text.offsetOf(first));
-            blankOut(rest, text, first, behind);
+                        text.offsetOf(after) - text.offsetOf(first));
+            blankOut(rest, text, first, after);
         }
     }
     return end;

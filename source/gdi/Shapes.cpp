@@ -3,7 +3,7 @@
 
 namespace {
 
-// A brush for one call, deleted behind it.
+// A brush for one call, deleted after it.
 class TemporaryBrush {
 public:
     explicit TemporaryBrush(unsigned long color) : m_brush(CreateSolidBrush(static_cast<COLORREF>(color))) {}

@@ -25,7 +25,7 @@ CSurfaceGDI::~CSurfaceGDI()
     for (unsigned int i = 0; i < m_pictures.size(); ++i) {
         delete m_pictures[i];
     }
-    // A font may stand in two members; a handle that is dead already harms nothing, but it is not this one's twice.
+    // Two members may hold one font; a handle that is dead already harms nothing, but it is not this one's twice.
     const HFONT savedFont = m_savedFont != m_currentFont ? m_savedFont : nullptr;
     const HFONT strandedFont = m_strandedFont != m_currentFont ? m_strandedFont : nullptr;
     const HGDIOBJ owned[] = {m_currentPen,  m_currentBrush,  m_currentFont, savedFont,

@@ -3,7 +3,7 @@
 
 #include "ModuleVersionDetail.h"
 
-// Where the fields of one class of file stand, and how wide its addresses are.
+// Where the fields of one class of file are, and how wide its addresses are.
 struct CModuleVersion::Detail::ElfLayout {
     unsigned int width;
     // Of the file's head.
@@ -11,13 +11,13 @@ struct CModuleVersion::Detail::ElfLayout {
     std::uint64_t sectionEntrySize;
     std::uint64_t sectionCount;
     std::uint64_t nameSection;
-    // Of a section's head; name and type stand at 0 and 4.
+    // Of a section's head; name and type are at 0 and 4.
     unsigned int sectionSize;
     std::uint64_t address;
     std::uint64_t offset;
     std::uint64_t size;
     std::uint64_t entrySize;
-    // Of a symbol; its name stands at 0.
+    // Of a symbol; its name is at 0.
     unsigned int symbolSize;
     std::uint64_t symbolSection;
     std::uint64_t symbolValue;

@@ -1,5 +1,5 @@
 // The walk through a resource tree to the version block (PE format, "The .rsrc Section"): three levels of directories,
-// by type, name and language. Offsets count from the start of the tree; named entries stand in front of those with
+// by type, name and language. Offsets count from the start of the tree; named entries come before those with
 // ids, and are passed over.
 #include "ModuleVersionDetail.h"
 
@@ -128,7 +128,7 @@ CModuleVersion::Detail::Walk CModuleVersion::Detail::readLanguages(std::uint64_t
 }
 
 // VS_VERSIONINFO: its length and that of its value in bytes, a type, a key in 16-bit characters, and, aligned, the
-// fixed part, which its signature tells. It is looked for in as many units as the length counts bytes: what follows the
+// fixed part, known by its signature. It is looked for in as many units as the length counts bytes: what follows the
 // block is looked at as well, up to the end of the file.
 CModuleVersion::Detail::Walk CModuleVersion::Detail::readBlock(std::uint64_t block, bool& found)
 {

@@ -1,4 +1,4 @@
-// The module's version resource: a tree of the PE kind ("The .rsrc Section") behind the exported symbol "__rsrc", where
+// The module's version resource: a tree of the PE kind ("The .rsrc Section") at the exported symbol "__rsrc", where
 // readers of this file find it as they find that of a PE file.
 #include <cstddef>
 #include <cstdint>

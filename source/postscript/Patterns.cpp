@@ -1,6 +1,6 @@
 // Images as patterns, for tiles and picture brushes.
 //
-// A definition stands in front of all drawing, whenever it was written, and the newest stands first. They are
+// A definition comes before all drawing, whenever it was written, and the newest comes first. They are
 // gathered and go in front of the page's text together, once somebody looks at it: a page of many tiles is not
 // moved for each of them.
 #include "surfacePSPrinter.h"
@@ -22,7 +22,7 @@ std::string_view viewOf(const TovoBinaryString& bytes)
     return std::string_view(bytes.data(), bytes.length());
 }
 
-// In each row, the mask stands in front of the samples. A stream that breaks off ends there.
+// In each row, the mask comes before the samples. A stream that breaks off ends there.
 void dropMasks(TovoBinaryString& out, std::string_view stream, int width)
 {
     const std::size_t maskSize = static_cast<std::size_t>(std::max(width, 0));

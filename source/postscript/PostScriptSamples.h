@@ -19,7 +19,7 @@ inline unsigned int lengthIn32Bits(std::uint64_t length)
     return static_cast<unsigned int>(length);
 }
 
-// Appends two lower-case digits for each byte and a line feed behind every 150th.
+// Appends two lower-case digits for each byte and a line feed after every 150th.
 void appendHexadecimal(TovoTextString& out, std::string_view bytes);
 
 // The bytes of such a text.

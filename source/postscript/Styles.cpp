@@ -1,6 +1,6 @@
 // Operands, colours and paths, and the state of pen and brush.
 //
-// Blanks stand as documents have them: operands end in one and most operators begin with one, so two often meet.
+// Blanks are as documents have them: operands end in one and most operators begin with one, so two often meet.
 #include "surfacePSPrinter.h"
 
 #include "PostScriptChange.h"

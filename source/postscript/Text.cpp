@@ -93,7 +93,7 @@ void CSurfacePSPrinter::setFont(CSurfaceFont* font)
         [&] { m_font = before; });
 }
 
-// The name goes into the text as it is. One with a blank becomes a string for findfont, behind the empty name
+// The name goes into the text as it is. One with a blank becomes a string for findfont, after the empty name
 // that the slash makes.
 void CSurfacePSPrinter::writeFont(char* faceName, float size, bool bold, bool italic, bool /*strikethru*/,
                                   bool /*underline*/)

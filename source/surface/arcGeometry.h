@@ -1,4 +1,4 @@
-// Where an arc begins and ends. Callers give it as a bounding rectangle and two points that only tell
+// Where an arc begins and ends. Callers give it as a bounding rectangle and two points that only give
 // directions from its centre.
 #pragma once
 

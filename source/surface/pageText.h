@@ -3,7 +3,7 @@
 // appendPieces(out, "<line x1='", x1, "' y1='", y1, "'") appends its pieces in order: literals and string
 // views as they are, int and unsigned in decimal, FixedNumber with a fixed count of decimals, RgbColor as
 // "rgb(r,g,b)". No piece depends on the locale. A further kind of piece needs two overloads: maximumLength,
-// a bound on its characters, and putPiece, which writes it and gives the place behind it.
+// a bound on its characters, and putPiece, which writes it and gives the place after it.
 #pragma once
 
 #include <charconv>
@@ -16,7 +16,7 @@
 #include "sys/krnos.h"
 #include "sys/tovostr.h"
 
-// A number with `decimals` digits behind the point. `room` is the size in bytes of the buffer that the text
+// A number with `decimals` digits after the point. `room` is the size in bytes of the buffer that the text
 // has to fit, its terminator counted: a page format fixes it, since it decides the text of extreme values.
 struct FixedNumber {
     float value;

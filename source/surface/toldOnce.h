@@ -4,8 +4,8 @@
 #include "sys/krnos.h"
 #include "sys/tovoarray.h"
 
-// Whether `number` is told for the first time, which it then was. What cannot be remembered, for want of memory or
-// because too many were told already, is not told.
+// Whether `number` is reported for the first time; it counts as reported then. What cannot be remembered, for want of memory or
+// because too many were reported already, is not reported.
 inline bool firstTold(Vector<unsigned int, 10>& told, unsigned int number)
 {
     constexpr unsigned int Most = 100; // a page of strangers must not fill a host's log

@@ -1,10 +1,10 @@
-// What stands between the words of a page's text for a search of whole words.
+// What is between the words of a page's text for a search of whole words.
 #pragma once
 
 #include <array>
 #include <string_view>
 
-// A zero byte separates too: it stands where a text was cut into words.
+// A zero byte separates too: it is where a text was cut into words.
 inline constexpr std::array<bool, 256> wordSeparators = [] {
     std::array<bool, 256> separators{};
     for (const char character : std::string_view(" ,;:/\"'\0", 8)) {

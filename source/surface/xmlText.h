@@ -2,7 +2,7 @@
 //
 // One pass each way, with the result of a pass per entity: the replaced characters occur in no entity, and the
 // ampersand, which does, is escaped first and decoded last. Like every search of a TovoTextString, both stop
-// at a zero byte; what stands behind it is passed on as it is.
+// at a zero byte; what is after it is passed on as it is.
 #pragma once
 
 #include "sys/tovostr.h"

@@ -36,7 +36,7 @@ inline std::string markerRecord(int left, int right)
     return recordOf(EMR_GDICOMMENT, bytesOf(DWORD{11}) + "TPC" + bytesOf(POINTL{left, right}));
 }
 
-// A text of characters 10 units wide and high, with advances of 7 behind it.
+// A text of characters 10 units wide and high, with advances of 7 after it.
 inline std::string textRecord(int x, int y, const std::string& text, bool wide = false)
 {
     std::string characters;

@@ -15,7 +15,7 @@ namespace {
 
 const std::string red = recordOf(EMR_SETTEXTCOLOR, bytesOf(DWORD{255}));
 
-// What stands twice in the marked page, "rest|hit " each. All else must be the page, with the right counts.
+// What occurs twice in the marked page, "rest|hit " each. All else must be the page, with the right counts.
 std::string marksOf(const std::string& page, const std::string& marked)
 {
     const std::vector<std::string> records = recordsOf(marked);

@@ -25,7 +25,7 @@ TEST(MetafileStamp, GoesToTheNextTextWithRoom)
 {
     const std::string word(299, 'w');
     const struct {
-        const char* texts; // those behind a marker begin with "!"
+        const char* texts; // those after a marker begin with "!"
         std::string stamped;
         const char* word = "of";
     } cases[] = {
@@ -71,7 +71,7 @@ std::string fontRecord(DWORD number)
     return recordOf(EMR_EXTCREATEFONTINDIRECTW, bytesOf(number) + bytesOf(font));
 }
 
-// The advances of "7 of 12" over sevens, and its width behind them.
+// The advances of "7 of 12" over sevens, and its width after them.
 std::vector<int> measuresIn(DWORD number)
 {
     LOGFONTW font{};

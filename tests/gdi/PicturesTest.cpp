@@ -1,4 +1,4 @@
-// Pictures on pixels: modes, transparency, and what is told when a device can't do it.
+// Pictures on pixels: modes, transparency, and what is reported when a device can't do it.
 #include <gdidevice.h>
 
 #include <string>
@@ -36,7 +36,7 @@ std::string imageOf(const std::vector<std::string>& rows)
     return bitmapOf(pixels, 32, rows.size());
 }
 
-// What stands on a page of 8 by 6 pixels.
+// What is on a page of 8 by 6 pixels.
 std::string pageOf(HDC device)
 {
     int stride = 0;

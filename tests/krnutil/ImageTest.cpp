@@ -1,4 +1,4 @@
-// FreeImageDesc over small images that stand here as bytes or are made from such.
+// FreeImageDesc over small images that are given here as bytes or are made from such.
 #include "sys/krnutil.h"
 
 #include <cstdint>
@@ -146,7 +146,7 @@ TEST_F(Image, OfFourthBytesThatAreUnusedIsSeen)
         EXPECT_FALSE(masked(header, 3, 0)) << header;
     }
     EXPECT_TRUE(masked(40, 6, 0xFF000000));
-    EXPECT_FALSE(masked(40, 3, 0xFF000000)); // a pixel stands there
+    EXPECT_FALSE(masked(40, 3, 0xFF000000)); // a pixel is there
     EXPECT_FALSE(masked(64, 3, 0xFF000000)); // of another system
     EXPECT_FALSE(hasAlphaMask(nullptr, 0));
 }

@@ -71,7 +71,7 @@ const LanguageCase languageCases[] = {
 struct ChangeCase {
     const char* what;
     std::span<const FileKind> kinds;
-    std::size_t section; // of an ELF file, in whose head the number stands; 0: in none
+    std::size_t section; // of an ELF file, in whose head the number is; 0: in none
     std::size_t place;
     std::size_t further; // in a file of 64 bits
     unsigned int width;  // bytes; 0: those of an address

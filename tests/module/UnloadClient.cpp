@@ -55,7 +55,7 @@ bool drawsAndPlays()
 
 } // namespace
 
-// False when something could not be drawn or played. `use` tells what is left of it all.
+// False when something could not be drawn or played. `use` is what is left of it all.
 extern "C" SURFACE_API bool useModule(ModuleUse* use, DLLVERSIONINFO* version)
 {
     const bool worked = drawsAndPlays();

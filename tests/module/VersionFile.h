@@ -15,7 +15,7 @@ using Languages = std::vector<std::pair<std::uint32_t, std::uint16_t>>;
 
 class VersionFile {
 public:
-    // Where the parts stand. Behind the head of a directory come one named entry and its ids: 3, 16 and 24 in the
+    // Where the parts are. After the head of a directory come one named entry and its ids: 3, 16 and 24 in the
     // first, 1 and 2 in the second, the languages in the third.
     static constexpr std::size_t peHeader = 64;
     static constexpr std::size_t peSections = peHeader + 24 + 8;
@@ -36,7 +36,7 @@ public:
           m_bytes(blocks + in.size() * blockSize, '\0')
     {
         kind == FileKind::pe ? putPe() : putElf();
-        // The named one has the number of the type, and no directory behind it.
+        // The named one has the number of the type, and no directory after it.
         put(types + 12, 2, {1, 3});
         put(types + 16, 4, {16, 0, 3, 0, 16, directory | (names - types), 24, 0});
         put(names + 12, 2, {1, 2});
@@ -55,10 +55,10 @@ public:
     const std::string& bytes() const { return m_bytes; }
     unsigned int addressWidth() const { return m_wide ? 8 : 4; }
     std::size_t elfSection(std::size_t index) const { return elfSections + index * (m_wide ? 64 : 40); }
-    // The first byte behind all that a reader needs.
+    // The first byte after all that a reader needs.
     std::size_t end() const { return m_bytes.size() - 36; }
 
-    // Numbers of one width, one behind the other.
+    // Numbers of one width, one after the other.
     void put(std::size_t offset, unsigned int width, std::initializer_list<std::uint64_t> values)
     {
         for (const std::uint64_t value : values) {

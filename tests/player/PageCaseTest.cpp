@@ -77,7 +77,7 @@ const PageCase elements[] = {
     {"EndTagTooNear", mark(1) + "<symbol></symbol>" + mark(2), marked(1)},
     {"InnerWalkStaysInItsParent", "<svg ><text x='1'></svg>" + mark(1) + "</text>" + mark(2),
      marked(1) + marked(2), 1},
-    // Some names need a blank behind them, <defs> stands alone.
+    // Some names need a blank after them, <defs> stands alone.
     {"NamesThatAreUnknown",
      "<text>" + mark(1) + "</text><text\nx='1'><g>" + mark(2) + "<defs a='b'>" + defs.substr(6) + clip1,
      marked(1) + marked(2), 8},
@@ -106,13 +106,13 @@ const PageCase groups[] = {
      ""},
     {"EndsGoByState", defs + transform + clip1 + transform + "</g>" + mark(1) + "</g></g><g id='a'></g>",
      transformed + clipped + transformed + "clearTransform; " + marked(1) + unclipped},
-    // Behind the first number the comma is sought four characters on: short numbers lose their neighbours.
+    // After the first number the comma is sought four characters on: short numbers lose their neighbours.
     {"ShortFirstNumber", "<g transform='matrix(1,0,0,1,5,6,7,8)'>", "setTransform 1 1 5 6 7 8"},
     {"TransformsThatCannotBeUsed",
      "<g transform='matrix(1,0,0,1,5,6)'></g><g transform='scale(2.00,2.00,2.00,2.00,2.00,2.00)'></g>", ""},
     {"Fonts", arial + "font-style='not italic' font-weight='semibold' text-decoration='line-through'></g>",
      "setFont \"Arial\" 8 bold italic strikethru"},
-    // Words count only inside their values, and decoration only behind the weight.
+    // Words count only inside their values, and decoration only after the weight.
     {"FontWordsElsewhere",
      arial +
          "text-decoration='underline' font-style='normal' font-weight='normal' a='bold italic underline'>",

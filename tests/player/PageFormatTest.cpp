@@ -19,10 +19,10 @@ TEST(PageFormat, IsToldByTheBytes)
         {metafile + bothMarks, 1},
         {metafile.substr(0, 43), 0}, // a head that ends before its signature does
         {metafile.substr(0, 40) + "EMF " + bothMarks, 2},
-        {"<!DOCTYPE svg<?xml", 2},        // wherever the marks stand
+        {"<!DOCTYPE svg<?xml", 2},        // wherever the marks are
         {"\0<?xml\0\0<!DOCTYPE svg"s, 2}, // zero bytes do not end the search
         {"<!DOCTYPE svg", 0},
-        {"<?xml<!DOCTYPE sv", 0}, // nothing stands behind the buffer
+        {"<?xml<!DOCTYPE sv", 0}, // nothing is after the buffer
     };
     for (const auto& [page, format] : formats) {
         std::vector<unsigned char> bytes(page.begin(), page.end()); // exactly as long as the page

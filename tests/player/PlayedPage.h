@@ -45,7 +45,7 @@ inline const std::string plain = "setBrush rgb(0,0,0) style 1 picture 0; " + pla
 // A small element that needs nothing around it; it gives drawFocusRect (number, 0, number, 0).
 std::string mark(int number);
 
-// A page as it stands, or the content of a framed one: then `calls` are those behind prepareSurface. Elements
+// A page as it stands, or the content of a framed one: then `calls` are those after prepareSurface. Elements
 // that the walk does not take are counted by the assertions that report them.
 struct PageCase {
     const char* name;

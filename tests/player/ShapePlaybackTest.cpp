@@ -17,7 +17,7 @@ const PageCase shapes[] = {
      plain + "drawRectangle (1, 2, 4, 6)"},
     {"RectangleCorners", rect + "rx='3' />" + rect + "ry='3' />",
      plain + "drawRoundedRectangle (1, 2, 4, 6) 3 0; " + plain + "drawRoundedRectangle (1, 2, 4, 6) 0 3"},
-    // Reading goes on behind each radius.
+    // Reading goes on after each radius.
     {"RectangleRadiiOutOfOrder", rect + "fill='rgb(1,2,3)' ry='5' rx='4' />",
      plain + "drawRoundedRectangle (1, 2, 4, 6) 4 0"},
     {"RectangleStyleIsReadAndDropped",
@@ -55,7 +55,7 @@ const PageCase shapes[] = {
      "<polygon points='1,2 3,4'/><polyline points='1,2 3,4'/><polyline points='1,2 3,4' stroke='none' />"
      "<polygon fill='none' /><polyline stroke='none' />",
      ""},
-    // Other tovo: attributes may stand first; names go by prefix.
+    // Other tovo: attributes may come first; names go by prefix.
     {"Arcs",
      "<path d='M0 0z' fill='none'  tovo:penStyle='1'  stroke='rgb(1,2,3)' tovo:arc='0 0 9 8 1 2 -3 4' />"
      "<path tovo:penStyle='5'  stroke='none'  fill='rgb(1,2,3)' tovo:chop='0 0 9 8 1 2 3 99999999999' />"

@@ -36,7 +36,7 @@ TEST(PostScriptDocument, BeginsWithThePlaceAndTheScaleOfThePage)
     }
 }
 
-// What stands between the head and the page text.
+// What is between the head and the page text.
 std::string proceduresFor(const PsDrawing& draw)
 {
     std::string document = documentOf(draw);
@@ -167,7 +167,7 @@ TEST(PostScriptDocument, CopiesAreIndependent)
 
 } // namespace
 
-// What an interpreter stops at is written as it has to be, and told once for each document and cause.
+// What an interpreter stops at is written as it has to be, and reported once for each document and cause.
 TEST(PostScriptDocument, TellsOfWhatStopsAnInterpreter)
 {
     struct Case {

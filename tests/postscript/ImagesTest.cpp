@@ -100,7 +100,7 @@ const PsCase uses[] = {
      definition("3", "01010302010605048101090807000000") +
          "@f10 -22  translate 2 2 scale @i\n>> 1 "
          "transparentimage\n01010302010605048101090807000000\n>\ngrestore\n"},
-    // The newest definition stands first, and those of images that were no tiles come with their first use.
+    // The newest definition comes first, and those of images that were no tiles come with their first use.
     {[](auto& s) {
          include(s, 1, bitmapOf(black, 24, 2), 2, 2);
          include(s, 2, bitmapOf(red, 24, 2), 2, 2, tile);

@@ -113,7 +113,7 @@ std::string strangersIn(const std::string& document)
     return strangers;
 }
 
-// Letters and figures of what stands between each pair of marks, without tags and entities: a byte above 127 is
+// Letters and figures of what is between each pair of marks, without tags and entities: a byte above 127 is
 // another character to the font than to the page.
 std::string textBetween(std::string_view from, std::string_view to, const std::string& text)
 {

@@ -15,7 +15,7 @@
 
 struct MetafileRecord {
     std::uint32_t type = 0;
-    std::vector<std::int32_t> fields; // all 32-bit words behind type and size
+    std::vector<std::int32_t> fields; // all 32-bit words after type and size
 };
 
 // The records of a metafile from its header to its end; expects its chain, counts and object table to be sound.

@@ -16,7 +16,7 @@ inline std::string bitmapOf(const std::string& pixels, std::size_t bits, std::si
     }
     for (std::size_t at = 0; at < pixels.size(); at += rowSize) {
         file += pixels.substr(at, rowSize);
-        file.resize((file.size() + 1) / 4 * 4 + 2, '\x7F'); // in fours behind the head
+        file.resize((file.size() + 1) / 4 * 4 + 2, '\x7F'); // in fours after the head
     }
     return file;
 }

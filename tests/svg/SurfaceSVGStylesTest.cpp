@@ -1,4 +1,4 @@
-// The attributes of pens and plain brushes, branch by branch; hatches stand in the test of the definitions.
+// The attributes of pens and plain brushes, branch by branch; hatches are in the test of the definitions.
 #include "SvgPage.h"
 
 #include <climits>

@@ -24,7 +24,7 @@ inline std::string nameOf(const testing::TestParamInfo<DrawnCase>& drawn)
     return drawn.param.name;
 }
 
-// The test that the tables of all files run through; its body stands beside the document's own tests.
+// The test that the tables of all files run through; its body is next to the document's own tests.
 class SvgPage : public testing::TestWithParam<DrawnCase> {};
 
 // Closes the surface and takes the document.

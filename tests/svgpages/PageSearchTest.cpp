@@ -57,7 +57,7 @@ const SearchCase searches[] = {
      ""},
     {"OverASeam", element(1, 2, "xa", 5) + element(7, 2, "") + element(8, 2, "bc"), "AB",
      "(1, 2) 1: 1,1 0,1; ", ""},
-    // The blank of the seam counts: one character behind the second word is marked as well.
+    // The blank of the seam counts: one character after the second word is marked as well.
     {"PhraseOverLines", element(1, 2, "x foo") + element(1, 3, "bar.") + element(1, 4, "y"), "foo bar.", "",
      "(1, 2) 2: 2,3 0,4 0,1; "},
     // Up to one character of the average width further on.

@@ -1,4 +1,4 @@
-// The page count that is stamped into marked text, and the size that a page tells.
+// The page count that is stamped into marked text, and the size of a page.
 #include "SearchedPage.h"
 #include "player/PlayedPage.h"
 

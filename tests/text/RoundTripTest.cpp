@@ -58,7 +58,7 @@ void bindAttributes(Calls& calls)
     std::erase_if(calls, [](const Call& call) { return isOneOf(attributes, call); });
 }
 
-// The other way: brush and pen stand before each shape, the colour before each text, and a new rotation before
+// The other way: brush and pen come before each shape, the colour before each text, and a new rotation before
 // runs.
 void setAttributes(Calls& calls)
 {
@@ -101,7 +101,7 @@ void endTransforms(Calls& calls)
     calls = std::move(list);
 }
 
-// A clip ends, by a clip of the whole page, before the next one, at null, at a font and at the page's end; behind
+// A clip ends, by a clip of the whole page, before the next one, at null, at a font and at the page's end; after
 // the font it begins again.
 void endClips(Calls& calls)
 {
@@ -170,7 +170,7 @@ void changeShape(Call& c)
         c.operation = "solidPolygon";
         c.color = c.brush.getColor();
     }
-    // The first of an odd count of points stands at the end again.
+    // The first of an odd count of points is at the end again.
     if (isOneOf(pointLists, c) && c.points.size() % 2 == 1) {
         c.points.push_back(POINT(c.points.front()));
     }
@@ -191,7 +191,7 @@ void changeFont(Call& c)
     c.operation = lost ? "" : c.operation;
 }
 
-// Text is known by its rectangle; without right and bottom it stands at its reference point.
+// Text is known by its rectangle; without right and bottom it is at its reference point.
 void changePlainText(Call& c)
 {
     const RECT& rect = c.rect;
@@ -218,7 +218,7 @@ void changeRuns(Call& c)
 {
     const bool onATurnedLine = c.is("drawRuns") && c.style.getTextAngle() % 360 != 0;
     const bool turned = onATurnedLine || (c.is("drawRuns") && c.style.getCharAngle() % 360 != 0);
-    if (!turned) { // a run without anything to it is lost with all behind it
+    if (!turned) { // a run without anything to it is lost with all after it
         c.runs.erase(std::ranges::find_if(c.runs, isBare), c.runs.end());
     }
     const unsigned int lineBelowTop = static_cast<unsigned int>(c.rect.top) + INT_MAX;

@@ -39,7 +39,7 @@ const PageCase plainText[] = {
          text(" style=' TovoFlags:7' fill='none' a='rgb(4,5,6)'", "B"),
      coloured("1,2,3") + "drawTextAt \"A\" (1, 2) 4294967295; " + coloured("4,5,6") +
          "drawTextAt \"B\" (1, 2) 7"},
-    // The value of the class cuts off what stands behind it, and is read last for that.
+    // The value of the class cuts off what is after it, and is read last for that.
     {"ClassBeforeTheStyle", text(nofm + box + " tovo:drawOptions='5' fill='rgb(1,2,3)'", "1   "),
      coloured("1,2,3") + "drawText \"1\" (0, 0, 10, 10) 5"},
     {"BaseLine", clips + text(" clip-path='url(#clip1)' style=' TovoFlags:4'" + blt, "C"),
@@ -60,7 +60,7 @@ const PageCase runs[] = {
     // What a text path begins with does not end after it.
     {"DocumentInATextPath", text(box, "<textPath><svg ></textPath><tspan x='3' y='5'>a</svg></tspan>"),
      black + "drawString [{\"a</svg>\" (3, 5) length -1 find 0 0}] (0, 0, 10, 10) 0"},
-    // A start tag and an end tag that stand too near: the run and all behind it are lost.
+    // A start tag and an end tag that are too near: the run and all after it are lost.
     {"BareEmptyRun", text("", "<tspan x='1' y='2'></tspan><tspan></tspan><tspan x='3' y='4'>b</tspan>"),
      black + "drawString [{\"\" (1, 2) length -1 find 0 0}] (1, 2, 0, 0) 0"},
     {"OtherElementsAreSkipped",

@@ -122,7 +122,7 @@ const ToolCase cases[] = {
      "c.png --dpi 4800; "
      "surfacepage play words.svg -o link.png; surfacepage play words.svg -o no/d.png; ls -A",
      0,
-     "bare.svg: tells no usable size|cut.emf: can't be played|39685 x 56126 pixels are too many|link.png: it "
+     "bare.svg: has no usable size|cut.emf: can't be played|39685 x 56126 pixels are too many|link.png: it "
      "is no regular file|"
      "can't write no/d.png: No such "
      "file|bare.svg\ncut.emf\nlink.png\nsheet.emf\nsheet.svg\ntext.svg\nwords.emf\nwords.svg\n"},

@@ -35,7 +35,7 @@ private:
     void clearProgress();
 
     std::mutex _mutex;
-    std::map<std::size_t, Waiting> _waiting; // jobs behind the one whose turn it is
+    std::map<std::size_t, Waiting> _waiting; // jobs after the one whose turn it is
     std::size_t _turn = 0;
     bool _outputLost = false;
 

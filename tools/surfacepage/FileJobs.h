@@ -28,9 +28,9 @@ public:
     std::size_t number() const { return _number; }
     // Exactly this text.
     void print(std::string_view text);
-    // A line, behind the file's name when there are several files.
+    // A line, after the file's name when there are several files.
     void printLine(std::string_view line);
-    // Tells what is wrong with the file.
+    // Reports what is wrong with the file.
     void complain(std::string_view what);
     Outcome fail(std::string_view what);
     // How far the job is, for a terminal.

@@ -62,7 +62,7 @@ void addPolyText(const FileRecord& record, std::vector<PlacedText>& texts)
     }
 }
 
-// Where the offset of a picture's head stands in the records that may have one.
+// Where the offset of a picture's head is in the records that may have one.
 struct PictureField {
     DWORD type;
     std::size_t offset;

@@ -10,7 +10,7 @@
 #include "PageFile.h"
 
 struct PageInventory {
-    // Told once, in the order of their first use.
+    // Listed once, in the order of their first use.
     void addFont(const std::string& font);
 
     std::map<std::string, std::size_t> parts; // elements or records, and how many of each

@@ -1,4 +1,4 @@
-// The records of a metafile ([MS-EMF] 2.3), one behind the other, and what breaks their chain.
+// The records of a metafile ([MS-EMF] 2.3), one after the other, and what breaks their chain.
 #pragma once
 
 #include <cstddef>

@@ -8,7 +8,7 @@
 
 SvgPageSize svgPageSize(std::string_view page)
 {
-    // The sizes stand in the page's first tag of this kind. A player wants the element closed and nothing in it.
+    // The sizes are in the page's first tag of this kind. A player wants the element closed and nothing in it.
     constexpr std::string_view closing = "</svg>";
     const std::size_t tag = std::min(page.find("<svg"), page.size());
     const std::size_t end = std::min(page.find('>', tag), page.size() - 1);

@@ -1,4 +1,4 @@
-// The size of an SVG page as a player tells it to a surface.
+// The size of an SVG page as a player passes it to a surface.
 #pragma once
 
 #include <string_view>
@@ -12,5 +12,5 @@ struct SvgPageSize {
     SIZE millimetres{}; // the paper
 };
 
-// Reads no more of the page than its head. Sizes that the page doesn't tell are 0.
+// Reads no more of the page than its head. Sizes that the page doesn't give are 0.
 SvgPageSize svgPageSize(std::string_view page);

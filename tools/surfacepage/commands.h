@@ -9,7 +9,7 @@
 struct InfoOptions {
     bool brief = false; // counts only
 };
-// Format, length, size, elements or records, fonts, images and text. Fails for a damaged page, of which it tells
+// Format, length, size, elements or records, fonts, images and text. Fails for a damaged page, of which it shows
 // what there is.
 Outcome infoCommand(FileJob& job, const InfoOptions& options);
 

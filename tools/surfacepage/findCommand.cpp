@@ -18,7 +18,7 @@ class Hits {
 public:
     Hits(StoredPage& page, const FindOptions& options) : _page(page), _options(options) {}
 
-    // False behind the last one, and when the search failed.
+    // False after the last one, and when the search failed.
     bool next()
     {
         unsigned char* found = nullptr;
@@ -45,9 +45,9 @@ private:
     FoundPage _found;
 };
 
-std::string numbered(const char* before, std::size_t number, const char* behind)
+std::string numbered(const char* before, std::size_t number, const char* after)
 {
-    return std::string(before).append(std::to_string(number)).append(behind);
+    return std::string(before).append(std::to_string(number)).append(after);
 }
 
 } // namespace

@@ -19,7 +19,7 @@ void refuse(const std::string& option, const std::string& problem)
     throw CLI::ValidationError(option, problem);
 }
 
-// Several files stand in front of other arguments, which the parser can't tell from them: it takes all as files.
+// Several files come before other arguments, which the parser can't tell from them: it takes all as files.
 std::string takeLast(std::vector<std::string>& arguments, const char* name)
 {
     if (arguments.size() < 2) {
@@ -117,7 +117,7 @@ private:
     void addInfo()
     {
         CLI::App* const info =
-            add("info", "Tell what is on pages", [this](FileJob& job) { return infoCommand(job, _info); });
+            add("info", "Show what is on pages", [this](FileJob& job) { return infoCommand(job, _info); });
         info->add_flag("-b,--brief", _info.brief, "Count fonts, images and texts, and list none");
     }
 

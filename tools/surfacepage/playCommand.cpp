@@ -199,7 +199,7 @@ Outcome playCommand(FileJob& job, const PlayOptions& options)
     }
     const Sheet sheet = sheetOf(*page);
     if (!isUsable(sheet)) {
-        return job.fail("tells no usable size of its page");
+        return job.fail("has no usable size");
     }
     OutputFile output(job, name);
     return format->play(job, *page, sheet, output, options.dpi);

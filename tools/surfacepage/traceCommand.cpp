@@ -43,7 +43,7 @@ std::string commentOf(const FileRecord& record)
     return shown == length ? text : text.append(" of ").append(std::to_string(length)).append(" bytes");
 }
 
-// The words behind the head, as numbers.
+// The words after the head, as numbers.
 std::string wordsOf(const FileRecord& record)
 {
     std::string text;

@@ -49,7 +49,7 @@ struct DibHead {
 // Nothing for an unsound head, for one that leaves `info`, and for DIB_PAL_COLORS.
 std::optional<DibHead> readDibHead(std::span<const BYTE> info, UINT usage) noexcept;
 
-// Reads the head of a device-independent bitmap that stands in `info` with its rows in `bits`: 1, 4, 8, 16, 24 or 32 bits, uncompressed or with masks. Nothing when head, sizes or rows are
+// Reads the head of a device-independent bitmap that is in `info` with its rows in `bits`: 1, 4, 8, 16, 24 or 32 bits, uncompressed or with masks. Nothing when head, sizes or rows are
 // unsound or leave the bytes given. RLE is decoded by expandRle() first.
 std::optional<BitmapView> viewDib(std::span<const BYTE> info, std::span<const BYTE> bits, UINT usage);
 
@@ -62,7 +62,7 @@ struct DibSize {
 DibSize measureDib(const BITMAPINFO* info, UINT usage) noexcept;
 std::optional<DibHead> readDibHead(const BITMAPINFO* info, UINT usage) noexcept;
 
-// Rows decoded from BI_RLE8 or BI_RLE4 (8 or 4 bits a pixel, bottom-up, pixels not told are 0); nothing when unsound.
+// Rows decoded from BI_RLE8 or BI_RLE4 (8 or 4 bits a pixel, bottom-up, pixels without a code are 0); nothing when unsound.
 std::optional<std::vector<BYTE>> expandRle(const DibHead& head, std::span<const BYTE> bits);
 
 // A bitmap that owns its pixels. Compatible ones have 32 bits a pixel (blue, green, red, unused; masks 0xFF0000,
@@ -73,9 +73,9 @@ public:
     // Null when the size is below 1 or over the limit, or without memory; all pixels 0.
     static std::shared_ptr<Bitmap> create(int width, int height, int bitsPerPixel, bool bottomUp,
                                           bool dibSection) noexcept;
-    // A DIB section of the form that the head tells, all pixels 0.
+    // A DIB section of the form that the head describes, all pixels 0.
     static std::shared_ptr<Bitmap> createDib(const DibHead& head) noexcept;
-    // The same with the pixels of `bits`, whose length the head tells.
+    // The same with the pixels of `bits`, whose length follows from the head.
     static std::shared_ptr<Bitmap> createDib(const DibHead& head, const void* bits) noexcept;
 
     BitmapView view() const noexcept;

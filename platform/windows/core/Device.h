@@ -2,7 +2,7 @@
 // its state; what is left to do on the device ends here. Two kinds exist: RasterDevice paints pixels,
 // MetafileDevice writes records. The screen's ScreenDevice only answers and measures.
 //
-// Coordinates are logical unless told otherwise; the context tells map mode, transform, clip and objects. Operations
+// Coordinates are logical unless said otherwise; the context has map mode, transform, clip and objects. Operations
 // give false when they failed; those with a body here do nothing, gladly, on a device that has no use for them.
 #pragma once
 
@@ -21,7 +21,7 @@ struct BitmapView;
 
 enum class PolyShape : unsigned char {
     polyline,
-    polylineTo, // the points behind the current position, which is not among them
+    polylineTo, // the points after the current position, which is not among them
     polygon,
     polyBezier,
     polyBezierTo, // likewise
@@ -145,7 +145,7 @@ public:
     // CLR_INVALID outside, and on a device without pixels.
     virtual COLORREF pixel(DeviceContext& context, POINT point) = 0;
 
-    // Copies. Target rectangles may have negative sizes, which mirror. `stretch` tells StretchBlt from BitBlt.
+    // Copies. Target rectangles may have negative sizes, which mirror. `stretch`: StretchBlt, not BitBlt.
     virtual bool copy(DeviceContext& context, const RECT& target, DeviceContext& source,
                       const SourceArea& area, DWORD operation, bool stretch) = 0;
     // `area.y` counts from the top row of the view; `info` is the bitmap's head as the caller gave it.
@@ -156,8 +156,8 @@ public:
     virtual bool comment(DeviceContext& /*context*/, std::span<const BYTE> /*data*/) { return true; }
 };
 
-// Has a device told of the objects that the application deletes, as long as the watch lives. A member of the device,
-// declared behind all that objectDeleted() uses.
+// Lets a device know of the objects that the application deletes, as long as the watch lives. A member of the device,
+// declared after all that objectDeleted() uses.
 class DeletionWatch {
 public:
     explicit DeletionWatch(Device& device);
@@ -165,7 +165,7 @@ public:
     DeletionWatch& operator=(const DeletionWatch&) = delete;
     ~DeletionWatch();
 
-    // Tells every watching device.
+    // Informs every watching device.
     static void objectDeleted(HGDIOBJ object);
 
 private:

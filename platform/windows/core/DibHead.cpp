@@ -75,7 +75,7 @@ std::optional<DibHead> readHead(const BYTE* info, std::size_t known, UINT usage)
     const bool compressed = head.compression == BI_RLE8 || head.compression == BI_RLE4;
     head.bitsBytes = compressed ? header.biSizeImage : rows;
 
-    // Masks stand behind the shortest header and are part of the longer ones.
+    // Masks are after the shortest header and are part of the longer ones.
     const bool hasMasks = head.compression == BI_BITFIELDS;
     const std::size_t paletteStart =
         hasMasks ? std::max(std::size_t{header.biSize}, headerSize + maskBytes) : header.biSize;

@@ -105,7 +105,7 @@ std::shared_ptr<GdiObject> HandleTable::find(HGDIOBJ handle) noexcept
 
 bool HandleTable::remove(HGDIOBJ handle) noexcept
 {
-    std::shared_ptr<GdiObject> object; // ends behind the lock, which its destructor takes again
+    std::shared_ptr<GdiObject> object; // ends after the lock, which its destructor takes again
     const std::lock_guard lock(m_mutex);
     Slot* slot = slotOf(handle);
     if (slot == nullptr || !slot->object || slot->object->stockIndex() >= 0) {

@@ -19,7 +19,7 @@ public:
     // Enters an object and gives its handle; null without memory.
     HGDIOBJ add(std::shared_ptr<GdiObject> object) noexcept;
     HGDIOBJ addStock(std::shared_ptr<GdiObject> object, int stockIndex) noexcept;
-    // Gives an object that stands in no slot the handle and the number of a stock object.
+    // Gives an object that is in no slot the handle and the number of a stock object.
     static void standFor(GdiObject& object, const GdiObject& stockObject) noexcept;
 
     // The live object of a handle; null for a handle that names none, or names a dead one.

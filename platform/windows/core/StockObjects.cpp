@@ -95,7 +95,7 @@ StockTable makeStockTable()
     return table;
 }
 
-// What stands in the handle table lives as long as that: no longer than the last context or object.
+// What is in the handle table lives as long as that: no longer than the last context or object.
 template <class Stock>
 void endUnlessUsed(Stock* stock)
 {

@@ -130,7 +130,7 @@ int SetDIBits(HDC context, HBITMAP bitmap, UINT firstRow, UINT rowCount, const v
         const RowRange range{static_cast<int>(firstRow), static_cast<int>(std::min(rowCount, most))};
         if (head->compression == BI_RLE8 || head->compression == BI_RLE4) {
             const std::shared_ptr<Bitmap> expanded = Bitmap::createDib(*head, bits);
-            // Codes tell a whole picture.
+            // Codes describe a whole picture.
             return expanded ? setRows(*object->bitmap, *head, expanded->view(), {0, head->height}) : 0;
         }
         BitmapView rows{

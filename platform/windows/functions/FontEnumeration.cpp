@@ -1,4 +1,4 @@
-// EnumFontFamiliesExA: tells the installed fonts, each with its measures at the default height.
+// EnumFontFamiliesExA: lists the installed fonts, each with its measures at the default height.
 #include <windows.h>
 
 #include <algorithm>
@@ -15,7 +15,7 @@ constexpr BYTE stackedPrecision = 2; // CLIP_STROKE_PRECIS
 constexpr const char* script = "Western";
 constexpr const char* symbolScript = "Symbol";
 
-// Cut to the field, with a zero byte behind it.
+// Cut to the field, with a zero byte after it.
 template <class Character, std::size_t size>
 void setText(Character (&field)[size], const std::string& text)
 {

@@ -51,7 +51,7 @@ Description describeBitmap(const BitmapObject& object)
     BITMAP record{};
     record.bmWidth = view.width;
     record.bmHeight = view.height;
-    // Rows of bitmaps that are no DIB sections are told in units of 16 bits.
+    // Rows of bitmaps that are no DIB sections are measured in units of 16 bits.
     record.bmWidthBytes = bitmap.isDibSection() ? static_cast<LONG>(view.stride)
                                                 : (view.width * view.bitsPerPixel + 15) / 16 * 2;
     record.bmPlanes = 1;

@@ -18,7 +18,7 @@ BITMAPINFOHEADER headerOf(const std::vector<BYTE>& head)
     return header;
 }
 
-// The number of colours to be entered in a header that announces all that its pixels can tell, but is followed by
+// The number of colours to be entered in a header that announces all that its pixels can name, but is followed by
 // fewer; 0 when it is right.
 DWORD colorsHeld(const BITMAPINFOHEADER& header, std::size_t length)
 {

@@ -12,7 +12,7 @@
 #include "Playback.h"
 #include "Record.h"
 
-// Where in a record head and pixels of a bitmap stand.
+// Where in a record head and pixels of a bitmap are.
 struct DibPlace {
     DWORD headOffset;
     DWORD headLength;
@@ -38,7 +38,7 @@ public:
     int width() const noexcept { return info()->bmiHeader.biWidth; }
     int height() const noexcept { return std::abs(info()->bmiHeader.biHeight); }
     bool bottomUp() const noexcept { return info()->bmiHeader.biHeight > 0; }
-    // One bit a pixel, black and white: the form in which monochrome bitmaps stand in files.
+    // One bit a pixel, black and white: the form in which monochrome bitmaps are in files.
     bool isMonochrome() const noexcept;
 
 private:

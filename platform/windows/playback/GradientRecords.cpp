@@ -44,7 +44,7 @@ DWORD pixelOf(const Shade& shade) noexcept
     return channel(shade.red) << 16 | channel(shade.green) << 8 | channel(shade.blue);
 }
 
-// `pixels`: top row first, as many as the sizes tell.
+// `pixels`: top row first, as many as the sizes say.
 void stretch(HDC target, const RECT& box, const std::vector<DWORD>& pixels, int width, int height)
 {
     BITMAPINFO info{};

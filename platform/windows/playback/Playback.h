@@ -51,7 +51,7 @@ public:
     // Draws one record by another mapping from its units to pixels of the reference device.
     void applyMappingOnce(const Mapping& toReference);
 
-    // The file's SaveDC and RestoreDC: it gets no deeper than a limit, and never back behind where playback began.
+    // The file's SaveDC and RestoreDC: it gets no deeper than a limit, and never back beyond where playback began.
     void saveState();
     void restoreState(LONG level);
 

@@ -1,5 +1,5 @@
 // One record of an enhanced metafile as it stands in a file: bytes whose fields nobody has checked. All reading goes
-// through here and stays within the record; nothing is read in place, so fields may stand at any address.
+// through here and stays within the record; nothing is read in place, so fields may have any address.
 #pragma once
 
 #include <windows.h>
@@ -31,7 +31,7 @@ public:
         return value;
     }
 
-    // A piece of the record, for offsets and lengths that a file tells; nothing when it leaves the record.
+    // A piece of the record, for offsets and lengths from a file; nothing when it leaves the record.
     std::optional<std::span<const BYTE>> piece(std::uint64_t offset, std::uint64_t length) const noexcept
     {
         if (offset > m_bytes.size() || length > m_bytes.size() - offset) {
@@ -40,7 +40,7 @@ public:
         return m_bytes.subspan(static_cast<std::size_t>(offset), static_cast<std::size_t>(length));
     }
 
-    // `count` values that stand one behind the other; nothing, and no memory asked for, when they leave the record.
+    // `count` values, one after the other; nothing, and no memory asked for, when they leave the record.
     template <class Value>
     std::optional<std::vector<Value>> values(std::uint64_t offset, std::uint64_t count) const
     {

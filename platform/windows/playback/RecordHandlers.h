@@ -1,4 +1,4 @@
-// The functions that play records, by type. Each group stands in a file of its own and is told by a table; what no
+// The functions that play records, by type. Each group has a file of its own and a table; what no
 // table names is passed over.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The device that a metafile was recorded for, as its header tells: it has sizes and paints nothing. A context of it
+// The device that a metafile was recorded for, as its header describes it: it has sizes and paints nothing. A context of it
 // takes the file's mapping records, so that map modes and extents mean what they meant there.
 #pragma once
 
@@ -12,7 +12,7 @@
 
 class ReferenceDevice : public ScreenDevice {
 public:
-    // From the header record; nothing when it tells no sizes above 0.
+    // From the header record; nothing when it has no sizes above 0.
     static std::optional<ReferenceDevice> of(const Record& header);
 
     int capability(int index) const override;

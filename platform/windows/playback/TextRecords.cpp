@@ -17,7 +17,7 @@ public:
         m_flipX = page.xx < 0;
         m_flipY = page.yy < 0;
         if (!m_flipX && !m_flipY) {
-            playback.applyMapping(); // also behind a text that was turned over
+            playback.applyMapping(); // also after a text that was turned over
             return;
         }
         Mapping turn;

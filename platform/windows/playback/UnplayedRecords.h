@@ -1,7 +1,7 @@
-// The count behind gdiUnplayedRecords().
+// The count that gdiUnplayedRecords().
 #pragma once
 
 #include <windows.h>
 
-// Tells that a record of this type was passed over although it would draw something.
+// Notes that a record of this type was passed over although it would draw something.
 void countUnplayed(DWORD type) noexcept;

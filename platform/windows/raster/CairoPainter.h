@@ -22,7 +22,7 @@ struct CairoRelease {
 class CairoPainter {
 public:
     // Calls draw(cairo, window) to paint the part of a shape that lies within a window, in device units, with a source
-    // and a clip that stand already; it leaves no path and no transform behind. Nothing of the shape lies outside
+    // and a clip that are set already; it leaves no path and no transform behind. Nothing of the shape lies outside
     // `bounds`.
     template <class Draw>
     void paint(Canvas& canvas, const RECT& bounds, const Ink& ink, const Draw& draw)

@@ -72,7 +72,7 @@ Part partInside(const std::vector<Edge>& edges, DevicePoint from, DevicePoint to
     return part;
 }
 
-// Where a walk along a line stands in its dashes.
+// The place of a walk along a line in its dashes.
 class DashWalk {
 public:
     explicit DashWalk(std::span<const double> dashes) : m_dashes(dashes)
@@ -110,7 +110,7 @@ private:
     double m_rest = 0;
 };
 
-// Adds the visible pieces of one line; `joined` tells whether its first piece goes on from the last.
+// Adds the visible pieces of one line; `joined`: whether its first piece goes on from the last.
 class LineCutter {
 public:
     LineCutter(const RECT& rect, std::span<const double> dashes, Outline& out)

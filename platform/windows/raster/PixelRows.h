@@ -13,7 +13,7 @@
 class DeviceContext;
 class Region;
 
-// Blue, green, red and a byte that tells nothing.
+// Blue, green, red and a byte without meaning.
 inline bool hasCommonOrder(const BitmapView& view) noexcept
 {
     return view.bitsPerPixel == 32 && view.redMask == 0xFF0000 && view.greenMask == 0xFF00 &&

@@ -47,7 +47,7 @@ public:
         int offset;
         int count;
     };
-    // For the target pixels from (x, y) on to the right, within box(). Stands until the next call.
+    // For the target pixels from (x, y) on to the right, within box(). Valid until the next call.
     Stretch read(int x, int y, int count);
 
 private:

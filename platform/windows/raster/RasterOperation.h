@@ -1,6 +1,6 @@
 // Raster operations: what becomes of a destination pixel, bit by bit, by a pattern, a source and the pixel itself.
 // A ternary operation is a truth table of eight bits, the result of (pattern, source, destination) at bit
-// pattern * 4 + source * 2 + destination; it stands in bits 16-23 of a BitBlt operation ([MS-WMF] 2.1.1.31).
+// pattern * 4 + source * 2 + destination; it is in bits 16-23 of a BitBlt operation ([MS-WMF] 2.1.1.31).
 #pragma once
 
 #include <windows.h>

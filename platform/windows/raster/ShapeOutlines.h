@@ -1,4 +1,4 @@
-// Outlines of the shapes that a bounding rectangle tells.
+// Outlines of the shapes that a bounding rectangle describes.
 #pragma once
 
 #include <windows.h>

@@ -82,7 +82,7 @@ public:
         return rows != 0 && columns <= largestBitmap / sizeof(DWORD) / rows;
     }
 
-    // The pixels of `count` target columns of a row, both counted from the axes' begin. Stands until the next call.
+    // The pixels of `count` target columns of a row, both counted from the axes' begin. Valid until the next call.
     const DWORD* read(std::size_t column, std::size_t row, std::size_t count);
 
 private:

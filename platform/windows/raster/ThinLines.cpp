@@ -10,7 +10,7 @@ namespace {
 
 constexpr int farthest = 1 << 26;
 
-// A walk along one line: step i stands at `major + i * majorStep` on the longer axis.
+// A walk along one line: step i is at `major + i * majorStep` on the longer axis.
 struct Walk {
     std::int64_t major;
     std::int64_t minor;

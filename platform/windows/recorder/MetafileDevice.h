@@ -69,7 +69,7 @@ public:
 private:
     enum class PathState : unsigned char { none, open, ended };
 
-    // Appends a record, behind those that deletions since the last one ask for. As RecordBuffer::append().
+    // Appends a record, after those that deletions since the last one ask for. As RecordBuffer::append().
     template <class Record>
     BYTE* record(DWORD type, const Record& fields, std::uint64_t tailLength = 0) noexcept
     {
@@ -90,10 +90,10 @@ private:
 
     // Counts pixels as drawn, as far as the clip shows them.
     void markDrawn(const DeviceContext& context, DrawnBounds bounds);
-    // The same for lines through these pixels, or adds them to the path that is open. Gives what stands in a record
+    // The same for lines through these pixels, or adds them to the path that is open. Gives what is in a record
     // of them: nothing in a path.
     RECTL markStroked(const DeviceContext& context, DrawnBounds bounds, Corners corners);
-    // What stands in a record that draws a path.
+    // What is in a record that draws a path.
     RECTL markPath(const DeviceContext& context, bool stroked);
 
     RecordBuffer m_buffer;

@@ -34,7 +34,7 @@ void PackedDib::writeHead(BYTE* target) const noexcept
         std::memcpy(target, masks, sizeof(masks));
         return;
     }
-    // Colours that the bitmap does not tell stay black, as in the bytes written on.
+    // Colours that the bitmap does not have stay black, as in the bytes written on.
     const std::size_t colors = std::min<std::size_t>(m_view.palette.size(), colorCount());
     if (colors != 0) {
         std::memcpy(target, m_view.palette.data(), colors * sizeof(RGBQUAD));

@@ -1,4 +1,4 @@
-// The bytes of a metafile that is being recorded: one record behind the other, in a buffer that grows.
+// The bytes of a metafile that is being recorded: one record after the other, in a buffer that grows.
 #pragma once
 
 #include <windows.h>

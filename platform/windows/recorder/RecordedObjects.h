@@ -29,7 +29,7 @@ public:
     void objectDeleted(HGDIOBJ handle) noexcept;
     bool anyDeleted() const noexcept { return m_anyDeleted.load(std::memory_order_relaxed); }
     // Frees the entries of the deleted objects that are not selected any more, in the order in which they died, and
-    // tells them to the body, which must not throw.
+    // passes them to the body, which must not throw.
     template <class Body>
     void takeDeleted(const Body& body) noexcept
     {

@@ -102,7 +102,7 @@ void addLetters(InkBox& ink, const TextOutput& text, const Axes& line)
     }
 }
 
-// Letters that lie askew stand anywhere between pixels, and whoever paints them rounds.
+// Letters that lie askew fall anywhere between pixels, and whoever paints them rounds.
 LONG roundingOf(const TextOutput& text) noexcept
 {
     const auto along = [](double x, double y) {

@@ -59,7 +59,7 @@ std::int64_t DrawTextLayout::widestLine() const noexcept
     return widest;
 }
 
-// "&" underlines the character behind it and "&&" stands for one "&"; at the end of a line it stands for nothing.
+// "&" underlines the character after it and "&&" stands for one "&"; at the end of a line it stands for nothing.
 void DrawTextLayout::takeText(const char* text, std::size_t length, bool prefixes)
 {
     m_text.reserve(length);
@@ -96,7 +96,7 @@ std::int64_t DrawTextLayout::step(std::int64_t x, WCHAR character)
     return x < 0 ? 0 : (x / m_tabWidth + 1) * m_tabWidth;
 }
 
-// A line that is too wide ends behind the last blanks that follow a word. The word behind them is measured again as
+// A line that is too wide ends after the last blanks that follow a word. The word after them is measured again as
 // the next line's first, and that is the only time: a line's first word stays whole.
 std::size_t DrawTextLayout::addLine(std::size_t first, double maximumWidth, bool wraps)
 {

@@ -10,7 +10,7 @@
 
 #include "TextMeasure.h"
 
-// The DT_ flags of one call. DT_TABSTOP claims bits 8 to 15 for the tab's width; the flags that stand there are
+// The DT_ flags of one call. DT_TABSTOP claims bits 8 to 15 for the tab's width; the flags that are there are
 // off then.
 struct DrawTextFormat {
     explicit DrawTextFormat(UINT given);
@@ -23,7 +23,7 @@ struct DrawTextFormat {
 
 struct DrawTextLine {
     std::size_t first;
-    std::size_t last;   // the character behind the line's last; blanks at which it was broken belong to it
+    std::size_t last;   // the character after the line's last; blanks at which it was broken belong to it
     std::int64_t width; // device units, without those blanks
 };
 

@@ -52,7 +52,7 @@ RunAdvances measureRun(TextMeasure& measure, const OutputRun& run)
     return advances;
 }
 
-// How far the run's start lies behind its reference point.
+// How far the run's start lies after its reference point.
 std::int64_t shiftOf(UINT alignment, std::int64_t total)
 {
     switch (alignment & horizontalMask) {

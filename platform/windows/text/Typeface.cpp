@@ -82,7 +82,7 @@ FaceGlyph glyphOf(FT_Face face, unsigned int character)
     return {index, advanceOf(face, index)};
 }
 
-// How often each letter stands in a thousand of a Latin text: a to z, then the blank. What xAvgCharWidth of a font
+// How often each letter occurs in a thousand of a Latin text: a to z, then the blank. What xAvgCharWidth of a font
 // means in the first versions of the table ([OpenType] OS/2); later fonts average all their glyphs there, which makes
 // letters look half as wide again as they are.
 constexpr int letterWeights[] = {64, 14, 27, 35, 100, 20, 14, 42, 63, 3, 6,  35, 20, 56,
@@ -111,7 +111,7 @@ FaceMeasures measuresOf(FT_Face face)
     measures.descent = -face->descender;
     measures.maximumWidth = face->max_advance_width;
     measures.lineThickness = face->underline_thickness;
-    // FreeType tells the middle of the underline.
+    // FreeType gives the middle of the underline.
     measures.underlineTop = face->underline_position + face->underline_thickness / 2;
     measures.italic = (face->style_flags & FT_STYLE_FLAG_ITALIC) != 0;
     measures.weight = (face->style_flags & FT_STYLE_FLAG_BOLD) != 0 ? boldWeight : defaultWeight;

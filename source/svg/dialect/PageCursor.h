@@ -1,7 +1,7 @@
 // Stepping through the text of a page in place.
 //
 // The walk ends each element with a zero byte, and that byte is what bounds everything here: no function looks
-// behind it. A null pointer stands for "not there"; searches from null give null, so that a chain of them
+// after it. A null pointer stands for "not there"; searches from null give null, so that a chain of them
 // needs one test at its end.
 #pragma once
 
@@ -21,7 +21,7 @@ inline bool isBlank(char character)
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
-// Where `key` stands next; null when it does not.
+// The next place of `key`; null without one.
 inline char* findKey(char* from, const char* key)
 {
     return from != nullptr ? std::strstr(from, key) : nullptr;
@@ -36,7 +36,7 @@ inline char* stepOver(char* from, int count)
     return from;
 }
 
-// As findKey, for a tag or the rest of one behind its "<". From one place of its first character to the next,
+// As findKey, for a tag or the rest of one after its "<". From one place of its first character to the next,
 // because the stretch may be long and is asked about again and again: no call measures it to its end.
 inline char* findTag(char* from, const char* tag)
 {
@@ -47,7 +47,7 @@ inline char* findTag(char* from, const char* tag)
     return place;
 }
 
-// The place behind the next `key`.
+// The place after the next `key`.
 inline char* findBehind(char* from, const char* key)
 {
     char* const found = findKey(from, key);
@@ -55,7 +55,7 @@ inline char* findBehind(char* from, const char* key)
 }
 
 // A value that begins at `value` and runs to the next apostrophe, which a zero byte replaces, or else to the
-// end of the element. Gives the place behind it.
+// end of the element. Gives the place after it.
 inline char* endValue(char* value)
 {
     char* const quote = std::strchr(value, '\'');
@@ -68,7 +68,7 @@ inline char* endValue(char* value)
 
 struct IntegerRead {
     int value;
-    char* end; // the place behind the digits; where the reading began when there is no number
+    char* end; // the place after the digits; where the reading began when there is no number
 };
 
 // A whole number as strtol reads it in the "C" locale, base 0 telling the base from the number's own prefix.
@@ -80,7 +80,7 @@ inline int integerAt(char* at, int base = 10)
     return readInteger(at, base).value;
 }
 
-// The number of an attribute whose `key` ends in "=", behind one character for the quote. Gives the place behind
+// The number of an attribute whose `key` ends in "=", after one character for the quote. Gives the place after
 // the number; null, and the number as it was, when the key is not there.
 inline char* readCoordinate(char* from, const char* key, int& number)
 {

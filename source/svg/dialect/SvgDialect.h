@@ -1,10 +1,10 @@
 // The words of the page format that its writer and its player share.
 //
 // The writer puts these texts into a page and the player looks for them literally, so each is named once. Keys
-// of attributes hold the opening quote: the value begins right behind them.
+// of attributes hold the opening quote: the value begins right after them.
 #pragma once
 
-// Symbols that a <use> names in its xlink:href, behind "#".
+// Symbols that a <use> names in its xlink:href, after "#".
 inline constexpr char FrameRectSymbol[] = "FrameRect";
 inline constexpr char FocusRectSymbol[] = "FocusRect";
 inline constexpr char SolidRectSymbol[] = "SolidRect";
@@ -26,7 +26,7 @@ inline constexpr char ViewBoxKey[] = "viewBox='";
 // The pen's whole style word, of which SVG's own attributes are a consequence.
 inline constexpr char PenStyleKey[] = "tovo:penStyle='";
 
-// The arguments of an arc call stand in an attribute of this prefix and one of these names.
+// The arguments of an arc call are in an attribute of this prefix and one of these names.
 inline constexpr char TovoPrefix[] = "tovo:";
 inline constexpr char ArcName[] = "arc";
 inline constexpr char ChordName[] = "chord";
@@ -48,7 +48,7 @@ inline constexpr char PageCountClass[] = "nofm";
 // What a search marks in its copy of a page: start and length of the found part of a run.
 inline constexpr char FindKey[] = "tovo:find=";
 
-// Paths that rotated text stands on, numbered from 1 on.
+// Paths that rotated text runs along, numbered from 1 on.
 inline constexpr char TextPathId[] = "textPath";
 
 inline constexpr char TransformWord[] = "transform";

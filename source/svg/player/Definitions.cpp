@@ -59,7 +59,7 @@ const SymbolUse* symbolUseOf(const char* name)
     return nullptr;
 }
 
-// Draws a symbol; -1 when it has no colour. `rest` is the text of the element behind the symbol's name.
+// Draws a symbol; -1 when it has no colour. `rest` is the text of the element at the symbol's name.
 int drawSymbol(CSurface& surface, const SymbolUse& use, RECT rect, char* rest)
 {
     if (use.key == nullptr) {

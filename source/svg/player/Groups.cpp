@@ -1,4 +1,4 @@
-// Groups: state of the surface that stays in force for the elements behind their start tag.
+// Groups: state of the surface that stays in force for the elements after their start tag.
 //
 // There is no stack. A group's end tag does not know which start it belongs to: it ends a transform when one
 // is in force, else a clip, else nothing.
@@ -13,7 +13,7 @@
 
 namespace {
 
-// A number has to begin with a digit, a point or a sign, behind blanks.
+// A number has to begin with a digit, a point or a sign, after blanks.
 bool beginsNumber(const char* text)
 {
     while (isBlank(*text)) {

@@ -57,7 +57,7 @@ int CMetaFilePlayerSVG::Detail::processImageDefinition(char* element)
         return 0;
     }
     const int picType = integerAt(typeText);
-    char* const text = stepOver(data, 1); // the line feed behind the comma
+    char* const text = stepOver(data, 1); // the line feed after the comma
     endValue(text);
     unsigned char* decoded = nullptr;
     int decodedSize = 0;

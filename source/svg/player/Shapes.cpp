@@ -1,6 +1,6 @@
 // Shapes: each element becomes the drawing call that made it.
 //
-// The numbers of a shape stand first, in a fixed order and form, right behind its name; a head that is read
+// The numbers of a shape come first, in a fixed order and form, right after its name; a head that is read
 // only in part makes the element unusable. Every shape starts from a new pen and brush and inherits nothing.
 #include "metaFilePlayerSVG.h"
 
@@ -39,7 +39,7 @@ const ArcOperation* arcOperationOf(const char* name)
 using PointList = Vector<POINT, 10>;
 
 // Reads pairs "x,y " up to the first thing that is no pair and moves the cursor there. False when a pair is
-// half there or has no blank behind it. The step to the next pair goes behind the next blank, so each further
+// half there or has no blank after it. The step to the next pair goes after the next blank, so each further
 // blank in front of a pair gives that pair once more.
 bool readPoints(char*& cursor, PointList& points)
 {
@@ -67,7 +67,7 @@ bool readPoints(char*& cursor, PointList& points)
 }
 
 // The list of a polygon or polyline, sought by the element's name; null when there is no list or a broken one,
-// else the place behind it.
+// else the place after it.
 char* readPointList(char* element, const char* name, PointList& points)
 {
     char* const attribute = findKey(findBehind(element, name), "points=");
@@ -213,7 +213,7 @@ int CMetaFilePlayerSVG::processPolylineElement(char* element)
 
 int CMetaFilePlayerSVG::processPathElement(char* element)
 {
-    // Other attributes of the prefix may stand in front of the one that holds the call.
+    // Other attributes of the prefix may precede the one that holds the call.
     char* name = findBehind(element, TovoPrefix);
     const ArcOperation* operation = nullptr;
     while (name != nullptr && (operation = arcOperationOf(name)) == nullptr) {

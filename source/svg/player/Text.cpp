@@ -1,7 +1,7 @@
 // Text elements: each becomes the text call that made it.
 //
 // A plain text came from drawString, drawText or drawTextAt, one of class BLT from drawTextOnBaseLine, and one
-// with runs from formatted text; each run of rotated text stands in a text path. Layout stays with the surface:
+// with runs from formatted text; each run of rotated text is in a text path. Layout stays with the surface:
 // nothing is measured and no alignment is read.
 #include "metaFilePlayerSVG.h"
 
@@ -61,7 +61,7 @@ private:
     Array<CSurfaceTextChunk, 2> m_chunks;
 };
 
-// Ends an element's head at its first `>` and gives the place behind it; null without one.
+// Ends an element's head at its first `>` and gives the place after it; null without one.
 char* endHead(char* element)
 {
     char* const end = std::strchr(element, '>');
@@ -120,7 +120,7 @@ int CMetaFilePlayerSVG::processTextElement(char** element)
         processClipPath(*element, &text.rect);
     }
     processTextStyleAttributes(cursor, &text.color, &text.options, &text.charAngle, &text.textAngle);
-    // Read last: the zero byte behind the value hides what stands there.
+    // Read last: the zero byte after the value hides what is there.
     char* className = nullptr;
     if (char* const attribute = findKey(cursor, "class=")) {
         getAttributeValue(attribute, &className);

@@ -1,4 +1,4 @@
-// A variable that has another value for the span of a scope, and its old one again behind it.
+// A variable that has another value for the span of a scope, and its old one again after it.
 #pragma once
 
 template <typename T>

@@ -12,7 +12,7 @@
 
 #include "sys/tovoarray.h"
 
-// The viewport of an <svg> element. The four numbers of `viewBox` stand in the order of the attribute, so its
+// The viewport of an <svg> element. The four numbers of `viewBox` have the order of the attribute, so its
 // right and bottom hold a width and a height.
 struct SvgViewport {
     int x = 0;
@@ -30,7 +30,7 @@ struct SearchedBytes {
     void add(const char* from, const char* to) { count += static_cast<std::uint64_t>(to - from); }
 };
 
-// The numbers of an attribute that is asked for from places further and further on. The attribute may stand far ahead, and
+// The numbers of an attribute that is asked for from places further and further on. The attribute may be far ahead, and
 // its numbers may be long: each is looked for once and read once.
 class NumbersAhead {
 public:
@@ -55,7 +55,7 @@ private:
     int m_numbers[Most] = {};
 };
 
-// The closing tags of all <svg> elements, matched in one pass over the text that the first one stands in.
+// The closing tags of all <svg> elements, matched in one pass over the text of the first one.
 class SvgNesting {
 public:
     // The closing tag of `element`, an "<svg"; null when it has none before `end`, the zero byte that ends the text

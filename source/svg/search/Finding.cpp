@@ -27,7 +27,7 @@ struct PageTextSearch::WordChain : WordText {
     };
 
     unsigned int first = 0;  // index of the first record
-    unsigned int behind = 0; // index behind the last one
+    unsigned int after = 0; // index after the last one
     Vector<Record, 10> records;
 };
 
@@ -38,12 +38,12 @@ bool PageTextSearch::findSubstring(unsigned int& position, unsigned int& textOff
     int place = -1;
     unsigned int index = firstRecord(position, textOffset);
     while (place < 0 && index < m_records.size()) {
-        const unsigned int behind = joinRecords(index, false, matchCase, text);
+        const unsigned int after = joinRecords(index, false, matchCase, text);
         // Past its own text the record has no hit, and the next one is searched from its beginning.
         const unsigned int from = std::min(textOffset, m_records[index]->m_text.length());
         place = text.find(search.text(), static_cast<int>(from));
         textOffset = 0;
-        index = place < 0 ? behind : index;
+        index = place < 0 ? after : index;
     }
     if (place >= 0) {
         textOffset = static_cast<unsigned int>(place);
@@ -68,8 +68,8 @@ bool PageTextSearch::findWords(unsigned int& position, unsigned int& textOffset,
     WordChain chain;
     bool found = false;
     unsigned int index = firstRecord(position, textOffset);
-    for (chain.behind = index; !found && index < m_records.size(); ++index) {
-        if (index == chain.behind) {
+    for (chain.after = index; !found && index < m_records.size(); ++index) {
+        if (index == chain.after) {
             joinWords(index, matchCase, chain);
         }
         const auto offset = static_cast<unsigned int>(m_records[index]->m_offset);
@@ -128,7 +128,7 @@ unsigned int PageTextSearch::findPhrase(const WordChain& chain, unsigned int rec
     return nowhere;
 }
 
-// How many words the chain has up to the end of the record that its word number `seenEnd` stands in. Found by
+// How many words the chain has up to the end of the record with its word number `seenEnd`. Found by
 // halving: any number of records without words may lie before that one.
 unsigned int PageTextSearch::wordsWithNextRecord(const WordChain& chain, unsigned int seenEnd)
 {
@@ -142,13 +142,13 @@ unsigned int PageTextSearch::wordsWithNextRecord(const WordChain& chain, unsigne
 void PageTextSearch::joinWords(unsigned int recordIndex, bool matchCase, WordChain& chain) const
 {
     chain.first = recordIndex;
-    chain.behind = joinRecords(recordIndex, true, matchCase, chain.text);
+    chain.after = joinRecords(recordIndex, true, matchCase, chain.text);
     chain.words.clear();
     chain.records.clear();
     const unsigned int words = splitWords(&chain.text, &chain.words);
     unsigned int start = 0;
     unsigned int wordsEnd = 0;
-    for (; recordIndex < chain.behind; ++recordIndex) {
+    for (; recordIndex < chain.after; ++recordIndex) {
         const unsigned int end = start + m_records[recordIndex]->m_text.length();
         while (wordsEnd < words && chain.words[wordsEnd] < end) {
             ++wordsEnd;
@@ -158,7 +158,7 @@ void PageTextSearch::joinWords(unsigned int recordIndex, bool matchCase, WordCha
     }
 }
 
-// Cuts a text into words in place, each ended by a zero byte over the separator behind it, and adds where they
+// Cuts a text into words in place, each ended by a zero byte over the separator after it, and adds where they
 // begin. Gives how many were added. A text that is cut already gives the same words again.
 unsigned int PageTextSearch::splitWords(TovoTextString* text, WordPlaces* words)
 {
@@ -220,7 +220,7 @@ TextRecord* PageTextSearch::nextRecord(unsigned int recordIndex, bool words) con
 }
 
 // The text of a record and of all that continue it, in lower case unless case matters, with a blank at the seams
-// when words are sought. Gives the index behind the last of them.
+// when words are sought. Gives the index after the last of them.
 unsigned int PageTextSearch::joinRecords(unsigned int recordIndex, bool words, bool matchCase,
                                          TovoTextString& text) const
 {

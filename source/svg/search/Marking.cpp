@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view SpanEnd = "</tspan>";
 constexpr std::string_view TextEnd = "</text>";
 
-// The place behind the next `text` from `from` on; the page's end when it is not there.
+// The place after the next `text` from `from` on; the page's end when it is not there.
 std::size_t placeBehind(std::string_view page, std::string_view text, std::size_t from)
 {
     const std::size_t found = page.find(text, from);
@@ -23,7 +23,7 @@ std::string_view between(std::string_view page, std::size_t from, std::size_t en
     return page.substr(from, end - from);
 }
 
-// The <tspan> of the run with the character behind it, the line end. One with a broken end tag ends at `limit`,
+// The <tspan> of the run with the character after it, the line end. One with a broken end tag ends at `limit`,
 // where the next run begins or the element ends: a page of such runs must not be copied over and over.
 std::string_view spanAt(std::string_view page, const TextRun& run, int limit)
 {
@@ -45,7 +45,7 @@ std::string_view viewOf(const TovoTextString& text)
 
 } // namespace
 
-// Lays the range out over the runs of the record and, where it is longer, of those behind it.
+// Lays the range out over the runs of the record and, where it is longer, of those after it.
 void PageTextSearch::markRange(unsigned int recordIndex, unsigned int start, unsigned int length)
 {
     for (; length != 0 && recordIndex < m_records.size(); ++recordIndex) {

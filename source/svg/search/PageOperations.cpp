@@ -1,6 +1,6 @@
-// What is done with a stored page without playing it: stamp the page count, tell the size, search for text.
+// What is done with a stored page without playing it: stamp the page count, give the size, search for text.
 //
-// Called by CMetaFilePlayer, which has told the format. The page stays the caller's, and only a stamp changes it.
+// Called by CMetaFilePlayer, which has recognised the format. The page stays the caller's, and only a stamp changes it.
 #include "metaFilePlayerSVG.h"
 
 #include <climits>
@@ -95,7 +95,7 @@ void CMetaFilePlayerSVG::getImageSize(unsigned char* page, int length, unsigned 
     while (!rest.empty() && !isDigit(rest.front())) {
         rest.remove_prefix(1);
     }
-    // The page has no zero byte behind it, so the numbers are read from a copy.
+    // The page has no zero byte after it, so the numbers are read from a copy.
     const std::size_t end = rest.find_first_not_of("0123456789+- \t\n\v\f\r");
     const TovoTextString numbers(rest.data(), static_cast<unsigned int>(rest.substr(0, end).size()));
     int box[4]{};

@@ -56,7 +56,7 @@ public:
 
     // Finds the next occurrence of `search` from the cursor on. `position` is where a record begins in the
     // page, 0 for the first one in reading order; `textOffset` the smallest offset in that record's text that
-    // counts. With a hit both lead behind it, `marked` receives the marked page, and `x` and `y` the place of
+    // counts. With a hit both lead after it, `marked` receives the marked page, and `x` and `y` the place of
     // the element it begins in. Without one `textOffset` still moves on by 1, unless nothing was searched for.
     void findText(std::string_view page, TovoTextString search, bool matchCase, bool wholeWord,
                   unsigned int& position, unsigned int& textOffset, TovoTextString& marked, int& x, int& y);

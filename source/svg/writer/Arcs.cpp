@@ -1,6 +1,6 @@
 // Arcs, chords and pies.
 //
-// A caller gives an arc as a bounding rectangle and two points that only tell directions from its centre; a
+// A caller gives an arc as a bounding rectangle and two points that only give directions from its centre; a
 // path wants end points on the ellipse, radii and two flags. Both are written: the path for viewers, the
 // caller's eight numbers in a tovo: attribute for the player, which does not read the path.
 #include "surfaceSVG.h"
@@ -31,7 +31,7 @@ void appendArguments(TovoTextString& out, std::string_view name, const RECT& rec
                  "' />\n");
 }
 
-// The elliptical arc command behind its start point (SVG 1.0, 8.3.8). The axes are never turned.
+// The elliptical arc command after its start point (SVG 1.0, 8.3.8). The axes are never turned.
 struct ArcPath {
     int rx, ry;
     POINT start, end;

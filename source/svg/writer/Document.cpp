@@ -20,7 +20,7 @@ constexpr char Namespaces[] = " xmlns='http://www.w3.org/2000/svg'"
                               " xmlns:xlink='http://www.w3.org/1999/xlink'"
                               " xmlns:tovo='urn:tovo:surface'";
 
-// A numbered definitions buffer, with a line feed behind it when there is anything in it.
+// A numbered definitions buffer, with a line feed after it when there is anything in it.
 void appendSection(TovoTextString& head, const TovoTextString& definitions)
 {
     if (!definitions.isEmpty()) {

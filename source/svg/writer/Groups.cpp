@@ -66,7 +66,7 @@ void CSurfaceSVG::writeFont(char* faceName, float size, bool bold, bool italic, 
                             bool underline)
 {
     Detail::Change change(*this);
-    // A clip group stands inside the font group and must not outlive it.
+    // A clip group is inside the font group and must not outlive it.
     const bool clipOpen = m_currentClip > 0;
     if (clipOpen) {
         writeEndGroup();

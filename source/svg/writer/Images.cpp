@@ -20,7 +20,7 @@
 
 namespace {
 
-// The format of the data by the caller's picture type; unknown: told by the data's own signature.
+// The format of the data by the caller's picture type; unknown: by the data's own signature.
 struct PictureType {
     int type;
     FREE_IMAGE_FORMAT format;

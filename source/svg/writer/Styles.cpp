@@ -1,6 +1,6 @@
 // The attributes that shapes share: colour, pen, fill, clip and path; and the definitions they refer to.
 //
-// Blanks stand as the page format has them: the pen style begins and ends with one, so two of them meet in
+// Blanks are as the page format has them: the pen style begins and ends with one, so two of them meet in
 // front of the stroke.
 #include "surfaceSVG.h"
 

@@ -1,6 +1,6 @@
 // Text in its five written forms.
 //
-// What SVG cannot say stands in tovo: attributes: the DrawText flags, the rectangle, the rotation. Nothing is
+// What SVG cannot say is in tovo: attributes: the DrawText flags, the rectangle, the rotation. Nothing is
 // measured and no line is broken here. `y` is the top of the text and a shift by one em leads down to its base
 // line, in every form but the base-line one.
 #include "surfaceSVG.h"
@@ -23,7 +23,7 @@ constexpr unsigned int ClippedOption = 0x4;
 
 constexpr int ShiftRoom = 12;
 
-// The reference point of the text: the alignment itself is told by the flags only.
+// The reference point of the text: the alignment itself is in the flags only.
 int anchorOf(const RECT& rect, unsigned int flags)
 {
     if ((flags & RightFlag) != 0) {
@@ -38,7 +38,7 @@ int fullTurn(int angle)
     return (angle % 360 + 360) % 360;
 }
 
-// How far, in em, text on a path has to move so that it stands where it would without one. It goes by the
+// How far, in em, text on a path has to move so that it is where it would be without one. It goes by the
 // character angle as the caller gave it.
 float baseLineShift(int charAngle, int textAngle)
 {

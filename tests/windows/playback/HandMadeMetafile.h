@@ -43,7 +43,7 @@ private:
     void enter(const std::string& record, const std::map<std::string, Words>& bitmaps)
     {
         const std::size_t start = m_words.size();
-        std::vector<std::pair<std::size_t, Words>> pending; // where a bitmap's place stands
+        std::vector<std::pair<std::size_t, Words>> pending; // where a bitmap's place is
         std::istringstream stream(record);
         for (std::string word; stream >> word;) {
             if (word[0] == '@') {
@@ -69,7 +69,7 @@ private:
             }
         }
         for (const auto& [place, bitmap] : pending) {
-            // A head of ten words and as many colours as it tells.
+            // A head of ten words and as many colours as it names.
             const auto offset = static_cast<std::int32_t>((m_words.size() - start) * 4);
             const std::int32_t head = 40 + bitmap[8] * 4;
             const std::int32_t fields[] = {offset, head, offset + head,

@@ -68,7 +68,7 @@ TEST(CopyPixels, StretchMirrorTurnAndStayWhereTheSourceEnds)
         EXPECT_TRUE(StretchBlt(d, to.left, to.top, to.right, to.bottom, source.context(), from.left, from.top,
                                from.right, from.bottom, SRCCOPY));
     };
-    stretch({0, 0, 4, 3}, {0, 0, 4, 3});   // rectangles are told by position and size here
+    stretch({0, 0, 4, 3}, {0, 0, 4, 3});   // rectangles are given by position and size here
     stretch({5, 0, 8, 6}, {0, 0, 4, 3});   // doubled
     stretch({17, 0, -4, 3}, {0, 0, 4, 3}); // mirrored: from the pixel at 17 to the left
     stretch({19, 0, 4, 3}, {0, 2, 4, -3}); // upside down: from the row 2 upwards
@@ -150,7 +150,7 @@ struct ShrinkCase {
     const char* name;
     WORD bits; // 0: monochrome
     int mode;
-    RECT to; // told by position and size, as is `from`
+    RECT to; // given by position and size, as is `from`
     RECT from;
     DWORD operation;
     const char* levels; // of the page's top row, two digits a pixel; it was 20 before
@@ -270,7 +270,7 @@ TEST(CopyPixels, MirrorInPlace)
 {
     const DWORD pixels[] = {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFF00};
     const struct {
-        RECT to; // told by position and size, as is `from`
+        RECT to; // given by position and size, as is `from`
         RECT from;
     } cases[] = {{{1, 0, -2, 2}, {0, 0, 2, 2}},
                  {{0, 0, 2, 2}, {1, 0, -2, 2}},

@@ -1,4 +1,4 @@
-// A small page to draw on, and its pixels as text: one letter for each, each row behind a line break.
+// A small page to draw on, and its pixels as text: one letter for each, each row after a line break.
 #pragma once
 
 #include <gdidevice.h>

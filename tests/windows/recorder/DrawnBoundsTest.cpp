@@ -1,4 +1,4 @@
-// The bounds that records and header tell hold every pixel that playing the metafile paints.
+// The bounds in records and header hold every pixel that playing the metafile paints.
 #include <gdidevice.h>
 
 #include <algorithm>

@@ -34,7 +34,7 @@ struct BITMAPINFO {
 };
 static_assert(sizeof(BITMAPINFO) == 44);
 
-// What GetObjectA tells of a bitmap. `bmBits` is set for DIB sections only.
+// What GetObjectA gives of a bitmap. `bmBits` is set for DIB sections only.
 struct BITMAP {
     LONG bmType;
     LONG bmWidth;

@@ -56,7 +56,7 @@ struct LOGPEN {
 };
 static_assert(sizeof(LOGPEN) == 16);
 
-// What GetObjectA tells of a pen of ExtCreatePen, with its first dash; more dashes follow.
+// What GetObjectA gives of a pen of ExtCreatePen, with its first dash; more dashes follow.
 struct EXTLOGPEN {
     DWORD elpPenStyle;
     DWORD elpWidth;
@@ -96,7 +96,7 @@ SURFACE_API HBRUSH WINAPI CreateSolidBrush(COLORREF color) __asm__("surface_Crea
 SURFACE_API HBRUSH WINAPI CreateHatchBrush(int hatch, COLORREF color) __asm__("surface_CreateHatchBrush");
 // Copies the bitmap's pixels.
 SURFACE_API HBRUSH WINAPI CreatePatternBrush(HBITMAP bitmap) __asm__("surface_CreatePatternBrush");
-// `packed` is a BITMAPINFO with its colour table and pixels, whose length the header tells; copied.
+// `packed` is a BITMAPINFO with its colour table and pixels, whose length follows from the header; copied.
 SURFACE_API HBRUSH WINAPI CreateDIBPatternBrushPt(const void* packed,
                                                   UINT usage) __asm__("surface_CreateDIBPatternBrushPt");
 // Does nothing: brushes follow the brush origin without it. TRUE for a live object.

@@ -40,7 +40,7 @@ static_assert(sizeof(ENHMETAHEADER) == 108);
 static_assert(offsetof(ENHMETAHEADER, dSignature) == 40 && offsetof(ENHMETAHEADER, nBytes) == 48);
 static_assert(offsetof(ENHMETAHEADER, szlDevice) == 72 && offsetof(ENHMETAHEADER, szlMillimeters) == 80);
 
-// [MS-EMF] 2.3.4.1. A palette may stand before the last field; nSizeLast repeats nSize.
+// [MS-EMF] 2.3.4.1. A palette may precede the last field; nSizeLast repeats nSize.
 struct EMREOF {
     EMR emr;
     DWORD nPalEntries;
@@ -149,7 +149,7 @@ struct EMRCREATEBRUSHINDIRECT {
 };
 static_assert(sizeof(EMRCREATEBRUSHINDIRECT) == 24);
 
-// CREATEMONOBRUSH and CREATEDIBPATTERNBRUSHPT; the bitmap's head and bits follow at the offsets told.
+// CREATEMONOBRUSH and CREATEDIBPATTERNBRUSHPT; the bitmap's head and bits follow at the given offsets.
 struct EMRCREATEPATTERNBRUSH {
     EMR emr;
     DWORD ihBrush;
@@ -318,7 +318,7 @@ struct EMREXTSELECTCLIPRGN {
 };
 static_assert(sizeof(EMREXTSELECTCLIPRGN) == 16);
 
-// A source bitmap may follow at the offsets told; without one offBmiSrc is 0.
+// A source bitmap may follow at the given offsets; without one offBmiSrc is 0.
 struct EMRBITBLT {
     EMR emr;
     RECTL rclBounds;

@@ -6,7 +6,7 @@
 extern "C" {
 
 // Strings of 8-bit characters. Letters and case are those of code page 1252. A null pointer is answered,
-// never followed: length 0, null for a copy, and in comparisons null stands before every string.
+// never followed: length 0, null for a copy, and in comparisons null comes before every string.
 SURFACE_API int WINAPI lstrlenA(LPCSTR text) __asm__("surface_lstrlenA");
 SURFACE_API LPSTR WINAPI lstrcpyA(LPSTR target, LPCSTR text) __asm__("surface_lstrcpyA");
 SURFACE_API LPSTR WINAPI lstrcatA(LPSTR target, LPCSTR text) __asm__("surface_lstrcatA");

@@ -81,7 +81,7 @@ struct RECT {
 };
 static_assert(sizeof(RECT) == 16);
 
-// The forms of the three that stand in files ([MS-WMF] 2.2.2.15, [MS-EMF] 2.2.22, [MS-WMF] 2.2.2.19).
+// The forms of the three that are in files ([MS-WMF] 2.2.2.15, [MS-EMF] 2.2.22, [MS-WMF] 2.2.2.19).
 struct POINTL {
     LONG x;
     LONG y;
