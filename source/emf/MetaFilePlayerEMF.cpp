@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "MetafileRecords.h"
+#include "MetafileText.h"
 #include "moduleHeap.h"
 #include "surface.h"
 
@@ -63,7 +63,7 @@ void CMetaFilePlayerEMF::getImageSize(unsigned char* page, int length, unsigned 
                                       unsigned int& height)
 {
     // The header as far as the size in millimetres, where its shortest form ends; whatever its own size says.
-    const MetafileRecord header{EMR_HEADER, 0, metafilePage(page, length)};
+    const metafile::Record header{EMR_HEADER, 0, metafile::pageOf(page, length)};
     const auto frame = header.field<RECTL>(offsetof(ENHMETAHEADER, rclFrame));
     const auto device = header.field<SIZEL>(offsetof(ENHMETAHEADER, szlDevice));
     const auto millimeters = header.field<SIZEL>(offsetof(ENHMETAHEADER, szlMillimeters));

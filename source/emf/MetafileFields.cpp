@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-MetafileFields::MetafileFields(MetafilePage page, bool lowerCase)
+MetafileFields::MetafileFields(metafile::Page page, bool lowerCase)
 {
-    for (const MetafileRecord& record : MetafileRecords(page)) {
+    for (const metafile::Record& record : metafile::Records(page)) {
         const std::optional<MetafileText> text = textOf(record);
         if (!text || text->fields.emrtext.nChars == 0) {
             continue;

@@ -6,7 +6,7 @@
 
 #include <string_view>
 
-#include "MetafileRecords.h"
+#include "MetafileText.h"
 #include "ReadingOrder.h"
 #include "sys/tovoarray.h"
 #include "sys/tovostr.h"
@@ -25,7 +25,7 @@ public:
     static constexpr unsigned int none = ReadingOrder::none;
 
     // Throws KrnException without memory, as everything here.
-    MetafileFields(MetafilePage page, bool lowerCase);
+    MetafileFields(metafile::Page page, bool lowerCase);
 
     unsigned int size() const { return m_fields.size(); }
     const MetafileField& operator[](unsigned int field) const { return m_fields[field]; }

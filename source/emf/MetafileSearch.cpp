@@ -33,7 +33,7 @@ unsigned int commonLength(std::string_view a, std::string_view b)
 
 } // namespace
 
-MetafileSearch::MetafileSearch(MetafilePage page, TovoTextString text, bool matchCase, bool wholeWord)
+MetafileSearch::MetafileSearch(metafile::Page page, TovoTextString text, bool matchCase, bool wholeWord)
     : m_text(std::move(text)), m_wholeWord(wholeWord), m_fields(page, !matchCase)
 {
     constexpr unsigned int WordLimit = 100;

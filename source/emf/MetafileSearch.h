@@ -22,7 +22,7 @@ using MatchEntries = Vector<MatchEntry, 10>;
 class MetafileSearch {
 public:
     // `text` is not empty; without `matchCase` it is made lower case here. Throws KrnException without memory.
-    MetafileSearch(MetafilePage page, TovoTextString text, bool matchCase, bool wholeWord);
+    MetafileSearch(metafile::Page page, TovoTextString text, bool matchCase, bool wholeWord);
 
     // Whether there is anything to be found: a search for words needs one.
     bool hasTarget() const { return !m_wholeWord || m_words.size() != 0; }

@@ -10,7 +10,7 @@
 #include <numeric>
 #include <string_view>
 
-#include "MetafileRecords.h"
+#include "MetafileText.h"
 #include "PageCountMarker.h"
 #include "pageCountWord.h"
 #include "wrappingInt.h"
@@ -39,7 +39,7 @@ constexpr std::size_t IndexOffset = sizeof(EMR);
 constexpr std::size_t FontOffset = offsetof(EMREXTCREATEFONTINDIRECTW, elfw);
 
 // A comment's count of bytes, and what follows it.
-std::optional<PageCountMarker> markerOf(const MetafileRecord& record)
+std::optional<PageCountMarker> markerOf(const metafile::Record& record)
 {
     constexpr std::size_t DataOffset = sizeof(EMR) + sizeof(DWORD);
     const std::optional<DWORD> size = record.field<DWORD>(sizeof(EMR));
@@ -49,7 +49,7 @@ std::optional<PageCountMarker> markerOf(const MetafileRecord& record)
     return PageCountMarker::of(record.bytes.subspan(DataOffset, *size));
 }
 
-void followFont(Walk& walk, const MetafileRecord& record)
+void followFont(Walk& walk, const metafile::Record& record)
 {
     const std::optional<DWORD> index = record.field<DWORD>(IndexOffset);
     const unsigned char** const entry = index && *index < FontCount ? &walk.fonts[*index] : nullptr;
@@ -79,7 +79,7 @@ Stamp makeStamp(bool totalOnly, int pageNumber, int pageCount)
     return stamp;
 }
 
-bool beginsWithBlank(const MetafileRecord& record, const MetafileText& text)
+bool beginsWithBlank(const metafile::Record& record, const MetafileText& text)
 {
     if (text.fields.emrtext.nChars == 0) {
         return false;
@@ -149,7 +149,7 @@ void align(EMREXTTEXTOUT& fields, const PageCountMarker& band, LONG width)
 
 // A text of the page that receives its stamp: nothing is written before it has been measured.
 struct Patch {
-    MetafileRecord record;
+    metafile::Record record;
     MetafileText text;
     Stamp stamp;
     PageCountMarker band;
@@ -231,7 +231,7 @@ private:
 };
 
 // A text record after a marker receives the stamp, where it has room; else the next one does.
-void stampText(const MetafileRecord& record, const MetafileText& text, const Stamp& stamp, Walk& walk,
+void stampText(const metafile::Record& record, const MetafileText& text, const Stamp& stamp, Walk& walk,
                Patches& patches)
 {
     if (text.fields.emrtext.nChars < stamp.length) {
@@ -249,7 +249,7 @@ bool CMetaFilePlayerEMF::insertPageCount(unsigned char* page, int length, int pa
 {
     Walk walk;
     Patches patches(page);
-    for (const MetafileRecord& record : MetafileRecords(metafilePage(page, length))) {
+    for (const metafile::Record& record : metafile::Records(metafile::pageOf(page, length))) {
         switch (record.type) {
         case EMR_EXTCREATEFONTINDIRECTW:
         case EMR_SELECTOBJECT:

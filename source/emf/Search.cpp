@@ -8,7 +8,7 @@
 unsigned int CMetaFilePlayerEMF::findNextField(unsigned char* page, unsigned int length, int& x, int& y,
                                                TovoTextString& text)
 {
-    const MetafileFields fields(metafilePage(page, length), false);
+    const MetafileFields fields(metafile::pageOf(page, length), false);
     const unsigned int next = fields.lookForNext({x, y});
     if (next == MetafileFields::none) {
         return 0;
@@ -29,7 +29,7 @@ int CMetaFilePlayerEMF::searchPageForString(unsigned char* page, unsigned int le
     if (text == nullptr || *text == '\0') {
         return 0;
     }
-    const MetafilePage bytes = metafilePage(page, length);
+    const metafile::Page bytes = metafile::pageOf(page, length);
     MetafileSearch search(bytes, TovoTextString(text), matchCase, wholeWord);
     POINTL place{x, y};
     MatchEntries entries;

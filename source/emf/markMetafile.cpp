@@ -28,18 +28,18 @@ struct Growth {
     unsigned int records = 0;
 };
 
-Growth growthBy(Entries entries, MetafilePage page)
+Growth growthBy(Entries entries, metafile::Page page)
 {
     Growth growth;
     while (!entries.empty()) {
-        growth.bytes += recordAt(page, entries[0].position)->bytes.size() + 2 * sizeof(EMRSETCOLOR);
+        growth.bytes += metafile::recordAt(page, entries[0].position)->bytes.size() + 2 * sizeof(EMRSETCOLOR);
         growth.records += 3;
         entries = entries.subspan(ofOneRecord(entries).size());
     }
     return growth;
 }
 
-unsigned char* put(unsigned char* at, MetafilePage bytes)
+unsigned char* put(unsigned char* at, metafile::Page bytes)
 {
     std::memcpy(at, bytes.data(), bytes.size());
     return at + bytes.size();
@@ -62,7 +62,7 @@ void blankOut(unsigned char* record, const MetafileText& text, unsigned int firs
 }
 
 // The record without the characters of the entries, and in red with these alone. Gives the place after.
-unsigned char* putTwice(unsigned char* at, const MetafileRecord& record, Entries entries, COLORREF color)
+unsigned char* putTwice(unsigned char* at, const metafile::Record& record, Entries entries, COLORREF color)
 {
     const MetafileText text = *textOf(record);
     const unsigned int count = text.fields.emrtext.nChars;
@@ -82,11 +82,11 @@ unsigned char* putTwice(unsigned char* at, const MetafileRecord& record, Entries
     return end;
 }
 
-void putMarkedPage(unsigned char* at, MetafilePage page, Entries entries)
+void putMarkedPage(unsigned char* at, metafile::Page page, Entries entries)
 {
     COLORREF color = 0;
     std::size_t copied = 0;
-    for (const MetafileRecord& record : MetafileRecords(page)) {
+    for (const metafile::Record& record : metafile::Records(page)) {
         if (record.type == EMR_SETTEXTCOLOR) {
             color = record.field<COLORREF>(offsetof(EMRSETCOLOR, crColor)).value_or(color);
         }
@@ -115,7 +115,7 @@ void correctHeader(unsigned char* marked, unsigned int length, unsigned int adde
 
 } // namespace
 
-unsigned char* markMetafile(MetafilePage page, const MatchEntries& found, unsigned int& length)
+unsigned char* markMetafile(metafile::Page page, const MatchEntries& found, unsigned int& length)
 {
     // In the order of the page; which record a hit begins in no longer matters.
     MatchEntries entries(found);

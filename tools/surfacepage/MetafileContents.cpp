@@ -8,11 +8,11 @@
 
 namespace {
 
-std::string narrow(const FileRecord& record, std::size_t offset, std::size_t count)
+std::string narrow(const metafile::Record& record, std::size_t offset, std::size_t count)
 {
     std::string text;
     for (std::size_t i = 0; i < count; ++i) {
-        const unsigned short wide[2] = {record.at<unsigned short>(offset + 2 * i).value_or(0), 0};
+        const unsigned short wide[2] = {record.field<unsigned short>(offset + 2 * i).value_or(0), 0};
         char character[2] = " "; // of a zero, too
         if (wide[0] != 0) {
             intlUnicodeToCString(wide, character, sizeof(character));
@@ -22,7 +22,7 @@ std::string narrow(const FileRecord& record, std::size_t offset, std::size_t cou
     return text;
 }
 
-void addText(const FileRecord& record, POINTL place, std::uint64_t offset, std::uint64_t count,
+void addText(const metafile::Record& record, POINTL place, std::uint64_t offset, std::uint64_t count,
              unsigned int characterSize, std::vector<PlacedText>& texts)
 {
     if (count == 0 || offset + count * characterSize > record.bytes.size()) {
@@ -36,11 +36,11 @@ void addText(const FileRecord& record, POINTL place, std::uint64_t offset, std::
     texts.push_back({place, std::string(piece.begin(), piece.end())});
 }
 
-void addSmallText(const FileRecord& record, std::vector<PlacedText>& texts)
+void addSmallText(const metafile::Record& record, std::vector<PlacedText>& texts)
 {
     constexpr DWORD WithoutRectangle = 0x100; // ETO_NO_RECT, [MS-EMF] 2.1.11
     constexpr DWORD SmallCharacters = 0x200;  // ETO_SMALL_CHARS
-    if (const auto fields = record.at<EMRSMALLTEXTOUT>(0)) {
+    if (const auto fields = record.field<EMRSMALLTEXTOUT>(0)) {
         const std::size_t rectangle = (fields->fuOptions & WithoutRectangle) != 0 ? 0 : sizeof(RECTL);
         const unsigned int size = (fields->fuOptions & SmallCharacters) != 0 ? 1 : 2;
         addText(record, fields->ptlReference, sizeof(EMRSMALLTEXTOUT) + rectangle, fields->nChars, size,
@@ -48,13 +48,13 @@ void addSmallText(const FileRecord& record, std::vector<PlacedText>& texts)
     }
 }
 
-void addPolyText(const FileRecord& record, std::vector<PlacedText>& texts)
+void addPolyText(const metafile::Record& record, std::vector<PlacedText>& texts)
 {
     const unsigned int size = record.type == EMR_POLYTEXTOUTW ? 2 : 1;
-    const auto fields = record.at<EMRPOLYTEXTOUT>(0);
+    const auto fields = record.field<EMRPOLYTEXTOUT>(0);
     std::size_t offset = sizeof(EMRPOLYTEXTOUT);
     for (DWORD left = fields ? fields->cStrings : 0; left > 0; --left, offset += sizeof(EMRTEXT)) {
-        const auto text = record.at<EMRTEXT>(offset);
+        const auto text = record.field<EMRTEXT>(offset);
         if (!text) {
             return;
         }
@@ -84,13 +84,13 @@ constexpr PictureField pictureFields[] = {
 
 } // namespace
 
-std::vector<PlacedText> textsOf(const FileRecord& record)
+std::vector<PlacedText> textsOf(const metafile::Record& record)
 {
     std::vector<PlacedText> texts;
     switch (record.type) {
     case EMR_EXTTEXTOUTA:
     case EMR_EXTTEXTOUTW:
-        if (const auto fields = record.at<EMREXTTEXTOUT>(0)) {
+        if (const auto fields = record.field<EMREXTTEXTOUT>(0)) {
             const EMRTEXT& text = fields->emrtext;
             addText(record, text.ptlReference, text.offString, text.nChars,
                     record.type == EMR_EXTTEXTOUTW ? 2 : 1, texts);
@@ -109,14 +109,14 @@ std::vector<PlacedText> textsOf(const FileRecord& record)
     return texts;
 }
 
-std::optional<std::string> fontOf(const FileRecord& record)
+std::optional<std::string> fontOf(const metafile::Record& record)
 {
     constexpr LONG Bold = 700;
     if (record.type != EMR_EXTCREATEFONTINDIRECTW) {
         return std::nullopt;
     }
     constexpr std::size_t offset = offsetof(EMREXTCREATEFONTINDIRECTW, elfw);
-    const auto font = record.at<LOGFONTW>(offset);
+    const auto font = record.field<LOGFONTW>(offset);
     if (!font) {
         return std::nullopt;
     }
@@ -129,14 +129,14 @@ std::optional<std::string> fontOf(const FileRecord& record)
     return text.append(font->lfStrikeOut != 0 ? " strikethru" : "");
 }
 
-std::optional<std::string> pictureOf(const FileRecord& record)
+std::optional<std::string> pictureOf(const metafile::Record& record)
 {
     for (const PictureField& field : pictureFields) {
         if (field.type != record.type) {
             continue;
         }
-        const DWORD offset = record.at<DWORD>(field.offset).value_or(0);
-        const auto head = record.at<BITMAPINFOHEADER>(offset);
+        const DWORD offset = record.field<DWORD>(field.offset).value_or(0);
+        const auto head = record.field<BITMAPINFOHEADER>(offset);
         if (offset == 0 || !head || head->biSize < sizeof(BITMAPINFOHEADER)) {
             return std::nullopt;
         }

@@ -13,10 +13,10 @@ struct PlacedText {
 };
 
 // The texts that a text record draws, as 8 bits a character; none for other records and where they leave the record.
-std::vector<PlacedText> textsOf(const FileRecord& record);
+std::vector<PlacedText> textsOf(const metafile::Record& record);
 
 // "Arial" height -13 bold italic
-std::optional<std::string> fontOf(const FileRecord& record);
+std::optional<std::string> fontOf(const metafile::Record& record);
 
 // 100 x 50 pixels of 24 bits
-std::optional<std::string> pictureOf(const FileRecord& record);
+std::optional<std::string> pictureOf(const metafile::Record& record);

@@ -130,11 +130,11 @@ void takeSvgPage(StoredPage& page, PageInventory& inventory)
     }
 }
 
-bool isPageCountMark(const FileRecord& record)
+bool isPageCountMark(const metafile::Record& record)
 {
     constexpr std::string_view mark = "TPC";
     constexpr std::size_t length = mark.size() + 2 * sizeof(LONG);
-    const auto comment = record.at<EMRGDICOMMENT>(0);
+    const auto comment = record.field<EMRGDICOMMENT>(0);
     return record.type == EMR_GDICOMMENT && comment && comment->cbData == length &&
            record.bytes.size() >= sizeof(EMRGDICOMMENT) + length &&
            std::memcmp(record.bytes.data() + sizeof(EMRGDICOMMENT), mark.data(), mark.size()) == 0;
@@ -142,7 +142,7 @@ bool isPageCountMark(const FileRecord& record)
 
 void takeMetafile(StoredPage& page, PageInventory& inventory)
 {
-    inventory.damage = walkRecords(page.bytes, [&](const FileRecord& record) {
+    inventory.damage = walkRecords(page.bytes, [&](const metafile::Record& record) {
         ++inventory.parts[recordName(record.type)];
         for (const PlacedText& text : textsOf(record)) {
             inventory.texts.push_back(quotedText(text.text));

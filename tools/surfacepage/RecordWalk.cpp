@@ -19,30 +19,35 @@ std::string about(std::string_view what, std::size_t position)
     return std::string(what).append(" at byte ").append(std::to_string(position));
 }
 
+// What is wrong at a place where no record is.
+std::string damageAt(const metafile::Found& found, unsigned int position)
+{
+    switch (found.fault) {
+    case metafile::Fault::cutInHead:
+        return about("ends inside the head of the record", position);
+    case metafile::Fault::size:
+        return about("damaged: the record", position)
+            .append(" can't have a size of ")
+            .append(std::to_string(found.size));
+    default:
+        return about("ends inside the record", position);
+    }
+}
+
 } // namespace
 
-std::string walkRecords(std::span<const unsigned char> page,
-                        const std::function<void(const FileRecord&)>& visit)
+std::string walkRecords(metafile::Page page, const std::function<void(const metafile::Record&)>& visit)
 {
-    for (std::size_t position = 0; position < page.size();) {
-        const FileRecord rest{0, position, page.subspan(position)};
-        const std::optional<EMR> head = rest.at<EMR>(0);
-        if (!head) {
-            return about("ends inside the head of the record", position);
+    for (unsigned int position = 0; position < page.size();) {
+        const metafile::Found found = metafile::findRecord(page, position);
+        if (!found.record) {
+            return damageAt(found, position);
         }
-        if (head->nSize < sizeof(EMR) || head->nSize % 4 != 0) {
-            return about("damaged: the record", position)
-                .append(" can't have a size of ")
-                .append(std::to_string(head->nSize));
-        }
-        if (head->nSize > rest.bytes.size()) {
-            return about("ends inside the record", position);
-        }
-        visit({head->iType, position, rest.bytes.first(head->nSize)});
-        if (head->iType == EMR_EOF) {
+        visit(*found.record);
+        if (found.record->type == EMR_EOF) {
             return {};
         }
-        position += head->nSize;
+        position += found.size;
     }
     return "ends without the record that ends a metafile";
 }

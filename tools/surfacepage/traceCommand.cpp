@@ -32,9 +32,9 @@ private:
     std::size_t _count = 0;
 };
 
-std::string commentOf(const FileRecord& record)
+std::string commentOf(const metafile::Record& record)
 {
-    const auto head = record.at<EMRGDICOMMENT>(0);
+    const auto head = record.field<EMRGDICOMMENT>(0);
     const std::size_t room = record.bytes.size() - std::min(record.bytes.size(), sizeof(EMRGDICOMMENT));
     const std::size_t length = std::min<std::size_t>(head ? head->cbData : 0, room);
     const std::size_t shown = std::min(length, CommentShown);
@@ -44,13 +44,13 @@ std::string commentOf(const FileRecord& record)
 }
 
 // The words after the head, as numbers.
-std::string wordsOf(const FileRecord& record)
+std::string wordsOf(const metafile::Record& record)
 {
     std::string text;
     const std::size_t words = (record.bytes.size() - sizeof(EMR)) / sizeof(LONG);
     for (std::size_t i = 0; i < std::min(words, WordsShown); ++i) {
         text.append(i == 0 ? "" : " ");
-        text.append(std::to_string(record.at<LONG>(sizeof(EMR) + i * sizeof(LONG)).value_or(0)));
+        text.append(std::to_string(record.field<LONG>(sizeof(EMR) + i * sizeof(LONG)).value_or(0)));
     }
     if (words > WordsShown) {
         text.append(" and ").append(std::to_string(words - WordsShown)).append(" words more");
@@ -58,13 +58,13 @@ std::string wordsOf(const FileRecord& record)
     return text;
 }
 
-std::string contentsOf(const FileRecord& record)
+std::string contentsOf(const metafile::Record& record)
 {
     if (record.type == EMR_GDICOMMENT) {
         return commentOf(record);
     }
     if (const std::optional<std::string> font = fontOf(record)) {
-        const DWORD index = record.at<DWORD>(sizeof(EMR)).value_or(0);
+        const DWORD index = record.field<DWORD>(sizeof(EMR)).value_or(0);
         return std::to_string(index).append(" ").append(*font);
     }
     std::string text;
@@ -75,7 +75,7 @@ std::string contentsOf(const FileRecord& record)
     return text.empty() ? wordsOf(record) : text;
 }
 
-std::string lineOf(const FileRecord& record)
+std::string lineOf(const metafile::Record& record)
 {
     std::string line = std::to_string(record.position).append(" ").append(recordName(record.type));
     if (const std::string contents = contentsOf(record); !contents.empty()) {
@@ -95,7 +95,7 @@ Outcome traceCommand(FileJob& job)
     Lines lines(job);
     if (page->isMetafile()) {
         const std::string damage =
-            walkRecords(page->bytes, [&](const FileRecord& record) { lines.add(lineOf(record)); });
+            walkRecords(page->bytes, [&](const metafile::Record& record) { lines.add(lineOf(record)); });
         return damage.empty() ? Outcome::Done : job.fail(damage);
     }
     const SvgPageSize size = svgPageSize(page->text());

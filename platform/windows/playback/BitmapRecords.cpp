@@ -16,7 +16,7 @@ DibPlace sourceOf(const Fields& fields)
 }
 
 // BITBLT (`size` empty: the source is as large as the target) and STRETCHBLT.
-bool playCopy(Playback& playback, const Record& record, const EMRBITBLT& fields, const SIZEL* size)
+bool playCopy(Playback& playback, const metafile::Record& record, const EMRBITBLT& fields, const SIZEL* size)
 {
     const HDC target = playback.target();
     const DibPlace place = sourceOf(fields);
@@ -29,7 +29,7 @@ bool playCopy(Playback& playback, const Record& record, const EMRBITBLT& fields,
     }
     const auto dib = FileDib::read(playback, record, place, fields.iUsageSrc);
     if (!dib) {
-        countUnplayed(record.type());
+        countUnplayed(record.type);
         return true;
     }
     const SourceBitmap bitmap(target, *dib, dib->isMonochrome());
@@ -44,13 +44,13 @@ bool playCopy(Playback& playback, const Record& record, const EMRBITBLT& fields,
     return true;
 }
 
-bool bitBlt(Playback& playback, const Record& record)
+bool bitBlt(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRBITBLT>(0);
     return fields && playCopy(playback, record, *fields, nullptr);
 }
 
-bool stretchBlt(Playback& playback, const Record& record)
+bool stretchBlt(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRSTRETCHBLT>(0);
     if (!fields) {
@@ -60,7 +60,7 @@ bool stretchBlt(Playback& playback, const Record& record)
     return playCopy(playback, record, fields->blt, &size);
 }
 
-bool stretchDibits(Playback& playback, const Record& record)
+bool stretchDibits(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRSTRETCHDIBITS>(0);
     if (!fields || !FileDib::stands(record, sourceOf(*fields))) {
@@ -73,7 +73,7 @@ bool stretchDibits(Playback& playback, const Record& record)
     }
     const auto dib = FileDib::read(playback, record, sourceOf(*fields), fields->iUsageSrc);
     if (!dib) {
-        countUnplayed(record.type());
+        countUnplayed(record.type);
         return true;
     }
     StretchDIBits(target, fields->xDest, fields->yDest, fields->cxDest, fields->cyDest, fields->xSrc,
@@ -103,7 +103,7 @@ Band bandOf(const EMRSETDIBITSTODEVICE& fields, bool bottomUp, LONG held)
 }
 
 // A pixel of the bitmap is one of the reference device, whatever the logical units are.
-bool setDibitsToDevice(Playback& playback, const Record& record)
+bool setDibitsToDevice(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRSETDIBITSTODEVICE>(0);
     if (!fields || !FileDib::stands(record, sourceOf(*fields))) {
@@ -113,7 +113,7 @@ bool setDibitsToDevice(Playback& playback, const Record& record)
     const auto held = static_cast<LONG>(std::min(fields->cScans, mostRows));
     const auto dib = FileDib::read(playback, record, sourceOf(*fields), fields->iUsageSrc, held);
     if (!dib) {
-        countUnplayed(record.type());
+        countUnplayed(record.type);
         return true;
     }
     const Band band = bandOf(*fields, dib->bottomUp(), std::min<LONG>(held, dib->height()));

@@ -31,14 +31,14 @@ DWORD colorsHeld(const BITMAPINFOHEADER& header, std::size_t length)
 
 } // namespace
 
-bool FileDib::stands(const Record& record, const DibPlace& place) noexcept
+bool FileDib::stands(const metafile::Record& record, const DibPlace& place) noexcept
 {
     return record.piece(place.headOffset, place.headLength) &&
            record.piece(place.bitsOffset, place.bitsLength);
 }
 
-std::optional<FileDib> FileDib::read(Playback& playback, const Record& record, const DibPlace& place,
-                                     UINT usage, LONG rows)
+std::optional<FileDib> FileDib::read(Playback& playback, const metafile::Record& record,
+                                     const DibPlace& place, UINT usage, LONG rows)
 {
     auto head = record.values<BYTE>(place.headOffset, place.headLength);
     const auto bits = record.piece(place.bitsOffset, place.bitsLength);

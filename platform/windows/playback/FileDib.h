@@ -10,7 +10,7 @@
 
 #include "Bitmap.h"
 #include "Playback.h"
-#include "Record.h"
+#include "sys/recordReader.h"
 
 // Where in a record head and pixels of a bitmap are.
 struct DibPlace {
@@ -23,10 +23,10 @@ struct DibPlace {
 class FileDib {
 public:
     // False when the place leaves the record.
-    static bool stands(const Record& record, const DibPlace& place) noexcept;
+    static bool stands(const metafile::Record& record, const DibPlace& place) noexcept;
     // Nothing for a bitmap of unsound or unknown form. With `rows` above 0 only so many are there, from the first.
-    static std::optional<FileDib> read(Playback& playback, const Record& record, const DibPlace& place,
-                                       UINT usage, LONG rows = 0);
+    static std::optional<FileDib> read(Playback& playback, const metafile::Record& record,
+                                       const DibPlace& place, UINT usage, LONG rows = 0);
 
     const BITMAPINFO* info() const noexcept { return reinterpret_cast<const BITMAPINFO*>(m_head.data()); }
     const BYTE* bits() const noexcept { return m_bits.data(); }

@@ -127,7 +127,7 @@ void fillTriangle(Playback& playback, const Triangle& corners)
     }
 }
 
-bool gradientFill(Playback& playback, const Record& record)
+bool gradientFill(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRGRADIENTFILL>(0);
     const auto vertices = fields ? record.values<TRIVERTEX>(sizeof(*fields), fields->nVer) : std::nullopt;

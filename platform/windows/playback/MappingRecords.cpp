@@ -3,7 +3,7 @@
 
 namespace {
 
-bool setMapMode(Playback& playback, const Record& record)
+bool setMapMode(Playback& playback, const metafile::Record& record)
 {
     const auto mode = record.field<int>(sizeof(EMR));
     if (!mode) {

@@ -78,7 +78,7 @@ DibPlace sourceOf(const EMRBITBLT& fields)
 }
 
 // Without a mask the operation for its set bits holds everywhere.
-bool maskBlt(Playback& playback, const Record& record)
+bool maskBlt(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRMASKBLT>(0);
     if (!fields) {
@@ -92,7 +92,7 @@ bool maskBlt(Playback& playback, const Record& record)
     const auto dib = FileDib::read(playback, record, sourceOf(blt), blt.iUsageSrc);
     const auto mask = FileDib::read(playback, record, maskPlace, fields->iUsageMask);
     if (!dib || (fields->cbBmiMask != 0 && !mask)) {
-        countUnplayed(record.type());
+        countUnplayed(record.type);
         return true;
     }
     const HDC target = playback.target();
@@ -124,7 +124,7 @@ bool maskBlt(Playback& playback, const Record& record)
 }
 
 // The operation is the colour that is left out.
-bool transparentBlt(Playback& playback, const Record& record)
+bool transparentBlt(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRSTRETCHBLT>(0);
     if (!fields || !FileDib::stands(record, sourceOf(fields->blt))) {
@@ -133,7 +133,7 @@ bool transparentBlt(Playback& playback, const Record& record)
     const EMRBITBLT& blt = fields->blt;
     const auto dib = FileDib::read(playback, record, sourceOf(blt), blt.iUsageSrc);
     if (!dib) {
-        countUnplayed(record.type());
+        countUnplayed(record.type);
         return true;
     }
     if (fields->cxSrc <= 0 || fields->cySrc <= 0) {

@@ -48,7 +48,7 @@ LOGBRUSH brushOf(HDC target, const LOGBRUSH32& brush)
     }
 }
 
-bool createExtendedPen(Playback& playback, const Record& record)
+bool createExtendedPen(Playback& playback, const metafile::Record& record)
 {
     const auto number = record.field<DWORD>(offsetof(EMREXTCREATEPEN, ihPen));
     // A pen without dashes may end before the first of them.
@@ -78,7 +78,7 @@ void createBrush(Playback& playback, const EMRCREATEBRUSHINDIRECT& record)
     playback.objects().add(record.ihBrush, CreateBrushIndirect(&brush));
 }
 
-bool createPatternBrush(Playback& playback, const Record& record)
+bool createPatternBrush(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRCREATEPATTERNBRUSH>(0);
     if (!fields) {
@@ -90,10 +90,10 @@ bool createPatternBrush(Playback& playback, const Record& record)
     }
     const auto dib = FileDib::read(playback, record, place, fields->iUsage);
     if (!dib) {
-        countUnplayed(record.type());
+        countUnplayed(record.type);
         return true;
     }
-    if (record.type() == EMR_CREATEMONOBRUSH) {
+    if (record.type == EMR_CREATEMONOBRUSH) {
         const SourceBitmap bitmap(playback.target(), *dib, true);
         playback.objects().add(fields->ihBrush, CreatePatternBrush(bitmap.handle()));
         return true;
@@ -104,7 +104,7 @@ bool createPatternBrush(Playback& playback, const Record& record)
 }
 
 // Records end after the LOGFONTW, or carry more than is needed here.
-bool createFont(Playback& playback, const Record& record)
+bool createFont(Playback& playback, const metafile::Record& record)
 {
     const auto number = record.field<DWORD>(offsetof(EMREXTCREATEFONTINDIRECTW, ihFont));
     auto font = record.field<LOGFONTW>(offsetof(EMREXTCREATEFONTINDIRECTW, elfw));

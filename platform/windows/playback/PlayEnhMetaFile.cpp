@@ -10,10 +10,10 @@
 #include "DeviceContext.h"
 #include "HandleTable.h"
 #include "Playback.h"
-#include "Record.h"
 #include "RecordHandlers.h"
 #include "UnplayedRecords.h"
 #include "gdidevice.h"
+#include "sys/recordReader.h"
 
 namespace {
 
@@ -50,21 +50,11 @@ Handlers allHandlers()
     return handlers;
 }
 
-// The record at the front of the bytes; nothing when its size can't be true.
-std::optional<Record> firstRecord(std::span<const BYTE> bytes)
-{
-    const auto size = Record(bytes).field<DWORD>(offsetof(EMR, nSize));
-    if (!size || *size < sizeof(EMR) || *size % sizeof(DWORD) != 0 || *size > bytes.size()) {
-        return std::nullopt;
-    }
-    return Record(bytes.first(*size));
-}
-
 // False when the record contradicts itself.
-bool playRecord(Playback& playback, const Record& record)
+bool playRecord(Playback& playback, const metafile::Record& record)
 {
     static const Handlers handlers = allHandlers();
-    const DWORD type = record.type();
+    const DWORD type = record.type;
     const RecordHandler play = type < typeLimit ? handlers.play[type] : nullptr;
     if (play == nullptr) {
         countUnplayed(type);
@@ -78,30 +68,30 @@ bool playRecord(Playback& playback, const Record& record)
 
 // False when something could not be played because the bytes are unsound: a single record, or all from a place on
 // where no record is.
-bool playRecords(Playback& playback, std::span<const BYTE> bytes)
+bool playRecords(Playback& playback, metafile::Page page, unsigned int position)
 {
     bool sound = true;
-    while (const std::optional<Record> record = firstRecord(bytes)) {
-        if (record->type() == EMR_EOF) {
+    while (const std::optional<metafile::Record> record = metafile::recordAt(page, position)) {
+        if (record->type == EMR_EOF) {
             return sound;
         }
         sound = playRecord(playback, *record) && sound;
-        bytes = bytes.subspan(record->size());
+        position += static_cast<unsigned int>(record->bytes.size());
     }
     return false;
 }
 
-bool play(HDC handle, DeviceContext& context, std::span<const BYTE> bytes, const RECT& rect)
+bool play(HDC handle, DeviceContext& context, metafile::Page page, const RECT& rect)
 {
-    const std::optional<Record> header = firstRecord(bytes);
+    const std::optional<metafile::Record> header = metafile::recordAt(page, 0);
     const std::optional<ReferenceDevice> device =
-        header && header->type() == EMR_HEADER ? ReferenceDevice::of(*header) : std::nullopt;
+        header && header->type == EMR_HEADER ? ReferenceDevice::of(*header) : std::nullopt;
     if (!device) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return false;
     }
     Playback playback(handle, context, *device, rect);
-    return playback.begin() && playRecords(playback, bytes.subspan(header->size()));
+    return playback.begin() && playRecords(playback, page, static_cast<unsigned int>(header->bytes.size()));
 }
 
 } // namespace

@@ -11,7 +11,7 @@ using Points = std::vector<POINT>;
 
 // `Stored` is POINT or POINTS.
 template <class Stored>
-std::optional<Points> readPoints(const Record& record, std::uint64_t offset, std::uint64_t count)
+std::optional<Points> readPoints(const metafile::Record& record, std::uint64_t offset, std::uint64_t count)
 {
     if constexpr (std::same_as<Stored, POINT>) {
         return record.values<POINT>(offset, count);
@@ -28,7 +28,7 @@ std::optional<Points> readPoints(const Record& record, std::uint64_t offset, std
 
 // One line, curve or polygon.
 template <class Stored, class Count, BOOL (*function)(HDC, const POINT*, Count)>
-bool playPoly(Playback& playback, const Record& record)
+bool playPoly(Playback& playback, const metafile::Record& record)
 {
     const auto count = record.field<DWORD>(offsetof(EMRPOLY, cptl));
     const auto points = count ? readPoints<Stored>(record, sizeof(EMRPOLY), *count) : std::nullopt;
@@ -41,7 +41,7 @@ bool playPoly(Playback& playback, const Record& record)
 
 // Several of them.
 template <class Stored, class Count, class Number, BOOL (*function)(HDC, const POINT*, const Count*, Number)>
-bool playPolys(Playback& playback, const Record& record)
+bool playPolys(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRPOLYPOLY>(0);
     const auto counts = fields ? record.values<Count>(sizeof(EMRPOLYPOLY), fields->nPolys) : std::nullopt;
@@ -97,7 +97,7 @@ private:
 };
 
 template <class Stored>
-bool playPolyDraw(Playback& playback, const Record& record)
+bool playPolyDraw(Playback& playback, const metafile::Record& record)
 {
     const auto count = record.field<DWORD>(offsetof(EMRPOLY, cptl));
     const auto points = count ? readPoints<Stored>(record, sizeof(EMRPOLY), *count) : std::nullopt;

@@ -7,10 +7,10 @@
 #include <span>
 
 #include "Playback.h"
-#include "Record.h"
+#include "sys/recordReader.h"
 
 // False when fields of the record contradict its size: nothing was drawn. What the device refuses is no such case.
-using RecordHandler = bool (*)(Playback& playback, const Record& record);
+using RecordHandler = bool (*)(Playback& playback, const metafile::Record& record);
 
 struct RecordEntry {
     DWORD type;
@@ -30,7 +30,7 @@ std::span<const RecordEntry> textRecords() noexcept;
 
 // The handler of a record that needs no more than the fields it begins with.
 template <class Fields, void (*function)(Playback&, const Fields&)>
-bool playFields(Playback& playback, const Record& record)
+bool playFields(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<Fields>(0);
     if (!fields) {
@@ -42,7 +42,7 @@ bool playFields(Playback& playback, const Record& record)
 
 // The same for one that calls a function of the context without arguments: BeginPath, EndPath, ...
 template <BOOL (*function)(HDC)>
-bool playCall(Playback& playback, const Record& /*record*/)
+bool playCall(Playback& playback, const metafile::Record& /*record*/)
 {
     function(playback.target());
     return true;
@@ -50,7 +50,7 @@ bool playCall(Playback& playback, const Record& /*record*/)
 
 // The same for a function of the context that takes the record's one number.
 template <class Result, class Value, Result (*function)(HDC, Value)>
-bool playValue(Playback& playback, const Record& record)
+bool playValue(Playback& playback, const metafile::Record& record)
 {
     static_assert(sizeof(Value) == sizeof(DWORD));
     const auto value = record.field<Value>(sizeof(EMR));

@@ -15,7 +15,7 @@ double micrometersOf(LONG millimeters, LONG micrometers)
 
 } // namespace
 
-std::optional<ReferenceDevice> ReferenceDevice::of(const Record& header)
+std::optional<ReferenceDevice> ReferenceDevice::of(const metafile::Record& header)
 {
     const auto frame = header.field<RECTL>(offsetof(ENHMETAHEADER, rclFrame));
     const auto pixels = header.field<SIZEL>(offsetof(ENHMETAHEADER, szlDevice));

@@ -7,13 +7,13 @@
 #include <optional>
 
 #include "Mapping.h"
-#include "Record.h"
 #include "ScreenDevice.h"
+#include "sys/recordReader.h"
 
 class ReferenceDevice : public ScreenDevice {
 public:
     // From the header record; nothing when it has no sizes above 0.
-    static std::optional<ReferenceDevice> of(const Record& header);
+    static std::optional<ReferenceDevice> of(const metafile::Record& header);
 
     int capability(int index) const override;
 

@@ -10,7 +10,8 @@
 namespace {
 
 // The rectangles of region data ([MS-EMF] 2.2.24); nothing when it is unsound.
-std::optional<std::vector<RECT>> readRectangles(const Record& record, std::size_t offset, DWORD length)
+std::optional<std::vector<RECT>> readRectangles(const metafile::Record& record, std::size_t offset,
+                                                DWORD length)
 {
     const auto header = record.field<RGNDATAHEADER>(offset);
     if (!header || !record.piece(offset, length) || length < sizeof(RGNDATAHEADER) ||
@@ -45,7 +46,7 @@ Region regionOf(std::span<const RECT> rectangles, const Mapping& mapping)
     return regionOfPolygons(std::move(corners), std::vector<INT>(rectangles.size(), 4));
 }
 
-bool selectClip(Playback& playback, const Record& record)
+bool selectClip(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMREXTSELECTCLIPRGN>(0);
     if (!fields) {
@@ -77,13 +78,13 @@ void offsetClip(Playback& playback, const EMRPOINT& record)
     OffsetClipRgn(playback.target(), record.ptl.x, record.ptl.y);
 }
 
-bool keepClip(Playback& playback, const Record& /*record*/)
+bool keepClip(Playback& playback, const metafile::Record& /*record*/)
 {
     playback.keepClip();
     return true;
 }
 
-bool fillRegion(Playback& playback, const Record& record)
+bool fillRegion(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRFILLRGN>(0);
     const auto rectangles =
@@ -97,7 +98,7 @@ bool fillRegion(Playback& playback, const Record& record)
     return true;
 }
 
-bool paintRegion(Playback& playback, const Record& record)
+bool paintRegion(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRINVERTRGN>(0);
     const auto rectangles =
@@ -111,7 +112,7 @@ bool paintRegion(Playback& playback, const Record& record)
     return true;
 }
 
-bool invertRegion(Playback& playback, const Record& record)
+bool invertRegion(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRINVERTRGN>(0);
     const auto rectangles =
@@ -142,7 +143,7 @@ Region frameOf(const Region& region, SIZEL stroke)
     return frame;
 }
 
-bool frameRegion(Playback& playback, const Record& record)
+bool frameRegion(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRFRAMERGN>(0);
     const auto rectangles =

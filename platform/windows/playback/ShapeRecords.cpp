@@ -53,7 +53,7 @@ void floodFill(Playback& playback, const EMREXTFLOODFILL& record)
 }
 
 template <BOOL (*function)(HDC), bool isOpenAfterwards>
-bool changePath(Playback& playback, const Record& /*record*/)
+bool changePath(Playback& playback, const metafile::Record& /*record*/)
 {
     function(playback.target());
     playback.setPathOpen(isOpenAfterwards);

@@ -6,7 +6,7 @@
 namespace {
 
 // Palettes on devices of true colour, colour management, layout, the header again.
-bool passOver(Playback& /*playback*/, const Record& /*record*/)
+bool passOver(Playback& /*playback*/, const metafile::Record& /*record*/)
 {
     return true;
 }
@@ -39,7 +39,7 @@ void restoreState(Playback& playback, const EMRRESTOREDC& record)
 
 // An application's own comments go on into a metafile. Others describe the same picture in other words, whose places
 // and sizes would no longer hold.
-bool comment(Playback& playback, const Record& record)
+bool comment(Playback& playback, const metafile::Record& record)
 {
     const auto length = record.field<DWORD>(offsetof(EMRGDICOMMENT, cbData));
     const auto data = length ? record.piece(sizeof(EMRGDICOMMENT), *length) : std::nullopt;

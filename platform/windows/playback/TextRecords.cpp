@@ -93,7 +93,7 @@ BOOL draw(HDC target, POINT at, UINT options, const RECT* rect, const std::vecto
 
 // The text's advances, of which there are two for a character with ETO_PDY. Without them in the file, and where they
 // are not in the record, the font's own are used.
-std::vector<INT> readAdvances(const Record& record, const EMRTEXT& text)
+std::vector<INT> readAdvances(const metafile::Record& record, const EMRTEXT& text)
 {
     const std::uint64_t count = std::uint64_t{text.nChars} * ((text.fOptions & ETO_PDY) != 0 ? 2 : 1);
     if (text.offDx == 0) {
@@ -103,7 +103,7 @@ std::vector<INT> readAdvances(const Record& record, const EMRTEXT& text)
 }
 
 template <class Character>
-bool playText(Playback& playback, const Record& record, const EMRTEXT& fields)
+bool playText(Playback& playback, const metafile::Record& record, const EMRTEXT& fields)
 {
     // Glyph numbers have 16 bits in either form.
     const bool glyphs = (fields.fOptions & ETO_GLYPH_INDEX) != 0;
@@ -128,14 +128,14 @@ bool playText(Playback& playback, const Record& record, const EMRTEXT& fields)
 }
 
 template <class Character>
-bool textOut(Playback& playback, const Record& record)
+bool textOut(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMREXTTEXTOUT>(0);
     return fields && playText<Character>(playback, record, fields->emrtext);
 }
 
 template <class Character>
-bool polyTextOut(Playback& playback, const Record& record)
+bool polyTextOut(Playback& playback, const metafile::Record& record)
 {
     const auto count = record.field<DWORD>(offsetof(EMRPOLYTEXTOUT, cStrings));
     const auto texts = count ? record.values<EMRTEXT>(sizeof(EMRPOLYTEXTOUT), *count) : std::nullopt;
@@ -149,7 +149,7 @@ bool polyTextOut(Playback& playback, const Record& record)
     return sound;
 }
 
-bool smallTextOut(Playback& playback, const Record& record)
+bool smallTextOut(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRSMALLTEXTOUT>(0);
     if (!fields) {

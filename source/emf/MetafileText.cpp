@@ -1,37 +1,20 @@
-#include "MetafileRecords.h"
+#include "MetafileText.h"
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace {
 
 // Whether `count` elements at an offset lie after the fields of a text record and inside it.
-bool holds(const MetafileRecord& record, std::uint64_t offset, std::uint64_t count, std::uint64_t size)
+bool holds(const metafile::Record& record, std::uint64_t offset, std::uint64_t count, std::uint64_t size)
 {
     return offset >= sizeof(EMREXTTEXTOUT) && offset + count * size <= record.bytes.size();
 }
 
 } // namespace
 
-std::optional<MetafileRecord> recordAt(MetafilePage page, unsigned int position)
-{
-    const MetafileRecord rest{0, position, page.subspan(std::min<std::size_t>(position, page.size()))};
-    const std::optional<EMR> head = rest.as<EMR>();
-    if (!head || head->nSize < sizeof(EMR) || head->nSize % 4 != 0 || head->nSize > rest.bytes.size()) {
-        return std::nullopt;
-    }
-    return MetafileRecord{head->iType, position, rest.bytes.first(head->nSize)};
-}
-
-void MetafileRecords::Iterator::moveTo(unsigned int position)
-{
-    _record = recordAt(_page, position);
-    if (_record && _record->type == EMR_EOF) {
-        _record.reset();
-    }
-}
-
-std::optional<MetafileText> textOf(const MetafileRecord& record)
+std::optional<MetafileText> textOf(const metafile::Record& record)
 {
     if (record.type != EMR_EXTTEXTOUTA && record.type != EMR_EXTTEXTOUTW) {
         return std::nullopt;
@@ -45,7 +28,7 @@ std::optional<MetafileText> textOf(const MetafileRecord& record)
     return MetafileText{*fields, characterSize};
 }
 
-void appendCharacters(const MetafileRecord& record, const MetafileText& text, TovoTextString& out)
+void appendCharacters(const metafile::Record& record, const MetafileText& text, TovoTextString& out)
 {
     constexpr unsigned int Piece = 256;
     unsigned short wide[Piece + 1];
