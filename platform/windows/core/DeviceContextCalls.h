@@ -3,6 +3,8 @@
 
 #include <exception>
 
+#include "failWith.h"
+
 std::shared_ptr<DeviceContext> findContext(HDC handle, const char* function);
 
 template <class Result, class Body>
@@ -11,8 +13,7 @@ Result guarded(Result failure, const Body& body) noexcept
     try {
         return body();
     } catch (const std::exception&) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-        return failure;
+        return failWith(ERROR_NOT_ENOUGH_MEMORY, failure);
     }
 }
 
@@ -22,8 +23,7 @@ Result onContext(HDC handle, const char* function, Result failure, const Body& b
     return guarded(failure, [&]() -> Result {
         const std::shared_ptr<DeviceContext> context = findContext(handle, function);
         if (!context) {
-            SetLastError(ERROR_INVALID_HANDLE);
-            return failure;
+            return failWith(ERROR_INVALID_HANDLE, failure);
         }
         return body(*context);
     });

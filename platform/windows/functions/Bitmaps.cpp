@@ -6,20 +6,14 @@
 #include "DeviceContext.h"
 #include "HandleTable.h"
 #include "StockObjects.h"
+#include "failWith.h"
 
 namespace {
-
-std::nullptr_t refuse() noexcept
-{
-    SetLastError(ERROR_INVALID_PARAMETER);
-    return nullptr;
-}
 
 HBITMAP addBitmap(std::shared_ptr<Bitmap> bitmap)
 {
     if (!bitmap) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-        return nullptr;
+        return failWith(ERROR_NOT_ENOUGH_MEMORY, nullptr);
     }
     auto object = std::make_shared<BitmapObject>();
     object->bitmap = std::move(bitmap);
@@ -57,7 +51,7 @@ HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, cons
 {
     return guarded<HBITMAP>(nullptr, [&]() -> HBITMAP {
         if (width < 0 || height < 0 || planes != 1 || (bitsPerPixel != 1 && bitsPerPixel != 32)) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }
         if (width == 0 || height == 0) {
             return defaultBitmap();
@@ -81,7 +75,7 @@ HBITMAP CreateCompatibleBitmap(HDC context, int width, int height)
     return onContext<HBITMAP>(
         context, "CreateCompatibleBitmap", nullptr, [&](DeviceContext& found) -> HBITMAP {
             if (width < 0 || height < 0) {
-                return refuse();
+                return failWith(ERROR_INVALID_PARAMETER, nullptr);
             }
             if (width == 0 || height == 0) {
                 return defaultBitmap();
@@ -98,7 +92,7 @@ HBITMAP CreateDIBSection(HDC context, const BITMAPINFO* info, UINT usage, void**
         const std::optional<DibHead> head = readDibHead(info, usage);
         const bool compressed = head && head->compression != BI_RGB && head->compression != BI_BITFIELDS;
         if (!head || compressed || section != nullptr || offset != 0) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }
         const std::shared_ptr<Bitmap> bitmap = Bitmap::createDib(*head);
         const HBITMAP handle = addBitmap(bitmap);
@@ -123,8 +117,7 @@ int SetDIBits(HDC context, HBITMAP bitmap, UINT firstRow, UINT rowCount, const v
         const auto object = HandleTable::instance().find<BitmapObject>(bitmap, ObjectKind::bitmap);
         std::optional<DibHead> head = readDibHead(info, usage);
         if (!object || !head || bits == nullptr || firstRow >= static_cast<UINT>(head->height)) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return 0;
+            return failWith(ERROR_INVALID_PARAMETER, 0);
         }
         const UINT most = static_cast<UINT>(head->height) - firstRow;
         const RowRange range{static_cast<int>(firstRow), static_cast<int>(std::min(rowCount, most))};

@@ -4,6 +4,7 @@
 
 #include "DeviceContext.h"
 #include "HandleTable.h"
+#include "failWith.h"
 
 namespace {
 
@@ -69,8 +70,7 @@ int selectClip(DeviceContext& context, HRGN handle, int mode)
 {
     if (handle == nullptr) {
         if (mode != RGN_COPY) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return ERROR;
+            return failWith(ERROR_INVALID_PARAMETER, ERROR);
         }
         context.state.clip.reset();
         context.device().clipSelected(context, nullptr, mode);
@@ -78,8 +78,7 @@ int selectClip(DeviceContext& context, HRGN handle, int mode)
     }
     const auto object = HandleTable::instance().find<RegionObject>(handle, ObjectKind::region);
     if (!object || mode < RGN_AND || mode > RGN_COPY) {
-        SetLastError(object ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE);
-        return ERROR;
+        return failWith(object ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE, ERROR);
     }
     combineClip(context, object->region, mode);
     context.device().clipSelected(context, &object->region, mode);
@@ -130,8 +129,7 @@ int GetClipBox(HDC context, RECT* box)
 {
     return onContext(context, "GetClipBox", ERROR, [&](DeviceContext& found) {
         if (box == nullptr) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return ERROR;
+            return failWith(ERROR_INVALID_PARAMETER, ERROR);
         }
         Region visible(found.deviceArea());
         if (const std::optional<Region> clip = found.effectiveClip()) {

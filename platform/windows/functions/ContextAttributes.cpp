@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "DeviceContext.h"
+#include "failWith.h"
 
 namespace {
 
@@ -31,8 +32,7 @@ int changeMode(HDC handle, const char* function, int ContextState::*field, int m
                StateField changed)
 {
     if (mode < first || mode > last) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return 0;
+        return failWith(ERROR_INVALID_PARAMETER, 0);
     }
     return change(handle, function, 0, field, mode, changed);
 }
@@ -182,8 +182,7 @@ int GetArcDirection(HDC context)
 BOOL SetMiterLimit(HDC context, FLOAT limit, FLOAT* former)
 {
     if (!std::isfinite(limit) || limit < 1) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return FALSE;
+        return failWith(ERROR_INVALID_PARAMETER, FALSE);
     }
     return changePlace(context, "SetMiterLimit", &ContextState::miterLimit, limit, former,
                        StateField::miterLimit);
@@ -215,8 +214,7 @@ int SaveDC(HDC context)
 {
     return onContext(context, "SaveDC", 0, [&](DeviceContext& found) {
         if (found.saved.size() >= deepestSave) {
-            SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-            return 0;
+            return failWith(ERROR_NOT_ENOUGH_MEMORY, 0);
         }
         found.saved.push_back(found.state);
         found.device().stateSaved(found);
@@ -229,8 +227,7 @@ BOOL RestoreDC(HDC context, int level)
     return onContext(context, "RestoreDC", FALSE, [&](DeviceContext& found) {
         const int depth = static_cast<int>(found.saved.size());
         if (level == 0 || level > depth || level < -depth) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return FALSE;
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         const int kept = level > 0 ? level - 1 : depth + level;
         found.state = std::move(found.saved[static_cast<std::size_t>(kept)]);

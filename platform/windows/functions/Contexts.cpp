@@ -5,6 +5,7 @@
 #include "HandleTable.h"
 #include "RasterDevice.h"
 #include "ScreenDevice.h"
+#include "failWith.h"
 
 namespace {
 
@@ -20,8 +21,7 @@ bool endContext(HDC handle, const Accepts& accepts)
     HandleTable& table = HandleTable::instance();
     const auto context = table.find<DeviceContext>(handle, ObjectKind::context);
     if (!context || !accepts(context->contextKind()) || !table.remove(handle)) {
-        SetLastError(ERROR_INVALID_HANDLE);
-        return false;
+        return failWith(ERROR_INVALID_HANDLE, false);
     }
     return true;
 }
@@ -31,8 +31,7 @@ bool endContext(HDC handle, const Accepts& accepts)
 HDC GetDC(HWND window)
 {
     if (window != nullptr) {
-        SetLastError(ERROR_INVALID_HANDLE);
-        return nullptr;
+        return failWith(ERROR_INVALID_HANDLE, nullptr);
     }
     return guarded<HDC>(nullptr,
                         [] { return addNew(ContextKind::screen, std::make_unique<ScreenDevice>()); });

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "DeviceContext.h"
+#include "failWith.h"
 
 namespace {
 
@@ -79,8 +80,7 @@ int StretchDIBits(HDC target, int x, int y, int width, int height, int sourceX, 
         }
         const std::optional<DibHead> head = readDibHead(info, usage);
         if (!head || bits == nullptr) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return 0;
+            return failWith(ERROR_INVALID_PARAMETER, 0);
         }
         const int top =
             head->bottomUp ? sum(head->height, -std::int64_t{sourceY} - std::int64_t{sourceHeight}) : sourceY;
@@ -97,8 +97,7 @@ BOOL PatBlt(HDC context, int x, int y, int width, int height, DWORD operation)
 {
     return onContext(context, "PatBlt", FALSE, [&](DeviceContext& found) {
         if (needsSource(operation)) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return FALSE;
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         return fillWithPattern(found, rectAt(x, y, width, height), operation) ? TRUE : FALSE;
     });

@@ -6,6 +6,7 @@
 
 #include "DrawTextLayout.h"
 #include "OutputRun.h"
+#include "failWith.h"
 
 namespace {
 
@@ -184,8 +185,7 @@ int WINAPI DrawTextA(HDC context, LPCSTR text, int length, RECT* rect, UINT flag
 {
     return onContext(context, "DrawTextA", 0, [&](DeviceContext& found) {
         if (rect == nullptr || length < -1 || (text == nullptr && length != 0)) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return 0;
+            return failWith(ERROR_INVALID_PARAMETER, 0);
         }
         const std::size_t size = length < 0 ? std::strlen(text) : static_cast<std::size_t>(length);
         return drawText(found, text, size, *rect, flags);

@@ -5,6 +5,7 @@
 
 #include "DeviceContext.h"
 #include "StockObjects.h"
+#include "failWith.h"
 
 namespace {
 
@@ -174,8 +175,7 @@ bool drawDiagonal(DeviceContext& context, RECT& rect, UINT edge, UINT flags)
     const Diagonal diagonal(flags & BF_RECT);
     const DiagonalSteps steps(rect, diagonal);
     if (steps.count() > DiagonalSteps::most) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return false;
+        return failWith(ERROR_INVALID_PARAMETER, false);
     }
     const EdgeStyle style = styleOf(flags);
     int lines = 0;
@@ -215,8 +215,7 @@ BOOL DrawEdge(HDC context, RECT* rect, UINT edge, UINT flags)
 {
     return onContext(context, "DrawEdge", FALSE, [&](DeviceContext& found) {
         if (rect == nullptr) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return FALSE;
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         RECT inside = *rect;
         const bool drawn = (flags & BF_DIAGONAL) != 0 ? drawDiagonal(found, inside, edge, flags)

@@ -8,6 +8,7 @@
 #include "DeviceContext.h"
 #include "HandleTable.h"
 #include "MetafileDevice.h"
+#include "failWith.h"
 
 namespace {
 
@@ -49,8 +50,7 @@ HDC CreateEnhMetaFileA(HDC reference, LPCSTR file, const RECT* frame, LPCSTR des
 {
     return guarded<HDC>(nullptr, [&]() -> HDC {
         if (reference != nullptr || file != nullptr || description != nullptr) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return nullptr;
+            return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }
         return addContext(
             std::make_shared<DeviceContext>(ContextKind::metafile, std::make_unique<MetafileDevice>(frame)));
@@ -62,16 +62,14 @@ HENHMETAFILE CloseEnhMetaFile(HDC context)
     return onContext<HENHMETAFILE>(context, "CloseEnhMetaFile", nullptr,
                                    [&](DeviceContext& recording) -> HENHMETAFILE {
                                        if (recording.contextKind() != ContextKind::metafile) {
-                                           SetLastError(ERROR_INVALID_HANDLE);
-                                           return nullptr;
+                                           return failWith(ERROR_INVALID_HANDLE, nullptr);
                                        }
                                        // The context is gone whatever comes of the recording.
                                        HandleTable::instance().remove(context);
                                        std::optional<std::vector<BYTE>> bytes =
                                            static_cast<MetafileDevice&>(recording.device()).finish();
                                        if (!bytes) {
-                                           SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-                                           return nullptr;
+                                           return failWith(ERROR_NOT_ENOUGH_MEMORY, nullptr);
                                        }
                                        return addMetafile(*std::move(bytes));
                                    });
@@ -89,8 +87,7 @@ UINT GetEnhMetaFileBits(HENHMETAFILE metafile, UINT size, BYTE* buffer)
             return length;
         }
         if (size < length) {
-            SetLastError(ERROR_INSUFFICIENT_BUFFER);
-            return 0;
+            return failWith(ERROR_INSUFFICIENT_BUFFER, 0);
         }
         std::memcpy(buffer, found->bytes.data(), length);
         return length;
@@ -101,8 +98,7 @@ HENHMETAFILE SetEnhMetaFileBits(UINT size, const BYTE* bytes)
 {
     return guarded<HENHMETAFILE>(nullptr, [&]() -> HENHMETAFILE {
         if (!beginsMetafile(bytes, size)) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return nullptr;
+            return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }
         return addMetafile({bytes, bytes + size});
     });
@@ -119,8 +115,7 @@ BOOL GdiComment(HDC context, UINT size, const BYTE* data)
 {
     return onContext<BOOL>(context, "GdiComment", FALSE, [&](DeviceContext& target) -> BOOL {
         if (data == nullptr && size != 0) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return FALSE;
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         return target.device().comment(target, {data, size}) ? TRUE : FALSE;
     });

@@ -15,6 +15,7 @@
 
 #include "AtModuleEnd.h"
 #include "DeviceContext.h"
+#include "failWith.h"
 
 namespace {
 
@@ -98,14 +99,6 @@ private:
     ULONG_PTR m_next = 0x10000;
 };
 
-// `failure` and the error for it.
-template <class Result>
-Result fail(Result failure, DWORD error) noexcept
-{
-    SetLastError(error);
-    return failure;
-}
-
 DWORD openError() noexcept
 {
     return errno == ENOENT || errno == ENOTDIR ? ERROR_FILE_NOT_FOUND : ERROR_ACCESS_DENIED;
@@ -126,16 +119,16 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD /*share*/, void* /*security*
                    DWORD /*attributes*/, HANDLE /*model*/)
 {
     if (path == nullptr || access != GENERIC_READ || disposition != OPEN_EXISTING) {
-        return fail(INVALID_HANDLE_VALUE, ERROR_INVALID_PARAMETER);
+        return failWith(ERROR_INVALID_PARAMETER, INVALID_HANDLE_VALUE);
     }
     return guarded<HANDLE>(INVALID_HANDLE_VALUE, [&] {
         FileDescriptor opened(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // NOLINT(*-vararg)
         if (opened.get() < 0) {
-            return fail(INVALID_HANDLE_VALUE, openError());
+            return failWith(openError(), INVALID_HANDLE_VALUE);
         }
         struct stat status {};
         if (fstat(opened.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
-            return fail(INVALID_HANDLE_VALUE, ERROR_ACCESS_DENIED);
+            return failWith(ERROR_ACCESS_DENIED, INVALID_HANDLE_VALUE);
         }
         OpenFile file{std::make_shared<FileDescriptor>(std::move(opened))};
         file.size = static_cast<std::uint64_t>(status.st_size);
@@ -148,7 +141,7 @@ BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size)
     return guarded(FALSE, [&] {
         const OpenFile found = OpenFiles::instance().find(file, false);
         if (!found.descriptor || size == nullptr) {
-            return fail(FALSE, ERROR_INVALID_HANDLE);
+            return failWith(ERROR_INVALID_HANDLE, FALSE);
         }
         size->QuadPart = static_cast<std::int64_t>(found.size);
         return TRUE;
@@ -161,14 +154,14 @@ HANDLE CreateFileMappingA(HANDLE file, void* /*security*/, DWORD protection, DWO
     return guarded<HANDLE>(nullptr, [&]() -> HANDLE {
         OpenFile found = OpenFiles::instance().find(file, false);
         if (!found.descriptor) {
-            return fail(nullptr, ERROR_INVALID_HANDLE);
+            return failWith(ERROR_INVALID_HANDLE, nullptr);
         }
         const std::uint64_t size = joined(sizeHigh, sizeLow);
         if (protection != PAGE_READONLY || name != nullptr || size > found.size) {
-            return fail(nullptr, ERROR_INVALID_PARAMETER);
+            return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }
         if (found.size == 0) {
-            return fail(nullptr, ERROR_FILE_INVALID);
+            return failWith(ERROR_FILE_INVALID, nullptr);
         }
         found.size = size != 0 ? size : found.size;
         found.isMapping = true;
@@ -181,21 +174,21 @@ void* MapViewOfFile(HANDLE mapping, DWORD access, DWORD offsetHigh, DWORD offset
     return guarded<void*>(nullptr, [&]() -> void* {
         const OpenFile found = OpenFiles::instance().find(mapping, true);
         if (!found.descriptor) {
-            return fail(nullptr, ERROR_INVALID_HANDLE);
+            return failWith(ERROR_INVALID_HANDLE, nullptr);
         }
         const std::uint64_t offset = joined(offsetHigh, offsetLow);
         if (access != FILE_MAP_READ || offset % viewGranularity != 0 || offset >= found.size ||
             size > found.size - offset) {
-            return fail(nullptr, ERROR_INVALID_PARAMETER);
+            return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }
         const std::uint64_t length = size != 0 ? size : found.size - offset;
         if (length > std::numeric_limits<std::size_t>::max()) {
-            return fail(nullptr, ERROR_NOT_ENOUGH_MEMORY);
+            return failWith(ERROR_NOT_ENOUGH_MEMORY, nullptr);
         }
         void* view = mmap(nullptr, length, PROT_READ, MAP_PRIVATE, found.descriptor->get(),
                           static_cast<off_t>(offset));
         if (view == MAP_FAILED) { // NOLINT(*-cstyle-cast,performance-no-int-to-ptr): the system's macro
-            return fail(nullptr, ERROR_NOT_ENOUGH_MEMORY);
+            return failWith(ERROR_NOT_ENOUGH_MEMORY, nullptr);
         }
         try {
             OpenFiles::instance().addView(view, length);
@@ -212,7 +205,7 @@ BOOL UnmapViewOfFile(const void* view)
     return guarded(FALSE, [&] {
         const std::size_t size = OpenFiles::instance().removeView(view);
         if (size == 0) {
-            return fail(FALSE, ERROR_INVALID_PARAMETER);
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         munmap(const_cast<void*>(view), size); // NOLINT(*-const-cast): the system's parameter type
         return TRUE;
@@ -222,6 +215,6 @@ BOOL UnmapViewOfFile(const void* view)
 BOOL CloseHandle(HANDLE handle)
 {
     return guarded(FALSE, [&] {
-        return OpenFiles::instance().remove(handle) ? TRUE : fail(FALSE, ERROR_INVALID_HANDLE);
+        return OpenFiles::instance().remove(handle) ? TRUE : failWith(ERROR_INVALID_HANDLE, FALSE);
     });
 }

@@ -6,6 +6,7 @@
 #include "DeviceContext.h"
 #include "HandleTable.h"
 #include "StockObjects.h"
+#include "failWith.h"
 
 namespace {
 
@@ -57,12 +58,6 @@ std::shared_ptr<const BrushObject> dottedBrush()
     return brush;
 }
 
-BOOL invalid(DWORD error) noexcept
-{
-    SetLastError(error);
-    return FALSE;
-}
-
 } // namespace
 
 int FillRect(HDC context, const RECT* rect, HBRUSH brush)
@@ -70,7 +65,7 @@ int FillRect(HDC context, const RECT* rect, HBRUSH brush)
     return onContext(context, "FillRect", FALSE, [&](DeviceContext& found) {
         const std::shared_ptr<BrushObject> fill = fillBrush(brush);
         if (rect == nullptr || !fill) {
-            return invalid(fill ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE);
+            return failWith(fill ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE, FALSE);
         }
         // Where an axis points the other way, top and bottom or left and right come the other way round.
         const auto [left, right] = std::minmax(rect->left, rect->right);
@@ -85,7 +80,7 @@ int FrameRect(HDC context, const RECT* rect, HBRUSH brush)
     return onContext(context, "FrameRect", FALSE, [&](DeviceContext& found) {
         const auto frame = HandleTable::instance().find<BrushObject>(brush, ObjectKind::brush);
         if (rect == nullptr || !frame || isEmpty(*rect)) {
-            return invalid(frame ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE);
+            return failWith(frame ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE, FALSE);
         }
         return found.device().patternBlt(found, frameStrips(*rect), *frame, PATCOPY) ? TRUE : FALSE;
     });
@@ -95,11 +90,11 @@ BOOL DrawFocusRect(HDC context, const RECT* rect)
 {
     return onContext(context, "DrawFocusRect", FALSE, [&](DeviceContext& found) {
         if (rect == nullptr) {
-            return invalid(ERROR_INVALID_PARAMETER);
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         static const std::shared_ptr<const BrushObject> dotted = dottedBrush();
         if (!dotted) {
-            return invalid(ERROR_NOT_ENOUGH_MEMORY);
+            return failWith(ERROR_NOT_ENOUGH_MEMORY, FALSE);
         }
         return isEmpty(*rect) || found.device().patternBlt(found, frameStrips(*rect), *dotted, PATINVERT)
                    ? TRUE
@@ -113,7 +108,7 @@ BOOL FillRgn(HDC context, HRGN region, HBRUSH brush)
         const auto area = HandleTable::instance().find<RegionObject>(region, ObjectKind::region);
         const auto fill = HandleTable::instance().find<BrushObject>(brush, ObjectKind::brush);
         if (!area || !fill) {
-            return invalid(ERROR_INVALID_HANDLE);
+            return failWith(ERROR_INVALID_HANDLE, FALSE);
         }
         return found.device().fillRegion(found, area->region, fill) ? TRUE : FALSE;
     });
@@ -123,7 +118,7 @@ BOOL ExtFloodFill(HDC context, int x, int y, COLORREF color, UINT type)
 {
     return onContext(context, "ExtFloodFill", FALSE, [&](DeviceContext& found) {
         if (type > FLOODFILLSURFACE) {
-            return invalid(ERROR_INVALID_PARAMETER);
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         return found.device().floodFill(found, {x, y}, color & 0xFFFFFF, type) ? TRUE : FALSE;
     });

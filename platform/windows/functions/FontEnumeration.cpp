@@ -7,6 +7,7 @@
 #include "CodePageText.h"
 #include "DeviceContext.h"
 #include "RealizedFont.h"
+#include "failWith.h"
 
 namespace {
 
@@ -109,8 +110,7 @@ int WINAPI EnumFontFamiliesExA(HDC context, LOGFONTA* font, FONTENUMPROCA callba
 {
     return onContext(context, "EnumFontFamiliesExA", 0, [&](DeviceContext& found) {
         if (callback == nullptr) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return 0;
+            return failWith(ERROR_INVALID_PARAMETER, 0);
         }
         const int dotsPerInch = found.device().capability(LOGPIXELSY);
         FontFilter filter(font);

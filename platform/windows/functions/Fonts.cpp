@@ -9,6 +9,7 @@
 #include "DeviceContext.h"
 #include "FontDescriptions.h"
 #include "HandleTable.h"
+#include "failWith.h"
 
 namespace {
 
@@ -43,8 +44,7 @@ LOGFONTA narrowDescription(const LOGFONTW& font)
 HFONT CreateFontIndirectA(const LOGFONTA* font)
 {
     if (font == nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
+        return failWith(ERROR_INVALID_PARAMETER, nullptr);
     }
     const LOGFONTW wide = wideDescription(*font);
     return CreateFontIndirectW(&wide);
@@ -53,8 +53,7 @@ HFONT CreateFontIndirectA(const LOGFONTA* font)
 HFONT CreateFontIndirectW(const LOGFONTW* font)
 {
     if (font == nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
+        return failWith(ERROR_INVALID_PARAMETER, nullptr);
     }
     return guarded<HFONT>(nullptr, [&] {
         auto object = std::make_shared<FontObject>();

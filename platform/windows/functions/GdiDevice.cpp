@@ -9,6 +9,7 @@
 #include "DeviceContext.h"
 #include "HandleTable.h"
 #include "RasterDevice.h"
+#include "failWith.h"
 #include "gdidevice.h"
 
 namespace {
@@ -28,8 +29,7 @@ HDC gdiCreateDevice(const GdiDeviceOptions* options)
         const GdiDeviceOptions wanted = options != nullptr ? *options : GdiDeviceOptions{};
         std::shared_ptr<Bitmap> bitmap = Bitmap::create(wanted.width, wanted.height, 32, false, false);
         if (!bitmap || wanted.dpi < 1) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return nullptr;
+            return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }
         const BitmapView view = bitmap->view();
         std::memset(bitmap->bits(), 0xFF, view.bits.size());

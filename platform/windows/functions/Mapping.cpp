@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "DeviceContext.h"
+#include "failWith.h"
 
 namespace {
 
@@ -91,12 +92,6 @@ std::optional<XFORM> modified(const XFORM& current, const XFORM* transform, DWOR
     return isUsable(result) ? std::optional(result) : std::nullopt;
 }
 
-BOOL refuse() noexcept
-{
-    SetLastError(ERROR_INVALID_PARAMETER);
-    return FALSE;
-}
-
 // Window or viewport: the functions differ in the fields only.
 struct Side {
     SIZE ContextState::*extent;
@@ -120,7 +115,7 @@ BOOL setExtent(HDC handle, const char* function, const Side& side, SIZE extent, 
         const SIZE old = extentOf(context, side);
         const bool taken = takesExtents(context.state.mapMode);
         if (taken && (extent.cx == 0 || extent.cy == 0)) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         if (former != nullptr) {
             *former = old;
@@ -137,7 +132,7 @@ BOOL getExtent(HDC handle, const char* function, const Side& side, SIZE* extent)
 {
     return onContext(handle, function, FALSE, [&](DeviceContext& context) {
         if (extent == nullptr) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         *extent = extentOf(context, side);
         return TRUE;
@@ -160,7 +155,7 @@ BOOL getOrigin(HDC handle, const char* function, const Side& side, POINT* origin
 {
     return onContext(handle, function, FALSE, [&](DeviceContext& context) {
         if (origin == nullptr) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         *origin = context.state.*side.origin;
         return TRUE;
@@ -177,7 +172,7 @@ BOOL scaleExtent(HDC handle, const char* function, const Side& side, const int (
         const SIZE extent{scaled(old.cx, factors[0], factors[1]), scaled(old.cy, factors[2], factors[3])};
         const bool taken = takesExtents(context.state.mapMode);
         if (taken && (extent.cx == 0 || extent.cy == 0)) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         if (former != nullptr) {
             *former = old;
@@ -194,7 +189,7 @@ BOOL mapPoints(HDC handle, const char* function, POINT* points, int count, bool 
 {
     return onContext(handle, function, FALSE, [&](DeviceContext& context) {
         if (count < 0 || (points == nullptr && count > 0)) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         const Mapping forward = context.mapping();
         const Mapping mapping = toDevice ? forward : forward.inverse();
@@ -212,7 +207,7 @@ int SetMapMode(HDC context, int mode)
     return onContext(context, "SetMapMode", 0, [&](DeviceContext& found) {
         const int former = found.state.mapMode;
         if (mode < MM_TEXT || mode > MM_ANISOTROPIC) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         if (mode != former) {
             enterMapMode(found, mode);
@@ -285,7 +280,7 @@ int SetGraphicsMode(HDC context, int mode)
     return onContext(context, "SetGraphicsMode", 0, [&](DeviceContext& found) -> int {
         const bool known = mode == GM_COMPATIBLE || mode == GM_ADVANCED;
         if (!known || (mode == GM_COMPATIBLE && !isIdentity(found.state.world))) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         return std::exchange(found.state.graphicsMode, mode);
     });
@@ -301,7 +296,7 @@ BOOL GetWorldTransform(HDC context, XFORM* transform)
 {
     return onContext(context, "GetWorldTransform", FALSE, [&](DeviceContext& found) {
         if (transform == nullptr) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         *transform = found.state.world;
         return TRUE;
@@ -312,7 +307,7 @@ BOOL SetWorldTransform(HDC context, const XFORM* transform)
 {
     return onContext(context, "SetWorldTransform", FALSE, [&](DeviceContext& found) {
         if (found.state.graphicsMode != GM_ADVANCED || transform == nullptr || !isUsable(*transform)) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         found.state.world = *transform;
         found.device().stateChanged(found, StateField::worldTransform);
@@ -325,7 +320,7 @@ BOOL ModifyWorldTransform(HDC context, const XFORM* transform, DWORD mode)
     return onContext(context, "ModifyWorldTransform", FALSE, [&](DeviceContext& found) {
         const std::optional<XFORM> result = modified(found.state.world, transform, mode);
         if (found.state.graphicsMode != GM_ADVANCED || !result) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         found.state.world = *result;
         found.device().worldTransformModified(found, mode == MWT_IDENTITY ? identity : *transform, mode);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "DeviceContext.h"
+#include "failWith.h"
 
 namespace {
 
@@ -61,15 +62,13 @@ DWORD GetModuleFileNameA(HMODULE module, LPSTR buffer, DWORD size)
     return guarded(DWORD{0}, [&]() -> DWORD {
         const std::string path = pathOf(module);
         if (path.empty() || buffer == nullptr || size == 0) {
-            SetLastError(path.empty() ? ERROR_INVALID_HANDLE : ERROR_INSUFFICIENT_BUFFER);
-            return 0;
+            return failWith(path.empty() ? ERROR_INVALID_HANDLE : ERROR_INSUFFICIENT_BUFFER, 0);
         }
         const std::size_t length = std::min(path.size(), std::size_t{size} - 1);
         path.copy(buffer, length);
         buffer[length] = '\0';
         if (length < path.size()) {
-            SetLastError(ERROR_INSUFFICIENT_BUFFER);
-            return size;
+            return failWith(ERROR_INSUFFICIENT_BUFFER, size);
         }
         return static_cast<DWORD>(length);
     });

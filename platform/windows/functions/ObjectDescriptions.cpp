@@ -6,6 +6,7 @@
 #include "DeviceContext.h"
 #include "FontDescriptions.h"
 #include "HandleTable.h"
+#include "failWith.h"
 
 namespace {
 
@@ -85,8 +86,7 @@ int GetObjectA(HGDIOBJ object, int size, void* buffer)
     return guarded(0, [&] {
         const std::shared_ptr<GdiObject> found = HandleTable::instance().find(object);
         if (!found) {
-            SetLastError(ERROR_INVALID_HANDLE);
-            return 0;
+            return failWith(ERROR_INVALID_HANDLE, 0);
         }
         const Description description = describe(*found);
         if (buffer == nullptr) {
@@ -94,8 +94,7 @@ int GetObjectA(HGDIOBJ object, int size, void* buffer)
         }
         const auto room = static_cast<std::size_t>(std::max(size, 0));
         if (room < description.least) {
-            SetLastError(ERROR_INSUFFICIENT_BUFFER);
-            return 0;
+            return failWith(ERROR_INSUFFICIENT_BUFFER, 0);
         }
         const std::size_t written = std::min(room, description.bytes.size());
         std::copy_n(description.bytes.begin(), written, static_cast<BYTE*>(buffer));

@@ -4,6 +4,7 @@
 #include "DeviceContext.h"
 #include "HandleTable.h"
 #include "StockObjects.h"
+#include "failWith.h"
 
 namespace {
 
@@ -79,8 +80,7 @@ HGDIOBJ SelectObject(HDC context, HGDIOBJ object)
         const std::shared_ptr<GdiObject> entering = HandleTable::instance().find(object);
         const HGDIOBJ former = entering ? select(found, entering) : nullptr;
         if (former == nullptr) {
-            SetLastError(ERROR_INVALID_HANDLE);
-            return nullptr;
+            return failWith(ERROR_INVALID_HANDLE, nullptr);
         }
         found.device().objectSelected(found, entering);
         return former;
@@ -101,8 +101,7 @@ HGDIOBJ GetCurrentObject(HDC context, UINT type)
         case OBJ_BITMAP:
             return found.bitmap ? found.bitmap->handle() : nullptr;
         default:
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return nullptr;
+            return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }
     });
 }
@@ -119,8 +118,7 @@ BOOL DeleteObject(HGDIOBJ object)
                           static_cast<const BitmapObject&>(*found).selectedInto != nullptr;
         if (!found || held || found->kind() == ObjectKind::context || found->kind() == ObjectKind::metafile ||
             !table.remove(object)) {
-            SetLastError(ERROR_INVALID_HANDLE);
-            return FALSE;
+            return failWith(ERROR_INVALID_HANDLE, FALSE);
         }
         if (found->kind() == ObjectKind::pen || found->kind() == ObjectKind::brush ||
             found->kind() == ObjectKind::font) {
@@ -134,8 +132,7 @@ DWORD GetObjectType(HGDIOBJ object)
 {
     const std::shared_ptr<GdiObject> found = HandleTable::instance().find(object);
     if (!found) {
-        SetLastError(ERROR_INVALID_HANDLE);
-        return 0;
+        return failWith(ERROR_INVALID_HANDLE, 0);
     }
     switch (found->kind()) {
     case ObjectKind::pen:
@@ -164,8 +161,7 @@ BOOL UnrealizeObject(HGDIOBJ object)
 DWORD GetGuiResources(HANDLE process, DWORD flags)
 {
     if (process != currentProcess || flags != GR_GDIOBJECTS) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return 0;
+        return failWith(ERROR_INVALID_PARAMETER, 0);
     }
     return HandleTable::instance().count();
 }

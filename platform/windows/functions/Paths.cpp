@@ -1,5 +1,6 @@
 // Paths: collected and drawn by the device.
 #include "DeviceContext.h"
+#include "failWith.h"
 
 namespace {
 
@@ -61,8 +62,7 @@ BOOL SelectClipPath(HDC context, int mode)
 {
     return onContext(context, "SelectClipPath", FALSE, [&](DeviceContext& found) {
         if (mode < RGN_AND || mode > RGN_COPY) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return FALSE;
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         return found.device().selectClipPath(found, mode) ? TRUE : FALSE;
     });

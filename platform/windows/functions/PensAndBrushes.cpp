@@ -6,17 +6,12 @@
 #include "DeviceContext.h"
 #include "HandleTable.h"
 #include "StockObjects.h"
+#include "failWith.h"
 
 namespace {
 
 constexpr COLORREF colorMask = 0xFFFFFF;
 constexpr DWORD mostDashes = 16;
-
-std::nullptr_t refuse() noexcept
-{
-    SetLastError(ERROR_INVALID_PARAMETER);
-    return nullptr;
-}
 
 bool isHatch(ULONG_PTR hatch) noexcept
 {
@@ -60,7 +55,7 @@ HBRUSH addBrush(std::shared_ptr<BrushObject> brush)
 HBRUSH addPatternBrush(UINT style, std::shared_ptr<const Bitmap> pattern)
 {
     if (!pattern) {
-        return refuse();
+        return failWith(ERROR_INVALID_PARAMETER, nullptr);
     }
     auto brush = std::make_shared<BrushObject>();
     brush->style = style;
@@ -73,7 +68,7 @@ HBRUSH addPatternBrush(UINT style, std::shared_ptr<const Bitmap> pattern)
 HPEN CreatePen(int style, int width, COLORREF color)
 {
     if (style < 0 || style > static_cast<int>(PS_INSIDEFRAME)) {
-        return refuse();
+        return failWith(ERROR_INVALID_PARAMETER, nullptr);
     }
     return guarded<HPEN>(nullptr, [&] {
         auto pen = std::make_shared<PenObject>();
@@ -90,7 +85,7 @@ HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD dashCou
 {
     if (brush == nullptr || !soundPen(style, width, *brush) ||
         !soundDashes(style & PS_STYLE_MASK, dashCount, dashes)) {
-        return refuse();
+        return failWith(ERROR_INVALID_PARAMETER, nullptr);
     }
     return guarded<HPEN>(nullptr, [&] {
         auto pen = std::make_shared<PenObject>();
@@ -108,7 +103,7 @@ HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD dashCou
 HBRUSH CreateBrushIndirect(const LOGBRUSH* brush)
 {
     if (brush == nullptr) {
-        return refuse();
+        return failWith(ERROR_INVALID_PARAMETER, nullptr);
     }
     switch (brush->lbStyle) {
     case BS_SOLID:
@@ -121,13 +116,13 @@ HBRUSH CreateBrushIndirect(const LOGBRUSH* brush)
         });
     case BS_HATCHED:
         return isHatch(brush->lbHatch) ? CreateHatchBrush(static_cast<int>(brush->lbHatch), brush->lbColor)
-                                       : refuse();
+                                       : failWith(ERROR_INVALID_PARAMETER, nullptr);
     case BS_PATTERN:
         return CreatePatternBrush(std::bit_cast<HBITMAP>(brush->lbHatch));
     case BS_DIBPATTERNPT:
         return CreateDIBPatternBrushPt(std::bit_cast<const void*>(brush->lbHatch), brush->lbColor & 0xFFFF);
     default:
-        return refuse();
+        return failWith(ERROR_INVALID_PARAMETER, nullptr);
     }
 }
 
@@ -139,7 +134,7 @@ HBRUSH CreateSolidBrush(COLORREF color)
 HBRUSH CreateHatchBrush(int hatch, COLORREF color)
 {
     if (hatch < HS_HORIZONTAL || hatch > HS_DIAGCROSS) {
-        return refuse();
+        return failWith(ERROR_INVALID_PARAMETER, nullptr);
     }
     return guarded<HBRUSH>(nullptr, [&] {
         auto brush = makeSolidBrush(color);
@@ -154,8 +149,7 @@ HBRUSH CreatePatternBrush(HBITMAP bitmap)
     return guarded<HBRUSH>(nullptr, [&]() -> HBRUSH {
         const auto found = HandleTable::instance().find<BitmapObject>(bitmap, ObjectKind::bitmap);
         if (!found) {
-            SetLastError(ERROR_INVALID_HANDLE);
-            return nullptr;
+            return failWith(ERROR_INVALID_HANDLE, nullptr);
         }
         return addPatternBrush(BS_PATTERN, std::make_shared<const Bitmap>(*found->bitmap));
     });
@@ -166,7 +160,7 @@ HBRUSH CreateDIBPatternBrushPt(const void* packed, UINT usage)
     return guarded<HBRUSH>(nullptr, [&]() -> HBRUSH {
         const std::optional<DibHead> head = readDibHead(static_cast<const BITMAPINFO*>(packed), usage);
         if (!head) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }
         const BYTE* bits = static_cast<const BYTE*>(packed) + head->headBytes;
         return addPatternBrush(BS_DIBPATTERNPT, Bitmap::createDib(*head, bits));

@@ -3,6 +3,7 @@
 
 #include "DeviceContext.h"
 #include "HandleTable.h"
+#include "failWith.h"
 
 namespace {
 
@@ -33,8 +34,7 @@ HRGN CreateRectRgn(int left, int top, int right, int bottom)
 HRGN CreateRectRgnIndirect(const RECT* rect)
 {
     if (rect == nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
+        return failWith(ERROR_INVALID_PARAMETER, nullptr);
     }
     return guarded<HRGN>(nullptr, [&] { return addRegion(Region(*rect)); });
 }
@@ -42,8 +42,7 @@ HRGN CreateRectRgnIndirect(const RECT* rect)
 HRGN CreatePolygonRgn(const POINT* points, int count, int fillMode)
 {
     if (points == nullptr || count < 2 || (fillMode != ALTERNATE && fillMode != WINDING)) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
+        return failWith(ERROR_INVALID_PARAMETER, nullptr);
     }
     return guarded<HRGN>(nullptr, [&] {
         const std::span polygon(points, static_cast<std::size_t>(count));

@@ -4,14 +4,9 @@
 #include <numbers>
 
 #include "DeviceContext.h"
+#include "failWith.h"
 
 namespace {
-
-BOOL refuse() noexcept
-{
-    SetLastError(ERROR_INVALID_PARAMETER);
-    return FALSE;
-}
 
 // Which counts of points a shape takes: at least so many, and a multiple of `step` more.
 struct PointRule {
@@ -31,7 +26,7 @@ BOOL drawPoints(HDC handle, const char* function, const PointRule& rule, const P
 {
     return onContext(handle, function, FALSE, [&](DeviceContext& context) {
         if (points == nullptr || count < rule.least || (count - rule.least) % rule.step != 0) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         const std::span all(points, static_cast<std::size_t>(count));
         const auto length = static_cast<DWORD>(count);
@@ -50,13 +45,13 @@ BOOL drawFigures(HDC handle, const char* function, PolyShape shape, const POINT*
 {
     return onContext(handle, function, FALSE, [&](DeviceContext& context) {
         if (points == nullptr || counts == nullptr || figures < 1) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         const std::span lengths(counts, static_cast<std::size_t>(figures));
         std::uint64_t total = 0;
         for (const DWORD length : lengths) {
             if (length < 2 || length > INT32_MAX) {
-                return refuse();
+                return failWith(ERROR_INVALID_PARAMETER, FALSE);
             }
             total += length;
         }
@@ -192,7 +187,7 @@ BOOL AngleArc(HDC context, int x, int y, DWORD radius, FLOAT startAngle, FLOAT s
 {
     return onContext(context, "AngleArc", FALSE, [&](DeviceContext& found) {
         if (!std::isfinite(startAngle) || !std::isfinite(sweepAngle)) {
-            return refuse();
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         if (!found.device().angleArc(found, {x, y}, radius, startAngle, sweepAngle)) {
             return FALSE;

@@ -3,6 +3,7 @@
 
 #include "CodePageText.h"
 #include "TextMeasure.h"
+#include "failWith.h"
 
 namespace {
 
@@ -18,8 +19,7 @@ bool measureText(const DeviceContext& context, const char* text, int length, Par
 {
     TextMeasure measure(context);
     if (length < 0 || (text == nullptr && length > 0) || !measure.font()) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return false;
+        return failWith(ERROR_INVALID_PARAMETER, false);
     }
     std::int64_t total = 0;
     int fitting = 0;
@@ -69,8 +69,7 @@ BOOL WINAPI GetTextMetricsA(HDC context, TEXTMETRICA* metrics)
     return onContext(context, "GetTextMetricsA", BOOL{FALSE}, [&](DeviceContext& found) -> BOOL {
         const TextMeasure measure(found);
         if (metrics == nullptr || !measure.font()) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return FALSE;
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         *metrics = measure.font()->metrics();
         metrics->tmHeight = measure.logicalHeight(metrics->tmHeight);

@@ -12,6 +12,7 @@
 #include "Playback.h"
 #include "RecordHandlers.h"
 #include "UnplayedRecords.h"
+#include "failWith.h"
 #include "gdidevice.h"
 #include "sys/recordReader.h"
 
@@ -87,8 +88,7 @@ bool play(HDC handle, DeviceContext& context, metafile::Page page, const RECT& r
     const std::optional<ReferenceDevice> device =
         header && header->type == EMR_HEADER ? ReferenceDevice::of(*header) : std::nullopt;
     if (!device) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return false;
+        return failWith(ERROR_INVALID_PARAMETER, false);
     }
     Playback playback(handle, context, *device, rect);
     return playback.begin() && playRecords(playback, page, static_cast<unsigned int>(header->bytes.size()));
@@ -111,8 +111,7 @@ BOOL PlayEnhMetaFile(HDC context, HENHMETAFILE metafile, const RECT* rect)
     return onContext(context, "PlayEnhMetaFile", FALSE, [&](DeviceContext& found) {
         const auto file = HandleTable::instance().find<MetafileObject>(metafile, ObjectKind::metafile);
         if (!file || rect == nullptr) {
-            SetLastError(file ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE);
-            return FALSE;
+            return failWith(file ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE, FALSE);
         }
         return play(context, found, file->bytes, *rect) ? TRUE : FALSE;
     });

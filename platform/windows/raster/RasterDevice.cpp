@@ -1,4 +1,5 @@
 #include "RasterDevice.h"
+#include "failWith.h"
 
 #include <cairo.h>
 
@@ -123,8 +124,7 @@ void RasterDevice::stroke(Canvas& canvas, const Outline& outline, const PenLook&
 bool RasterDevice::mayStretch()
 {
     if (m_failBlitsAfter >= 0 && m_stretches >= m_failBlitsAfter) {
-        SetLastError(ERROR_GEN_FAILURE);
-        return false;
+        return failWith(ERROR_GEN_FAILURE, false);
     }
     return true;
 }

@@ -1,4 +1,5 @@
 #include "OutputRun.h"
+#include "failWith.h"
 
 #include <algorithm>
 #include <cmath>
@@ -204,8 +205,7 @@ BOOL WINAPI ExtTextOutA(HDC context, int x, int y, UINT options, const RECT* rec
 {
     return onContext(context, "ExtTextOutA", BOOL{FALSE}, [&](DeviceContext& found) -> BOOL {
         if (length > longestText || (text == nullptr && length > 0)) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return FALSE;
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         if ((options & ETO_GLYPH_INDEX) != 0) {
             // Glyph numbers have 16 bits in this form, too.
@@ -222,8 +222,7 @@ BOOL WINAPI ExtTextOutW(HDC context, int x, int y, UINT options, const RECT* rec
 {
     return onContext(context, "ExtTextOutW", BOOL{FALSE}, [&](DeviceContext& found) -> BOOL {
         if (length > longestText || (text == nullptr && length > 0)) {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return FALSE;
+            return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         return textOut(found, {x, y}, options, rect, {text, length}, advances);
     });
