@@ -39,10 +39,10 @@ MetafileSearch::Outcome MetafileSearch::wordsRunOn(unsigned int field, WordCurso
             return Outcome::hit;
         }
         if (++count > FieldWordLimit) {
-            return Outcome::failedBehindField;
+            return Outcome::failedAfterField;
         }
         if (!word.next()) {
-            failure = Outcome::failedBehindField;
+            failure = Outcome::failedAfterField;
             field = m_fields.next(field);
             if (field == MetafileFields::none) {
                 return failure;

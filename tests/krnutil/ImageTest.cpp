@@ -92,7 +92,7 @@ protected:
     FreeImageDesc _desc{false};
 };
 
-TEST_F(Image, ComesOutAsAStandardBitmapWithThePixelsBehindTheHeader)
+TEST_F(Image, ComesOutAsAStandardBitmapWithThePixelsAfterTheHeader)
 {
     using namespace std::string_literals;
     const std::pair<std::string, const char*> cases[] = {

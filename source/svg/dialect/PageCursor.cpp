@@ -17,7 +17,7 @@ int digitOf(char character)
 }
 
 // 16, 8 or 10 by the prefix; a hexadecimal one is stepped over.
-int takePrefix(char*& at)
+int takePrefix(const char*& at)
 {
     if (*at != '0') {
         return 10;
@@ -31,13 +31,10 @@ int takePrefix(char*& at)
 
 } // namespace
 
-IntegerRead readInteger(char* at, int base)
+IntegerRead<const char> readNumber(const char* at, int base)
 {
     constexpr long long Beyond = 1LL + INT_MAX; // the magnitude of the least int
-    char* cursor = at;
-    while (isBlank(*cursor)) {
-        ++cursor;
-    }
+    const char* cursor = skipBlanks(at);
     const bool negative = *cursor == '-';
     if (negative || *cursor == '+') {
         ++cursor;

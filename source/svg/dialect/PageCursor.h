@@ -2,7 +2,7 @@
 //
 // The walk ends each element with a zero byte, and that byte is what bounds everything here: no function looks
 // after it. A null pointer stands for "not there"; searches from null give null, so that a chain of them
-// needs one test at its end.
+// needs one test at its end. `Char` is char, or const char for text that is only read.
 #pragma once
 
 #include <cstring>
@@ -21,14 +21,31 @@ inline bool isBlank(char character)
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
+template <typename Char>
+Char* skipBlanks(Char* text)
+{
+    while (isBlank(*text)) {
+        ++text;
+    }
+    return text;
+}
+
+template <typename Char>
+Char* endOf(Char* text)
+{
+    return text + std::strlen(text);
+}
+
 // The next place of `key`; null without one.
-inline char* findKey(char* from, const char* key)
+template <typename Char>
+Char* findKey(Char* from, const char* key)
 {
     return from != nullptr ? std::strstr(from, key) : nullptr;
 }
 
 // The place `count` characters on, or the end of the text when that is nearer.
-inline char* stepOver(char* from, int count)
+template <typename Char>
+Char* stepOver(Char* from, int count)
 {
     for (; count > 0 && *from != '\0'; --count) {
         ++from;
@@ -38,9 +55,10 @@ inline char* stepOver(char* from, int count)
 
 // As findKey, for a tag or the rest of one after its "<". From one place of its first character to the next,
 // because the stretch may be long and is asked about again and again: no call measures it to its end.
-inline char* findTag(char* from, const char* tag)
+template <typename Char>
+Char* findTag(Char* from, const char* tag)
 {
-    char* place = from != nullptr ? std::strchr(from, *tag) : nullptr;
+    Char* place = from != nullptr ? std::strchr(from, *tag) : nullptr;
     while (place != nullptr && !beginsWith(place, tag)) {
         place = std::strchr(place + 1, *tag);
     }
@@ -48,47 +66,78 @@ inline char* findTag(char* from, const char* tag)
 }
 
 // The place after the next `key`.
-inline char* findBehind(char* from, const char* key)
+template <typename Char>
+Char* findAfter(Char* from, const char* key)
 {
-    char* const found = findKey(from, key);
+    Char* const found = findKey(from, key);
     return found != nullptr ? found + std::strlen(key) : nullptr;
 }
 
-// A value that begins at `value` and runs to the next apostrophe, which a zero byte replaces, or else to the
-// end of the element. Gives the place after it.
-inline char* endValue(char* value)
+// The rest of a text that begins with `prefix`; null for another one.
+template <typename Char>
+Char* afterPrefix(Char* text, const char* prefix)
 {
-    char* const quote = std::strchr(value, '\'');
-    if (quote == nullptr) {
-        return value + std::strlen(value);
-    }
-    *quote = '\0';
-    return quote + 1;
+    return beginsWith(text, prefix) ? text + std::strlen(prefix) : nullptr;
 }
 
+// Ends the text at the next `character`, which a zero byte replaces, and gives the place after it; null, and the text
+// as it was, without one.
+inline char* endAt(char* text, char character)
+{
+    char* const end = std::strchr(text, character);
+    if (end == nullptr) {
+        return nullptr;
+    }
+    *end = '\0';
+    return end + 1;
+}
+
+// A value that begins at `value` and runs to the next apostrophe, or else to the end of the element. Ends it, and
+// gives the place after it.
+inline char* endValue(char* value)
+{
+    char* const rest = endAt(value, '\'');
+    return rest != nullptr ? rest : endOf(value);
+}
+
+// The place after a value that a zero byte of ours has ended.
+inline char* afterEnded(char* value)
+{
+    return endOf(value) + 1;
+}
+
+template <typename Char>
 struct IntegerRead {
     int value;
-    char* end; // the place after the digits; where the reading began when there is no number
+    Char* end; // the place after the digits; where the reading began when there is no number
 };
 
 // A whole number as strtol reads it in the "C" locale, base 0 telling the base from the number's own prefix.
 // What is beyond 32 bits becomes the nearest int; no number gives 0.
-IntegerRead readInteger(char* at, int base = 10);
+IntegerRead<const char> readNumber(const char* at, int base);
 
-inline int integerAt(char* at, int base = 10)
+template <typename Char>
+IntegerRead<Char> readInteger(Char* at, int base = 10)
 {
-    return readInteger(at, base).value;
+    const IntegerRead<const char> read = readNumber(at, base);
+    return {read.value, at + (read.end - at)};
+}
+
+inline int integerAt(const char* at, int base = 10)
+{
+    return readNumber(at, base).value;
 }
 
 // The number of an attribute whose `key` ends in "=", after one character for the quote. Gives the place after
 // the number; null, and the number as it was, when the key is not there.
-inline char* readCoordinate(char* from, const char* key, int& number)
+template <typename Char>
+Char* readCoordinate(Char* from, const char* key, int& number)
 {
-    char* const quote = findBehind(from, key);
+    Char* const quote = findAfter(from, key);
     if (quote == nullptr) {
         return nullptr;
     }
-    const IntegerRead read = readInteger(stepOver(quote, 1));
+    const IntegerRead<Char> read = readInteger(stepOver(quote, 1));
     number = read.value;
     return read.end;
 }

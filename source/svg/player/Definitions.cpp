@@ -6,13 +6,13 @@
 #include "metaFilePlayerSVG.h"
 
 #include "ElementKind.h"
+#include "ElementWalk.h"
 #include "PageCursor.h"
 #include "SvgColor.h"
 #include "SvgDialect.h"
 #include "SvgPlayerDetail.h"
-#include "ValueDuring.h"
 #include "WalkMemory.h"
-#include "drawingNumbers.h"
+#include "brushStyles.h"
 #include "surface.h"
 #include "wrappingInt.h"
 
@@ -79,21 +79,18 @@ int drawSymbol(CSurface& surface, const SymbolUse& use, RECT rect, char* rest)
 
 int CMetaFilePlayerSVG::processDefsElement(char** element)
 {
-    const ValueDuring<char*> inside(m_memory->walkEnd, m_memory->elementEnd);
-    char* cursor = *element + 1;
-    int type = RecordUnknown;
+    Detail::ElementWalk walk = Detail::ElementWalk::inside(*this, stepOver(*element, 1));
     int result = 0;
-    while (result == 0 && getNextElement(&cursor, type)) {
-        char* const next = m_memory->elementEnd + 1;
-        switch (type) {
+    while (result == 0 && walk.next()) {
+        switch (walk.type()) {
         case RecordClipPath:
-            result = Detail(*this).processClipDefinition(cursor);
+            result = Detail(*this).processClipDefinition(walk.element());
             break;
         case RecordPattern:
-            result = Detail(*this).processPatternDefinition(cursor);
+            result = Detail(*this).processPatternDefinition(walk.element());
             break;
         case RecordImage:
-            result = Detail(*this).processImageDefinition(cursor);
+            result = Detail(*this).processImageDefinition(walk.element());
             break;
         case RecordSymbol: // for viewers
         case RecordPath:   // what rotated text refers to
@@ -102,7 +99,6 @@ int CMetaFilePlayerSVG::processDefsElement(char** element)
             Detail::reportUnexpectedElement(__LINE__);
             break;
         }
-        cursor = next;
     }
     return result;
 }
@@ -110,7 +106,7 @@ int CMetaFilePlayerSVG::processDefsElement(char** element)
 int CMetaFilePlayerSVG::Detail::processClipDefinition(char* element)
 {
     constexpr int IdOffset = 8; // past the "clip" of the element's own name
-    char* const number = findBehind(stepOver(element, IdOffset), ClipId);
+    char* const number = findAfter(stepOver(element, IdOffset), ClipId);
     const char* const path = findKey(number, "M");
     if (path == nullptr) {
         return -1;
@@ -136,11 +132,14 @@ int CMetaFilePlayerSVG::Detail::processPatternDefinition(char* element)
 {
     char* const attribute = findKey(element, "id");
     TovoTextString id;
-    if (attribute == nullptr || m_player.getAttributeValue(attribute, &id) < 0 ||
-        !beginsWith(id.text(), PatternId)) {
+    if (attribute == nullptr || m_player.getAttributeValue(attribute, &id) < 0) {
+        return 0;
+    }
+    const char* const digits = afterPrefix(id.text(), PatternId);
+    if (digits == nullptr) {
         return 0; // the shared hatches end here: they are known by name
     }
-    const int number = integerAt(id.text() + std::strlen(PatternId), 0);
+    const int number = integerAt(digits, 0);
     if (isNextFree(m_player.m_patterns, number)) {
         m_player.m_patterns.insertAt(element, static_cast<unsigned int>(number));
         m_player.m_memory->patternBrushes.add(PatternBrush{});
@@ -157,9 +156,9 @@ int CMetaFilePlayerSVG::processPattern(char* pattern, CSurfaceBrush* brush)
     if (stroke != nullptr && !readColor(stroke, color)) {
         return -1;
     }
-    if (char* const name = findBehind(findKey(pattern, HrefKey), "#")) {
-        if (beginsWith(name, ImageId)) {
-            picture = integerAt(name + std::strlen(ImageId));
+    if (char* const name = findAfter(findKey(pattern, HrefKey), "#")) {
+        if (const char* const digits = afterPrefix(name, ImageId)) {
+            picture = integerAt(digits);
         } else {
             style = hatchStyleOf(name);
         }
@@ -214,11 +213,11 @@ int CMetaFilePlayerSVG::processUseElement(char** element)
     if (value == nullptr) {
         return -1;
     }
-    char* const rest = value + std::strlen(value) + (closed ? 1 : 0);
-    if (*value != '#') {
+    char* const rest = closed ? afterEnded(value) : endOf(value);
+    const char* const name = afterPrefix(value, "#");
+    if (name == nullptr) {
         return 0;
     }
-    const char* const name = value + 1;
     if (const SymbolUse* const use = symbolUseOf(name)) {
         return drawSymbol(*m_surface, *use, rect, rest);
     }

@@ -16,9 +16,7 @@ namespace {
 // A number has to begin with a digit, a point or a sign, after blanks.
 bool beginsNumber(const char* text)
 {
-    while (isBlank(*text)) {
-        ++text;
-    }
+    text = skipBlanks(text);
     return *text != '\0' && std::strchr("0123456789.+-", *text) != nullptr;
 }
 
@@ -37,7 +35,7 @@ int CMetaFilePlayerSVG::processGroupElement(char** element)
 
 int CMetaFilePlayerSVG::Detail::processClipGroup(char* element)
 {
-    char* const number = findBehind(findKey(element, ClipPathKey), "#clip");
+    char* const number = findAfter(findKey(element, ClipPathKey), "#clip");
     RECT* const clip = number != nullptr ? clipOfNumber(integerAt(number)) : nullptr;
     if (clip == nullptr) {
         return -1;
@@ -50,13 +48,13 @@ int CMetaFilePlayerSVG::Detail::processClipGroup(char* element)
 
 int CMetaFilePlayerSVG::Detail::processTransformGroup(char* element)
 {
-    char* number = findBehind(findKey(element, TransformWord), MatrixWord);
+    char* number = findAfter(findKey(element, TransformWord), MatrixWord);
     float numbers[6] = {};
     for (int i = 0; i < 6; ++i) {
         if (i > 0) {
             // The comma is sought from the number in front of it; the first number has at least four
             // characters.
-            number = findBehind(i == 1 ? stepOver(number, 4) : number, ",");
+            number = findAfter(i == 1 ? stepOver(number, 4) : number, ",");
         }
         if (number == nullptr || !beginsNumber(number)) {
             return -1;
@@ -69,20 +67,20 @@ int CMetaFilePlayerSVG::Detail::processTransformGroup(char* element)
 
 int CMetaFilePlayerSVG::Detail::processFontGroup(char* element)
 {
-    char* const faceName = findBehind(element, FontFamilyKey);
+    char* const faceName = findAfter(element, FontFamilyKey);
     if (faceName == nullptr) {
         return -1;
     }
-    char* const size = findBehind(endValue(faceName), FontSizeKey);
-    char* const style = findBehind(size, FontStyleKey);
+    char* const size = findAfter(endValue(faceName), FontSizeKey);
+    char* const style = findAfter(size, FontStyleKey);
     if (style == nullptr) {
         return -1;
     }
-    char* const weight = findBehind(endValue(style), FontWeightKey);
+    char* const weight = findAfter(endValue(style), FontWeightKey);
     if (weight == nullptr) {
         return -1;
     }
-    char* const decoration = findBehind(endValue(weight), TextDecorationKey);
+    char* const decoration = findAfter(endValue(weight), TextDecorationKey);
     m_player.m_surface->setFont(faceName, saturateToFloat(intlStringToDoubleFixed(size)),
                                 findKey(weight, BoldWord) != nullptr, findKey(style, ItalicWord) != nullptr,
                                 findKey(decoration, LineThroughWord) != nullptr,

@@ -7,7 +7,7 @@
 #include "SvgDialect.h"
 #include "SvgPlayerDetail.h"
 #include "WalkMemory.h"
-#include "drawingNumbers.h"
+#include "imageNumbers.h"
 #include "moduleHeap.h"
 #include "surface.h"
 #include "sys/krnutil.h"
@@ -34,14 +34,14 @@ RECT rectOf(const SvgViewport& viewport)
 int CMetaFilePlayerSVG::Detail::processImageDefinition(char* element)
 {
     constexpr int IdOffset = 8; // past the "image" of the element's own name
-    char* const number = findBehind(stepOver(element, IdOffset), ImageId);
+    char* const number = findAfter(stepOver(element, IdOffset), ImageId);
     if (number == nullptr) {
         return -1;
     }
     const auto [id, cursor] = readInteger(number);
     const char* const size = findKey(cursor, "width=");
-    char* const typeText = findBehind(cursor, PictureTypeKey);
-    char* const data = findBehind(cursor, "base64,");
+    char* const typeText = findAfter(cursor, PictureTypeKey);
+    char* const data = findAfter(cursor, "base64,");
     if (typeText == nullptr || data == nullptr) {
         return -1;
     }
@@ -76,16 +76,15 @@ int CMetaFilePlayerSVG::Detail::processImageUse(char* element, const char* name,
         return 0; // outside a nested <svg> there is no frame to draw in
     }
     RECT frame = rectOf(*m_player.m_viewport);
-    if (beginsWith(name, ImageId)) {
+    if (const char* const digits = afterPrefix(name, ImageId)) {
         // The frame of a scaled image has the viewBox of the image's own size.
         const RECT& viewBox = m_player.m_viewport->viewBox;
         const bool ownSize =
             m_player.m_viewport->width == viewBox.right && m_player.m_viewport->height == viewBox.bottom;
-        const int number = integerAt(const_cast<char*>(name) + std::strlen(ImageId));
-        m_player.m_surface->drawImage(&frame, static_cast<unsigned int>(number),
+        m_player.m_surface->drawImage(&frame, static_cast<unsigned int>(integerAt(digits)),
                                       ownSize ? NaturalMode : ScaledMode, x, y);
     } else if (beginsWith(name, TiledImageSymbol)) {
-        char* const number = findBehind(element, PatternId);
+        char* const number = findAfter(element, PatternId);
         CSurfaceBrush brush;
         if (number == nullptr) {
             return 0;

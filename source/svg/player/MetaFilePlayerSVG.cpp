@@ -2,6 +2,7 @@
 #include "metaFilePlayerSVG.h"
 
 #include "ElementKind.h"
+#include "ElementWalk.h"
 #include "PageCursor.h"
 #include "SvgDialect.h"
 #include "SvgPlayerDetail.h"
@@ -93,13 +94,9 @@ int CMetaFilePlayerSVG::play()
 
 int CMetaFilePlayerSVG::processElements(char* text)
 {
-    char* cursor = text;
-    int type = RecordUnknown;
-    while (getNextElement(&cursor, type)) {
-        // Remembered now: handling the element writes further zero bytes into it.
-        char* const next = m_memory->elementEnd + 1;
-        Detail(*this).processElement(cursor, type);
-        cursor = next;
+    Detail::ElementWalk walk(*this, text, m_memory->walkEnd);
+    while (walk.next()) {
+        Detail(*this).processElement(walk.element(), walk.type());
     }
     return 0;
 }
@@ -163,7 +160,7 @@ int CMetaFilePlayerSVG::processSVGElement(char** element)
     }
     m_surface->prepareSurface();
     const ValueDuring<char*> inside(m_memory->walkEnd, m_memory->elementEnd);
-    return processElements(*element + 1);
+    return processElements(stepOver(*element, 1));
 }
 
 int CMetaFilePlayerSVG::processSVGSubElement(char** element)
@@ -191,5 +188,5 @@ int CMetaFilePlayerSVG::processSVGSubElement(char** element)
     const ValueDuring<SvgViewport*> viewportInForce(m_viewport, &viewport);
     const ValueDuring<char*> inside(m_memory->walkEnd, end);
     const ValueDuring<int> deeper(m_memory->depth, m_memory->depth + 1);
-    return processElements(*element + 1);
+    return processElements(stepOver(*element, 1));
 }

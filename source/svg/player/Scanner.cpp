@@ -123,13 +123,11 @@ int CMetaFilePlayerSVG::getRecordType(char* element)
 
 int CMetaFilePlayerSVG::getAttributeValue(char* attribute, char** value)
 {
-    char* quote = findBehind(attribute, "=");
+    char* quote = findAfter(attribute, "=");
     if (quote == nullptr) {
         return -1;
     }
-    while (isBlank(*quote)) {
-        ++quote;
-    }
+    quote = skipBlanks(quote);
     *value = stepOver(quote, 1);
     char* const end = *quote != '\0' ? std::strchr(*value, *quote) : nullptr;
     if (end == nullptr) {
@@ -141,13 +139,11 @@ int CMetaFilePlayerSVG::getAttributeValue(char* attribute, char** value)
 
 int CMetaFilePlayerSVG::getAttributeValue(char* attribute, TovoTextString* value)
 {
-    char* quote = findBehind(attribute, "=");
+    char* quote = findAfter(attribute, "=");
     if (quote == nullptr) {
         return -1;
     }
-    while (isBlank(*quote)) {
-        ++quote;
-    }
+    quote = skipBlanks(quote);
     char* const start = stepOver(quote, 1);
     const char* const end = *quote != '\0' ? std::strchr(start, *quote) : nullptr;
     if (end == nullptr) {

@@ -7,7 +7,8 @@
 #include "PageCursor.h"
 #include "SvgDialect.h"
 #include "SvgPlayerDetail.h"
-#include "drawingNumbers.h"
+#include "brushStyles.h"
+#include "penStyles.h"
 #include "surface.h"
 #include "wrappingInt.h"
 
@@ -70,7 +71,7 @@ bool readPoints(char*& cursor, PointList& points)
 // else the place after it.
 char* readPointList(char* element, const char* name, PointList& points)
 {
-    char* const attribute = findKey(findBehind(element, name), "points=");
+    char* const attribute = findKey(findAfter(element, name), "points=");
     if (attribute == nullptr) {
         return nullptr;
     }
@@ -82,7 +83,7 @@ char* readPointList(char* element, const char* name, PointList& points)
 
 int CMetaFilePlayerSVG::processRectElement(char** element)
 {
-    char* cursor = findBehind(*element, "rect ");
+    char* cursor = findAfter(*element, "rect ");
     int x = 0;
     int y = 0;
     int width = 0;
@@ -142,7 +143,7 @@ int CMetaFilePlayerSVG::Detail::processRectStyle(char* text, CSurfacePen* pen, C
 
 int CMetaFilePlayerSVG::processEllipseElement(char** element)
 {
-    char* const head = findBehind(*element, "ellipse ");
+    char* const head = findAfter(*element, "ellipse ");
     int cx = 0;
     int cy = 0;
     int rx = 0;
@@ -163,7 +164,7 @@ int CMetaFilePlayerSVG::processEllipseElement(char** element)
 
 int CMetaFilePlayerSVG::processLineElement(char** element)
 {
-    char* const head = findBehind(*element, "line ");
+    char* const head = findAfter(*element, "line ");
     int x1 = 0;
     int y1 = 0;
     int x2 = 0;
@@ -214,10 +215,10 @@ int CMetaFilePlayerSVG::processPolylineElement(char* element)
 int CMetaFilePlayerSVG::processPathElement(char* element)
 {
     // Other attributes of the prefix may precede the one that holds the call.
-    char* name = findBehind(element, TovoPrefix);
+    char* name = findAfter(element, TovoPrefix);
     const ArcOperation* operation = nullptr;
     while (name != nullptr && (operation = arcOperationOf(name)) == nullptr) {
-        name = findBehind(name, TovoPrefix);
+        name = findAfter(name, TovoPrefix);
     }
     const char* const numbers = findKey(name, "=");
     int left = 0;

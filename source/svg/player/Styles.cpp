@@ -6,13 +6,14 @@
 #include "SvgDialect.h"
 #include "SvgPlayerDetail.h"
 #include "WalkMemory.h"
-#include "drawingNumbers.h"
+#include "brushStyles.h"
+#include "penStyles.h"
 #include "surfaceAttributes.h"
 
 int CMetaFilePlayerSVG::processStrokeAttribute(char* text, CSurfacePen* pen)
 {
     int style = 0;
-    if (const char* const stroke = findBehind(text, StrokeKey)) {
+    if (const char* const stroke = findAfter(text, StrokeKey)) {
         unsigned long color = 0;
         if (!beginsWith(stroke, RgbWord)) {
             style = PenWithoutLine;
@@ -23,11 +24,11 @@ int CMetaFilePlayerSVG::processStrokeAttribute(char* text, CSurfacePen* pen)
         }
     }
     int width = pen->getWidth();
-    if (const char* const attribute = findBehind(text, StrokeWidthKey)) {
+    if (const char* const attribute = findAfter(text, StrokeWidthKey)) {
         intlSscanNumeric(attribute, "%d", &width);
     }
     // The style word of the pen has the last say; the dashes, cap and join beside it follow from it.
-    if (const char* const attribute = findBehind(text, PenStyleKey)) {
+    if (const char* const attribute = findAfter(text, PenStyleKey)) {
         intlSscanNumeric(attribute, "%d", &style);
     }
     pen->setWidth(width);
@@ -37,7 +38,7 @@ int CMetaFilePlayerSVG::processStrokeAttribute(char* text, CSurfacePen* pen)
 
 int CMetaFilePlayerSVG::processFillAttribute(char* text, CSurfaceBrush* brush)
 {
-    const char* const fill = findBehind(text, FillKey);
+    const char* const fill = findAfter(text, FillKey);
     if (fill == nullptr) {
         return 0;
     }
@@ -61,11 +62,11 @@ int CMetaFilePlayerSVG::processFillAttribute(char* text, CSurfaceBrush* brush)
 int CMetaFilePlayerSVG::processStyleAttribute(char** value, RECT** clip, unsigned long* fillColor,
                                               unsigned long* strokeColor, bool* hasFill, bool* hasStroke)
 {
-    if (char* const number = findBehind(*value, "#clip")) {
+    if (char* const number = findAfter(*value, "#clip")) {
         *clip = Detail(*this).clipOfNumber(integerAt(number));
     }
-    const char* const stroke = findBehind(*value, "stroke:");
-    const char* const fill = findBehind(*value, "fill:");
+    const char* const stroke = findAfter(*value, "stroke:");
+    const char* const fill = findAfter(*value, "fill:");
     if (stroke == nullptr || fill == nullptr) {
         return -1;
     }
@@ -74,6 +75,6 @@ int CMetaFilePlayerSVG::processStyleAttribute(char** value, RECT** clip, unsigne
     if ((*hasStroke && !readColor(stroke, *strokeColor)) || (*hasFill && !readColor(fill, *fillColor))) {
         return -1;
     }
-    *value += std::strlen(*value) + 1;
+    *value = afterEnded(*value);
     return 0;
 }

@@ -9,6 +9,7 @@
 class SURFACE_HIDDEN CMetaFilePlayerSVG::Detail {
 public:
     struct TextElement;
+    class ElementWalk;
 
     explicit Detail(CMetaFilePlayerSVG& player) : m_player(player) {}
 

@@ -9,15 +9,15 @@
 #include <string_view>
 
 #include "ElementKind.h"
+#include "ElementWalk.h"
 #include "PageCursor.h"
 #include "SvgColor.h"
 #include "SvgDialect.h"
 #include "SvgPlayerDetail.h"
-#include "ValueDuring.h"
 #include "WalkMemory.h"
-#include "drawingNumbers.h"
 #include "moduleHeap.h"
 #include "surface.h"
+#include "textFlags.h"
 #include "wrappingInt.h"
 
 namespace {
@@ -61,17 +61,6 @@ private:
     Array<CSurfaceTextChunk, 2> m_chunks;
 };
 
-// Ends an element's head at its first `>` and gives the place after it; null without one.
-char* endHead(char* element)
-{
-    char* const end = std::strchr(element, '>');
-    if (end == nullptr) {
-        return nullptr;
-    }
-    *end = '\0';
-    return end + 1;
-}
-
 void dropTrailingBlanks(TovoTextString& text)
 {
     int blanks = 0;
@@ -81,9 +70,9 @@ void dropTrailingBlanks(TovoTextString& text)
     text.truncate(blanks);
 }
 
-void readNumberBehind(char* text, const char* key, int& number)
+void readNumberAfter(char* text, const char* key, int& number)
 {
-    if (char* const value = findBehind(text, key)) {
+    if (char* const value = findAfter(text, key)) {
         number = integerAt(value);
     }
 }
@@ -104,7 +93,7 @@ struct CMetaFilePlayerSVG::Detail::TextElement {
 
 int CMetaFilePlayerSVG::processTextElement(char** element)
 {
-    char* const body = endHead(*element);
+    char* const body = endAt(*element, '>');
     int x = 0;
     int y = 0;
     char* const behindX = readCoordinate(*element, "x=", x);
@@ -160,28 +149,23 @@ int CMetaFilePlayerSVG::Detail::drawPlainText(TextElement& text, char* body)
 int CMetaFilePlayerSVG::Detail::drawRuns(TextElement& text, char* body)
 {
     ChunkList runs;
-    const ValueDuring<char*> inside(m_player.m_memory->walkEnd, m_player.m_memory->elementEnd);
-    char* cursor = body;
-    int type = RecordUnknown;
-    while (m_player.getNextElement(&cursor, type)) {
-        char* const next = m_player.m_memory->elementEnd + 1;
-        if (type == RecordTSpan) {
+    ElementWalk walk = ElementWalk::inside(m_player, body);
+    while (walk.next()) {
+        if (walk.type() == RecordTSpan) {
             const CSurfaceTextChunk* const previous = runs.last();
             CSurfaceTextChunk* const run = runs.add();
-            m_player.processTSpanElement(cursor, run);
+            m_player.processTSpanElement(walk.element(), run);
             if (run->m_followsPrevious && previous != nullptr) {
                 run->m_position.y = previous->m_position.y;
             }
-        } else if (type == RecordTextPath) {
-            char* inner = cursor + 1;
-            const ValueDuring<char*> insidePath(m_player.m_memory->walkEnd, m_player.m_memory->elementEnd);
-            if (m_player.getNextElement(&inner, type) && type == RecordTSpan) {
+        } else if (walk.type() == RecordTextPath) {
+            ElementWalk path = ElementWalk::inside(m_player, stepOver(walk.element(), 1));
+            if (path.next() && path.type() == RecordTSpan) {
                 CSurfaceTextChunk* const run = runs.add();
-                m_player.processTSpanElement(inner, run);
+                m_player.processTSpanElement(path.element(), run);
                 run->m_position.y = wrapAdd(run->m_position.y, text.rect->top); // it counts from the path
             }
         }
-        cursor = next;
     }
     m_player.m_surface->setTextColor(text.color);
     if (text.className != nullptr && std::strcmp(text.className, PageCountClass) == 0) {
@@ -202,18 +186,18 @@ int CMetaFilePlayerSVG::Detail::drawRuns(TextElement& text, char* body)
 
 int CMetaFilePlayerSVG::processTSpanElement(char* element, CSurfaceTextChunk* chunk)
 {
-    char* const content = endHead(element);
+    char* const content = endAt(element, '>');
     chunk->m_isNewLine = findKey(element, "dy='1.25em'") != nullptr;
     chunk->m_underline = findKey(element, "text-decoration='underline'") != nullptr;
     chunk->m_textLength = NoTextLength;
-    readNumberBehind(element, TextLengthKey, chunk->m_textLength);
+    readNumberAfter(element, TextLengthKey, chunk->m_textLength);
     int x = NoPosition;
     int y = NoPosition;
-    readNumberBehind(element, "x='", x);
-    readNumberBehind(element, "y='", y);
+    readNumberAfter(element, "x='", x);
+    readNumberAfter(element, "y='", y);
     chunk->m_position = POINT{x, y};
     chunk->m_followsPrevious = findKey(element, "x='") == nullptr;
-    if (const char* const find = findBehind(element, FindKey)) {
+    if (const char* const find = findAfter(element, FindKey)) {
         intlSscanNumeric(find, "'%d,%d'", &chunk->m_findPosition[0], &chunk->m_findPosition[1]);
     }
     if (const char* const end = findKey(content, "</tspan")) {
@@ -237,7 +221,7 @@ int CMetaFilePlayerSVG::processTextRect(char* element, RECT* rect)
 
 int CMetaFilePlayerSVG::processClipPath(char* element, RECT** rect)
 {
-    char* const number = findBehind(element, "#clip");
+    char* const number = findAfter(element, "#clip");
     RECT* const clip = number != nullptr ? Detail(*this).clipOfNumber(integerAt(number)) : nullptr;
     if (clip != nullptr) {
         *rect = clip;
@@ -248,14 +232,14 @@ int CMetaFilePlayerSVG::processClipPath(char* element, RECT** rect)
 int CMetaFilePlayerSVG::processTextStyleAttributes(char* text, unsigned long* color, unsigned int* options,
                                                    int* charAngle, int* textAngle)
 {
-    if (const char* const value = findKey(findBehind(text, FillKey), RgbWord)) {
+    if (const char* const value = findKey(findAfter(text, FillKey), RgbWord)) {
         readColor(value, *color);
     }
     int flags = wrapToInt(*options);
-    readNumberBehind(text, DrawOptionsKey, flags);
-    readNumberBehind(text, TextFlagsKey, flags);
+    readNumberAfter(text, DrawOptionsKey, flags);
+    readNumberAfter(text, TextFlagsKey, flags);
     *options = static_cast<unsigned int>(flags);
-    readNumberBehind(text, CharAngleKey, *charAngle);
-    readNumberBehind(text, TextAngleKey, *textAngle);
+    readNumberAfter(text, CharAngleKey, *charAngle);
+    readNumberAfter(text, TextAngleKey, *textAngle);
     return 0;
 }

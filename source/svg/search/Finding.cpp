@@ -26,7 +26,7 @@ struct PageTextSearch::WordChain : WordText {
         unsigned int wordsEnd; // how many words the chain has up to its end
     };
 
-    unsigned int first = 0;  // index of the first record
+    unsigned int first = 0; // index of the first record
     unsigned int after = 0; // index after the last one
     Vector<Record, 10> records;
 };

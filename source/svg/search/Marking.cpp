@@ -12,7 +12,7 @@ constexpr std::string_view SpanEnd = "</tspan>";
 constexpr std::string_view TextEnd = "</text>";
 
 // The place after the next `text` from `from` on; the page's end when it is not there.
-std::size_t placeBehind(std::string_view page, std::string_view text, std::size_t from)
+std::size_t placeAfter(std::string_view page, std::string_view text, std::size_t from)
 {
     const std::size_t found = page.find(text, from);
     return found != std::string_view::npos ? found + text.size() : page.size();
@@ -82,7 +82,7 @@ void PageTextSearch::writeMarkedPage(std::string_view page, TovoTextString& mark
         // A record inside what was replaced already ends at the same tag as the one before.
         if (offset >= copied) {
             appendPieces(marked, between(page, copied, offset));
-            copied = placeBehind(page, TextEnd, offset);
+            copied = placeAfter(page, TextEnd, offset);
         }
         writeRecord(page, *records[i], marked);
     }
@@ -94,7 +94,7 @@ void PageTextSearch::writeMarkedPage(std::string_view page, TovoTextString& mark
 void PageTextSearch::writeRecord(std::string_view page, const TextRecord& record, TovoTextString& marked)
 {
     const auto offset = static_cast<std::size_t>(record.m_offset);
-    appendPieces(marked, between(page, offset, placeBehind(page, ">", offset)));
+    appendPieces(marked, between(page, offset, placeAfter(page, ">", offset)));
     const Array<TextRun, 10>& runs = record.m_runs;
     if (runs.size() == 1) {
         appendPieces(marked, "<tspan");

@@ -25,10 +25,10 @@ struct PageCountField {
 // The field of the first mark from `from` on: the text of the marked element or of its first run.
 PageCountField nextPageCountField(char* from, const char* mark)
 {
-    char* start = findBehind(findKey(from, mark), ">");
+    char* start = findAfter(findKey(from, mark), ">");
     char* end = findTag(start, "<");
     if (end != nullptr && beginsWith(end, "<tspan")) {
-        start = findBehind(end, ">");
+        start = findAfter(end, ">");
         end = findTag(start, "<");
     }
     return end != nullptr ? PageCountField{start, end} : PageCountField{nullptr, nullptr};

@@ -112,7 +112,7 @@ char* PageTextSearch::parseTextElement(char* element, char* pageStart)
     int x = 0;
     int y = 0;
     char* const cursor = readCoordinate(readCoordinate(element, "x=", x), "y=", y);
-    char* const body = findBehind(cursor, ">");
+    char* const body = findAfter(cursor, ">");
     if (body == nullptr) {
         return nullptr;
     }
@@ -122,7 +122,7 @@ char* PageTextSearch::parseTextElement(char* element, char* pageStart)
     TextRecord* const record = addRecord(offsetOf(element), offsetOf(end + std::strlen(Closing)));
     record->m_x = x;
     record->m_y = y;
-    if (char* const textLength = findBehind(cursor, TextLengthKey)) {
+    if (char* const textLength = findAfter(cursor, TextLengthKey)) {
         record->m_textLength = integerAt(textLength);
     }
     if (end > body && end[-1] == '<') {
@@ -131,7 +131,7 @@ char* PageTextSearch::parseTextElement(char* element, char* pageStart)
     char* span = findTag(body, "<tspan");
     record->addRun(offsetOf(element), span != nullptr ? "" : body);
     while (span != nullptr) {
-        char* const text = findBehind(span, ">");
+        char* const text = findAfter(span, ">");
         char* const textEnd = findTag(text, "</tspan");
         if (textEnd == nullptr) {
             break;
