@@ -10,11 +10,12 @@
 
 #include <windows.h>
 
+#include "sys/moduleObject.h"
 #include "sys/surfaceExport.h"
 
 class CSurface;
 
-class SURFACE_API CMetaFilePlayer {
+class SURFACE_API CMetaFilePlayer : public ModuleObject {
 public:
     CMetaFilePlayer() = default;
     CMetaFilePlayer(const CMetaFilePlayer&) = delete;
@@ -46,8 +47,4 @@ public:
                                    bool wholeWord, unsigned int& position, unsigned int& textOffset,
                                    unsigned char*& foundPage, unsigned int& foundLength, int& x, int& y);
     static void freeFoundPage(unsigned char* page);
-
-    // Null without memory, and then no constructor runs.
-    static void* operator new(std::size_t size) noexcept;
-    static void operator delete(void* block) noexcept;
 };

@@ -7,6 +7,7 @@
 
 #include <windows.h>
 
+#include "sys/moduleObject.h"
 #include "sys/surfaceExport.h"
 
 // An entry of the section table of a PE file (PE format, "Section Table").
@@ -24,7 +25,7 @@ struct PeSectionHeader {
 };
 static_assert(sizeof(PeSectionHeader) == 40);
 
-class SURFACE_API CModuleVersion {
+class SURFACE_API CModuleVersion : public ModuleObject {
 public:
     CModuleVersion();
     CModuleVersion(const CModuleVersion&) = delete;
@@ -38,9 +39,6 @@ public:
 
     // How many steps that walk took in the last readFile: entries of directories and 16-bit units looked at.
     std::uint64_t steps() const { return m_steps; }
-
-    static void* operator new(std::size_t size) noexcept;
-    static void operator delete(void* block) noexcept;
 
     int m_revision; // fourth number
     int m_major;

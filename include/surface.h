@@ -21,6 +21,7 @@
 
 #include "surfaceAttributes.h"
 #include "surfaceTextChunk.h"
+#include "sys/moduleObject.h"
 #include "sys/surfaceExport.h"
 #include "sys/tovoarray.h"
 #include "sys/tovostr.h"
@@ -28,7 +29,7 @@
 // The platform's parameter record through which loadFonts hands out its text.
 struct DskParam;
 
-class SURFACE_API CSurface {
+class SURFACE_API CSurface : public ModuleObject {
 public:
     CSurface();
     CSurface(const CSurface& other);
@@ -186,10 +187,6 @@ public:
     // The five XML special characters as entities, and back. Every other byte passes untouched.
     static TovoTextString toXML(TovoTextString text);
     static TovoTextString fromXML(TovoTextString text);
-
-    // Null without memory, and then no constructor runs.
-    static void* operator new(std::size_t size) noexcept;
-    static void operator delete(void* block) noexcept;
 
     // The state all back ends share. A player writes the six sizes before prepareSurface.
     int m_width; // logical units: the extent of the coordinate space

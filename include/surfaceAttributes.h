@@ -10,11 +10,12 @@
 
 #include <cstddef>
 
+#include "sys/moduleObject.h"
 #include "sys/surfaceExport.h"
 
 // A font as the caller names it. In argument lists strikethru comes before underline; among the fields it
 // follows it.
-class SURFACE_API CSurfaceFont {
+class SURFACE_API CSurfaceFont : public ModuleObject {
 public:
     // `faceName` may be null (no name) and is cut at 31 characters; `size` is in points.
     CSurfaceFont(char* faceName = nullptr, float size = 0, bool bold = false, bool italic = false,
@@ -44,9 +45,6 @@ public:
     bool operator==(const CSurfaceFont& other) const;
     bool operator!=(const CSurfaceFont& other) const { return !(*this == other); }
 
-    static void* operator new(std::size_t size) noexcept;
-    static void operator delete(void* block) noexcept;
-
 private:
     float m_size;
     bool m_bold;
@@ -59,7 +57,7 @@ private:
 // A pen: colour, Windows pen style word, width in logical units. The style word holds the line style in bits
 // 0 to 3 (0 solid, 1 dash, 2 dot, 3 dash-dot, 4 dash-dot-dot, 5 none, 6 inside frame), the end cap in bits 8
 // to 11 (0 round, 1 square, 2 flat) and the join in bits 12 to 15 (0 round, 1 bevel, 2 miter).
-class SURFACE_API CSurfacePen {
+class SURFACE_API CSurfacePen : public ModuleObject {
 public:
     CSurfacePen(unsigned long color = 0, int style = 0, int width = 1);
     CSurfacePen(const CSurfacePen& other) = default;
@@ -79,9 +77,6 @@ public:
     bool operator==(const CSurfacePen& other) const;
     bool operator!=(const CSurfacePen& other) const { return !(*this == other); }
 
-    static void* operator new(std::size_t size) noexcept;
-    static void operator delete(void* block) noexcept;
-
 private:
     unsigned long m_color;
     int m_style;
@@ -90,7 +85,7 @@ private:
 
 // A brush. Styles: 0 solid, 1 hollow, 2 horizontal, 3 vertical, 4 forward diagonal, 5 backward diagonal,
 // 6 cross and 7 diagonal cross hatch, 99 picture. The colour is that of the fill or of the hatch lines.
-class SURFACE_API CSurfaceBrush {
+class SURFACE_API CSurfaceBrush : public ModuleObject {
 public:
     CSurfaceBrush(unsigned long color = 0, int style = 1);
     CSurfaceBrush(const CSurfaceBrush& other) = default;
@@ -111,9 +106,6 @@ public:
     bool operator==(const CSurfaceBrush& other) const;
     bool operator!=(const CSurfaceBrush& other) const { return !(*this == other); }
 
-    static void* operator new(std::size_t size) noexcept;
-    static void operator delete(void* block) noexcept;
-
 private:
     unsigned long m_color;
     int m_style;
@@ -122,7 +114,7 @@ private:
 
 // Colour and rotation of text. The style word is stored, copied and compared, and means nothing here. Angles
 // are whole degrees: of each character, and of the line of text.
-class SURFACE_API CTextStyle {
+class SURFACE_API CTextStyle : public ModuleObject {
 public:
     // Red, style 0, no rotation.
     CTextStyle();
@@ -140,9 +132,6 @@ public:
 
     bool operator==(const CTextStyle& other) const;
     bool operator!=(const CTextStyle& other) const { return !(*this == other); }
-
-    static void* operator new(std::size_t size) noexcept;
-    static void operator delete(void* block) noexcept;
 
 private:
     unsigned long m_color;

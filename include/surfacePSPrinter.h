@@ -23,15 +23,12 @@
 // An image as page text: its samples in hexadecimal, bottom row first, a line feed after every 150th byte. A
 // row is width triples of red, green and blue; of an image with transparency, width mask bytes are in front
 // of them, where 1 means transparent. It is shared by a surface and the copies of that surface.
-class SURFACE_API CPostScriptImage {
+class SURFACE_API CPostScriptImage : public ModuleObject {
 public:
     CPostScriptImage();
     CPostScriptImage(const CPostScriptImage& other);
     CPostScriptImage& operator=(const CPostScriptImage& other);
     virtual ~CPostScriptImage();
-
-    static void* operator new(std::size_t size) noexcept;
-    static void operator delete(void* block) noexcept;
 
     // A new image belongs to whoever made it. Each further owner says so, and the last one to let go ends the
     // image. Owners may live on different threads.

@@ -8,21 +8,15 @@
 
 #include <windows.h>
 
+#include "sys/moduleObject.h"
 #include "sys/surfaceExport.h"
 
-class SURFACE_API CSurfacePicture {
+class SURFACE_API CSurfacePicture : public ModuleObject {
 public:
     CSurfacePicture();
     CSurfacePicture(const CSurfacePicture&) = delete;
     CSurfacePicture& operator=(const CSurfacePicture&) = delete;
     virtual ~CSurfacePicture();
-
-    static void* operator new(std::size_t size) noexcept;
-    static void operator delete(void* block) noexcept;
-
-    // What draw() can't do: the image library is missing, the bytes are no image.
-    static constexpr int libraryMissing = 14029;
-    static constexpr int notDecodable = 14015;
 
     // The answer of findTransparentColor when there is none.
     static constexpr COLORREF noColor = 0x80000000;
@@ -31,7 +25,7 @@ public:
     // rectangle with its origin at offset (x, y), which makes the stored size of a picture smaller than 8 by 8 in
     // either direction 8 by 8. A tile with a width or height below 1 draws nothing. Other modes
     // draw nothing, and so does a null rectangle.
-    // Gives 0, libraryMissing or notDecodable.
+    // Gives 0, or a number of sys/errorNumbers.h: ImageLibraryMissing, or NotConverted when the bytes are no image.
     int draw(HDC hdc, RECT* rect, int x, int y, int mode);
 
     // The colour, red in the low byte, of the first wholly transparent pixel in the order of storage; `noColor` when

@@ -6,11 +6,12 @@
 
 #include <windows.h>
 
+#include "sys/moduleObject.h"
 #include "sys/surfaceExport.h"
 #include "sys/tovoarray.h"
 #include "sys/tovostr.h"
 
-class SURFACE_API CSurfaceTextChunk {
+class SURFACE_API CSurfaceTextChunk : public ModuleObject {
 public:
     // No text, flags or position; textLength -1.
     CSurfaceTextChunk();
@@ -26,10 +27,6 @@ public:
 
     // Whether this run begins a new line after `previous`, which is null for the first run.
     bool isStartOfAnotherLine(CSurfaceTextChunk* previous) const;
-
-    // Null without memory, and then no constructor runs.
-    static void* operator new(std::size_t size) noexcept;
-    static void operator delete(void* block) noexcept;
 
     bool m_isNewLine; // starts a line of its own, whatever its position says
     TovoTextString m_text;

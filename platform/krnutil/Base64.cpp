@@ -1,6 +1,7 @@
 // Base64 (RFC 4648, section 4): images on their way into a page and out of it.
 //
 // Called by the back end that writes pages and by the player that reads them. Texts come from strangers.
+#include "sys/errorNumbers.h"
 #include "sys/krnutil.h"
 
 #include <array>
@@ -10,10 +11,6 @@
 #include <cstring>
 
 namespace {
-
-// Numbers of the platform's message table.
-constexpr int noMemory = 14001;
-constexpr int malformed = 14015;
 
 constexpr char alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
@@ -128,11 +125,11 @@ int base64Encode(unsigned char* data, unsigned int size, char*& text, int& lengt
     length = 0;
     const std::uint64_t needed = (std::uint64_t{size} + 2) / 3 * 4;
     if (needed > INT_MAX || (data == nullptr && size != 0)) {
-        return noMemory;
+        return krnError::NoMemory;
     }
     text = static_cast<char*>(std::malloc(needed + 1));
     if (text == nullptr) {
-        return noMemory;
+        return krnError::NoMemory;
     }
     encode(data, size, text);
     length = static_cast<int>(needed);
@@ -150,7 +147,7 @@ int base64Decode(char* text, unsigned char*& data, int& size)
     const std::uint64_t capacity = std::uint64_t{length} / 4 * 3 + 3;
     auto* const block = capacity <= INT_MAX ? static_cast<unsigned char*>(std::malloc(capacity)) : nullptr;
     if (block == nullptr) {
-        return noMemory;
+        return krnError::NoMemory;
     }
     const auto* const in = reinterpret_cast<const unsigned char*>(text);
     Decoder decoder{in, in + length, block};
@@ -161,7 +158,7 @@ int base64Decode(char* text, unsigned char*& data, int& size)
         data = block;
         size = static_cast<int>(decoder.out - block);
     }
-    return wellFormed ? 0 : malformed;
+    return wellFormed ? 0 : krnError::NotConverted;
 }
 
 void base64Free(char* text)

@@ -3,17 +3,13 @@
 #include <cstring>
 
 #include "GdiDetail.h"
+#include "brushStyles.h"
 #include "moduleHeap.h"
 #include "surfaceGDI.h"
 #include "undo.h"
 #include "wrappingInt.h"
 
 namespace {
-
-constexpr int solidStyle = 0;
-constexpr int hollowStyle = 1;
-constexpr int firstHatchStyle = 2;
-constexpr int pictureStyle = 99;
 
 void describeFont(char* buffer, HFONT font)
 {
@@ -78,12 +74,12 @@ void selectAndDelete(HDC hdc, Object object, Object& current, Object& stranded)
 HBRUSH plainBrush(int style, COLORREF color)
 {
     switch (style) {
-    case solidStyle:
+    case SolidBrush:
         return CreateSolidBrush(color);
-    case hollowStyle:
+    case HollowBrush:
         return static_cast<HBRUSH>(GetStockObject(NULL_BRUSH));
     default:
-        return CreateHatchBrush(wrapSubtract(style, firstHatchStyle), color);
+        return CreateHatchBrush(wrapSubtract(style, FirstHatchBrush), color);
     }
 }
 
@@ -191,17 +187,17 @@ void CSurfaceGDI::setBrush(CSurfaceBrush* brush)
     }
     const int style = m_brush.getStyle();
     HBRUSH made = nullptr;
-    if (style == pictureStyle) {
+    if (style == PictureBrush) {
         made = doOrUndo([&] { return Detail(*this).pictureBrush(m_brush.getPicture()); },
                         [&] { m_brush = before; });
     } else {
         made = plainBrush(style, static_cast<COLORREF>(m_brush.getColor()));
-        if (style != solidStyle && style != hollowStyle) {
+        if (style != SolidBrush && style != HollowBrush) {
             UnrealizeObject(made);
         }
     }
     selectAndDelete(m_hdc, made, m_currentBrush, m_strandedBrush);
-    if (style != solidStyle) {
+    if (style != SolidBrush) {
         resetBrushOrg(nullptr, 8);
     }
 }

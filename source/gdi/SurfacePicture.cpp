@@ -1,15 +1,14 @@
 // A picture drawn in its three modes.
 #include "surfacePicture.h"
 
+#include "imageNumbers.h"
 #include "moduleHeap.h"
 #include "pictureDecoding.h"
+#include "sys/errorNumbers.h"
 #include "wrappingInt.h"
 
 namespace {
 
-constexpr int ownSize = 0;
-constexpr int scaled = 1;
-constexpr int tiled = 2;
 constexpr int hatchSize = 8; // of the smallest brush that devices take
 
 // The pixels of a picture as a bitmap object, for as long as the picture is drawn; none for a picture without a
@@ -64,7 +63,7 @@ Placement placementOf(const CSurfacePicture& picture, const RECT& rect, int x, i
 {
     int width = wrapSubtract(rect.right, rect.left);
     int height = wrapSubtract(rect.bottom, rect.top);
-    if (mode == scaled) {
+    if (mode == ScaledMode) {
         return {rect.left, rect.top, width, height, 0, 0, picture.m_width, picture.m_height, false};
     }
     if (height < picture.m_height) {
@@ -141,38 +140,28 @@ CSurfacePicture::~CSurfacePicture()
     freeToModuleHeap(m_data);
 }
 
-void* CSurfacePicture::operator new(std::size_t size) noexcept
-{
-    return allocateFromModuleHeap(size);
-}
-
-void CSurfacePicture::operator delete(void* block) noexcept
-{
-    freeToModuleHeap(block);
-}
-
 int CSurfacePicture::draw(HDC hdc, RECT* rect, int x, int y, int mode)
 {
     FreeImageDesc library(false);
     if (!library.isProcLoaded()) {
-        return libraryMissing;
+        return krnError::ImageLibraryMissing;
     }
     const DecodedImage bitmap(library, decoded(library, *this));
     if (bitmap.get() == nullptr) {
-        return notDecodable;
+        return krnError::NotConverted;
     }
     if (rect == nullptr) {
         return 0;
     }
     const BITMAPINFO* const info = library.imageGetInfo(bitmap.get());
     const unsigned char* const bits = library.imageGetBits(bitmap.get());
-    if (mode == tiled) {
+    if (mode == TiledMode) {
         tile(*this, hdc, *rect, x, y, info, bits);
         return 0;
     }
     const Section section(hdc, info, bits,
                           formatOf(*this) == FIF_PNG ? findTransparentColor(info, bits) : noColor);
-    if (mode == ownSize || mode == scaled) {
+    if (mode == NaturalMode || mode == ScaledMode) {
         drawPlaced(hdc, placementOf(*this, *rect, x, y, mode), info, bits, section.get(),
                    section.transparent());
     }

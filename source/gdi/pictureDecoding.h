@@ -2,13 +2,13 @@
 #pragma once
 
 #include "decodedImage.h"
+#include "imageNumbers.h"
 #include "surfacePicture.h"
 
 // Pictures of type 7 are JPEG, all others PNG.
 inline FREE_IMAGE_FORMAT formatOf(const CSurfacePicture& picture)
 {
-    constexpr int JpegType = 7;
-    return picture.m_type == JpegType ? FIF_JPEG : FIF_PNG;
+    return picture.m_type == JpegPicture ? FIF_JPEG : FIF_PNG;
 }
 
 // Null without the image library and for bytes that can't be decoded.

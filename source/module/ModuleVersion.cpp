@@ -31,16 +31,6 @@ CModuleVersion::CModuleVersion()
 
 CModuleVersion::~CModuleVersion() = default;
 
-void* CModuleVersion::operator new(std::size_t size) noexcept
-{
-    return allocateFromModuleHeap(size);
-}
-
-void CModuleVersion::operator delete(void* block) noexcept
-{
-    freeToModuleHeap(block);
-}
-
 bool CModuleVersion::Detail::holds(std::uint64_t offset, std::uint64_t size) const
 {
     return offset <= m_version.m_size && size <= m_version.m_size - offset;

@@ -116,13 +116,3 @@ void CMetaFilePlayer::freeFoundPage(unsigned char* page)
 {
     freeToModuleHeap(page);
 }
-
-void* CMetaFilePlayer::operator new(std::size_t size) noexcept
-{
-    return allocateFromModuleHeap(size);
-}
-
-void CMetaFilePlayer::operator delete(void* block) noexcept
-{
-    freeToModuleHeap(block);
-}

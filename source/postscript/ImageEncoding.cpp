@@ -9,7 +9,7 @@
 
 #include "PostScriptSamples.h"
 #include "decodedImage.h"
-#include "drawingNumbers.h"
+#include "sys/errorNumbers.h"
 
 namespace {
 
@@ -106,26 +106,26 @@ unsigned int CSurfacePSPrinter::encodeImage(unsigned char* data, int size, int /
 {
     FreeImageDesc library(false);
     if (!library.isProcLoaded()) {
-        return ImageLibraryMissing;
+        return krnError::ImageLibraryMissing;
     }
     if (data == nullptr || size <= 0 || width <= 0 || height <= 0) {
-        return ImageNotConverted;
+        return krnError::NotConverted;
     }
     DecodedImage bitmap(library, library.imageLoadFromMem(formatOfData(library, data, size), data,
                                                           static_cast<unsigned int>(size)));
     if (bitmap.get() == nullptr) {
-        return ImageNotConverted;
+        return krnError::NotConverted;
     }
     bits = library.imageGetInfo(bitmap.get())->bmiHeader.biBitCount;
     if (bits != WithTransparency) {
         bitmap.replace(library.imageConvertTo24Bits(bitmap.get()));
         if (bitmap.get() == nullptr) {
-            return ImageNotConverted;
+            return krnError::NotConverted;
         }
     }
     const PixelRows pixels(library, bitmap.get(), width, height);
     if (!pixels.areWithinBitmap()) {
-        return ImageNotConverted;
+        return krnError::NotConverted;
     }
     try {
         TovoBinaryString stream;
@@ -140,7 +140,7 @@ unsigned int CSurfacePSPrinter::encodeImage(unsigned char* data, int size, int /
         appendHexadecimal(text, std::string_view(stream.data(), stream.length()));
         *out = std::move(text);
     } catch (const KrnException&) {
-        return NoMemory;
+        return krnError::NoMemory;
     }
     return 0;
 }

@@ -7,7 +7,7 @@
 #include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
 #include "PostScriptSamples.h"
-#include "drawingNumbers.h"
+#include "imageNumbers.h"
 #include "putByNumber.h"
 
 CPostScriptImage* CSurfacePSPrinter::Detail::imageAt(unsigned int id) const

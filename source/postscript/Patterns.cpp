@@ -10,7 +10,7 @@
 #include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
 #include "PostScriptSamples.h"
-#include "drawingNumbers.h"
+#include "imageNumbers.h"
 #include "putByNumber.h"
 #include "putInFront.h"
 #include "undo.h"

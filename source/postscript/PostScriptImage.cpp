@@ -37,13 +37,3 @@ void CPostScriptImage::removeOwner()
         delete this;
     }
 }
-
-void* CPostScriptImage::operator new(std::size_t size) noexcept
-{
-    return allocateFromModuleHeap(size);
-}
-
-void CPostScriptImage::operator delete(void* block) noexcept
-{
-    freeToModuleHeap(block);
-}

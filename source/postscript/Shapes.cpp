@@ -4,7 +4,7 @@
 #include "PostScriptChange.h"
 #include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
-#include "drawingNumbers.h"
+#include "brushStyles.h"
 #include "undo.h"
 
 namespace {

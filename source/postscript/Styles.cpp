@@ -6,7 +6,8 @@
 #include "PostScriptChange.h"
 #include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
-#include "drawingNumbers.h"
+#include "brushStyles.h"
+#include "penStyles.h"
 
 namespace {
 

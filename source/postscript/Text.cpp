@@ -13,7 +13,7 @@
 #include "PostScriptPieces.h"
 #include "PostScriptUnits.h"
 #include "boundedText.h"
-#include "drawingNumbers.h"
+#include "textFlags.h"
 #include "undo.h"
 
 namespace {

@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "sys/moduleObject.h"
+
 void* allocateFromModuleHeap(std::size_t size) noexcept
 {
     if (size > std::numeric_limits<unsigned int>::max()) {
@@ -13,4 +15,14 @@ void* allocateFromModuleHeap(std::size_t size) noexcept
 void freeToModuleHeap(void* block) noexcept
 {
     moduleHeap.free(block);
+}
+
+void* ModuleObject::operator new(std::size_t size) noexcept
+{
+    return allocateFromModuleHeap(size);
+}
+
+void ModuleObject::operator delete(void* block) noexcept
+{
+    freeToModuleHeap(block);
 }

@@ -192,13 +192,3 @@ void CSurface::AssertFailed(const char* expression, const char* file, int line)
 {
     kosAssertFail("Tovo.exe Assertion failed", expression, "surface", file, line);
 }
-
-void* CSurface::operator new(std::size_t size) noexcept
-{
-    return allocateFromModuleHeap(size);
-}
-
-void CSurface::operator delete(void* block) noexcept
-{
-    freeToModuleHeap(block);
-}

@@ -4,8 +4,8 @@
 
 #include <windows.h>
 
+#include "brushStyles.h"
 #include "color.h"
-#include "drawingNumbers.h"
 #include "moduleHeap.h"
 
 CSurfaceFont::CSurfaceFont(char* faceName, float size, bool bold, bool italic, bool strikethru,
@@ -139,44 +139,4 @@ bool CTextStyle::operator==(const CTextStyle& other) const
 {
     return m_color == other.m_color && m_style == other.m_style && m_charAngle == other.m_charAngle &&
            m_textAngle == other.m_textAngle;
-}
-
-void* CSurfaceFont::operator new(std::size_t size) noexcept
-{
-    return allocateFromModuleHeap(size);
-}
-
-void CSurfaceFont::operator delete(void* block) noexcept
-{
-    freeToModuleHeap(block);
-}
-
-void* CSurfacePen::operator new(std::size_t size) noexcept
-{
-    return allocateFromModuleHeap(size);
-}
-
-void CSurfacePen::operator delete(void* block) noexcept
-{
-    freeToModuleHeap(block);
-}
-
-void* CSurfaceBrush::operator new(std::size_t size) noexcept
-{
-    return allocateFromModuleHeap(size);
-}
-
-void CSurfaceBrush::operator delete(void* block) noexcept
-{
-    freeToModuleHeap(block);
-}
-
-void* CTextStyle::operator new(std::size_t size) noexcept
-{
-    return allocateFromModuleHeap(size);
-}
-
-void CTextStyle::operator delete(void* block) noexcept
-{
-    freeToModuleHeap(block);
 }

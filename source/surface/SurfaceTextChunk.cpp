@@ -31,13 +31,3 @@ bool CSurfaceTextChunk::isStartOfAnotherLine(CSurfaceTextChunk* previous) const
     }
     return m_position.y > previous->m_position.y;
 }
-
-void* CSurfaceTextChunk::operator new(std::size_t size) noexcept
-{
-    return allocateFromModuleHeap(size);
-}
-
-void CSurfaceTextChunk::operator delete(void* block) noexcept
-{
-    freeToModuleHeap(block);
-}

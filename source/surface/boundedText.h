@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "drawingNumbers.h"
+#include "textFlags.h"
 
 // The first `length` characters, or all there are before the terminator; WholeText: all, any other number below 0: none.
 // No byte after them is looked at.

@@ -1,7 +1,7 @@
 // The module's own heap "SRF" and its log.
 //
-// This is a shared library in somebody else's process, so the global operator new is left alone: the classes
-// of the module forward theirs to allocateFromModuleHeap, and objects of other classes are made there.
+// The classes of the interface have their operator new from ModuleObject, which allocates here; objects of other classes
+// are made by makeInModuleHeap.
 #pragma once
 
 #include <cstddef>

@@ -8,6 +8,7 @@
 
 #include "support/bitmapFile.h"
 #include "surfaceHdc.h"
+#include "sys/errorNumbers.h"
 #include "sys/krnutil.h"
 
 namespace {
@@ -153,9 +154,9 @@ TEST(Pictures, SmallerThanAHatchBecomeOne)
     picture.m_height = 0;
     EXPECT_EQ(0, picture.draw(device, &rect, 0, 0, 2));
     picture.m_length = 9;
-    EXPECT_EQ(CSurfacePicture::notDecodable, picture.draw(device, &rect, 0, 0, 1));
+    EXPECT_EQ(krnError::NotConverted, picture.draw(device, &rect, 0, 0, 1));
     krnSetImageLibrary("/nowhere");
-    EXPECT_EQ(CSurfacePicture::libraryMissing, picture.draw(device, &rect, 0, 0, 1));
+    EXPECT_EQ(krnError::ImageLibraryMissing, picture.draw(device, &rect, 0, 0, 1));
     krnSetImageLibrary(nullptr);
     picture.m_data = nullptr; // belongs to the test
     DeleteDC(device);

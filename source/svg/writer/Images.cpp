@@ -11,10 +11,11 @@
 #include "SvgDialect.h"
 #include "SvgWriterDetail.h"
 #include "decodedImage.h"
-#include "drawingNumbers.h"
+#include "imageNumbers.h"
 #include "moduleHeap.h"
 #include "pageText.h"
 #include "rectangle.h"
+#include "sys/errorNumbers.h"
 #include "sys/krnutil.h"
 #include "toldOnce.h"
 
@@ -65,7 +66,7 @@ int encodeBitmap(FreeImageDesc& library, FREE_IMAGE_FORMAT format, FIBITMAP* bit
 {
     fiio_mem_handle_s encoded{};
     if (!library.imageSaveToMem(format, bitmap, &encoded)) {
-        return ImageNotConverted;
+        return krnError::NotConverted;
     }
     const int result = base64Encode(static_cast<unsigned char*>(encoded.data),
                                     static_cast<unsigned int>(encoded.datalen), text, textLength, false);
@@ -105,13 +106,13 @@ void CSurfaceSVG::includeImage(unsigned int id, unsigned char* data, int size, i
 int CSurfaceSVG::convertImage(unsigned char* data, int size, int picType, char*& text, int& textLength)
 {
     if (data == nullptr || size <= 0) {
-        return ImageNotConverted;
+        return krnError::NotConverted;
     }
     FreeImageDesc library(false);
     FREE_IMAGE_FORMAT source = formatOf(picType);
     if (source == FIF_UNKNOWN) {
         if (!library.isProcLoaded()) {
-            return ImageLibraryMissing;
+            return krnError::ImageLibraryMissing;
         }
         source = formatOfData(library, data, size);
     }
@@ -120,17 +121,17 @@ int CSurfaceSVG::convertImage(unsigned char* data, int size, int picType, char*&
         return base64Encode(data, static_cast<unsigned int>(size), text, textLength, false);
     }
     if (!library.isProcLoaded()) {
-        return ImageLibraryMissing;
+        return krnError::ImageLibraryMissing;
     }
     DecodedImage bitmap(library, library.imageLoadFromMem(source, data, static_cast<unsigned int>(size)));
     if (bitmap.get() == nullptr) {
-        return ImageNotConverted;
+        return krnError::NotConverted;
     }
     constexpr int TrueColor = 24; // bits a pixel
     if (library.imageGetInfo(bitmap.get())->bmiHeader.biBitCount < TrueColor) {
         bitmap.replace(library.imageConvertTo24Bits(bitmap.get()));
         if (bitmap.get() == nullptr) {
-            return ImageNotConverted;
+            return krnError::NotConverted;
         }
     }
     return encodeBitmap(library, target, bitmap.get(), text, textLength);

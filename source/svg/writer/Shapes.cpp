@@ -6,7 +6,7 @@
 #include "SvgChange.h"
 #include "SvgDialect.h"
 #include "SvgWriterDetail.h"
-#include "drawingNumbers.h"
+#include "brushStyles.h"
 #include "pageText.h"
 #include "rectangle.h"
 #include "undo.h"

@@ -6,8 +6,9 @@
 
 #include "SvgDialect.h"
 #include "SvgWriterDetail.h"
-#include "drawingNumbers.h"
+#include "brushStyles.h"
 #include "pageText.h"
+#include "penStyles.h"
 #include "wrappingInt.h"
 
 namespace {

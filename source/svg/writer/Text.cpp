@@ -12,9 +12,9 @@
 #include "SvgDialect.h"
 #include "SvgWriterDetail.h"
 #include "boundedText.h"
-#include "drawingNumbers.h"
 #include "pageText.h"
 #include "rectangle.h"
+#include "textFlags.h"
 #include "xmlText.h"
 
 namespace {
