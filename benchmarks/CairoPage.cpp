@@ -24,19 +24,19 @@ void addPath(cairo_t* cairo, const POINT* points, unsigned int count)
 
 CairoPattern makeHatch(std::size_t index)
 {
-    constexpr cairo_rectangle_t extents{0, 0, 9, 9};
-    constexpr int lines[4][4] = {{0, 4, 9, 4}, {4, 0, 4, 9}, {0, 0, 9, 9}, {9, 0, 0, 9}};
-    constexpr bool linesOfHatch[hatchCount][4] = {{true, false, false, false}, {false, true, false, false},
+    constexpr cairo_rectangle_t Extents{0, 0, 9, 9};
+    constexpr int Lines[4][4] = {{0, 4, 9, 4}, {4, 0, 4, 9}, {0, 0, 9, 9}, {9, 0, 0, 9}};
+    constexpr bool LinesOfHatch[HatchCount][4] = {{true, false, false, false}, {false, true, false, false},
                                                   {false, false, true, false}, {false, false, false, true},
                                                   {true, true, false, false},  {false, false, true, true}};
-    const CairoSurface tile(cairo_recording_surface_create(CAIRO_CONTENT_COLOR_ALPHA, &extents));
+    const CairoSurface tile(cairo_recording_surface_create(CAIRO_CONTENT_COLOR_ALPHA, &Extents));
     const CairoContext cairo(cairo_create(tile.get()));
-    setColor(cairo.get(), hatchColors[index]);
+    setColor(cairo.get(), HatchColors[index]);
     cairo_set_line_width(cairo.get(), 1);
     for (int line = 0; line < 4; ++line) {
-        if (linesOfHatch[index][line]) {
-            cairo_move_to(cairo.get(), lines[line][0], lines[line][1]);
-            cairo_line_to(cairo.get(), lines[line][2], lines[line][3]);
+        if (LinesOfHatch[index][line]) {
+            cairo_move_to(cairo.get(), Lines[line][0], Lines[line][1]);
+            cairo_line_to(cairo.get(), Lines[line][2], Lines[line][3]);
         }
     }
     cairo_stroke(cairo.get());
@@ -62,7 +62,7 @@ public:
         m_penColor = color;
         cairo_set_line_width(m_cairo, width);
         const double dashes[] = {3.0 * width, 1.0 * width};
-        cairo_set_dash(m_cairo, dashes, style == dashedPen ? 2 : 0, 0);
+        cairo_set_dash(m_cairo, dashes, style == DashedPen ? 2 : 0, 0);
     }
 
     void setBrush(unsigned long color, int style)
@@ -133,21 +133,21 @@ private:
 
     void fillAndStroke()
     {
-        if (m_brushStyle == solidBrush) {
+        if (m_brushStyle == SolidBrush) {
             setColor(m_cairo, m_brushColor);
             cairo_fill_preserve(m_cairo);
-        } else if (m_brushStyle >= firstHatch) {
-            cairo_set_source(m_cairo, m_hatches[static_cast<std::size_t>(m_brushStyle - firstHatch)].get());
+        } else if (m_brushStyle >= FirstHatch) {
+            cairo_set_source(m_cairo, m_hatches[static_cast<std::size_t>(m_brushStyle - FirstHatch)].get());
             cairo_fill_preserve(m_cairo);
         }
         stroke(m_penColor);
     }
 
     cairo_t* m_cairo;
-    std::array<CairoPattern, hatchCount> m_hatches;
+    std::array<CairoPattern, HatchCount> m_hatches;
     unsigned long m_penColor = 0;
     unsigned long m_brushColor = 0;
-    int m_brushStyle = hollowBrush;
+    int m_brushStyle = HollowBrush;
 };
 
 void writeTable(PageFormat format, int rows, std::string& page)
@@ -161,12 +161,12 @@ void writeTable(PageFormat format, int rows, std::string& page)
 class CairoSheet : public TableSheet {
 public:
     explicit CairoSheet(bool smooth)
-        : m_image(cairo_image_surface_create(CAIRO_FORMAT_RGB24, sheetPixels.cx, sheetPixels.cy)),
+        : m_image(cairo_image_surface_create(CAIRO_FORMAT_RGB24, SheetPixels.cx, SheetPixels.cy)),
           m_cairo(cairo_create(m_image.get())), m_page(m_cairo.get())
     {
         cairo_set_source_rgb(m_cairo.get(), 1, 1, 1);
         cairo_paint(m_cairo.get());
-        cairo_scale(m_cairo.get(), dotsPerTenUnits / 10.0, dotsPerTenUnits / 10.0);
+        cairo_scale(m_cairo.get(), DotsPerTenUnits / 10.0, DotsPerTenUnits / 10.0);
         cairo_set_antialias(m_cairo.get(), smooth ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
     }
 
@@ -193,10 +193,10 @@ std::unique_ptr<TableSheet> makeCairoSheet(bool smooth)
 
 void makeCairoPage(int rows, std::string& page)
 {
-    writeTable(PageFormat::svg, rows, page);
+    writeTable(PageFormat::Svg, rows, page);
 }
 
 void makeCairoPostScript(int rows, std::string& page)
 {
-    writeTable(PageFormat::postScript, rows, page);
+    writeTable(PageFormat::PostScript, rows, page);
 }

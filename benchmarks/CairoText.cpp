@@ -15,36 +15,36 @@ public:
 
     void font(bool bold)
     {
-        cairo_select_font_face(m_cairo, fontName, CAIRO_FONT_SLANT_NORMAL,
+        cairo_select_font_face(m_cairo, FontName, CAIRO_FONT_SLANT_NORMAL,
                                bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
-        cairo_set_font_size(m_cairo, fontSize);
+        cairo_set_font_size(m_cairo, FontSize);
     }
 
     void color(unsigned long color) { setColor(m_cairo, color); }
 
     void cell(const CellText& text, const RECT& rect, unsigned int flags)
     {
-        const double share = (flags & rightFlag) != 0 ? 1 : (flags & centreFlag) != 0 ? 0.5 : 0;
+        const double share = (flags & RightFlag) != 0 ? 1 : (flags & CentreFlag) != 0 ? 0.5 : 0;
         const double shift = share > 0 ? share * widthOf(text.text) : 0;
         cairo_save(m_cairo);
-        if ((flags & noClipFlag) == 0) {
+        if ((flags & NoClipFlag) == 0) {
             clip(rect);
         }
-        show(text.text, anchorOf(rect, flags) - shift, rect.top + fontSize);
+        show(text.text, anchorOf(rect, flags) - shift, rect.top + FontSize);
         cairo_restore(m_cairo);
     }
 
-    void point(const CellText& text, int x, int y) { show(text.text, x, y + fontSize); }
+    void point(const CellText& text, int x, int y) { show(text.text, x, y + FontSize); }
     void baseLine(const CellText& text, int x, int y) { show(text.text, x, y); }
 
-    void runs(const Run (&list)[runCount], const RECT& rect, bool turned)
+    void runs(const Run (&list)[RunCount], const RECT& rect, bool turned)
     {
         cairo_save(m_cairo);
         if (!turned) {
             clip(rect);
         }
         cairo_translate(m_cairo, rect.left, rect.top);
-        cairo_rotate(m_cairo, turned ? -turnedAngle * std::numbers::pi / 180 : 0);
+        cairo_rotate(m_cairo, turned ? -TurnedAngle * std::numbers::pi / 180 : 0);
         double end = 0;
         for (const Run& run : list) {
             const double x = run.follows ? end : run.x;
@@ -80,7 +80,7 @@ private:
         const double width = widthOf(text.c_str());
         const double wanted = run.fittedTo != -1 ? run.fittedTo : width;
         cairo_save(m_cairo);
-        cairo_translate(m_cairo, x, fontSize);
+        cairo_translate(m_cairo, x, FontSize);
         cairo_scale(m_cairo, wanted / width, 1);
         show(text.c_str(), 0, 0);
         if (run.underline) {
@@ -110,10 +110,10 @@ void writeText(PageFormat format, int rows, std::string& page)
 
 void makeCairoText(int rows, std::string& page)
 {
-    writeText(PageFormat::svg, rows, page);
+    writeText(PageFormat::Svg, rows, page);
 }
 
 void makeCairoPostScriptText(int rows, std::string& page)
 {
-    writeText(PageFormat::postScript, rows, page);
+    writeText(PageFormat::PostScript, rows, page);
 }

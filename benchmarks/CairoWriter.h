@@ -37,11 +37,11 @@ inline void setColor(cairo_t* cairo, unsigned long color)
     cairo_set_source_rgb(cairo, part(0), part(8), part(16));
 }
 
-enum class PageFormat { svg, postScript };
+enum class PageFormat { Svg, PostScript };
 
 inline CairoSurface makeCairoSurface(PageFormat format, const RECT& bounds, std::string& page)
 {
-    if (format == PageFormat::svg) {
+    if (format == PageFormat::Svg) {
         return CairoSurface(
             cairo_svg_surface_create_for_stream(appendBytes, &page, bounds.right, bounds.bottom));
     }

@@ -55,21 +55,21 @@ bool pageAgrees(std::string_view kind, std::string& page, std::string_view floor
 
 bool finds(std::string& page, bool wholeWord)
 {
-    const Hit hit = findInPage(page, {closingWord, !wholeWord, wholeWord});
-    const std::size_t element = page.rfind("<text ", page.rfind(closingWord));
-    const Hit miss = findInPage(page, {missingWord, !wholeWord, wholeWord});
+    const Hit hit = findInPage(page, {ClosingWord, !wholeWord, wholeWord});
+    const std::size_t element = page.rfind("<text ", page.rfind(ClosingWord));
+    const Hit miss = findInPage(page, {MissingWord, !wholeWord, wholeWord});
     return require(hit.markedBytes > 0 && hit.element == element, "the closing word was not found") &&
            require(miss.markedBytes == 0, "a word was found that is not there");
 }
 
 std::string imageIn(const std::string& page)
 {
-    constexpr std::string_view key = "base64,";
-    const std::size_t at = page.find(key);
+    constexpr std::string_view Key = "base64,";
+    const std::size_t at = page.find(Key);
     if (at == std::string::npos) {
         return {};
     }
-    std::string text = page.substr(at + key.size());
+    std::string text = page.substr(at + Key.size());
     text.resize(std::min(text.size(), text.find_first_of("'\"")));
     unsigned char* data = nullptr;
     int size = 0;
@@ -127,7 +127,7 @@ bool operationsWork(int rows)
     std::string page;
     makeMarkedText(rows, page);
     std::string expected = page;
-    expected.replace(page.rfind(pageCountField), pageCountText.size(), pageCountText);
+    expected.replace(page.rfind(PageCountField), PageCountText.size(), PageCountText);
     const bool stamped = stampPage(page);
     return require(stamped, "the page was not stamped") && same("the stamped page", expected, page) &&
            finds(page, false) && finds(page, true);
@@ -139,7 +139,7 @@ bool imagesSurvive()
     std::string png = pngOf(image.get());
     std::string bitmap = bitmapOf(image.get());
     std::string page;
-    makeSurfaceImage(bitmap, bitmapType, page);
+    makeSurfaceImage(bitmap, BitmapType, page);
     const std::string converted = imageIn(page);
     std::string_view rest = converted;
     const CairoSurface decoded(cairo_image_surface_create_from_png_stream(takeBytes, &rest));
@@ -148,12 +148,12 @@ bool imagesSurvive()
                  "the bitmap did not keep its pixels")) {
         return false;
     }
-    makeSurfaceImage(png, pngType, page);
+    makeSurfaceImage(png, PngType, page);
     if (!require(imageIn(page) == png, "the PNG did not stay as it is")) {
         return false;
     }
     carryPng(image.get(), png);
-    makeCairoImage(PageFormat::svg, image.get(), page);
+    makeCairoImage(PageFormat::Svg, image.get(), page);
     return require(imageIn(page) == png, "cairo did not keep the PNG");
 }
 
@@ -163,14 +163,14 @@ bool samplesSurvive()
     std::string bitmap = bitmapOf(image.get());
     std::string png = pngOf(image.get());
     std::string page;
-    makePostScriptImage(bitmap, plainSamplesType, page);
+    makePostScriptImage(bitmap, PlainSamplesType, page);
     std::string samples = bytesOf(samplesIn(page));
     for (std::size_t red = 0; red + 2 < samples.size(); red += 3) {
         std::swap(samples[red], samples[red + 2]);
     }
     std::string pageOfPng;
-    makePostScriptImage(bitmap, bitmapType, page);
-    makePostScriptImage(png, pngType, pageOfPng);
+    makePostScriptImage(bitmap, BitmapType, page);
+    makePostScriptImage(png, PngType, pageOfPng);
     std::string digits;
     makeFloorSamples(bytesOf(samplesIn(page)), digits);
     return require(!samples.empty() && bitmap.ends_with(samples), "the bitmap did not keep its samples") &&

@@ -16,15 +16,15 @@ namespace {
 HDC makeDevice()
 {
     GdiDeviceOptions options;
-    options.width = sheetPixels.cx;
-    options.height = sheetPixels.cy;
-    options.dpi = sheetDotsPerInch;
+    options.width = SheetPixels.cx;
+    options.height = SheetPixels.cy;
+    options.dpi = SheetDotsPerInch;
     return gdiCreateDevice(&options);
 }
 
 class DeviceSheet : public TableSheet {
 public:
-    DeviceSheet() : m_device(makeDevice()), m_surface(m_device, {dotsPerTenUnits, dotsPerTenUnits}, {10, 10})
+    DeviceSheet() : m_device(makeDevice()), m_surface(m_device, {DotsPerTenUnits, DotsPerTenUnits}, {10, 10})
     {
         m_surface.setMapMode(MM_ANISOTROPIC);
     }
@@ -49,7 +49,7 @@ public:
         CSurfaceHdc surface(m_device);
         const RECT bounds = tableBounds(rows);
         playPage(m_page, surface,
-                 {0, 0, bounds.right * dotsPerTenUnits / 10, bounds.bottom * dotsPerTenUnits / 10});
+                 {0, 0, bounds.right * DotsPerTenUnits / 10, bounds.bottom * DotsPerTenUnits / 10});
     }
     const unsigned char* pixels(int& rowBytes) override { return gdiDeviceBits(m_device, &rowBytes); }
 
@@ -61,10 +61,10 @@ private:
 // The frame of a table whose units are the dots of a screen, in hundredths of a millimetre.
 RECT frameOf(int rows)
 {
-    constexpr int frameOfDots = 2540;
-    constexpr int dots = 96;
+    constexpr int FrameOfDots = 2540;
+    constexpr int Dots = 96;
     const RECT bounds = tableBounds(rows);
-    return {0, 0, bounds.right * frameOfDots / dots, bounds.bottom * frameOfDots / dots};
+    return {0, 0, bounds.right * FrameOfDots / Dots, bounds.bottom * FrameOfDots / Dots};
 }
 
 // Stands in for a surface in drawTable.
@@ -74,14 +74,14 @@ public:
 
     void setPen(unsigned long color, int style, int width)
     {
-        m_pen = {static_cast<unsigned int>(color), style == dashedPen, static_cast<unsigned int>(width)};
+        m_pen = {static_cast<unsigned int>(color), style == DashedPen, static_cast<unsigned int>(width)};
         givePen();
     }
     void setBrush(unsigned long color, int style)
     {
-        const int peerStyle = style == solidBrush    ? PeerMetafile::solid
-                              : style == hollowBrush ? PeerMetafile::hollow
-                                                     : style - firstHatch;
+        const int peerStyle = style == SolidBrush    ? PeerMetafile::Solid
+                              : style == HollowBrush ? PeerMetafile::Hollow
+                                                     : style - FirstHatch;
         m_metafile.setBrush(static_cast<unsigned int>(color), peerStyle);
     }
     void drawRectangle(const RECT* rect)
@@ -94,14 +94,14 @@ public:
     void drawSolidRectangle(const RECT* rect, unsigned long color)
     {
         m_metafile.setNoPen();
-        setBrush(color, solidBrush);
+        setBrush(color, SolidBrush);
         drawRectangle(rect);
         givePen();
     }
     void frameRect(const RECT* rect, unsigned long color)
     {
         m_metafile.setPen(static_cast<unsigned int>(color), false, 1);
-        setBrush(0, hollowBrush);
+        setBrush(0, HollowBrush);
         drawRectangle(rect);
         givePen();
     }
@@ -122,22 +122,22 @@ private:
 // The share of the sheet's pixels that are clearly lighter or darker on one of them.
 double difference(TableSheet& first, TableSheet& second)
 {
-    constexpr int clearly = 3 * 64;
+    constexpr int Clearly = 3 * 64;
     int firstRow = 0;
     int secondRow = 0;
     const unsigned char* const one = first.pixels(firstRow);
     const unsigned char* const other = second.pixels(secondRow);
     int different = 0;
-    for (int y = 0; y < sheetPixels.cy; ++y) {
-        for (int x = 0; x < sheetPixels.cx; ++x) {
+    for (int y = 0; y < SheetPixels.cy; ++y) {
+        for (int x = 0; x < SheetPixels.cx; ++x) {
             int sum = 0;
             for (int channel = 0; channel < 3; ++channel) {
                 sum += std::abs(one[y * firstRow + 4 * x + channel] - other[y * secondRow + 4 * x + channel]);
             }
-            different += sum > clearly ? 1 : 0;
+            different += sum > Clearly ? 1 : 0;
         }
     }
-    return static_cast<double>(different) / (static_cast<double>(sheetPixels.cx) * sheetPixels.cy);
+    return static_cast<double>(different) / (static_cast<double>(SheetPixels.cx) * SheetPixels.cy);
 }
 
 } // namespace
@@ -171,7 +171,7 @@ void recordPeerTable(int rows, std::string& page)
 
 bool sheetsAgree(int rows)
 {
-    constexpr double allowed = 0.05; // hatches begin elsewhere; an empty sheet differs by three times as much
+    constexpr double Allowed = 0.05; // hatches begin elsewhere; an empty sheet differs by three times as much
     std::string page;
     std::string peerPage;
     recordSurfaceTable(rows, page);
@@ -189,7 +189,7 @@ bool sheetsAgree(int rows)
     for (Other& other : others) {
         other.sheet->draw(rows);
         const double share = difference(*device, *other.sheet);
-        if (share > allowed) {
+        if (share > Allowed) {
             std::cerr << other.name << " differs from the surface's in " << 100 * share
                       << " % of its pixels\n";
             agree = false;

@@ -8,9 +8,9 @@
 #include <windows.h>
 
 // A4 at 300 dots per inch, of which the table of 50 rows takes the upper part.
-inline constexpr SIZE sheetPixels{2480, 3508};
-inline constexpr int sheetDotsPerInch = 300;
-inline constexpr int dotsPerTenUnits = 31;
+inline constexpr SIZE SheetPixels{2480, 3508};
+inline constexpr int SheetDotsPerInch = 300;
+inline constexpr int DotsPerTenUnits = 31;
 
 // A white sheet on which the table can be drawn again and again.
 class TableSheet {

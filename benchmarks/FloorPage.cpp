@@ -10,8 +10,8 @@
 namespace {
 
 // More than any row writes, its pattern included.
-constexpr std::size_t roomPerRow = 3000;
-constexpr std::size_t roomForHead = 3000;
+constexpr std::size_t RoomPerRow = 3000;
+constexpr std::size_t RoomForHead = 3000;
 
 // Stands in for a surface in drawTable.
 class FloorPage : public FloorWriter {
@@ -104,7 +104,7 @@ private:
     {
         write(" tovo:penStyle='", m_penStyle, "' ", " stroke='", Rgb{m_penColor}, "' stroke-width='",
               m_penWidth, "' ");
-        if (m_penStyle == dashedPen) {
+        if (m_penStyle == DashedPen) {
             write("stroke-dasharray='", 3 * m_penWidth, ",", m_penWidth, "' ");
         } else {
             write("stroke-linecap='round' ", "stroke-linejoin='round' ");
@@ -113,9 +113,9 @@ private:
 
     void writeFill()
     {
-        if (m_brushStyle == solidBrush) {
+        if (m_brushStyle == SolidBrush) {
             write(" fill='", Rgb{m_brushColor}, "' ");
-        } else if (m_brushStyle == hollowBrush) {
+        } else if (m_brushStyle == HollowBrush) {
             write(" fill='none' ");
         } else {
             write(" fill='url(#pattern", ++m_patternsUsed, ")' ");
@@ -123,23 +123,23 @@ private:
     }
 
     unsigned long m_penColor = 0;
-    int m_penStyle = solidPen;
+    int m_penStyle = SolidPen;
     int m_penWidth = 1;
     unsigned long m_brushColor = 0;
-    int m_brushStyle = hollowBrush;
+    int m_brushStyle = HollowBrush;
     int m_patternsUsed = 0;
 };
 
-constexpr std::string_view hatchNames[hatchCount] = {"HatchHorizontal", "HatchVertical", "HatchFDiagonal",
+constexpr std::string_view HatchNames[HatchCount] = {"HatchHorizontal", "HatchVertical", "HatchFDiagonal",
                                                      "HatchBDiagonal",  "HatchCross",    "HatchDiagCross"};
 
-constexpr std::string_view symbols =
+constexpr std::string_view Symbols =
     "\t<symbol id='FrameRect'><rect x='0' y='0' width='100%' height='100%' fill='none' stroke-width='1'/>"
     "</symbol>\n"
     "\t<symbol id='SolidRect'><rect x='0' y='0' width='100%' height='100%'/></symbol>\n";
 
 // In the order of hatchNames.
-constexpr std::string_view hatchLines[hatchCount] = {
+constexpr std::string_view HatchLines[HatchCount] = {
     "\t<line x1='0' y1='4' x2='9' y2='4'/>",
     "\t<line x1='4' y1='0' x2='4' y2='9'/>",
     "\t<line x1='0' y1='0' x2='9' y2='9'/>",
@@ -153,13 +153,13 @@ void writeDefinitions(FloorPage& out, int rows)
     out.write("<defs>\n");
     for (int row = 0; row < rows; ++row) {
         out.write("<pattern id='pattern", row + 1, "' stroke='", Rgb{hatchColor(row)}, "' xlink:href='#",
-                  hatchNames[row % hatchCount], "'></pattern>\n");
+                  HatchNames[row % HatchCount], "'></pattern>\n");
     }
-    out.write("\n", symbols);
-    for (int hatch = 0; hatch < hatchCount; ++hatch) {
-        out.write("<pattern id='", hatchNames[hatch],
+    out.write("\n", Symbols);
+    for (int hatch = 0; hatch < HatchCount; ++hatch) {
+        out.write("<pattern id='", HatchNames[hatch],
                   "' patternUnits='userSpaceOnUse' x='0' y='0' width='9' height='9' stroke-width='1'>\n",
-                  hatchLines[hatch], "\n</pattern>\n");
+                  HatchLines[hatch], "\n</pattern>\n");
     }
     out.write("</defs>\n\n");
 }
@@ -169,7 +169,7 @@ void writeDefinitions(FloorPage& out, int rows)
 void makeFloorPage(int rows, std::string& page)
 {
     page.clear();
-    page.reserve(roomForHead + static_cast<std::size_t>(rows) * roomPerRow);
+    page.reserve(RoomForHead + static_cast<std::size_t>(rows) * RoomPerRow);
     FloorPage out(page);
     out.writeHead(tableBounds(rows));
     writeDefinitions(out, rows);

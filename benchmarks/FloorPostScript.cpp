@@ -11,10 +11,10 @@
 namespace {
 
 // More than any row writes.
-constexpr std::size_t roomPerRow = 2000;
-constexpr std::size_t roomForHead = 8000;
+constexpr std::size_t RoomPerRow = 2000;
+constexpr std::size_t RoomForHead = 8000;
 
-constexpr std::string_view hatchPatterns[hatchCount] = {" HatchHorizontal", " HatchVertical",
+constexpr std::string_view HatchPatterns[HatchCount] = {" HatchHorizontal", " HatchVertical",
                                                         " HatchFDiagonal",  " HatchBDiagonal",
                                                         " HatchCross",      " HatchDiagCross"};
 
@@ -38,7 +38,7 @@ public:
     void drawRectangle(const RECT* rect)
     {
         writePlace(rect);
-        if (m_brushStyle != hollowBrush) {
+        if (m_brushStyle != HollowBrush) {
             write(" 4 copy");
             writeFill();
             write(" rectfill");
@@ -78,7 +78,7 @@ public:
         writePlainColor(m_penColor);
         write(m_penWidth, " setlinewidth ");
         writeEllipse(rect, " ellipse stroke ");
-        if (m_brushStyle != hollowBrush) {
+        if (m_brushStyle != HollowBrush) {
             writePlainColor(m_brushColor);
             writeEllipse(rect, " ellipse fill");
         }
@@ -89,7 +89,7 @@ public:
     {
         writePoints(points, count);
         write("closepath");
-        if (m_brushStyle != hollowBrush) {
+        if (m_brushStyle != HollowBrush) {
             const unsigned long outside = m_color;
             write(" gsave");
             writeFill();
@@ -157,7 +157,7 @@ private:
 
     void writeFill()
     {
-        if (m_brushStyle == solidBrush) {
+        if (m_brushStyle == SolidBrush) {
             m_color = m_brushColor;
             write(" ");
             writeColor(m_color);
@@ -165,14 +165,14 @@ private:
         } else {
             write("\n[/Pattern /DeviceRGB] setcolorspace ");
             writeColor(m_brushColor);
-            write(hatchPatterns[m_brushStyle - firstHatch], " setcolor ");
+            write(HatchPatterns[m_brushStyle - FirstHatch], " setcolor ");
         }
     }
 
     unsigned long m_penColor = 0;
     int m_penWidth = 1;
     unsigned long m_brushColor = 0;
-    int m_brushStyle = hollowBrush;
+    int m_brushStyle = HollowBrush;
     unsigned long m_color = 0; // set last by the text
     int m_width = 1;
 };
@@ -182,7 +182,7 @@ private:
 void makeFloorPostScript(int rows, std::string& page)
 {
     page.clear();
-    page.reserve(roomForHead + static_cast<std::size_t>(rows) * roomPerRow);
+    page.reserve(RoomForHead + static_cast<std::size_t>(rows) * RoomPerRow);
     FloorPostScript out(page);
     out.writeHead(tableBounds(rows));
     out.write(PostScriptProlog::jshow, PostScriptProlog::framerect, PostScriptProlog::solidrect,

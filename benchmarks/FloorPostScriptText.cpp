@@ -11,20 +11,20 @@
 namespace {
 
 // More than any row writes.
-constexpr std::size_t roomPerRow = 2500;
-constexpr std::size_t roomForHead = 8000;
+constexpr std::size_t RoomPerRow = 2500;
+constexpr std::size_t RoomForHead = 8000;
 
 class FloorPostScriptText : public FloorPostScriptWriter {
 public:
     FloorPostScriptText(std::string& page, const RECT& bounds)
         : FloorPostScriptWriter(page),
-          m_realSize(fontSize * (bounds.bottom / (RECT{pageMillimetres}.bottom * pointsPerMillimetre)))
+          m_realSize(FontSize * (bounds.bottom / (RECT{PageMillimetres}.bottom * PointsPerMillimetre)))
     {
     }
 
     void font(bool bold)
     {
-        write("/", fontName, bold ? "-Bold" : "", " findfont ");
+        write("/", FontName, bold ? "-Bold" : "", " findfont ");
         writeDecimal(m_realSize, 2);
         write(" scalefont setfont \n");
     }
@@ -35,7 +35,7 @@ public:
     {
         writeTextColor(" ", "");
         write("\n ");
-        writePoint(rect.left, rect.top + fontSize);
+        writePoint(rect.left, rect.top + FontSize);
         write(" moveto\n(", text.text, ") show\n");
     }
 
@@ -43,7 +43,7 @@ public:
     {
         writeTextColor("", "");
         write(" ");
-        writePoint(x, y + fontSize);
+        writePoint(x, y + FontSize);
         write(" moveto (", text.text, ") show\n");
     }
 
@@ -55,7 +55,7 @@ public:
         write(" moveto (", text.text, ") show\n");
     }
 
-    void runs(const Run (&list)[runCount], const RECT& rect, bool turned)
+    void runs(const Run (&list)[RunCount], const RECT& rect, bool turned)
     {
         writeTextColor("", "\n");
         write("gsave");
@@ -72,7 +72,7 @@ public:
             write(run.fittedTo != -1 ? run.fittedTo : 0, "  false", run.underline ? " true (" : " false (",
                   run.text);
             if (turned) {
-                write(") ", 0, "  ", turnedAngle, "  rotatedshow\n");
+                write(") ", 0, "  ", TurnedAngle, "  rotatedshow\n");
             } else {
                 write(") jshow\n");
             }
@@ -114,7 +114,7 @@ private:
 void makeFloorPostScriptText(int rows, std::string& page)
 {
     page.clear();
-    page.reserve(roomForHead + static_cast<std::size_t>(rows) * roomPerRow);
+    page.reserve(RoomForHead + static_cast<std::size_t>(rows) * RoomPerRow);
     FloorPostScriptText out(page, textBounds(rows));
     out.writeHead(textBounds(rows));
     out.write(PostScriptProlog::jshow, PostScriptProlog::rotatedshow);

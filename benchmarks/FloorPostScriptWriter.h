@@ -9,19 +9,19 @@
 
 class FloorPostScriptWriter : public FloorWriter {
 public:
-    static constexpr double pointsPerMillimetre = 2.83465;
+    static constexpr double PointsPerMillimetre = 2.83465;
 
     using FloorWriter::FloorWriter;
 
     // The document up to its procedures, with an origin of 0, 0.
     void writeHead(const RECT& bounds)
     {
-        constexpr RECT paper = pageMillimetres;
-        const double height = paper.bottom * pointsPerMillimetre;
+        constexpr RECT Paper = PageMillimetres;
+        const double height = Paper.bottom * PointsPerMillimetre;
         write("%!PS-Adobe-3.0\n%%LanguageLevel: 2\n%%Creator: Tovo " SURFACE_VERSION "\n%%Orientation: ",
               bounds.right > bounds.bottom ? "Landscape\n" : "Portrait\n", "0 0 translate\n0 ",
               static_cast<int>(height), " translate\n");
-        writeDecimal(paper.right * pointsPerMillimetre / bounds.right, 3);
+        writeDecimal(Paper.right * PointsPerMillimetre / bounds.right, 3);
         write(" ");
         writeDecimal(height / bounds.bottom, 3);
         write(" scale\n\n");

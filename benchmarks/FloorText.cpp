@@ -7,12 +7,12 @@
 namespace {
 
 // More than any row writes, its definitions included.
-constexpr std::size_t roomPerRow = 4000;
-constexpr std::size_t roomForHead = 3000;
+constexpr std::size_t RoomPerRow = 4000;
+constexpr std::size_t RoomForHead = 3000;
 
 constexpr bool hasClip(unsigned int flags)
 {
-    return (flags & noClipFlag) == 0;
+    return (flags & NoClipFlag) == 0;
 }
 
 // A canvas on which nothing is defined.
@@ -37,7 +37,7 @@ public:
         }
     }
 
-    void runs(const Run (&)[runCount], const RECT& rect, bool turned)
+    void runs(const Run (&)[RunCount], const RECT& rect, bool turned)
     {
         if (!turned) {
             define(rect);
@@ -59,11 +59,11 @@ class PathDefinitions : public NoDefinitions {
 public:
     using NoDefinitions::NoDefinitions;
 
-    void runs(const Run (&list)[runCount], const RECT& rect, bool turned)
+    void runs(const Run (&list)[RunCount], const RECT& rect, bool turned)
     {
         for (std::size_t i = 0; turned && i < std::size(list); ++i) {
             write("<path id='textPath", ++m_paths, "' d='M", rect.left, " ", rect.top, "L", rect.left + 1000,
-                  " ", rect.top, "' transform='translate(0 0) rotate( ", -turnedAngle, " ", rect.left, " ",
+                  " ", rect.top, "' transform='translate(0 0) rotate( ", -TurnedAngle, " ", rect.left, " ",
                   rect.top, ")'/>\n");
         }
     }
@@ -78,7 +78,7 @@ public:
 
     void font(bool bold)
     {
-        write(m_fontOpen ? "</g>\n" : "", "<g font-family='", fontName, "' font-size='", fontSize,
+        write(m_fontOpen ? "</g>\n" : "", "<g font-family='", FontName, "' font-size='", FontSize,
               ".00pt' font-style='normal' font-weight='", bold ? "bold" : "normal", "'>\n");
         m_fontOpen = true;
     }
@@ -104,12 +104,12 @@ public:
               "' xml:space='preserve' class='BLT'>", text.escaped, "</text>\n");
     }
 
-    void runs(const Run (&list)[runCount], const RECT& rect, bool turned)
+    void runs(const Run (&list)[RunCount], const RECT& rect, bool turned)
     {
         write("<text x='", rect.left, "' y='", rect.top, "' dy='1em' xml:space='preserve'");
-        writeStyle(rect, turned ? noClipFlag : 0);
+        writeStyle(rect, turned ? NoClipFlag : 0);
         if (turned) {
-            write(" tovo:textAngle='", turnedAngle, "'");
+            write(" tovo:textAngle='", TurnedAngle, "'");
         }
         write(">\n");
         for (const Run& run : list) {
@@ -154,7 +154,7 @@ private:
         write("\t<textPath xlink:href='#textPath", ++m_paths, "' startOffset='", -rect.left,
               "'>\n\t\t<tspan x='", rect.left + run.x, "' y='", 0, "'");
         writeLook(run);
-        write(" baseline-shift='-0.5em' glyph-orientation-horizontal='", turnedAngle, "' rotate='", 0);
+        write(" baseline-shift='-0.5em' glyph-orientation-horizontal='", TurnedAngle, "' rotate='", 0);
         for (std::size_t i = 1; i < run.text.size(); ++i) {
             write(" ", 0);
         }
@@ -172,7 +172,7 @@ private:
 void makeFloorText(int rows, std::string& page)
 {
     page.clear();
-    page.reserve(roomForHead + static_cast<std::size_t>(rows) * roomPerRow);
+    page.reserve(RoomForHead + static_cast<std::size_t>(rows) * RoomPerRow);
     FloorText out(page);
     out.writeHead(textBounds(rows));
     out.write("<defs>\n");

@@ -25,12 +25,12 @@ public:
     // The document up to its definitions.
     void writeHead(const RECT& bounds)
     {
-        constexpr RECT paper = pageMillimetres;
+        constexpr RECT Paper = PageMillimetres;
         write("<?xml version='1.0' encoding='UTF-8' standalone='no'?>\n"
               "<!DOCTYPE svg PUBLIC '-//W3C//DTD SVG 20010904//EN' "
               "'http://www.w3.org/TR/2001/REC-SVG-20010904/DTD/svg10.dtd'>\n"
               "<!-- Created by Tovo " SURFACE_VERSION " -->\n\n",
-              "<svg width='", paper.right, "mm' height='", paper.bottom, "mm' viewBox='0 0 ", bounds.right,
+              "<svg width='", Paper.right, "mm' height='", Paper.bottom, "mm' viewBox='0 0 ", bounds.right,
               " ", bounds.bottom,
               "' xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
               "xmlns:tovo='urn:tovo:surface'>\n\n");

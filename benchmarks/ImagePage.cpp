@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr RECT imageRect{0, 0, imageSide, imageSide};
+constexpr RECT ImageRect{0, 0, ImageSide, ImageSide};
 
 void appendNumber(std::string& out, unsigned int value)
 {
@@ -21,9 +21,9 @@ void appendNumber(std::string& out, unsigned int value)
 
 void writeImage(CSurface& surface, std::string& image, int pictureType, std::string& page)
 {
-    RECT rect = imageRect;
+    RECT rect = ImageRect;
     surface.includeImage(1, reinterpret_cast<unsigned char*>(image.data()), static_cast<int>(image.size()),
-                         imageSide, imageSide, pictureType);
+                         ImageSide, ImageSide, pictureType);
     surface.drawImage(&rect, 1, 1, 0, 0);
     takePage(surface, page);
 }
@@ -32,9 +32,9 @@ void writeImage(CSurface& surface, std::string& image, int pictureType, std::str
 
 CairoSurface drawImage()
 {
-    CairoSurface image(cairo_image_surface_create(CAIRO_FORMAT_RGB24, imageSide, imageSide));
+    CairoSurface image(cairo_image_surface_create(CAIRO_FORMAT_RGB24, ImageSide, ImageSide));
     const CairoContext cairo(cairo_create(image.get()));
-    const CairoPattern gradient(cairo_pattern_create_linear(0, 0, imageSide, imageSide));
+    const CairoPattern gradient(cairo_pattern_create_linear(0, 0, ImageSide, ImageSide));
     cairo_pattern_add_color_stop_rgb(gradient.get(), 0, 0.9, 0.6, 0.1);
     cairo_pattern_add_color_stop_rgb(gradient.get(), 1, 0.1, 0.3, 0.8);
     cairo_set_source(cairo.get(), gradient.get());
@@ -42,7 +42,7 @@ CairoSurface drawImage()
     for (unsigned int spot = 0; spot < 1000; ++spot) {
         const unsigned int scattered = spot * 2654435761U;
         setColor(cairo.get(), scattered >> 8);
-        cairo_arc(cairo.get(), scattered % imageSide, (scattered >> 12) % imageSide, 3 + spot % 17, 0,
+        cairo_arc(cairo.get(), scattered % ImageSide, (scattered >> 12) % ImageSide, 3 + spot % 17, 0,
                   2 * std::numbers::pi);
         cairo_fill(cairo.get());
     }
@@ -61,19 +61,19 @@ std::string pngOf(cairo_surface_t* image)
 
 std::string bitmapOf(cairo_surface_t* image)
 {
-    constexpr unsigned int headerBytes = 14 + 40; // BITMAPFILEHEADER and BITMAPINFOHEADER
-    constexpr unsigned int pixelBytes = 3U * imageSide * imageSide;
-    constexpr unsigned int planesAndDepth = 1 | 24U << 16;
-    static_assert(3 * imageSide % 4 == 0, "rows are padded to four bytes");
+    constexpr unsigned int HeaderBytes = 14 + 40; // BITMAPFILEHEADER and BITMAPINFOHEADER
+    constexpr unsigned int PixelBytes = 3U * ImageSide * ImageSide;
+    constexpr unsigned int PlanesAndDepth = 1 | 24U << 16;
+    static_assert(3 * ImageSide % 4 == 0, "rows are padded to four bytes");
     std::string bitmap = "BM";
-    for (const unsigned int field : {headerBytes + pixelBytes, 0U, headerBytes, 40U, unsigned{imageSide},
-                                     unsigned{imageSide}, planesAndDepth, 0U, pixelBytes, 0U, 0U, 0U, 0U}) {
+    for (const unsigned int field : {HeaderBytes + PixelBytes, 0U, HeaderBytes, 40U, unsigned{ImageSide},
+                                     unsigned{ImageSide}, PlanesAndDepth, 0U, PixelBytes, 0U, 0U, 0U, 0U}) {
         appendNumber(bitmap, field);
     }
     const unsigned char* const pixels = cairo_image_surface_get_data(image);
     const std::ptrdiff_t stride = cairo_image_surface_get_stride(image);
-    for (std::ptrdiff_t y = imageSide - 1; y >= 0; --y) {
-        for (std::ptrdiff_t x = 0; x < imageSide; ++x) {
+    for (std::ptrdiff_t y = ImageSide - 1; y >= 0; --y) {
+        for (std::ptrdiff_t x = 0; x < ImageSide; ++x) {
             bitmap.append(reinterpret_cast<const char*>(pixels + y * stride + x * 4), 3);
         }
     }
@@ -89,20 +89,20 @@ void carryPng(cairo_surface_t* image, const std::string& png)
 
 void makeSurfaceImage(std::string& image, int pictureType, std::string& page)
 {
-    RECT rect = imageRect;
+    RECT rect = ImageRect;
     CSurfaceSVG surface(&rect, &rect);
     writeImage(surface, image, pictureType, page);
 }
 
 void makePostScriptImage(std::string& image, int pictureType, std::string& page)
 {
-    CSurfacePSPrinter surface = makePostScriptSurface(imageRect, imageRect);
+    CSurfacePSPrinter surface = makePostScriptSurface(ImageRect, ImageRect);
     writeImage(surface, image, pictureType, page);
 }
 
 void makeCairoImage(PageFormat format, cairo_surface_t* image, std::string& page)
 {
-    writeCairoPage(format, imageRect, page, [image](cairo_t* cairo) {
+    writeCairoPage(format, ImageRect, page, [image](cairo_t* cairo) {
         cairo_set_source_surface(cairo, image, 0, 0);
         cairo_paint(cairo);
     });

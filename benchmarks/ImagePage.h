@@ -7,12 +7,12 @@
 
 #include "CairoWriter.h"
 
-inline constexpr int imageSide = 1000; // pixels
+inline constexpr int ImageSide = 1000; // pixels
 
 // Picture types of a surface.
-inline constexpr int bitmapType = 1;
-inline constexpr int pngType = 8;
-inline constexpr int plainSamplesType = 7; // JPEG; in PostScript its samples are written without run lengths
+inline constexpr int BitmapType = 1;
+inline constexpr int PngType = 8;
+inline constexpr int PlainSamplesType = 7; // JPEG; in PostScript its samples are written without run lengths
 
 // Colour gradients under a thousand round spots: neither flat nor noise.
 CairoSurface drawImage();

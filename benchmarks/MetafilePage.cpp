@@ -22,7 +22,7 @@ void makeMetafilePage(int records, std::string& page)
         if (record == records - 1) {
             surface.printerNofMMarker({line.left, line.right});
         } else if (record == records) {
-            text = std::string("In ").append(closingWord);
+            text = std::string("In ").append(ClosingWord);
         }
         surface.drawString(text.c_str(), &line, DT_LEFT | DT_SINGLELINE);
     }
@@ -41,13 +41,13 @@ bool metafileWorks(int records)
 {
     std::string page;
     makeMetafilePage(records, page);
-    const std::string count(pageCountText);
+    const std::string count(PageCountText);
     const bool stamped = findInPage(page, {count.c_str(), true, true}).markedBytes == 0 && stampPage(page) &&
                          findInPage(page, {count.c_str(), true, true}).markedBytes > page.size();
     bool searched = true;
     for (const bool wholeWord : {false, true}) {
-        searched = searched && findInPage(page, {closingWord, false, wholeWord}).markedBytes > page.size() &&
-                   findInPage(page, {missingWord, false, wholeWord}).markedBytes == 0;
+        searched = searched && findInPage(page, {ClosingWord, false, wholeWord}).markedBytes > page.size() &&
+                   findInPage(page, {MissingWord, false, wholeWord}).markedBytes == 0;
     }
     if (!stamped || !searched) {
         std::cerr << (stamped ? "the metafile was not searched\n" : "the metafile was not stamped\n");

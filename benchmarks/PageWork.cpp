@@ -78,9 +78,9 @@ bool stampPage(std::string& page)
 
 bool copyMarkedPage(std::string& page, std::string& copy)
 {
-    constexpr std::string_view mark = "class='nofm'";
+    constexpr std::string_view Mark = "class='nofm'";
     std::memcpy(copy.data(), page.data(), page.size());
-    const bool marked = scanPage(copy, mark);
+    const bool marked = scanPage(copy, Mark);
     std::memcpy(page.data(), copy.data(), page.size());
     return marked;
 }

@@ -32,7 +32,7 @@ Hit findInPage(std::string& page, const Search& search);
 // Whether the bytes of `text` are anywhere in the page: one memmem.
 bool scanPage(std::string_view page, std::string_view text);
 
-inline constexpr std::string_view pageCountText = "7 of 12";
+inline constexpr std::string_view PageCountText = "7 of 12";
 bool stampPage(std::string& page);
 
 // One memmem for the mark of a page count, and the page copied to `copy` and back; `copy` is as long as the

@@ -68,12 +68,12 @@ void PeerMetafile::setNoPen()
 
 void PeerMetafile::setBrush(unsigned int color, int style)
 {
-    if (style == hollow) {
+    if (style == Hollow) {
         SelectObject(m_recording->context, GetStockObject(NULL_BRUSH));
         return;
     }
-    const LOGBRUSH brush = {style == solid ? static_cast<UINT>(BS_SOLID) : static_cast<UINT>(BS_HATCHED),
-                            color, style == solid ? 0 : static_cast<decltype(LOGBRUSH::lbHatch)>(style)};
+    const LOGBRUSH brush = {style == Solid ? static_cast<UINT>(BS_SOLID) : static_cast<UINT>(BS_HATCHED),
+                            color, style == Solid ? 0 : static_cast<decltype(LOGBRUSH::lbHatch)>(style)};
     m_recording->select(CreateBrushIndirect(&brush));
 }
 

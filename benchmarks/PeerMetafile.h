@@ -8,8 +8,8 @@
 // a hatch of libEMF.
 class PeerMetafile {
 public:
-    static constexpr int hollow = -1;
-    static constexpr int solid = -2;
+    static constexpr int Hollow = -1;
+    static constexpr int Solid = -2;
 
     // Frame in hundredths of a millimetre, extents in logical units.
     PeerMetafile(int frameWidth, int frameHeight, int width, int height);

@@ -16,7 +16,7 @@ CSurfacePSPrinter makePostScriptSurface(const RECT& millimetres, const RECT& bou
 
 void makePostScriptPage(int rows, std::string& page)
 {
-    CSurfacePSPrinter surface = makePostScriptSurface(pageMillimetres, tableBounds(rows));
+    CSurfacePSPrinter surface = makePostScriptSurface(PageMillimetres, tableBounds(rows));
     drawTable(surface, rows);
     takePage(surface, page);
 }

@@ -14,13 +14,13 @@
 
 namespace {
 
-constexpr std::size_t bytesOnALine = 150;
+constexpr std::size_t BytesOnALine = 150;
 
-constexpr auto digitPairs = [] {
-    constexpr char digits[] = "0123456789abcdef";
+constexpr auto DigitPairs = [] {
+    constexpr char Digits[] = "0123456789abcdef";
     std::array<std::array<char, 2>, 256> pairs{};
     for (std::size_t byte = 0; byte < pairs.size(); ++byte) {
-        pairs[byte] = {digits[byte / 16], digits[byte % 16]};
+        pairs[byte] = {Digits[byte / 16], Digits[byte % 16]};
     }
     return pairs;
 }();
@@ -44,11 +44,11 @@ double timeOf(Work work)
 
 double timeOfIncluding(std::string& image, int pictureType)
 {
-    constexpr RECT bounds{0, 0, imageSide, imageSide};
-    CSurfacePSPrinter surface = makePostScriptSurface(bounds, bounds);
+    constexpr RECT Bounds{0, 0, ImageSide, ImageSide};
+    CSurfacePSPrinter surface = makePostScriptSurface(Bounds, Bounds);
     return timeOf([&] {
         surface.includeImage(1, reinterpret_cast<unsigned char*>(image.data()),
-                             static_cast<int>(image.size()), imageSide, imageSide, pictureType);
+                             static_cast<int>(image.size()), ImageSide, ImageSide, pictureType);
     });
 }
 
@@ -73,12 +73,12 @@ double timeOfDecoding(std::string& image)
 
 std::string_view samplesIn(std::string_view page)
 {
-    constexpr std::string_view before = ">> image\n";
-    const std::size_t begin = page.find(before);
+    constexpr std::string_view Before = ">> image\n";
+    const std::size_t begin = page.find(Before);
     if (begin == std::string_view::npos) {
         return {};
     }
-    page.remove_prefix(begin + before.size());
+    page.remove_prefix(begin + Before.size());
     return page.substr(0, page.rfind("\n>\n"));
 }
 
@@ -100,15 +100,15 @@ std::string bytesOf(std::string_view digits)
 
 void makeFloorSamples(std::string_view bytes, std::string& digits)
 {
-    digits.resize(2 * bytes.size() + bytes.size() / bytesOnALine);
+    digits.resize(2 * bytes.size() + bytes.size() / BytesOnALine);
     char* at = digits.data();
     while (!bytes.empty()) {
-        const std::string_view line = bytes.substr(0, bytesOnALine);
+        const std::string_view line = bytes.substr(0, BytesOnALine);
         for (const char byte : line) {
-            std::memcpy(at, digitPairs[static_cast<unsigned char>(byte)].data(), 2);
+            std::memcpy(at, DigitPairs[static_cast<unsigned char>(byte)].data(), 2);
             at += 2;
         }
-        if (line.size() == bytesOnALine) {
+        if (line.size() == BytesOnALine) {
             *at++ = '\n';
         }
         bytes.remove_prefix(line.size());

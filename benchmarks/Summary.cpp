@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr double noLimit = 0;
-constexpr int nameWidth = 40;
+constexpr double NoLimit = 0;
+constexpr int NameWidth = 40;
 
 // Two benchmarks side by side, at each number of rows.
 struct Ratio {
@@ -17,42 +17,42 @@ struct Ratio {
     double limit;
 };
 
-constexpr Ratio ratios[] = {
-    {surfaceName, floorName, 3.0},
-    {cairoName, surfaceName, noLimit},
-    {replayName, parseName, 1.0},
-    {psSurfaceName, psFloorName, 3.0},
-    {psCairoName, psSurfaceName, noLimit},
-    {psTextSurfaceName, psTextFloorName, 3.0},
-    {psTextCairoName, psTextSurfaceName, noLimit},
-    {textSurfaceName, textFloorName, 3.0},
-    {textCairoName, textSurfaceName, noLimit},
-    {textReplayName, textParseName, 1.0},
-    {stampName, copiesName, 3.0},
-    {plainMissName, textParseName, 1.0},
-    {plainHitName, textParseName, 1.0},
-    {wordMissName, textParseName, 1.0},
-    {wordHitName, textParseName, 1.0},
-    {plainMissName, scanMissName, noLimit},
-    {plainHitName, scanHitName, noLimit},
-    {metafileStampName, metafileCopyName, noLimit},
-    {metafileMissName, metafileCopyName, noLimit},
-    {metafileHitName, metafileCopyName, noLimit},
-    {metafileWordMissName, metafileCopyName, noLimit},
-    {metafileWordHitName, metafileCopyName, noLimit},
+constexpr Ratio Ratios[] = {
+    {SurfaceName, FloorName, 3.0},
+    {CairoName, SurfaceName, NoLimit},
+    {ReplayName, ParseName, 1.0},
+    {PsSurfaceName, PsFloorName, 3.0},
+    {PsCairoName, PsSurfaceName, NoLimit},
+    {PsTextSurfaceName, PsTextFloorName, 3.0},
+    {PsTextCairoName, PsTextSurfaceName, NoLimit},
+    {TextSurfaceName, TextFloorName, 3.0},
+    {TextCairoName, TextSurfaceName, NoLimit},
+    {TextReplayName, TextParseName, 1.0},
+    {StampName, CopiesName, 3.0},
+    {PlainMissName, TextParseName, 1.0},
+    {PlainHitName, TextParseName, 1.0},
+    {WordMissName, TextParseName, 1.0},
+    {WordHitName, TextParseName, 1.0},
+    {PlainMissName, ScanMissName, NoLimit},
+    {PlainHitName, ScanHitName, NoLimit},
+    {MetafileStampName, MetafileCopyName, NoLimit},
+    {MetafileMissName, MetafileCopyName, NoLimit},
+    {MetafileHitName, MetafileCopyName, NoLimit},
+    {MetafileWordMissName, MetafileCopyName, NoLimit},
+    {MetafileWordHitName, MetafileCopyName, NoLimit},
 };
 
-constexpr Ratio imageRatios[] = {
-    {pngName, pngCairoName, noLimit},       {bitmapName, bitmapCairoName, noLimit},
-    {psPngName, psImageCairoName, noLimit}, {psBitmapName, psImageCairoName, noLimit},
-    {psEncodeName, psDigitsName, 3.0},
+constexpr Ratio ImageRatios[] = {
+    {PngName, PngCairoName, NoLimit},       {BitmapName, BitmapCairoName, NoLimit},
+    {PsPngName, PsImageCairoName, NoLimit}, {PsBitmapName, PsImageCairoName, NoLimit},
+    {PsEncodeName, PsDigitsName, 3.0},
 };
 
 // Of the small table alone.
-constexpr Ratio sheetRatios[] = {
-    {recordPeerName, recordName, noLimit},
-    {pixelsName, pixelsCairoName, noLimit},
-    {pixelsName, pixelsSmoothName, noLimit},
+constexpr Ratio SheetRatios[] = {
+    {RecordPeerName, RecordName, NoLimit},
+    {PixelsName, PixelsCairoName, NoLimit},
+    {PixelsName, PixelsSmoothName, NoLimit},
 };
 
 // Pages of one content, by their bytes.
@@ -62,19 +62,19 @@ struct Sizes {
     int argument;
 };
 
-constexpr Sizes sizes[] = {
-    {surfaceName, cairoName, smallTable},
-    {surfaceName, cairoName, largeTable},
-    {psSurfaceName, psCairoName, smallTable},
-    {psSurfaceName, psCairoName, largeTable},
-    {textSurfaceName, textCairoName, smallTable},
-    {textSurfaceName, textCairoName, largeTable},
-    {psTextSurfaceName, psTextCairoName, smallTable},
-    {psTextSurfaceName, psTextCairoName, largeTable},
-    {recordName, recordPeerName, smallTable},
-    {pngName, pngCairoName, imageSide},
-    {bitmapName, bitmapCairoName, imageSide},
-    {psPngName, psImageCairoName, imageSide},
+constexpr Sizes SizePairs[] = {
+    {SurfaceName, CairoName, SmallTable},
+    {SurfaceName, CairoName, LargeTable},
+    {PsSurfaceName, PsCairoName, SmallTable},
+    {PsSurfaceName, PsCairoName, LargeTable},
+    {TextSurfaceName, TextCairoName, SmallTable},
+    {TextSurfaceName, TextCairoName, LargeTable},
+    {PsTextSurfaceName, PsTextCairoName, SmallTable},
+    {PsTextSurfaceName, PsTextCairoName, LargeTable},
+    {RecordName, RecordPeerName, SmallTable},
+    {PngName, PngCairoName, ImageSide},
+    {BitmapName, BitmapCairoName, ImageSide},
+    {PsPngName, PsImageCairoName, ImageSide},
 };
 
 // A large page beside a small one. The cost of a call must not grow with the page; that of a search may grow
@@ -84,11 +84,11 @@ struct Growth {
     double limit;
 };
 
-constexpr Growth growths[] = {
-    {floorName, noLimit},  {surfaceName, 1.2},         {freshSurfaceName, 1.2},  {psFloorName, noLimit},
-    {psSurfaceName, 1.2},  {replayName, 1.2},          {textFloorName, noLimit}, {textSurfaceName, 1.2},
-    {textReplayName, 1.2}, {psTextFloorName, noLimit}, {psTextSurfaceName, 1.2}, {plainMissName, 2.0},
-    {wordMissName, 2.0},   {recordName, 1.2},          {metafileMissName, 1.2},  {metafileWordMissName, 1.2},
+constexpr Growth Growths[] = {
+    {FloorName, NoLimit},  {SurfaceName, 1.2},         {FreshSurfaceName, 1.2},  {PsFloorName, NoLimit},
+    {PsSurfaceName, 1.2},  {ReplayName, 1.2},          {TextFloorName, NoLimit}, {TextSurfaceName, 1.2},
+    {TextReplayName, 1.2}, {PsTextFloorName, NoLimit}, {PsTextSurfaceName, 1.2}, {PlainMissName, 2.0},
+    {WordMissName, 2.0},   {RecordName, 1.2},          {MetafileMissName, 1.2},  {MetafileWordMissName, 1.2},
 };
 
 std::string key(const std::string& name, int argument)
@@ -116,9 +116,9 @@ void Summary::ReportRuns(const std::vector<Run>& runs)
         if (run.error_occurred || counts) {
             shown.push_back(run);
         }
-        const auto calls = run.counters.find(callsCounter);
+        const auto calls = run.counters.find(CallsCounter);
         const auto bytes = run.counters.find("bytes_per_second");
-        const auto page = run.counters.find(pageCounter);
+        const auto page = run.counters.find(PageCounter);
         if (counts && calls != run.counters.end() && bytes != run.counters.end() &&
             page != run.counters.end()) {
             m_medians[{run.family_index, run.per_family_instance_index}] = {
@@ -161,22 +161,22 @@ void Summary::printRates(std::ostream& out) const
 void Summary::printRatios(std::ostream& out) const
 {
     out << "\nTime per call                             ratio   limit\n";
-    for (const Ratio& ratio : ratios) {
-        for (const int rows : {smallTable, largeTable}) {
+    for (const Ratio& ratio : Ratios) {
+        for (const int rows : {SmallTable, LargeTable}) {
             printRatio(out, key(ratio.name, rows), key(ratio.baseName, rows), ratio.limit);
         }
     }
-    for (const Ratio& ratio : imageRatios) {
-        printRatio(out, key(ratio.name, imageSide), key(ratio.baseName, imageSide), ratio.limit);
+    for (const Ratio& ratio : ImageRatios) {
+        printRatio(out, key(ratio.name, ImageSide), key(ratio.baseName, ImageSide), ratio.limit);
     }
-    for (const Ratio& ratio : sheetRatios) {
-        printRatio(out, key(ratio.name, smallTable), key(ratio.baseName, smallTable), ratio.limit);
+    for (const Ratio& ratio : SheetRatios) {
+        printRatio(out, key(ratio.name, SmallTable), key(ratio.baseName, SmallTable), ratio.limit);
     }
-    for (const Growth& growth : growths) {
-        printRatio(out, key(growth.name, largeTable), key(growth.name, smallTable), growth.limit);
+    for (const Growth& growth : Growths) {
+        printRatio(out, key(growth.name, LargeTable), key(growth.name, SmallTable), growth.limit);
     }
     out << "\nBytes of the page                         ratio\n";
-    for (const Sizes& pair : sizes) {
+    for (const Sizes& pair : SizePairs) {
         printBytes(out, key(pair.name, pair.argument), key(pair.baseName, pair.argument));
     }
 }
@@ -184,7 +184,7 @@ void Summary::printRatios(std::ostream& out) const
 void Summary::printBytes(std::ostream& out, const std::string& key, const std::string& baseKey) const
 {
     const double base = medianOf(baseKey).page;
-    out << std::left << std::setw(nameWidth) << key + " : " + baseKey << std::right;
+    out << std::left << std::setw(NameWidth) << key + " : " + baseKey << std::right;
     printNumber(out, 7, 2, base > 0 ? medianOf(key).page / base : 0);
     out << '\n';
 }
@@ -194,7 +194,7 @@ void Summary::printRatio(std::ostream& out, const std::string& key, const std::s
 {
     const double calls = medianOf(key).calls;
     const double value = calls > 0 ? medianOf(baseKey).calls / calls : 0;
-    out << std::left << std::setw(nameWidth) << key + " : " + baseKey << std::right;
+    out << std::left << std::setw(NameWidth) << key + " : " + baseKey << std::right;
     printNumber(out, 7, 2, value);
     if (limit > 0) {
         printNumber(out, 8, 1, limit);

@@ -12,72 +12,72 @@
 #include <benchmark/benchmark.h>
 
 // The benchmarks' names; each runs with the number of rows as its argument.
-inline constexpr const char* floorName = "floor";
-inline constexpr const char* surfaceName = "surface";
-inline constexpr const char* freshSurfaceName = "surface_fresh";
-inline constexpr const char* cairoName = "cairo";
-inline constexpr const char* replayName = "replay";
-inline constexpr const char* parseName = "parse";
+inline constexpr const char* FloorName = "floor";
+inline constexpr const char* SurfaceName = "surface";
+inline constexpr const char* FreshSurfaceName = "surface_fresh";
+inline constexpr const char* CairoName = "cairo";
+inline constexpr const char* ReplayName = "replay";
+inline constexpr const char* ParseName = "parse";
 
 // The same of the text page.
-inline constexpr const char* textFloorName = "text_floor";
-inline constexpr const char* textSurfaceName = "text_surface";
-inline constexpr const char* textCairoName = "text_cairo";
-inline constexpr const char* textReplayName = "text_replay";
-inline constexpr const char* textParseName = "text_parse";
+inline constexpr const char* TextFloorName = "text_floor";
+inline constexpr const char* TextSurfaceName = "text_surface";
+inline constexpr const char* TextCairoName = "text_cairo";
+inline constexpr const char* TextReplayName = "text_replay";
+inline constexpr const char* TextParseName = "text_parse";
 
 // Both pages as PostScript.
-inline constexpr const char* psFloorName = "ps_floor";
-inline constexpr const char* psSurfaceName = "ps_surface";
-inline constexpr const char* psCairoName = "ps_cairo";
-inline constexpr const char* psTextFloorName = "ps_text_floor";
-inline constexpr const char* psTextSurfaceName = "ps_text_surface";
-inline constexpr const char* psTextCairoName = "ps_text_cairo";
+inline constexpr const char* PsFloorName = "ps_floor";
+inline constexpr const char* PsSurfaceName = "ps_surface";
+inline constexpr const char* PsCairoName = "ps_cairo";
+inline constexpr const char* PsTextFloorName = "ps_text_floor";
+inline constexpr const char* PsTextSurfaceName = "ps_text_surface";
+inline constexpr const char* PsTextCairoName = "ps_text_cairo";
 
-inline constexpr const char* stampName = "stamp";
-inline constexpr const char* copiesName = "stamp_copies";
+inline constexpr const char* StampName = "stamp";
+inline constexpr const char* CopiesName = "stamp_copies";
 
-inline constexpr const char* plainMissName = "find_missing";
-inline constexpr const char* plainHitName = "find_closing";
-inline constexpr const char* wordMissName = "word_missing";
-inline constexpr const char* wordHitName = "word_closing";
-inline constexpr const char* scanMissName = "scan_missing";
-inline constexpr const char* scanHitName = "scan_closing";
+inline constexpr const char* PlainMissName = "find_missing";
+inline constexpr const char* PlainHitName = "find_closing";
+inline constexpr const char* WordMissName = "word_missing";
+inline constexpr const char* WordHitName = "word_closing";
+inline constexpr const char* ScanMissName = "scan_missing";
+inline constexpr const char* ScanHitName = "scan_closing";
 
 // The page operations on a metafile, with the number of its text records as their argument.
-inline constexpr const char* metafileCopyName = "emf_copy";
-inline constexpr const char* metafileStampName = "emf_stamp";
-inline constexpr const char* metafileMissName = "emf_find_missing";
-inline constexpr const char* metafileHitName = "emf_find_closing";
-inline constexpr const char* metafileWordMissName = "emf_word_missing";
-inline constexpr const char* metafileWordHitName = "emf_word_closing";
+inline constexpr const char* MetafileCopyName = "emf_copy";
+inline constexpr const char* MetafileStampName = "emf_stamp";
+inline constexpr const char* MetafileMissName = "emf_find_missing";
+inline constexpr const char* MetafileHitName = "emf_find_closing";
+inline constexpr const char* MetafileWordMissName = "emf_word_missing";
+inline constexpr const char* MetafileWordHitName = "emf_word_closing";
 
 // The table recorded as a metafile, and drawn as pixels.
-inline constexpr const char* recordName = "emf_surface";
-inline constexpr const char* recordPeerName = "emf_libemf";
-inline constexpr const char* pixelsName = "pixels_surface";
-inline constexpr const char* pixelsCairoName = "pixels_cairo";
-inline constexpr const char* pixelsSmoothName = "pixels_cairo_smooth";
+inline constexpr const char* RecordName = "emf_surface";
+inline constexpr const char* RecordPeerName = "emf_libemf";
+inline constexpr const char* PixelsName = "pixels_surface";
+inline constexpr const char* PixelsCairoName = "pixels_cairo";
+inline constexpr const char* PixelsSmoothName = "pixels_cairo_smooth";
 
 // These run with the side of the image as their argument.
-inline constexpr const char* pngName = "png_surface";
-inline constexpr const char* pngCairoName = "png_cairo";
-inline constexpr const char* bitmapName = "bmp_surface";
-inline constexpr const char* bitmapCairoName = "bmp_cairo";
-inline constexpr const char* psPngName = "ps_png_surface";
-inline constexpr const char* psBitmapName = "ps_bmp_surface";
-inline constexpr const char* psImageCairoName = "ps_image_cairo";
-inline constexpr const char* psDecodeName = "ps_decode";
-inline constexpr const char* psEncodeName = "ps_encode";
-inline constexpr const char* psDigitsName = "ps_digits";
+inline constexpr const char* PngName = "png_surface";
+inline constexpr const char* PngCairoName = "png_cairo";
+inline constexpr const char* BitmapName = "bmp_surface";
+inline constexpr const char* BitmapCairoName = "bmp_cairo";
+inline constexpr const char* PsPngName = "ps_png_surface";
+inline constexpr const char* PsBitmapName = "ps_bmp_surface";
+inline constexpr const char* PsImageCairoName = "ps_image_cairo";
+inline constexpr const char* PsDecodeName = "ps_decode";
+inline constexpr const char* PsEncodeName = "ps_encode";
+inline constexpr const char* PsDigitsName = "ps_digits";
 
-inline constexpr int smallTable = 50;
-inline constexpr int largeTable = 5000;
+inline constexpr int SmallTable = 50;
+inline constexpr int LargeTable = 5000;
 
 // Counter of each benchmark: calls per second; drawing calls, or the texts of the page that is worked on.
-inline constexpr const char* callsCounter = "calls";
+inline constexpr const char* CallsCounter = "calls";
 // And the bytes of the page that is written or worked on.
-inline constexpr const char* pageCounter = "page";
+inline constexpr const char* PageCounter = "page";
 
 class Summary : public benchmark::ConsoleReporter {
 public:

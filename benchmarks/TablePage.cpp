@@ -6,7 +6,7 @@
 
 void makeSurfacePage(int rows, std::string& page)
 {
-    RECT millimetres = pageMillimetres;
+    RECT millimetres = PageMillimetres;
     RECT bounds = tableBounds(rows);
     CSurfaceSVG surface(&millimetres, &bounds);
     drawTable(surface, rows);

@@ -13,9 +13,9 @@ namespace {
 // The chunks of formatted text, made once: a page moves them to its rectangles.
 class RunChunks {
 public:
-    explicit RunChunks(const Run (&runs)[runCount]) : m_runs(runs)
+    explicit RunChunks(const Run (&runs)[RunCount]) : m_runs(runs)
     {
-        for (std::size_t i = 0; i < runCount; ++i) {
+        for (std::size_t i = 0; i < RunCount; ++i) {
             TovoTextString text(runs[i].text.data(), static_cast<unsigned int>(runs[i].text.size()));
             m_chunks[i].create(&text, false, POINT{}, runs[i].follows, runs[i].fittedTo, runs[i].underline);
             m_list.add(&m_chunks[i]);
@@ -24,15 +24,15 @@ public:
 
     Array<CSurfaceTextChunk, 2>* at(const RECT& rect)
     {
-        for (std::size_t i = 0; i < runCount; ++i) {
+        for (std::size_t i = 0; i < RunCount; ++i) {
             m_chunks[i].m_position = POINT{rect.left + m_runs[i].x, rect.top};
         }
         return &m_list;
     }
 
 private:
-    const Run (&m_runs)[runCount];
-    std::array<CSurfaceTextChunk, runCount> m_chunks;
+    const Run (&m_runs)[RunCount];
+    std::array<CSurfaceTextChunk, RunCount> m_chunks;
     Array<CSurfaceTextChunk, 2> m_list;
 };
 
@@ -43,8 +43,8 @@ public:
     void font(bool bold)
     {
         char name[] = "Helvetica";
-        static_assert(sizeof name == sizeof fontName);
-        m_surface.setFont(name, fontSize, bold, false, false, false);
+        static_assert(sizeof name == sizeof FontName);
+        m_surface.setFont(name, FontSize, bold, false, false, false);
     }
 
     void color(unsigned long color) { m_surface.setTextColor(color); }
@@ -64,13 +64,13 @@ public:
         m_surface.drawTextOnBaseLine(x, y, 0, nullptr, const_cast<char*>(text.text), -1);
     }
 
-    void runs(const Run (&)[runCount], RECT rect, bool turned)
+    void runs(const Run (&)[RunCount], RECT rect, bool turned)
     {
-        static RunChunks upright(noteRuns);
-        static RunChunks onTurnedLine(turnedRuns);
+        static RunChunks upright(NoteRuns);
+        static RunChunks onTurnedLine(TurnedRuns);
         if (turned) {
-            m_surface.setTextRotation(0, turnedAngle);
-            m_surface.drawString(onTurnedLine.at(rect), &rect, noClipFlag);
+            m_surface.setTextRotation(0, TurnedAngle);
+            m_surface.drawString(onTurnedLine.at(rect), &rect, NoClipFlag);
             m_surface.setTextRotation(0, 0);
         } else {
             m_surface.drawString(upright.at(rect), &rect, 0);
@@ -85,7 +85,7 @@ private:
 
 void makeSurfaceText(int rows, std::string& page)
 {
-    RECT millimetres = pageMillimetres;
+    RECT millimetres = PageMillimetres;
     RECT bounds = textBounds(rows);
     CSurfaceSVG surface(&millimetres, &bounds);
     SurfaceText canvas(surface);
@@ -95,7 +95,7 @@ void makeSurfaceText(int rows, std::string& page)
 
 void makePostScriptText(int rows, std::string& page)
 {
-    CSurfacePSPrinter surface = makePostScriptSurface(pageMillimetres, textBounds(rows));
+    CSurfacePSPrinter surface = makePostScriptSurface(PageMillimetres, textBounds(rows));
     SurfaceText canvas(surface);
     drawText(canvas, rows);
     takePage(surface, page);
@@ -103,12 +103,12 @@ void makePostScriptText(int rows, std::string& page)
 
 void makeMarkedText(int rows, std::string& page)
 {
-    RECT millimetres = pageMillimetres;
+    RECT millimetres = PageMillimetres;
     RECT bounds = textBounds(rows);
     CSurfaceSVG surface(&millimetres, &bounds);
     SurfaceText canvas(surface);
     drawText(canvas, rows);
     surface.printerNofMMarker(POINT{});
-    canvas.cell({pageCountField.data(), pageCountField}, textCell(rows, 1), noClipFlag);
+    canvas.cell({PageCountField.data(), PageCountField}, textCell(rows, 1), NoClipFlag);
     takePage(surface, page);
 }

@@ -17,8 +17,8 @@ struct CellText {
     std::string_view escaped;
 };
 
-inline constexpr int cellTextCount = 6;
-inline constexpr CellText cellTexts[cellTextCount] = {
+inline constexpr int CellTextCount = 6;
+inline constexpr CellText CellTexts[CellTextCount] = {
     {"Hinges, brass, 40 mm", "Hinges, brass, 40 mm"},
     {"12,480.50", "12,480.50"},
     {"Nuts & bolts < 8 mm", "Nuts &amp; bolts &lt; 8 mm"},
@@ -28,10 +28,10 @@ inline constexpr CellText cellTexts[cellTextCount] = {
 };
 
 // The last line of the page, and what searches look for: a word of that line and one that is nowhere.
-inline constexpr CellText closingText{"Carried forward from all rows above",
+inline constexpr CellText ClosingText{"Carried forward from all rows above",
                                       "Carried forward from all rows above"};
-inline constexpr const char* closingWord = "forward";
-inline constexpr const char* missingWord = "backward";
+inline constexpr const char* ClosingWord = "forward";
+inline constexpr const char* MissingWord = "backward";
 
 // A piece of formatted text. `x` counts from the left of the rectangle, in logical units.
 struct Run {
@@ -42,29 +42,29 @@ struct Run {
     bool underline;
 };
 
-inline constexpr int runCount = 3;
-inline constexpr Run noteRuns[runCount] = {
+inline constexpr int RunCount = 3;
+inline constexpr Run NoteRuns[RunCount] = {
     {"Delivered ", 0, false, -1, false}, {"in full", 0, true, -1, true}, {"by noon", 66, false, 30, false}};
-inline constexpr Run turnedRuns[runCount] = {
+inline constexpr Run TurnedRuns[RunCount] = {
     {"Batch", 0, false, -1, false}, {"checked", 40, false, -1, true}, {"twice", 90, false, 36, false}};
 
-inline constexpr int turnedAngle =
+inline constexpr int TurnedAngle =
     270; // degrees, of the line, which leads down; its characters stand upright
-inline constexpr int rowsPerTurnedText = 10;
+inline constexpr int RowsPerTurnedText = 10;
 
-inline constexpr char fontName[] = "Helvetica";
-inline constexpr int fontSize = 9; // points
+inline constexpr char FontName[] = "Helvetica";
+inline constexpr int FontSize = 9; // points
 
-inline constexpr unsigned int centreFlag = 0x1;
-inline constexpr unsigned int rightFlag = 0x2;
-inline constexpr unsigned int noClipFlag = 0x100;
-inline constexpr int cellCount = 4;
-inline constexpr unsigned int cellFlags[cellCount] = {0x24, 0x25, 0x26, 0x124};
+inline constexpr unsigned int CentreFlag = 0x1;
+inline constexpr unsigned int RightFlag = 0x2;
+inline constexpr unsigned int NoClipFlag = 0x100;
+inline constexpr int CellCount = 4;
+inline constexpr unsigned int CellFlags[CellCount] = {0x24, 0x25, 0x26, 0x124};
 
 // Texts on the page of N rows.
 constexpr int textCalls(int rows)
 {
-    return rows * (cellCount + 3) + (rows + rowsPerTurnedText - 1) / rowsPerTurnedText + 1;
+    return rows * (CellCount + 3) + (rows + RowsPerTurnedText - 1) / RowsPerTurnedText + 1;
 }
 
 constexpr RECT textBounds(int rows)
@@ -74,17 +74,17 @@ constexpr RECT textBounds(int rows)
 
 constexpr RECT textCell(int row, int column)
 {
-    constexpr int width = 110;
-    return {column * width + 3, row * rowHeight + 2, column * width + width - 3,
-            row * rowHeight + rowHeight - 2};
+    constexpr int Width = 110;
+    return {column * Width + 3, row * RowHeight + 2, column * Width + Width - 3,
+            row * RowHeight + RowHeight - 2};
 }
 
 constexpr int anchorOf(const RECT& rect, unsigned int flags)
 {
-    if ((flags & rightFlag) != 0) {
+    if ((flags & RightFlag) != 0) {
         return rect.right;
     }
-    return (flags & centreFlag) != 0 ? rect.left + (rect.right - rect.left) / 2 : rect.left;
+    return (flags & CentreFlag) != 0 ? rect.left + (rect.right - rect.left) / 2 : rect.left;
 }
 
 // The runs come last: upright ones after the turned ones, so that a replay leaves no plain text turned.
@@ -92,19 +92,19 @@ template <class Canvas>
 void drawTextRow(Canvas& canvas, int row)
 {
     const auto textOf = [row](int place) -> const CellText& {
-        return cellTexts[(row + place) % cellTextCount];
+        return CellTexts[(row + place) % CellTextCount];
     };
-    const int top = row * rowHeight;
+    const int top = row * RowHeight;
     canvas.color(row % 2 == 0 ? 0x000000 : 0x702010);
-    for (int column = 0; column < cellCount; ++column) {
-        canvas.cell(textOf(column), textCell(row, column), cellFlags[column]);
+    for (int column = 0; column < CellCount; ++column) {
+        canvas.cell(textOf(column), textCell(row, column), CellFlags[column]);
     }
-    canvas.point(textOf(cellCount), 445, top + 2);
-    canvas.baseLine(textOf(cellCount + 1), 555, top + 16);
-    if (row % rowsPerTurnedText == 0) {
-        canvas.runs(turnedRuns, RECT{770, top, 790, top + 160}, true);
+    canvas.point(textOf(CellCount), 445, top + 2);
+    canvas.baseLine(textOf(CellCount + 1), 555, top + 16);
+    if (row % RowsPerTurnedText == 0) {
+        canvas.runs(TurnedRuns, RECT{770, top, 790, top + 160}, true);
     }
-    canvas.runs(noteRuns, RECT{665, top + 2, 765, top + rowHeight - 2}, false);
+    canvas.runs(NoteRuns, RECT{665, top + 2, 765, top + RowHeight - 2}, false);
 }
 
 template <class Canvas>
@@ -115,7 +115,7 @@ void drawText(Canvas& canvas, int rows)
         drawTextRow(canvas, row);
     }
     canvas.font(true);
-    canvas.cell(closingText, textCell(rows, 0), noClipFlag);
+    canvas.cell(ClosingText, textCell(rows, 0), NoClipFlag);
 }
 
 // Each makes the whole page and leaves its bytes in `page`, whose room is used again when it has some.
@@ -126,4 +126,4 @@ void makeFloorText(int rows, std::string& page);
 
 // The surface's page with one more line at its end, which shows the page count once it is stamped.
 void makeMarkedText(int rows, std::string& page);
-inline constexpr std::string_view pageCountField = "#               ";
+inline constexpr std::string_view PageCountField = "#               ";

@@ -38,11 +38,11 @@ namespace {
 
 // Options that come before the caller's own. Repetitions of all benchmarks take turns, so that a slow moment
 // of the machine hits each alike.
-constexpr const char* defaultOptions[] = {"--benchmark_repetitions=9", "--benchmark_min_time=0.1",
+constexpr const char* DefaultOptions[] = {"--benchmark_repetitions=9", "--benchmark_min_time=0.1",
                                           "--benchmark_enable_random_interleaving=true"};
 
 // Whether a page finds the memory of the one before it, or none.
-enum class Memory { kept, fresh };
+enum class Memory { Kept, Fresh };
 
 using PageMaker = void (*)(int rows, std::string& page);
 using CallCount = int (*)(int rows);
@@ -55,10 +55,10 @@ int rowsOf(const benchmark::State& state)
 void count(benchmark::State& state, int callsOfPage, std::size_t pageBytes)
 {
     const double calls = static_cast<double>(state.iterations()) * callsOfPage;
-    state.counters[callsCounter] = benchmark::Counter(calls, benchmark::Counter::kIsRate);
+    state.counters[CallsCounter] = benchmark::Counter(calls, benchmark::Counter::kIsRate);
     state.counters["per_call"] =
         benchmark::Counter(calls, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-    state.counters[pageCounter] = static_cast<double>(pageBytes);
+    state.counters[PageCounter] = static_cast<double>(pageBytes);
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(pageBytes));
 }
 
@@ -66,7 +66,7 @@ void measurePage(benchmark::State& state, PageMaker makePage, CallCount calls, M
 {
     std::string page;
     for ([[maybe_unused]] const auto iteration : state) {
-        if (memory == Memory::fresh) {
+        if (memory == Memory::Fresh) {
             state.PauseTiming();
             malloc_trim(0);
             state.ResumeTiming();
@@ -115,8 +115,8 @@ template <class Measure, class... Arguments>
 void registerBenchmark(const char* name, Measure measure, Arguments... arguments)
 {
     benchmark::RegisterBenchmark(name, measure, arguments...)
-        ->Arg(smallTable)
-        ->Arg(largeTable)
+        ->Arg(SmallTable)
+        ->Arg(LargeTable)
         ->Unit(benchmark::kMicrosecond);
 }
 
@@ -128,54 +128,54 @@ void registerWork(const char* name, PageMaker makePage, CallCount calls, Work wo
 
 int shapeCalls(int rows)
 {
-    return rows * callsPerRow;
+    return rows * CallsPerRow;
 }
 
 void registerPages()
 {
-    registerBenchmark(floorName, measurePage, makeFloorPage, shapeCalls, Memory::kept);
-    registerBenchmark(surfaceName, measurePage, makeSurfacePage, shapeCalls, Memory::kept);
-    registerBenchmark(freshSurfaceName, measurePage, makeSurfacePage, shapeCalls, Memory::fresh);
-    registerBenchmark(cairoName, measurePage, makeCairoPage, shapeCalls, Memory::kept);
-    registerWork(replayName, makeSurfacePage, shapeCalls, replay);
-    registerWork(parseName, makeSurfacePage, shapeCalls, parse);
-    registerBenchmark(psFloorName, measurePage, makeFloorPostScript, shapeCalls, Memory::kept);
-    registerBenchmark(psSurfaceName, measurePage, makePostScriptPage, shapeCalls, Memory::kept);
-    registerBenchmark(psCairoName, measurePage, makeCairoPostScript, shapeCalls, Memory::kept);
-    registerBenchmark(textFloorName, measurePage, makeFloorText, textCalls, Memory::kept);
-    registerBenchmark(textSurfaceName, measurePage, makeSurfaceText, textCalls, Memory::kept);
-    registerBenchmark(textCairoName, measurePage, makeCairoText, textCalls, Memory::kept);
-    registerBenchmark(psTextFloorName, measurePage, makeFloorPostScriptText, textCalls, Memory::kept);
-    registerBenchmark(psTextSurfaceName, measurePage, makePostScriptText, textCalls, Memory::kept);
-    registerBenchmark(psTextCairoName, measurePage, makeCairoPostScriptText, textCalls, Memory::kept);
-    registerWork(textReplayName, makeSurfaceText, textCalls, replay);
-    registerWork(textParseName, makeSurfaceText, textCalls, parse);
+    registerBenchmark(FloorName, measurePage, makeFloorPage, shapeCalls, Memory::Kept);
+    registerBenchmark(SurfaceName, measurePage, makeSurfacePage, shapeCalls, Memory::Kept);
+    registerBenchmark(FreshSurfaceName, measurePage, makeSurfacePage, shapeCalls, Memory::Fresh);
+    registerBenchmark(CairoName, measurePage, makeCairoPage, shapeCalls, Memory::Kept);
+    registerWork(ReplayName, makeSurfacePage, shapeCalls, replay);
+    registerWork(ParseName, makeSurfacePage, shapeCalls, parse);
+    registerBenchmark(PsFloorName, measurePage, makeFloorPostScript, shapeCalls, Memory::Kept);
+    registerBenchmark(PsSurfaceName, measurePage, makePostScriptPage, shapeCalls, Memory::Kept);
+    registerBenchmark(PsCairoName, measurePage, makeCairoPostScript, shapeCalls, Memory::Kept);
+    registerBenchmark(TextFloorName, measurePage, makeFloorText, textCalls, Memory::Kept);
+    registerBenchmark(TextSurfaceName, measurePage, makeSurfaceText, textCalls, Memory::Kept);
+    registerBenchmark(TextCairoName, measurePage, makeCairoText, textCalls, Memory::Kept);
+    registerBenchmark(PsTextFloorName, measurePage, makeFloorPostScriptText, textCalls, Memory::Kept);
+    registerBenchmark(PsTextSurfaceName, measurePage, makePostScriptText, textCalls, Memory::Kept);
+    registerBenchmark(PsTextCairoName, measurePage, makeCairoPostScriptText, textCalls, Memory::Kept);
+    registerWork(TextReplayName, makeSurfaceText, textCalls, replay);
+    registerWork(TextParseName, makeSurfaceText, textCalls, parse);
 }
 
 void registerOperations()
 {
-    registerWork(stampName, makeMarkedText, textCalls, stampPage);
-    registerWork(copiesName, makeMarkedText, textCalls, copyBothWays);
+    registerWork(StampName, makeMarkedText, textCalls, stampPage);
+    registerWork(CopiesName, makeMarkedText, textCalls, copyBothWays);
 
     struct Sought {
         const char* name;
         Search search;
     };
     // By the letter with its case, by word without.
-    constexpr Sought searches[] = {{plainMissName, {missingWord, true, false}},
-                                   {plainHitName, {closingWord, true, false}},
-                                   {wordMissName, {missingWord, false, true}},
-                                   {wordHitName, {closingWord, false, true}}};
-    for (const Sought& sought : searches) {
+    constexpr Sought Searches[] = {{PlainMissName, {MissingWord, true, false}},
+                                   {PlainHitName, {ClosingWord, true, false}},
+                                   {WordMissName, {MissingWord, false, true}},
+                                   {WordHitName, {ClosingWord, false, true}}};
+    for (const Sought& sought : Searches) {
         const Search search = sought.search;
         registerWork(sought.name, makeSurfaceText, textCalls, [search](std::string& page) {
-            return (findInPage(page, search).markedBytes > 0) == (search.text == closingWord);
+            return (findInPage(page, search).markedBytes > 0) == (search.text == ClosingWord);
         });
     }
-    registerWork(scanMissName, makeSurfaceText, textCalls,
-                 [](std::string& page) { return !scanPage(page, missingWord); });
-    registerWork(scanHitName, makeSurfaceText, textCalls,
-                 [](std::string& page) { return scanPage(page, closingWord); });
+    registerWork(ScanMissName, makeSurfaceText, textCalls,
+                 [](std::string& page) { return !scanPage(page, MissingWord); });
+    registerWork(ScanHitName, makeSurfaceText, textCalls,
+                 [](std::string& page) { return scanPage(page, ClosingWord); });
 }
 
 int textRecords(int records)
@@ -185,25 +185,25 @@ int textRecords(int records)
 
 void registerMetafiles()
 {
-    registerBenchmark(recordName, measurePage, recordSurfaceTable, shapeCalls, Memory::kept);
+    registerBenchmark(RecordName, measurePage, recordSurfaceTable, shapeCalls, Memory::Kept);
     // Its objects grow in number with the page, and it looks through all of them for each.
-    benchmark::RegisterBenchmark(recordPeerName, measurePage, recordPeerTable, shapeCalls, Memory::kept)
-        ->Arg(smallTable)
+    benchmark::RegisterBenchmark(RecordPeerName, measurePage, recordPeerTable, shapeCalls, Memory::Kept)
+        ->Arg(SmallTable)
         ->Unit(benchmark::kMicrosecond);
-    registerWork(metafileCopyName, makeMetafilePage, textRecords, copyPage);
-    registerWork(metafileStampName, makeMetafilePage, textRecords, stampPage);
+    registerWork(MetafileCopyName, makeMetafilePage, textRecords, copyPage);
+    registerWork(MetafileStampName, makeMetafilePage, textRecords, stampPage);
     struct Sought {
         const char* name;
         Search search;
     };
-    constexpr Sought searches[] = {{metafileMissName, {missingWord, true, false}},
-                                   {metafileHitName, {closingWord, true, false}},
-                                   {metafileWordMissName, {missingWord, false, true}},
-                                   {metafileWordHitName, {closingWord, false, true}}};
-    for (const Sought& sought : searches) {
+    constexpr Sought Searches[] = {{MetafileMissName, {MissingWord, true, false}},
+                                   {MetafileHitName, {ClosingWord, true, false}},
+                                   {MetafileWordMissName, {MissingWord, false, true}},
+                                   {MetafileWordHitName, {ClosingWord, false, true}}};
+    for (const Sought& sought : Searches) {
         const Search search = sought.search;
         registerWork(sought.name, makeMetafilePage, textRecords, [search](std::string& page) {
-            return (findInPage(page, search).markedBytes > 0) == (search.text == closingWord);
+            return (findInPage(page, search).markedBytes > 0) == (search.text == ClosingWord);
         });
     }
 }
@@ -218,19 +218,19 @@ void registerSheet(const char* name, MakeSheet makeSheet)
                                          sheet->draw(rowsOf(state));
                                          benchmark::ClobberMemory();
                                      }
-                                     constexpr std::size_t pixelBytes = 4;
+                                     constexpr std::size_t PixelBytes = 4;
                                      count(state, shapeCalls(rowsOf(state)),
-                                           pixelBytes * sheetPixels.cx * sheetPixels.cy);
+                                           PixelBytes * SheetPixels.cx * SheetPixels.cy);
                                  })
-        ->Arg(smallTable)
+        ->Arg(SmallTable)
         ->Unit(benchmark::kMicrosecond);
 }
 
 void registerSheets()
 {
-    registerSheet(pixelsName, makeDeviceSheet);
-    registerSheet(pixelsCairoName, [] { return makeCairoSheet(false); });
-    registerSheet(pixelsSmoothName, [] { return makeCairoSheet(true); });
+    registerSheet(PixelsName, makeDeviceSheet);
+    registerSheet(PixelsCairoName, [] { return makeCairoSheet(false); });
+    registerSheet(PixelsSmoothName, [] { return makeCairoSheet(true); });
 }
 
 // One page per call, which is given the bytes of the image; `make` is timed with nothing else.
@@ -246,7 +246,7 @@ void registerImage(const char* name, Make make)
                                      }
                                      count(state, 1, page.size());
                                  })
-        ->Arg(imageSide)
+        ->Arg(ImageSide)
         ->Unit(benchmark::kMicrosecond);
 }
 
@@ -261,7 +261,7 @@ void registerTimes(const char* name, std::string_view samples, TimeOf timeOf)
                                      }
                                      count(state, 1, samples.size());
                                  })
-        ->Arg(imageSide)
+        ->Arg(ImageSide)
         ->Unit(benchmark::kMicrosecond)
         ->UseManualTime();
 }
@@ -270,40 +270,40 @@ void registerTimes(const char* name, std::string_view samples, TimeOf timeOf)
 void registerSamples(std::string& bitmap)
 {
     static std::string page;
-    makePostScriptImage(bitmap, bitmapType, page);
+    makePostScriptImage(bitmap, BitmapType, page);
     const std::string_view samples = samplesIn(page);
-    static const std::string bytes = bytesOf(samples);
-    registerTimes(psDecodeName, samples, [&bitmap] { return timeOfDecoding(bitmap); });
-    registerTimes(psEncodeName, samples, [&bitmap] {
-        return std::max(timeOfIncluding(bitmap, bitmapType) - timeOfDecoding(bitmap), 0.0);
+    static const std::string Bytes = bytesOf(samples);
+    registerTimes(PsDecodeName, samples, [&bitmap] { return timeOfDecoding(bitmap); });
+    registerTimes(PsEncodeName, samples, [&bitmap] {
+        return std::max(timeOfIncluding(bitmap, BitmapType) - timeOfDecoding(bitmap), 0.0);
     });
-    registerImage(psDigitsName, [](std::string& digits) { makeFloorSamples(bytes, digits); });
+    registerImage(PsDigitsName, [](std::string& digits) { makeFloorSamples(Bytes, digits); });
 }
 
 void registerImages()
 {
-    static const CairoSurface plain = drawImage();
-    static const CairoSurface carrier = drawImage();
-    static std::string png = pngOf(plain.get());
-    static std::string bitmap = bitmapOf(plain.get());
-    carryPng(carrier.get(), png);
-    registerImage(pngName, [](std::string& page) { makeSurfaceImage(png, pngType, page); });
-    registerImage(pngCairoName,
-                  [](std::string& page) { makeCairoImage(PageFormat::svg, carrier.get(), page); });
-    registerImage(bitmapName, [](std::string& page) { makeSurfaceImage(bitmap, bitmapType, page); });
-    registerImage(bitmapCairoName,
-                  [](std::string& page) { makeCairoImage(PageFormat::svg, plain.get(), page); });
-    registerImage(psPngName, [](std::string& page) { makePostScriptImage(png, pngType, page); });
-    registerImage(psBitmapName, [](std::string& page) { makePostScriptImage(bitmap, bitmapType, page); });
-    registerImage(psImageCairoName,
-                  [](std::string& page) { makeCairoImage(PageFormat::postScript, plain.get(), page); });
+    static const CairoSurface Plain = drawImage();
+    static const CairoSurface Carrier = drawImage();
+    static std::string png = pngOf(Plain.get());
+    static std::string bitmap = bitmapOf(Plain.get());
+    carryPng(Carrier.get(), png);
+    registerImage(PngName, [](std::string& page) { makeSurfaceImage(png, PngType, page); });
+    registerImage(PngCairoName,
+                  [](std::string& page) { makeCairoImage(PageFormat::Svg, Carrier.get(), page); });
+    registerImage(BitmapName, [](std::string& page) { makeSurfaceImage(bitmap, BitmapType, page); });
+    registerImage(BitmapCairoName,
+                  [](std::string& page) { makeCairoImage(PageFormat::Svg, Plain.get(), page); });
+    registerImage(PsPngName, [](std::string& page) { makePostScriptImage(png, PngType, page); });
+    registerImage(PsBitmapName, [](std::string& page) { makePostScriptImage(bitmap, BitmapType, page); });
+    registerImage(PsImageCairoName,
+                  [](std::string& page) { makeCairoImage(PageFormat::PostScript, Plain.get(), page); });
     registerSamples(bitmap);
 }
 
 void keepFreedMemory()
 {
-    constexpr int largestMappingThreshold = 32 << 20; // the allocator accepts no higher one
-    mallopt(M_MMAP_THRESHOLD, largestMappingThreshold);
+    constexpr int LargestMappingThreshold = 32 << 20; // the allocator accepts no higher one
+    mallopt(M_MMAP_THRESHOLD, LargestMappingThreshold);
     mallopt(M_TRIM_THRESHOLD, INT_MAX);
 }
 
@@ -311,7 +311,7 @@ void keepFreedMemory()
 
 int main(int argc, char** argv)
 {
-    std::vector<std::string> options(std::begin(defaultOptions), std::end(defaultOptions));
+    std::vector<std::string> options(std::begin(DefaultOptions), std::end(DefaultOptions));
     std::vector<char*> arguments(argv, argv + argc);
     for (std::string& option : options) {
         arguments.insert(arguments.begin() + 1, option.data());
@@ -322,12 +322,12 @@ int main(int argc, char** argv)
     if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments.data())) {
         return 1;
     }
-    for (const int rows : {smallTable, largeTable}) {
+    for (const int rows : {SmallTable, LargeTable}) {
         if (!pagesAgree(rows) || !documentsAgree(rows) || !operationsWork(rows) || !metafileWorks(rows)) {
             return 1;
         }
     }
-    if (!imagesSurvive() || !samplesSurvive() || !sheetsAgree(smallTable)) {
+    if (!imagesSurvive() || !samplesSurvive() || !sheetsAgree(SmallTable)) {
         return 1;
     }
 

@@ -53,23 +53,23 @@ void drawFurniture(CSurface& surface, int page, int pages)
     constexpr struct {
         LONG top;
         unsigned long colour;
-    } layers[] = {{0, ink}, {56, accent}, {60, mist}};
-    for (const auto& layer : layers) {
-        RECT box = {0, layer.top, logicalWidth, logicalHeight};
+    } Layers[] = {{0, Ink}, {56, Accent}, {60, Mist}};
+    for (const auto& layer : Layers) {
+        RECT box = {0, layer.top, LogicalWidth, LogicalHeight};
         surface.drawSolidRectangle(&box, layer.colour);
     }
-    RECT whole = {0, 0, logicalWidth, logicalHeight};
-    surface.frameRect(&whole, ink);
+    RECT whole = {0, 0, LogicalWidth, LogicalHeight};
+    surface.frameRect(&whole, Ink);
 
     // A closed bolt reads well both as an outline and as the black shape that viewers make of a polyline.
-    drawDot(surface, {70, 28}, 20, accent);
+    drawDot(surface, {70, 28}, 20, Accent);
     POINT bolt[] = {{72, 14}, {61, 31}, {69, 31}, {67, 43}, {79, 25}, {71, 25}, {72, 14}};
     surface.setPen(0, SolidPen, 1);
     surface.polyline(bolt, static_cast<unsigned int>(std::size(bolt)));
 
     for (int mark = 1; mark <= pages; ++mark) {
-        const int right = logicalWidth - 48 - (pages - mark) * 14;
-        fillBox(surface, {right - 8, 1086, right, 1094}, mark == page ? accent : rule);
+        const int right = LogicalWidth - 48 - (pages - mark) * 14;
+        fillBox(surface, {right - 8, 1086, right, 1094}, mark == page ? Accent : Rule);
     }
 }
 
@@ -82,20 +82,20 @@ void fillBox(CSurface& surface, RECT box, unsigned long colour)
 
 void drawPanel(CSurface& surface, RECT box)
 {
-    surface.setPen(rule, SolidPen, 1);
-    surface.setBrush(white, SolidBrush);
+    surface.setPen(Rule, SolidPen, 1);
+    surface.setBrush(White, SolidBrush);
     surface.drawRoundedRectangle(&box, 8, 8);
 }
 
 void drawAxes(CSurface& surface, const Plot& plot, int rows)
 {
     const RECT& area = plot.area;
-    surface.setPen(rule, DotPen, 1);
+    surface.setPen(Rule, DotPen, 1);
     for (int row = 1; row <= rows; ++row) {
         const int y = plot.y(plot.top * row / rows);
         surface.drawLine(area.left, y, area.right, y);
     }
-    surface.setPen(ink, SolidPen | FlatCap, 1);
+    surface.setPen(Ink, SolidPen | FlatCap, 1);
     surface.drawLine(area.left, area.top, area.left, area.bottom);
     surface.drawLine(area.left, area.bottom, area.right, area.bottom);
     for (int slot = 0; slot <= plot.slots; ++slot) {
@@ -113,7 +113,7 @@ void drawCurve(CSurface& surface, const std::vector<POINT>& points)
 void drawDot(CSurface& surface, POINT centre, int radius, unsigned long colour)
 {
     RECT box = around(centre, radius);
-    surface.setPen(white, SolidPen, 1);
+    surface.setPen(White, SolidPen, 1);
     surface.setBrush(colour, SolidBrush);
     surface.ellipse(&box);
 }

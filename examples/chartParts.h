@@ -8,12 +8,12 @@
 
 #include "surface.h"
 
-inline constexpr unsigned long white = 0xFFFFFF;
-inline constexpr unsigned long ink = 0x4A3323;
-inline constexpr unsigned long accent = 0x2FA5F2;
-inline constexpr unsigned long warning = 0x2B2BC0;
-inline constexpr unsigned long mist = 0xF8F5F2;
-inline constexpr unsigned long rule = 0xD2C9C1;
+inline constexpr unsigned long White = 0xFFFFFF;
+inline constexpr unsigned long Ink = 0x4A3323;
+inline constexpr unsigned long Accent = 0x2FA5F2;
+inline constexpr unsigned long Warning = 0x2B2BC0;
+inline constexpr unsigned long Mist = 0xF8F5F2;
+inline constexpr unsigned long Rule = 0xD2C9C1;
 
 // Brush styles and the fields of the pen style word.
 enum BrushWord { SolidBrush = 0, HollowBrush = 1 };

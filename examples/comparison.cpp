@@ -16,9 +16,9 @@ struct Difference {
     const char* mark;
     const char* said;
 };
-constexpr const char* clipMark = "<g clip-path='";
-constexpr Difference differences[] = {
-    {clipMark, "clips of the whole page are left out"},
+constexpr const char* ClipMark = "<g clip-path='";
+constexpr Difference Differences[] = {
+    {ClipMark, "clips of the whole page are left out"},
     {" class='nofm'", "the page count has lost its mark"},
 };
 
@@ -39,9 +39,9 @@ Calls withoutWholePageClips(Calls calls)
 
 void showDifference(const Calls& drawn, const Calls& replay)
 {
-    constexpr int shownAtMost = 3;
+    constexpr int ShownAtMost = 3;
     int shown = 0;
-    for (std::size_t i = 0; i < std::max(drawn.size(), replay.size()) && shown < shownAtMost; ++i) {
+    for (std::size_t i = 0; i < std::max(drawn.size(), replay.size()) && shown < ShownAtMost; ++i) {
         const std::string_view first = i < drawn.size() ? std::string_view(drawn[i]) : "(no more calls)";
         const std::string_view second = i < replay.size() ? std::string_view(replay[i]) : "(no more calls)";
         if (first != second) {
@@ -57,7 +57,7 @@ void showDifference(const Calls& drawn, const Calls& replay)
 std::string reasonsFor(const Page& drawn)
 {
     std::string reasons;
-    for (const Difference& difference : differences) {
+    for (const Difference& difference : Differences) {
         if (has(drawn, difference.mark)) {
             reasons.append(reasons.empty() ? "" : "; ").append(difference.said);
         }
@@ -82,7 +82,7 @@ Comparison compareReplay(Page& drawn, Page& replay)
         return {false, "The replay differs."};
     }
     // A replay of the replay can differ by clips alone.
-    if (!has(replay, clipMark) && replayed(replay) != replay) {
+    if (!has(replay, ClipMark) && replayed(replay) != replay) {
         return {false, "The calls agree, the replay of the replay has other bytes."};
     }
     if (drawn == replay) {

@@ -12,11 +12,11 @@ namespace {
 
 SIZE paperOf(int dotsPerInch)
 {
-    constexpr double millimetresPerInch = 25.4;
+    constexpr double MillimetresPerInch = 25.4;
     const auto pixels = [dotsPerInch](int millimetres) {
-        return static_cast<int>(std::lround(millimetres * dotsPerInch / millimetresPerInch));
+        return static_cast<int>(std::lround(millimetres * dotsPerInch / MillimetresPerInch));
     };
-    return {pixels(pageMillimetresWide), pixels(pageMillimetresHigh)};
+    return {pixels(PageMillimetresWide), pixels(PageMillimetresHigh)};
 }
 
 } // namespace

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr const char* head = R"(<!DOCTYPE html>
+constexpr const char* Head = R"(<!DOCTYPE html>
 <html lang="en">
 <head>
 <meta charset="utf-8">
@@ -61,7 +61,7 @@ asked its size in dots of its reference device, searched for the word below, and
 page the copy that marks the first hit is shown too.</p>
 )";
 
-constexpr const char* foot = R"(<section>
+constexpr const char* Foot = R"(<section>
 <h2>What a viewer shows differently</h2>
 <p>Hatch fills look empty here. A fill refers to a small pattern that holds only the colour, and that one refers
 to a hatch pattern that all colours share; viewers do not let the lines of the shared pattern inherit the colour
@@ -185,8 +185,8 @@ void writeHits(std::ostream& out, const std::vector<GalleryEntry>& entries, cons
         out << "<figure>\n<div class=\"found\"><img src=\"" << svg << "\" alt=\"" << entry.page->title
             << ", hits framed\">";
         for (const POINT& place : entry.hits) {
-            out << "\n<i style=\"left:" << percent(place.x, logicalWidth)
-                << "%;top:" << percent(place.y, logicalHeight) << "%\"></i>";
+            out << "\n<i style=\"left:" << percent(place.x, LogicalWidth)
+                << "%;top:" << percent(place.y, LogicalHeight) << "%\"></i>";
         }
         out << "</div>\n<figcaption><b>" << entry.page->title << "</b><span>" << entry.hits.size()
             << (entry.hits.size() == 1 ? " hit" : " hits") << "</span></figcaption>\n</figure>\n";
@@ -205,12 +205,12 @@ bool writeGallery(const std::filesystem::path& file, const std::vector<GalleryEn
                   const char* wantedWord)
 {
     std::ofstream out(file);
-    out << head;
+    out << Head;
     for (const GalleryEntry& entry : entries) {
         writePage(out, entry);
     }
     writeHits(out, entries, wantedWord);
-    out << foot;
+    out << Foot;
     out.close();
     return out.good();
 }

@@ -42,12 +42,12 @@ void labelValues(CSurface& surface, const Plot& plot, int rows)
 void labelSlots(CSurface& surface, const Plot& plot, int step)
 {
     // The options clip to a box that is as wide as a step.
-    constexpr unsigned int clipped = 4;
+    constexpr unsigned int Clipped = 4;
     for (int slot = 0; slot <= plot.slots; slot += step) {
         std::string label = std::to_string(slot);
         const int left = plot.x(slot) - static_cast<int>(label.size()) * 3;
         RECT box = {left, plot.area.bottom + 4, plot.x(slot + step) - 4, plot.area.bottom + 22};
-        surface.drawTextOnBaseLine(left, plot.area.bottom + 15, clipped, &box, label.data(), -1);
+        surface.drawTextOnBaseLine(left, plot.area.bottom + 15, Clipped, &box, label.data(), -1);
     }
 }
 

@@ -18,10 +18,10 @@ struct Face {
     bool underline = false;
 };
 
-inline constexpr Face titleFace = {"Arial", 15, true};
-inline constexpr Face headingFace = {"Arial", 9, true};
-inline constexpr Face bodyFace = {"Arial", 8};
-inline constexpr Face smallFace = {"Arial", 7};
+inline constexpr Face TitleFace = {"Arial", 15, true};
+inline constexpr Face HeadingFace = {"Arial", 9, true};
+inline constexpr Face BodyFace = {"Arial", 8};
+inline constexpr Face SmallFace = {"Arial", 7};
 
 // Bits of DrawText that the pages use.
 enum TextFlag { LeftAligned = 0, Centred = 1, RightAligned = 2, NotClipped = 0x100 };

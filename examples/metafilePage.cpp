@@ -17,11 +17,11 @@ int pixelsOf(int millimetres, int pixels, int all)
 void mapPage(HDC recording)
 {
     SetMapMode(recording, MM_ANISOTROPIC);
-    SetWindowExtEx(recording, logicalWidth, logicalHeight, nullptr);
+    SetWindowExtEx(recording, LogicalWidth, LogicalHeight, nullptr);
     SetViewportExtEx(
         recording,
-        pixelsOf(pageMillimetresWide, GetDeviceCaps(recording, HORZRES), GetDeviceCaps(recording, HORZSIZE)),
-        pixelsOf(pageMillimetresHigh, GetDeviceCaps(recording, VERTRES), GetDeviceCaps(recording, VERTSIZE)),
+        pixelsOf(PageMillimetresWide, GetDeviceCaps(recording, HORZRES), GetDeviceCaps(recording, HORZSIZE)),
+        pixelsOf(PageMillimetresHigh, GetDeviceCaps(recording, VERTRES), GetDeviceCaps(recording, VERTSIZE)),
         nullptr);
 }
 
@@ -29,8 +29,8 @@ void mapPage(HDC recording)
 
 Page recorded(const ReportPage& page)
 {
-    constexpr int hundredths = 100;
-    RECT frame = {0, 0, pageMillimetresWide * hundredths, pageMillimetresHigh * hundredths};
+    constexpr int Hundredths = 100;
+    RECT frame = {0, 0, PageMillimetresWide * Hundredths, PageMillimetresHigh * Hundredths};
     CSurfaceEMF sheet(&frame);
     mapPage(sheet.getHDC());
     drawReportPage(sheet, page);

@@ -30,14 +30,14 @@ bool run(std::vector<std::string> arguments)
            waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-constexpr const char* faces[] = {"Arial", "Times New Roman", "Courier New"};
+constexpr const char* Faces[] = {"Arial", "Times New Roman", "Courier New"};
 
 // How a document calls a style of a face, and how fontconfig does.
 struct Style {
     const char* suffix;
     const char* pattern;
 };
-constexpr Style styles[] = {
+constexpr Style Styles[] = {
     {"", ""}, {"-Bold", ":bold"}, {"-Italic", ":italic"}, {"-BoldItalic", ":bold:italic"}};
 
 // Empty when nothing answers.
@@ -71,8 +71,8 @@ std::string filesIn(const fs::path& fontMap)
 
 bool paintSvg(const fs::path& svg, const fs::path& png, double dotsPerInch)
 {
-    constexpr double unitsPerInch = 96;
-    return run({"rsvg-convert", "--zoom=" + std::to_string(dotsPerInch / unitsPerInch),
+    constexpr double UnitsPerInch = 96;
+    return run({"rsvg-convert", "--zoom=" + std::to_string(dotsPerInch / UnitsPerInch),
                 "--background-color=white", "--output", png.string(), svg.string()});
 }
 
@@ -89,8 +89,8 @@ bool writeFontMap(const fs::path& fontMap)
 {
     std::ofstream out(fontMap);
     bool all = true;
-    for (const char* face : faces) {
-        for (const Style& style : styles) {
+    for (const char* face : Faces) {
+        for (const Style& style : Styles) {
             const std::string file = fontFileOf(std::string(face) + style.pattern);
             all &= !file.empty();
             if (!file.empty()) {

@@ -61,14 +61,14 @@ void append(Bytes& out, std::uint32_t value, int bytes)
 }
 
 // The colours that a picture of 8 bits may have: six steps of each part.
-constexpr int steps = 6;
-constexpr int stepWidth = 51;
+constexpr int Steps = 6;
+constexpr int StepWidth = 51;
 
 // Turns over to the next step by place, in a pattern of four by four pixels (Bayer), so that steps don't show.
 int stepOf(int part, int column, int row)
 {
-    constexpr int thresholds[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
-    return (part + (2 * thresholds[row % 4][column % 4] + 1) * stepWidth / 32) / stepWidth;
+    constexpr int Thresholds[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
+    return (part + (2 * Thresholds[row % 4][column % 4] + 1) * StepWidth / 32) / StepWidth;
 }
 
 void appendPixel(Bytes& out, int column, int row, int side, int bits)
@@ -93,15 +93,15 @@ void appendPixel(Bytes& out, int column, int row, int side, int bits)
         return stepOf(onPaper(part), column, row);
     };
     out.push_back(
-        static_cast<unsigned char>((step(pixel.red) * steps + step(pixel.green)) * steps + step(pixel.blue)));
+        static_cast<unsigned char>((step(pixel.red) * Steps + step(pixel.green)) * Steps + step(pixel.blue)));
 }
 
 void appendPalette(Bytes& out)
 {
     for (int index = 0; index < 256; ++index) {
-        const int colour = std::min(index, steps * steps * steps - 1);
-        for (const int step : {colour % steps, colour / steps % steps, colour / steps / steps}) {
-            out.push_back(static_cast<unsigned char>(step * stepWidth));
+        const int colour = std::min(index, Steps * Steps * Steps - 1);
+        for (const int step : {colour % Steps, colour / Steps % Steps, colour / Steps / Steps}) {
+            out.push_back(static_cast<unsigned char>(step * StepWidth));
         }
         out.push_back(0);
     }
@@ -110,8 +110,8 @@ void appendPalette(Bytes& out)
 // A Windows bitmap file: BITMAPFILEHEADER, BITMAPINFOHEADER, colour table, rows from the bottom up.
 Bytes bitmapFile(int side, int bits)
 {
-    constexpr std::uint32_t fileHeaderSize = 14;
-    const std::uint32_t start = fileHeaderSize + sizeof(BITMAPINFOHEADER) + (bits == 8 ? 256 * 4 : 0);
+    constexpr std::uint32_t FileHeaderSize = 14;
+    const std::uint32_t start = FileHeaderSize + sizeof(BITMAPINFOHEADER) + (bits == 8 ? 256 * 4 : 0);
     const std::uint32_t rowSize = (static_cast<std::uint32_t>(side * bits) + 31) / 32 * 4;
     const std::uint32_t extent = static_cast<std::uint32_t>(side);
     Bytes file = {'B', 'M'};

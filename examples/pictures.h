@@ -14,7 +14,7 @@ struct PictureKind {
     const char* title;
 };
 
-inline constexpr PictureKind pictureKinds[] = {
+inline constexpr PictureKind PictureKinds[] = {
     {8, 13, 32, "PNG, alpha"},  {7, 2, 24, "JPEG"},          {1, 0, 24, "BMP"},
     {9, 25, 8, "GIF"},          {6, 18, 24, "TIFF"},         {3, 1, 32, "Icon, alpha"},
     {5, 1, 24, "Icon, type 5"}, {0, 2, 24, "Type by bytes"},

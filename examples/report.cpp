@@ -37,7 +37,7 @@ namespace fs = std::filesystem;
 
 // The ways to make a page. One more way is a line in both lists and its bytes in makeEntry.
 enum Column { Drawn, Replayed, Printed, PrintedDirectly, Pixels, Recorded, Marked, ColumnCount };
-constexpr GalleryColumn columns[] = {
+constexpr GalleryColumn Columns[] = {
     {"Drawn on CSurfaceSVG", "", ".svg"},
     {"Replayed on CSurfaceSVG", "-replay", ".svg"},
     {"Replayed on CSurfacePSPrinter", "-print", ".ps"},
@@ -46,17 +46,17 @@ constexpr GalleryColumn columns[] = {
     {"Drawn on CSurfaceEMF, played as pixels", "-metafile", ".emf"},
     {"Its first hit, marked", "-found", ".emf"},
 };
-static_assert(std::size(columns) == ColumnCount);
+static_assert(std::size(Columns) == ColumnCount);
 
 using PageByColumn = std::array<Page, ColumnCount>;
 
 // Occurs in headings, table cells, captions and runs, and once in two runs that share it.
-constexpr const char* wantedWord = "heating";
+constexpr const char* WantedWord = "heating";
 
 // The page of which a marked copy is shown.
-constexpr std::string_view markedPage = "words";
+constexpr std::string_view MarkedPage = "words";
 
-constexpr const char* fontMapName = "Fontmap";
+constexpr const char* FontMapName = "Fontmap";
 
 bool writeFile(const fs::path& file, const Page& page)
 {
@@ -66,8 +66,8 @@ bool writeFile(const fs::path& file, const Page& page)
     return out.good();
 }
 
-constexpr double dotsPerInch = 120;
-constexpr int deviceDotsPerInch = 150;
+constexpr double DotsPerInch = 120;
+constexpr int DeviceDotsPerInch = 150;
 
 // A page to be painted, as bytes and as the file that holds them.
 struct Painting {
@@ -79,7 +79,7 @@ struct Painting {
 
 bool paintOnDevice(const Painting& painting)
 {
-    return paintPixels(painting.page, painting.png, deviceDotsPerInch);
+    return paintPixels(painting.page, painting.png, DeviceDotsPerInch);
 }
 
 // By the extension of the page's file: what paints it, and where that comes from.
@@ -89,14 +89,14 @@ struct Painter {
     const char* package;
     bool (*paint)(const Painting& painting);
 };
-constexpr Painter painters[] = {
+constexpr Painter Painters[] = {
     {".svg", "rsvg-convert", "librsvg2-bin",
      [](const Painting& painting) {
-         return paintSvg(painting.file, painting.png, dotsPerInch);
+         return paintSvg(painting.file, painting.png, DotsPerInch);
      }},
     {".ps", "Ghostscript", "ghostscript",
      [](const Painting& painting) {
-         return paintPostScript(painting.file, painting.png, dotsPerInch, painting.fontMap);
+         return paintPostScript(painting.file, painting.png, DotsPerInch, painting.fontMap);
      }},
     {".emf", "The device", "libfreeimage3", paintOnDevice},
     {".png", "The device", "libfreeimage3", paintOnDevice},
@@ -106,12 +106,12 @@ constexpr Painter painters[] = {
 bool writePictures(const fs::path& folder, const ReportPage& page, const GalleryColumn& column, Page& bytes)
 {
     const Painting painting = {bytes, folder / fileOf(page, column, column.extension),
-                               folder / fileOf(page, column, ".png"), folder / fontMapName};
+                               folder / fileOf(page, column, ".png"), folder / FontMapName};
     if (painting.file != painting.png && !writeFile(painting.file, bytes)) {
         std::printf("  cannot write %s\n", painting.file.c_str());
         return false;
     }
-    for (const Painter& painter : painters) {
+    for (const Painter& painter : Painters) {
         if (painting.file.extension() == painter.extension && !painter.paint(painting)) {
             std::printf("  %s made no %s; is %s installed?\n", painter.program, painting.png.c_str(),
                         painter.package);
@@ -163,27 +163,27 @@ std::vector<std::string> factsOf(Column column, Page& page)
     unsigned int height = 0;
     CMetaFilePlayer::getImageSize(page.data(), static_cast<int>(page.size()), width, height);
     return {std::to_string(width).append(" by ").append(std::to_string(height)).append(" dots"),
-            counted(findAll(page, wantedWord).size(), "hit")};
+            counted(findAll(page, WantedWord).size(), "hit")};
 }
 
 GalleryEntry makeEntry(const ReportPage& page, PageByColumn& made)
 {
     made[Replayed] = replayed(made[Drawn]);
     made[Printed] = printed(made[Drawn]);
-    if (page.name == directPage) {
+    if (page.name == DirectPage) {
         made[PrintedDirectly] = printedDirectly(page);
     }
     made[Pixels] = made[Drawn];
-    if (page.name == markedPage) {
-        made[Marked] = firstHitMarked(made[Recorded], wantedWord);
+    if (page.name == MarkedPage) {
+        made[Marked] = firstHitMarked(made[Recorded], WantedWord);
     }
     const Comparison comparison = compareReplay(made[Drawn], made[Replayed]);
-    GalleryEntry entry = {&page, {}, comparison.agrees, comparison.verdict, findAll(made[Drawn], wantedWord)};
+    GalleryEntry entry = {&page, {}, comparison.agrees, comparison.verdict, findAll(made[Drawn], WantedWord)};
     for (std::size_t i = 0; i < ColumnCount; ++i) {
         if (!made[i].empty()) {
             const Column column = static_cast<Column>(i);
             entry.figures.push_back(
-                {&columns[i], column == Pixels ? 0 : made[i].size(), factsOf(column, made[i])});
+                {&Columns[i], column == Pixels ? 0 : made[i].size(), factsOf(column, made[i])});
         }
     }
     std::printf("%-10s %7zu bytes %10s %3zu hits   %s\n", page.name, made[Drawn].size(),
@@ -197,7 +197,7 @@ bool makeReport(const fs::path& folder)
     if (!canEncodePictures()) {
         std::printf("FreeImage is not there: the page of pictures has places without pictures.\n");
     }
-    if (!writeFontMap(folder / fontMapName)) {
+    if (!writeFontMap(folder / FontMapName)) {
         std::printf("fc-match named no font file: PostScript is painted in Ghostscript's own faces.\n");
     }
     std::vector<Page> pages;
@@ -217,12 +217,12 @@ bool makeReport(const fs::path& folder)
         entries.push_back(makeEntry(page, made));
         good &= entries.back().agrees;
         for (std::size_t column = 0; column < ColumnCount; ++column) {
-            good &= made[column].empty() || writePictures(folder, page, columns[column], made[column]);
+            good &= made[column].empty() || writePictures(folder, page, Columns[column], made[column]);
         }
         std::fflush(stdout);
     }
     const fs::path index = folder / "index.html";
-    if (!writeGallery(index, entries, wantedWord)) {
+    if (!writeGallery(index, entries, WantedWord)) {
         std::printf("cannot write %s\n", index.c_str());
         return false;
     }

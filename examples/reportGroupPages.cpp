@@ -12,37 +12,37 @@ namespace {
 void drawMonthDial(CSurface& surface, POINT centre)
 {
     surface.setBrush(0, HollowBrush);
-    surface.setPen(rule, DotPen, 1);
+    surface.setPen(Rule, DotPen, 1);
     for (int radius = 60; radius <= 150; radius += 30) {
         RECT circle = around(centre, radius);
         surface.ellipse(&circle);
     }
-    for (int month = 0; month < monthCount; ++month) {
+    for (int month = 0; month < MonthCount; ++month) {
         turnAbout(surface, centre, 30.0 * month, 1);
         int inner = -36;
-        for (const EnergyUse& use : energyUses) {
+        for (const EnergyUse& use : EnergyUses) {
             const int outer = inner - use.month[month] / 4;
             fillBox(surface, {-8, outer, 8, inner}, use.colour);
             inner = outer;
         }
         RECT whole = {-12, inner - 4, 12, -32};
-        surface.setPen(ink, SolidPen, 1);
+        surface.setPen(Ink, SolidPen, 1);
         surface.setBrush(0, HollowBrush);
         surface.drawRoundedRectangle(&whole, 5, 5);
         surface.clearTransform(); // on a device the next one would add to this one
     }
-    drawDot(surface, centre, 24, accent);
+    drawDot(surface, centre, 24, Accent);
 }
 
 void drawDayCurves(CSurface& surface, const Plot& plot)
 {
     drawAxes(surface, plot, 7);
-    surface.setPen(accent, SolidPen, 2);
-    drawCurve(surface, plot.curve(summerDay, hourCount));
-    surface.setPen(energyUses[2].colour, SolidPen, 2);
-    drawCurve(surface, plot.curve(winterDay, hourCount));
-    surface.setPen(warning, DashDotPen, 1);
-    surface.drawLine(plot.area.left, plot.y(contractedLoad), plot.area.right, plot.y(contractedLoad));
+    surface.setPen(Accent, SolidPen, 2);
+    drawCurve(surface, plot.curve(SummerDay, HourCount));
+    surface.setPen(EnergyUses[2].colour, SolidPen, 2);
+    drawCurve(surface, plot.curve(WinterDay, HourCount));
+    surface.setPen(Warning, DashDotPen, 1);
+    surface.drawLine(plot.area.left, plot.y(ContractedLoad), plot.area.right, plot.y(ContractedLoad));
 }
 
 // The same curves twice: as a whole, and three times enlarged behind a clip that shows the framed detail.
@@ -50,10 +50,10 @@ void drawDetail(CSurface& surface)
 {
     RECT detail = {430, 516, 530, 613};
     RECT window = {427, 108, 727, 399};
-    const Plot& plot = dayDetail;
+    const Plot& plot = DayDetail;
     drawPanel(surface, {48, 444, 746, 1064});
     drawDayCurves(surface, plot);
-    surface.setPen(ink, DashPen, 1);
+    surface.setPen(Ink, DashPen, 1);
     surface.setBrush(0, HollowBrush);
     surface.drawRectangle(&detail);
 
@@ -75,7 +75,7 @@ void drawMiniature(CSurface& surface, RECT tile, double scale, double degrees, v
     page(surface);
     surface.clearTransform();
     surface.setClippingRegion(nullptr);
-    surface.setPen(ink, SolidPen | MiterJoin, 1);
+    surface.setPen(Ink, SolidPen | MiterJoin, 1);
     surface.setBrush(0, HollowBrush);
     surface.drawRectangle(&tile);
 }
@@ -86,7 +86,7 @@ void drawGroups(CSurface& surface)
 {
     drawFurniture(surface, 4, static_cast<int>(reportPages().size()));
     drawPanel(surface, {48, 84, 387, 424});
-    drawMonthDial(surface, monthDial);
+    drawMonthDial(surface, MonthDial);
     drawDetail(surface);
 }
 
@@ -94,7 +94,7 @@ void drawSheet(CSurface& surface)
 {
     drawFurniture(surface, 5, static_cast<int>(reportPages().size()));
     // The pages come without their words: a face chosen inside of a clip and a transform would end both.
-    chooseFace(surface, headingFace);
+    chooseFace(surface, HeadingFace);
     drawMiniature(surface, {48, 84, 382, 556}, 0.42, 0, drawOverview);
     drawMiniature(surface, {412, 84, 746, 556}, 0.42, 0, drawShares);
     chooseFace(surface, {"Courier New", 8.5F, false, true});

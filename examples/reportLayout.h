@@ -6,9 +6,9 @@
 #include "chartParts.h"
 #include "energyFigures.h"
 
-inline constexpr Plot useBars = {{84, 556, 722, 996}, useCount, 1400};
-inline constexpr Plot dayLoad = {{84, 112, 718, 436}, hourCount - 1, 700};
-inline constexpr Plot dayDetail = {{78, 472, 720, 1030}, hourCount - 1, 700};
+inline constexpr Plot UseBars = {{84, 556, 722, 996}, UseCount, 1400};
+inline constexpr Plot DayLoad = {{84, 112, 718, 436}, HourCount - 1, 700};
+inline constexpr Plot DayDetail = {{78, 472, 720, 1030}, HourCount - 1, 700};
 
 struct MonthTable {
     RECT frame;
@@ -17,15 +17,15 @@ struct MonthTable {
     int columnWidth;
 };
 
-inline constexpr MonthTable monthTable = {{48, 196, 746, 508}, 24, 62, 91};
+inline constexpr MonthTable MonthTable = {{48, 196, 746, 508}, 24, 62, 91};
 
-inline constexpr POINT sharePie = {222, 264};
-inline constexpr POINT shareRing = {572, 264};
-inline constexpr POINT monthDial = {217, 254};
+inline constexpr POINT SharePie = {222, 264};
+inline constexpr POINT ShareRing = {572, 264};
+inline constexpr POINT MonthDial = {217, 254};
 
 // Four gauges above four tanks, from left to right.
 constexpr int instrumentX(int index)
 {
     return 136 + index * 174;
 }
-inline constexpr int gaugePercents[] = {38, 62, 84, 97};
+inline constexpr int GaugePercents[] = {38, 62, 84, 97};

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr ReportPage pages[] = {
+constexpr ReportPage Pages[] = {
     {"overview", "The year at a glance",
      "Shares of four uses, the months in a table with bars in its cells, and each use against the year "
      "before (grey) and its target (red). The bars carry the six hatches over a light ground.",
@@ -49,16 +49,16 @@ void drawShareTile(CSurface& surface, int left, const EnergyUse& use)
     const POINT centre = {left + 40, 132};
     RECT ring = around(centre, 22);
     surface.setBrush(0, HollowBrush);
-    surface.setPen(rule, SolidPen, 8);
+    surface.setPen(Rule, SolidPen, 8);
     surface.ellipse(&ring);
     surface.setPen(use.colour, SolidPen | FlatCap, 8);
     drawSweep(surface, centre, 22, 90, 360.0 * yearOf(use) / siteYear());
 
     const Plot spark = {{left + 78, 108, left + 150, 156},
-                        monthCount - 1,
+                        MonthCount - 1,
                         *std::max_element(std::begin(use.month), std::end(use.month))};
-    const std::vector<POINT> points = spark.curve(use.month, monthCount);
-    surface.setPen(rule, SolidPen, 1);
+    const std::vector<POINT> points = spark.curve(use.month, MonthCount);
+    surface.setPen(Rule, SolidPen, 1);
     surface.drawLine(spark.area.left, spark.area.bottom, spark.area.right, spark.area.bottom);
     surface.setPen(use.colour, SolidPen, 2);
     drawCurve(surface, points);
@@ -67,54 +67,54 @@ void drawShareTile(CSurface& surface, int left, const EnergyUse& use)
 
 void drawMonthTable(CSurface& surface)
 {
-    constexpr const RECT& frame = monthTable.frame;
-    constexpr int rowHeight = monthTable.rowHeight;
-    constexpr int firstColumn = monthTable.firstColumn;
-    constexpr int columnWidth = monthTable.columnWidth;
-    RECT outline = frame;
-    surface.setPen(rule, SolidPen, 1);
-    surface.setBrush(white, SolidBrush);
+    constexpr const RECT& Frame = MonthTable.frame;
+    constexpr int RowHeight = MonthTable.rowHeight;
+    constexpr int FirstColumn = MonthTable.firstColumn;
+    constexpr int ColumnWidth = MonthTable.columnWidth;
+    RECT outline = Frame;
+    surface.setPen(Rule, SolidPen, 1);
+    surface.setBrush(White, SolidBrush);
     surface.drawRectangle(&outline);
-    fillBox(surface, {frame.left, frame.top, frame.right, frame.top + rowHeight}, tint(ink, 20));
-    for (int month = 0; month < monthCount; ++month) {
-        const int top = frame.top + rowHeight * (month + 1);
+    fillBox(surface, {Frame.left, Frame.top, Frame.right, Frame.top + RowHeight}, tint(Ink, 20));
+    for (int month = 0; month < MonthCount; ++month) {
+        const int top = Frame.top + RowHeight * (month + 1);
         const auto cell = [&](int column, int length, unsigned long colour) {
-            const int left = frame.left + firstColumn + columnWidth * column + 7;
+            const int left = Frame.left + FirstColumn + ColumnWidth * column + 7;
             fillBox(surface, {left, top + 7, left + 1 + length, top + 17}, colour);
         };
-        drawDot(surface, {frame.left + 49, top + 12}, 2 + siteIn(month) / 80, accent);
-        for (int use = 0; use < useCount; ++use) {
-            cell(use, energyUses[use].month[month] * 76 / 212, energyUses[use].colour);
+        drawDot(surface, {Frame.left + 49, top + 12}, 2 + siteIn(month) / 80, Accent);
+        for (int use = 0; use < UseCount; ++use) {
+            cell(use, EnergyUses[use].month[month] * 76 / 212, EnergyUses[use].colour);
         }
-        cell(useCount, siteIn(month) * 76 / 450, ink);
+        cell(UseCount, siteIn(month) * 76 / 450, Ink);
     }
-    surface.setPen(rule, SolidPen | FlatCap, 1);
-    for (int row = 1; row <= monthCount; ++row) {
-        const int y = frame.top + rowHeight * row;
-        surface.drawLine(frame.left, y, frame.right, y);
+    surface.setPen(Rule, SolidPen | FlatCap, 1);
+    for (int row = 1; row <= MonthCount; ++row) {
+        const int y = Frame.top + RowHeight * row;
+        surface.drawLine(Frame.left, y, Frame.right, y);
     }
-    for (int column = 0; column <= useCount; ++column) {
-        const int x = frame.left + firstColumn + columnWidth * column;
-        surface.drawLine(x, frame.top, x, frame.bottom);
+    for (int column = 0; column <= UseCount; ++column) {
+        const int x = Frame.left + FirstColumn + ColumnWidth * column;
+        surface.drawLine(x, Frame.top, x, Frame.bottom);
     }
 }
 
 void drawUseBars(CSurface& surface)
 {
     drawPanel(surface, {48, 528, 746, 1064});
-    const Plot& plot = useBars;
+    const Plot& plot = UseBars;
     drawAxes(surface, plot, 7);
-    for (int i = 0; i < useCount; ++i) {
-        const EnergyUse& use = energyUses[i];
+    for (int i = 0; i < UseCount; ++i) {
+        const EnergyUse& use = EnergyUses[i];
         const int left = plot.x(i);
-        fillBox(surface, {left + 16, plot.y(use.yearBefore), left + 44, plot.area.bottom}, rule);
+        fillBox(surface, {left + 16, plot.y(use.yearBefore), left + 44, plot.area.bottom}, Rule);
         RECT bar = {left + 48, plot.y(yearOf(use)), left + 88, plot.area.bottom};
         fillBox(surface, bar, tint(use.colour, 55));
         surface.setPen(use.colour, SolidPen | MiterJoin, 2);
         surface.setBrush(use.colour, use.hatch);
         surface.drawRectangle(&bar);
 
-        surface.setPen(warning, DashPen, 2);
+        surface.setPen(Warning, DashPen, 2);
         surface.drawLine(left + 10, plot.y(use.target), left + 96, plot.y(use.target));
 
         RECT key = {left + 30, 1016, left + 74, 1044};
@@ -126,12 +126,12 @@ void drawUseBars(CSurface& surface)
 void drawYearShares(CSurface& surface)
 {
     drawPanel(surface, {48, 84, 746, 444});
-    const POINT& pie = sharePie;
-    const POINT& ring = shareRing;
+    const POINT& pie = SharePie;
+    const POINT& ring = ShareRing;
     double start = 90;
-    for (const EnergyUse& use : energyUses) {
+    for (const EnergyUse& use : EnergyUses) {
         const double sweep = 360.0 * yearOf(use) / siteYear();
-        surface.setPen(white, SolidPen, 2);
+        surface.setPen(White, SolidPen, 2);
         surface.setBrush(use.colour, SolidBrush);
         drawSector(surface, pie, 152, start, sweep);
         surface.setBrush(tint(use.colour, 45), SolidBrush);
@@ -141,29 +141,29 @@ void drawYearShares(CSurface& surface)
         drawSector(surface, ring, 152, start, sweep);
         start -= sweep;
     }
-    drawDot(surface, ring, 80, white);
-    surface.setPen(accent, SolidPen | FlatCap, 10);
+    drawDot(surface, ring, 80, White);
+    surface.setPen(Accent, SolidPen | FlatCap, 10);
     drawSweep(surface, ring, 58, 90, 252);
 }
 
 void drawGauge(CSurface& surface, POINT centre, int percent, unsigned long colour)
 {
-    surface.setPen(tint(rule, 50), SolidPen | FlatCap, 14);
+    surface.setPen(tint(Rule, 50), SolidPen | FlatCap, 14);
     drawSweep(surface, centre, 66, 225, 270);
     surface.setPen(colour, SolidPen | FlatCap, 14);
     drawSweep(surface, centre, 66, 225, 270.0 * percent / 100);
     const POINT tip = towards(centre, 225 - 270.0 * percent / 100);
-    surface.setPen(ink, SolidPen, 3);
+    surface.setPen(Ink, SolidPen, 3);
     surface.drawLine(centre.x, centre.y, centre.x + (tip.x - centre.x) * 48 / 1000,
                      centre.y + (tip.y - centre.y) * 48 / 1000);
-    drawDot(surface, centre, 6, ink);
+    drawDot(surface, centre, 6, Ink);
 }
 
 void drawTank(CSurface& surface, POINT centre, int degrees, unsigned long colour)
 {
     RECT tank = around(centre, 72);
-    surface.setPen(rule, SolidPen, 6);
-    surface.setBrush(mist, SolidBrush);
+    surface.setPen(Rule, SolidPen, 6);
+    surface.setBrush(Mist, SolidBrush);
     surface.ellipse(&tank);
     // The level is the chord between two directions as far left and right of straight down.
     const POINT from = towards(centre, 270.0 - degrees);
@@ -177,40 +177,40 @@ void drawTank(CSurface& surface, POINT centre, int degrees, unsigned long colour
 void drawDayLoad(CSurface& surface)
 {
     drawPanel(surface, {48, 84, 746, 470});
-    const Plot& plot = dayLoad;
+    const Plot& plot = DayLoad;
     // The ground line first: the area takes its outline from the pen that the last shape left.
-    const unsigned long shade = tint(accent, 70);
+    const unsigned long shade = tint(Accent, 70);
     surface.setPen(shade, SolidPen, 1);
     surface.drawLine(plot.area.left, plot.area.bottom, plot.area.right, plot.area.bottom);
-    std::vector<POINT> area = plot.curve(summerDay, hourCount);
+    std::vector<POINT> area = plot.curve(SummerDay, HourCount);
     area.push_back({plot.area.right, plot.area.bottom});
     area.push_back({plot.area.left, plot.area.bottom});
     surface.solidPolygon(area.data(), static_cast<unsigned int>(area.size()), shade);
 
     drawAxes(surface, plot, 7);
-    surface.setPen(accent, SolidPen, 3);
-    drawCurve(surface, plot.curve(summerDay, hourCount));
-    surface.setPen(energyUses[2].colour, SolidPen, 3);
-    const std::vector<POINT> winter = plot.curve(winterDay, hourCount);
+    surface.setPen(Accent, SolidPen, 3);
+    drawCurve(surface, plot.curve(SummerDay, HourCount));
+    surface.setPen(EnergyUses[2].colour, SolidPen, 3);
+    const std::vector<POINT> winter = plot.curve(WinterDay, HourCount);
     drawCurve(surface, winter);
     for (const POINT& hour : winter) {
-        drawDot(surface, hour, 4, energyUses[2].colour);
+        drawDot(surface, hour, 4, EnergyUses[2].colour);
     }
-    surface.setPen(warning, DashDotPen, 2);
-    surface.drawLine(plot.area.left, plot.y(contractedLoad), plot.area.right, plot.y(contractedLoad));
+    surface.setPen(Warning, DashDotPen, 2);
+    surface.drawLine(plot.area.left, plot.y(ContractedLoad), plot.area.right, plot.y(ContractedLoad));
 }
 
 void drawLineStyles(CSurface& surface)
 {
     drawPanel(surface, {48, 490, 387, 790});
-    constexpr int widths[] = {1, 3, 6};
+    constexpr int Widths[] = {1, 3, 6};
     for (int style = SolidPen; style <= 6; ++style) {
         const int y = 523 + style * 39;
-        surface.setPen(rule, SolidPen, 1);
+        surface.setPen(Rule, SolidPen, 1);
         surface.drawLine(64, y + 12, 371, y + 12);
         for (int column = 0; column < 3; ++column) {
             const int left = 70 + column * 103;
-            surface.setPen(ink, style, widths[column]);
+            surface.setPen(Ink, style, Widths[column]);
             surface.drawLine(left, y, left + 88, y);
         }
     }
@@ -219,19 +219,19 @@ void drawLineStyles(CSurface& surface)
 void drawCapsAndJoins(CSurface& surface)
 {
     drawPanel(surface, {407, 490, 746, 790});
-    constexpr int caps[] = {SolidPen, SquareCap, FlatCap};
-    constexpr int joins[] = {SolidPen, BevelJoin, MiterJoin};
+    constexpr int Caps[] = {SolidPen, SquareCap, FlatCap};
+    constexpr int Joins[] = {SolidPen, BevelJoin, MiterJoin};
     surface.setBrush(0, HollowBrush);
     for (int i = 0; i < 3; ++i) {
         const int y = 528 + i * 36;
-        surface.setPen(tint(ink, 40), caps[i], 18);
+        surface.setPen(tint(Ink, 40), Caps[i], 18);
         surface.drawLine(452, y, 702, y);
-        surface.setPen(white, SolidPen | FlatCap, 1);
+        surface.setPen(White, SolidPen | FlatCap, 1);
         surface.drawLine(452, y, 702, y);
 
         const int left = 441 + i * 100;
         POINT corner[] = {{left, 750}, {left + 36, 662}, {left + 72, 750}};
-        surface.setPen(energyUses[i].colour, joins[i], 14);
+        surface.setPen(EnergyUses[i].colour, Joins[i], 14);
         surface.polygon(corner, 3);
     }
 }
@@ -239,16 +239,16 @@ void drawCapsAndJoins(CSurface& surface)
 void drawProfiles(CSurface& surface)
 {
     drawPanel(surface, {48, 810, 746, 1064});
-    for (int i = 0; i < useCount; ++i) {
-        const EnergyUse& use = energyUses[i];
-        const Plot plot = {{72 + i * 111, 850, 167 + i * 111, 1024}, monthCount - 1, 220};
+    for (int i = 0; i < UseCount; ++i) {
+        const EnergyUse& use = EnergyUses[i];
+        const Plot plot = {{72 + i * 111, 850, 167 + i * 111, 1024}, MonthCount - 1, 220};
         // From the ground line up and back to it: viewers, which fill a polyline, show the same silhouette.
-        std::vector<POINT> profile = plot.curve(use.month, monthCount);
+        std::vector<POINT> profile = plot.curve(use.month, MonthCount);
         profile.insert(profile.begin(), {plot.area.left, plot.area.bottom});
         profile.push_back({plot.area.right, plot.area.bottom});
         surface.setPen(use.colour, SolidPen, 4);
         surface.polyline(profile.data(), static_cast<unsigned int>(profile.size()));
-        surface.setPen(rule, SolidPen, 1);
+        surface.setPen(Rule, SolidPen, 1);
         surface.drawLine(plot.area.left, 1034, plot.area.right, 1034);
     }
 }
@@ -257,14 +257,14 @@ void drawProfiles(CSurface& surface)
 
 std::span<const ReportPage> reportPages()
 {
-    return pages;
+    return Pages;
 }
 
 void drawOverview(CSurface& surface)
 {
-    drawFurniture(surface, 1, static_cast<int>(std::size(pages)));
+    drawFurniture(surface, 1, static_cast<int>(std::size(Pages)));
     for (int tile = 0; tile < 4; ++tile) {
-        drawShareTile(surface, 48 + tile * 178, energyUses[tile]);
+        drawShareTile(surface, 48 + tile * 178, EnergyUses[tile]);
     }
     drawMonthTable(surface);
     drawUseBars(surface);
@@ -272,20 +272,20 @@ void drawOverview(CSurface& surface)
 
 void drawShares(CSurface& surface)
 {
-    drawFurniture(surface, 2, static_cast<int>(std::size(pages)));
+    drawFurniture(surface, 2, static_cast<int>(std::size(Pages)));
     drawYearShares(surface);
     drawPanel(surface, {48, 464, 746, 724});
     drawPanel(surface, {48, 744, 746, 1064});
-    constexpr int levels[] = {128, 101, 74, 43};
+    constexpr int Levels[] = {128, 101, 74, 43};
     for (int i = 0; i < 4; ++i) {
-        drawGauge(surface, {instrumentX(i), 608}, gaugePercents[i], energyUses[i].colour);
-        drawTank(surface, {instrumentX(i), 904}, levels[i], energyUses[i].colour);
+        drawGauge(surface, {instrumentX(i), 608}, GaugePercents[i], EnergyUses[i].colour);
+        drawTank(surface, {instrumentX(i), 904}, Levels[i], EnergyUses[i].colour);
     }
 }
 
 void drawCurves(CSurface& surface)
 {
-    drawFurniture(surface, 3, static_cast<int>(std::size(pages)));
+    drawFurniture(surface, 3, static_cast<int>(std::size(Pages)));
     drawDayLoad(surface);
     drawLineStyles(surface);
     drawCapsAndJoins(surface);

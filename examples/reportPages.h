@@ -8,10 +8,10 @@
 
 class CSurface;
 
-inline constexpr int pageMillimetresWide = 210;
-inline constexpr int pageMillimetresHigh = 297;
-inline constexpr int logicalWidth = 794;
-inline constexpr int logicalHeight = 1123;
+inline constexpr int PageMillimetresWide = 210;
+inline constexpr int PageMillimetresHigh = 297;
+inline constexpr int LogicalWidth = 794;
+inline constexpr int LogicalHeight = 1123;
 
 struct ReportPage {
     const char* name; // of its files

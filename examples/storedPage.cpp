@@ -8,12 +8,12 @@
 
 RECT wholePage()
 {
-    return {0, 0, logicalWidth, logicalHeight};
+    return {0, 0, LogicalWidth, LogicalHeight};
 }
 
 CSurfaceSVG emptyPage()
 {
-    RECT paper = {0, 0, pageMillimetresWide, pageMillimetresHigh};
+    RECT paper = {0, 0, PageMillimetresWide, PageMillimetresHigh};
     RECT logical = wholePage();
     return CSurfaceSVG(&paper, &logical);
 }
@@ -63,10 +63,10 @@ Page printedDirectly(const ReportPage& page)
 {
     // The size is what a player would set.
     CSurfacePSPrinter paper(0, 0);
-    paper.m_width = logicalWidth;
-    paper.m_height = logicalHeight;
-    paper.m_pageWidth = pageMillimetresWide;
-    paper.m_pageHeight = pageMillimetresHigh;
+    paper.m_width = LogicalWidth;
+    paper.m_height = LogicalHeight;
+    paper.m_pageWidth = PageMillimetresWide;
+    paper.m_pageHeight = PageMillimetresHigh;
     drawReportPage(paper, page);
     return stored(paper);
 }

@@ -30,5 +30,5 @@ Page replayed(Page& page);
 Page printed(Page& page);
 
 // The page that the demo also draws on a sheet of PostScript, without storing it before.
-inline constexpr std::string_view directPage = "shares";
+inline constexpr std::string_view DirectPage = "shares";
 Page printedDirectly(const ReportPage& page);

@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace {
 
-constexpr RECT target{0, 0, 64, 48};
+constexpr RECT Target{0, 0, 64, 48};
 
 void require(bool holds)
 {
@@ -34,16 +34,16 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         return 0;
     }
     GdiDeviceOptions options;
-    options.width = target.right;
-    options.height = target.bottom;
+    options.width = Target.right;
+    options.height = Target.bottom;
     const HDC page = gdiCreateDevice(&options);
-    PlayEnhMetaFile(page, metafile, &target);
+    PlayEnhMetaFile(page, metafile, &Target);
 
     const RECT frame{0, 0, 6400, 4800};
     const HDC recording = CreateEnhMetaFileA(nullptr, nullptr, &frame, nullptr);
-    PlayEnhMetaFile(recording, metafile, &target);
+    PlayEnhMetaFile(recording, metafile, &Target);
     const HENHMETAFILE again = CloseEnhMetaFile(recording);
-    require(again == nullptr || PlayEnhMetaFile(page, again, &target) != FALSE);
+    require(again == nullptr || PlayEnhMetaFile(page, again, &Target) != FALSE);
 
     DeleteEnhMetaFile(again);
     DeleteEnhMetaFile(metafile);

@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace {
 
-constexpr int derivedPages = 1000; // of each page
+constexpr int DerivedPages = 1000; // of each page
 
 void run(const std::string& page)
 {
@@ -67,7 +67,7 @@ int main(int count, char** arguments)
         for (std::size_t length = 0; length <= page.size(); ++length) {
             run(page.substr(0, length));
         }
-        for (int number = 0; number < derivedPages; ++number) {
+        for (int number = 0; number < DerivedPages; ++number) {
             run(derived(page, random));
         }
     }

@@ -19,14 +19,14 @@ public:
     static constexpr unsigned int outOfMemoryCode = 0xE0000003U;
     static constexpr int outOfMemoryNumber = -100;
 
-    constexpr KrnException(unsigned int code, int number) noexcept : _code(code), _number(number) {}
+    constexpr KrnException(unsigned int code, int number) noexcept : m_code(code), m_number(number) {}
 
-    constexpr unsigned int code() const noexcept { return _code; }
-    constexpr int number() const noexcept { return _number; }
+    constexpr unsigned int code() const noexcept { return m_code; }
+    constexpr int number() const noexcept { return m_number; }
 
 private:
-    unsigned int _code;
-    int _number;
+    unsigned int m_code;
+    int m_number;
 };
 static_assert(sizeof(KrnException) == 8);
 
@@ -44,7 +44,7 @@ public:
     XHeap(const char* name, unsigned int initialSize, unsigned int regionSize, bool growing,
           unsigned int largestBlock, unsigned int options) noexcept;
 
-    constexpr explicit XHeap(Exhausted answer) noexcept : _answer(answer) {}
+    constexpr explicit XHeap(Exhausted answer) noexcept : m_answer(answer) {}
 
     XHeap(const XHeap&) = delete;
     XHeap& operator=(const XHeap&) = delete;
@@ -57,11 +57,11 @@ public:
     void free(void* block) noexcept;
 
     // Blocks handed out and not given back yet.
-    unsigned int blocksInUse() const noexcept { return _blocks.load(std::memory_order_relaxed); }
+    unsigned int blocksInUse() const noexcept { return m_blocks.load(std::memory_order_relaxed); }
 
 private:
-    std::atomic<unsigned int> _blocks{0};
-    const Exhausted _answer;
+    std::atomic<unsigned int> m_blocks{0};
+    const Exhausted m_answer;
 };
 
 // The platform's own heap: holds the blocks of Vector and Array, and its alloc never gives null. It is ready
@@ -98,7 +98,7 @@ public:
     [[gnu::format(printf, 2, 3)]] int log(const char* format, ...);
 
 private:
-    const char* _name;
+    const char* m_name;
 };
 
 // Where log lines go instead of standard error; null: standard error again. The line ends with a zero byte
@@ -163,7 +163,7 @@ public:
     ThreadMutex__(const ThreadMutex__&) = delete;
     ThreadMutex__& operator=(const ThreadMutex__&) = delete;
 
-    const char* name() const noexcept { return _name; }
+    const char* name() const noexcept { return m_name; }
 
     // Blocks until the lock is held. True.
     bool acquire();
@@ -172,8 +172,8 @@ public:
     bool relinquish();
 
 private:
-    const char* _name;
-    std::mutex _mutex;
-    std::atomic<std::thread::id> _holder{};
-    unsigned int _depth = 0;
+    const char* m_name;
+    std::mutex m_mutex;
+    std::atomic<std::thread::id> m_holder{};
+    unsigned int m_depth = 0;
 };

@@ -116,5 +116,5 @@ public:
     bool imageSaveToMem(FREE_IMAGE_FORMAT format, FIBITMAP* bitmap, fiio_mem_handle_s* handle);
 
 private:
-    const ImageLibrary* _library;
+    const ImageLibrary* m_library;
 };

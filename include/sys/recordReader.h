@@ -83,15 +83,15 @@ struct Record {
 
 // Why there is no record at a place.
 enum class Fault {
-    none,
-    cutInHead,   // the page ends in the record's head, or before it
-    size,        // the size is below that of a head, or no multiple of 4
-    cutInRecord, // the size leads out of the page
+    None,
+    CutInHead,   // the page ends in the record's head, or before it
+    Size,        // the size is below that of a head, or no multiple of 4
+    CutInRecord, // the size leads out of the page
 };
 
 struct Found {
     std::optional<Record> record;
-    Fault fault = Fault::none;
+    Fault fault = Fault::None;
     DWORD size = 0; // that the head names; 0 without one
 };
 
@@ -100,15 +100,15 @@ inline Found findRecord(Page page, unsigned int position) noexcept
     const Record rest{0, position, position < page.size() ? page.subspan(position) : Page()};
     const std::optional<EMR> head = rest.as<EMR>();
     if (!head) {
-        return {std::nullopt, Fault::cutInHead, 0};
+        return {std::nullopt, Fault::CutInHead, 0};
     }
     if (head->nSize < sizeof(EMR) || head->nSize % sizeof(DWORD) != 0) {
-        return {std::nullopt, Fault::size, head->nSize};
+        return {std::nullopt, Fault::Size, head->nSize};
     }
     if (head->nSize > rest.bytes.size()) {
-        return {std::nullopt, Fault::cutInRecord, head->nSize};
+        return {std::nullopt, Fault::CutInRecord, head->nSize};
     }
-    return {Record{head->iType, position, rest.bytes.first(head->nSize)}, Fault::none, head->nSize};
+    return {Record{head->iType, position, rest.bytes.first(head->nSize)}, Fault::None, head->nSize};
 }
 
 // The record that begins at a position; nothing where there can't be one.

@@ -142,17 +142,17 @@ protected:
 
 private:
     // Of a pointer, where elements are pointers. NOLINTNEXTLINE(bugprone-sizeof-expression)
-    static constexpr std::size_t elementSize = sizeof(Element);
+    static constexpr std::size_t ElementSize = sizeof(Element);
 
     static void* bytes(Element* element) noexcept { return element; }
-    static std::size_t bytesOf(unsigned int count) noexcept { return count * elementSize; }
+    static std::size_t bytesOf(unsigned int count) noexcept { return count * ElementSize; }
 
     static Element* newBlock(unsigned int count)
     {
         if (count == 0) {
             return nullptr;
         }
-        const std::uint64_t size = std::uint64_t{count} * elementSize;
+        const std::uint64_t size = std::uint64_t{count} * ElementSize;
         if (size > UINT32_MAX) {
             krnOutOfMemory();
         }
@@ -256,7 +256,7 @@ public:
 template <typename T, unsigned int N>
 class SortedArray : public Array<T, N> {
 public:
-    explicit SortedArray(bool allowDuplicates) : _allowDuplicates(allowDuplicates) {}
+    explicit SortedArray(bool allowDuplicates) : m_allowDuplicates(allowDuplicates) {}
 
     // Room for 100, whatever N is.
     void clear() { this->startWith(100); }
@@ -266,7 +266,7 @@ public:
     void add(T* element)
     {
         const Place place = placeOf(element->sortKey());
-        if (!place.taken || _allowDuplicates) {
+        if (!place.taken || m_allowDuplicates) {
             this->insertAt(element, place.index + 1);
         }
     }
@@ -300,5 +300,5 @@ private:
         return {static_cast<unsigned int>(lower), false};
     }
 
-    bool _allowDuplicates;
+    bool m_allowDuplicates;
 };

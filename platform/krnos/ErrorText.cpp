@@ -13,7 +13,7 @@ struct ErrorText {
     const char* text;
 };
 
-constexpr ErrorText errorTexts[] = {
+constexpr ErrorText ErrorTexts[] = {
     {0, "No error"},
     {1, "Invalid function"},
     {2, "File not found"},
@@ -45,7 +45,7 @@ constexpr ErrorText errorTexts[] = {
 
 const char* knownText(int error) noexcept
 {
-    for (const ErrorText& entry : errorTexts) {
+    for (const ErrorText& entry : ErrorTexts) {
         if (entry.error == error) {
             return entry.text;
         }

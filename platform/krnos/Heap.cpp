@@ -25,8 +25,8 @@ void* XHeap::alloc(unsigned int size, bool)
 {
     void* const block = std::malloc(size != 0 ? size : 1);
     if (block != nullptr) {
-        _blocks.fetch_add(1, std::memory_order_relaxed);
-    } else if (_answer == Exhausted::throws) {
+        m_blocks.fetch_add(1, std::memory_order_relaxed);
+    } else if (m_answer == Exhausted::throws) {
         krnOutOfMemory();
     }
     return block;
@@ -35,7 +35,7 @@ void* XHeap::alloc(unsigned int size, bool)
 void XHeap::free(void* block) noexcept
 {
     if (block != nullptr) {
-        _blocks.fetch_sub(1, std::memory_order_relaxed);
+        m_blocks.fetch_sub(1, std::memory_order_relaxed);
         std::free(block);
     }
 }

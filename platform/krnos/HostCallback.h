@@ -12,25 +12,25 @@ class HostCallback {
 public:
     void set(Function* function, void* context)
     {
-        const std::lock_guard lock(_mutex);
-        _function = function;
-        _context = context;
+        const std::lock_guard lock(m_mutex);
+        m_function = function;
+        m_context = context;
     }
 
     // False when the host has hung in nothing.
     template <typename... Arguments>
     bool call(Arguments... arguments)
     {
-        const std::lock_guard lock(_mutex);
-        if (_function == nullptr) {
+        const std::lock_guard lock(m_mutex);
+        if (m_function == nullptr) {
             return false;
         }
-        _function(arguments..., _context);
+        m_function(arguments..., m_context);
         return true;
     }
 
 private:
-    std::recursive_mutex _mutex;
-    Function* _function = nullptr;
-    void* _context = nullptr;
+    std::recursive_mutex m_mutex;
+    Function* m_function = nullptr;
+    void* m_context = nullptr;
 };

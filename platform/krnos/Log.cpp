@@ -34,8 +34,8 @@ public:
     explicit LogLine(const char* name) noexcept
     {
         if (name != nullptr && *name != '\0') {
-            const int length = std::snprintf(_short, sizeof(_short) / 2, "%s: ", name);
-            _prefixLength = std::min(static_cast<std::size_t>(std::max(length, 0)), sizeof(_short) / 2 - 1);
+            const int length = std::snprintf(m_short, sizeof(m_short) / 2, "%s: ", name);
+            m_prefixLength = std::min(static_cast<std::size_t>(std::max(length, 0)), sizeof(m_short) / 2 - 1);
         }
     }
 
@@ -45,26 +45,26 @@ public:
         const NeutralLocale locale;
         std::va_list again;
         va_copy(again, arguments);
-        const std::size_t room = sizeof(_short) - _prefixLength - 1;
-        const int length = std::vsnprintf(_short + _prefixLength, room, format, arguments);
+        const std::size_t room = sizeof(m_short) - m_prefixLength - 1;
+        const int length = std::vsnprintf(m_short + m_prefixLength, room, format, arguments);
         if (length >= 0) {
-            _messageLength = std::min(static_cast<std::size_t>(length), room - 1);
-            if (static_cast<std::size_t>(length) > _messageLength) {
+            m_messageLength = std::min(static_cast<std::size_t>(length), room - 1);
+            if (static_cast<std::size_t>(length) > m_messageLength) {
                 formatLong(static_cast<std::size_t>(length), format, again);
             }
-            std::replace_if(message(), message() + _messageLength, isLineEnd, ' ');
+            std::replace_if(message(), message() + m_messageLength, isLineEnd, ' ');
         }
         va_end(again);
         return length;
     }
 
-    char* message() noexcept { return _text + _prefixLength; }
+    char* message() noexcept { return m_text + m_prefixLength; }
 
     void writeToStandardError() noexcept
     {
-        const std::size_t end = _prefixLength + _messageLength;
-        _text[end] = '\n';
-        std::fwrite(_text, 1, end + 1, stderr);
+        const std::size_t end = m_prefixLength + m_messageLength;
+        m_text[end] = '\n';
+        std::fwrite(m_text, 1, end + 1, stderr);
     }
 
 private:
@@ -73,29 +73,29 @@ private:
     [[gnu::format(printf, 3, 0)]] void formatLong(std::size_t length, const char* format,
                                                   std::va_list arguments) noexcept
     {
-        _long.reset(static_cast<char*>(std::malloc(_prefixLength + length + 2)));
-        if (_long != nullptr) {
-            std::memcpy(_long.get(), _short, _prefixLength);
-            _text = _long.get();
-            _messageLength = length;
+        m_long.reset(static_cast<char*>(std::malloc(m_prefixLength + length + 2)));
+        if (m_long != nullptr) {
+            std::memcpy(m_long.get(), m_short, m_prefixLength);
+            m_text = m_long.get();
+            m_messageLength = length;
             std::vsnprintf(message(), length + 1, format, arguments);
         }
     }
 
-    char _short[512];
-    std::unique_ptr<char, FreeBlock> _long;
-    char* _text = _short;
-    std::size_t _prefixLength = 0;
-    std::size_t _messageLength = 0;
+    char m_short[512];
+    std::unique_ptr<char, FreeBlock> m_long;
+    char* m_text = m_short;
+    std::size_t m_prefixLength = 0;
+    std::size_t m_messageLength = 0;
 };
 
 } // namespace
 
-KrnLog::KrnLog(const char* name, const char*, bool, bool) noexcept : _name(name) {}
+KrnLog::KrnLog(const char* name, const char*, bool, bool) noexcept : m_name(name) {}
 
 int KrnLog::log(const char* format, ...)
 {
-    LogLine line(_name);
+    LogLine line(m_name);
     std::va_list arguments;
     va_start(arguments, format);
     const int length = line.format(format, arguments);

@@ -8,8 +8,8 @@
 
 class NeutralLocale {
 public:
-    NeutralLocale() noexcept : _former(uselocale(neutral())) {}
-    ~NeutralLocale() { uselocale(_former); }
+    NeutralLocale() noexcept : m_former(uselocale(neutral())) {}
+    ~NeutralLocale() { uselocale(m_former); }
 
     NeutralLocale(const NeutralLocale&) = delete;
     NeutralLocale& operator=(const NeutralLocale&) = delete;
@@ -17,9 +17,9 @@ public:
 private:
     static locale_t neutral() noexcept
     {
-        static const locale_t locale = newlocale(LC_ALL_MASK, "C", nullptr);
-        return locale;
+        static const locale_t Locale = newlocale(LC_ALL_MASK, "C", nullptr);
+        return Locale;
     }
 
-    locale_t _former;
+    locale_t m_former;
 };

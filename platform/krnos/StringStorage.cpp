@@ -37,13 +37,13 @@ struct alignas(std::max_align_t) BlockHeader {
     std::size_t open; // what was asked for last
 };
 
-constexpr std::size_t smallestRoundedSize = 4096;
+constexpr std::size_t SmallestRoundedSize = 4096;
 
 // Large sizes go up to the next quarter of a power of two: at most a quarter of the memory stays unused, and a
 // block that grows little by little moves a number of times that is logarithmic in its size.
 std::size_t usableSizeFor(std::size_t size) noexcept
 {
-    if (size < smallestRoundedSize) {
+    if (size < SmallestRoundedSize) {
         return size;
     }
     const std::size_t step = std::bit_floor(size - 1) / 4;

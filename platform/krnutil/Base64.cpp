@@ -12,24 +12,24 @@
 
 namespace {
 
-constexpr char alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr char Alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
 // What a character stands for: its six bits, or one of these, which have bits above them.
-constexpr unsigned char blank = 0x40;
-constexpr unsigned char padding = 0x41;
-constexpr unsigned char foreign = 0x80;
-constexpr unsigned char noSextet = 0xC0;
+constexpr unsigned char Blank = 0x40;
+constexpr unsigned char Padding = 0x41;
+constexpr unsigned char Foreign = 0x80;
+constexpr unsigned char NoSextet = 0xC0;
 
-constexpr std::array<unsigned char, 256> meanings = [] {
+constexpr std::array<unsigned char, 256> Meanings = [] {
     std::array<unsigned char, 256> table{};
-    table.fill(foreign);
+    table.fill(Foreign);
     for (unsigned char sextet = 0; sextet < 64; ++sextet) {
-        table[static_cast<unsigned char>(alphabet[sextet])] = sextet;
+        table[static_cast<unsigned char>(Alphabet[sextet])] = sextet;
     }
     for (const char character : {' ', '\t', '\n', '\v', '\f', '\r'}) {
-        table[static_cast<unsigned char>(character)] = blank;
+        table[static_cast<unsigned char>(character)] = Blank;
     }
-    table['='] = padding;
+    table['='] = Padding;
     return table;
 }();
 
@@ -37,7 +37,7 @@ constexpr std::array<unsigned char, 256> meanings = [] {
 char* putGroup(char* out, std::uint32_t group, int count) noexcept
 {
     for (int position = 0; position < 4; ++position) {
-        out[position] = position < count ? alphabet[(group >> (18 - 6 * position)) & 63] : '=';
+        out[position] = position < count ? Alphabet[(group >> (18 - 6 * position)) & 63] : '=';
     }
     return out + 4;
 }
@@ -67,11 +67,11 @@ struct Decoder {
     void decodeWholeGroups() noexcept
     {
         while (end - in >= 4) {
-            const std::uint32_t a = meanings[in[0]];
-            const std::uint32_t b = meanings[in[1]];
-            const std::uint32_t c = meanings[in[2]];
-            const std::uint32_t d = meanings[in[3]];
-            if (((a | b | c | d) & noSextet) != 0) {
+            const std::uint32_t a = Meanings[in[0]];
+            const std::uint32_t b = Meanings[in[1]];
+            const std::uint32_t c = Meanings[in[2]];
+            const std::uint32_t d = Meanings[in[3]];
+            if (((a | b | c | d) & NoSextet) != 0) {
                 return;
             }
             put(a << 18 | b << 12 | c << 6 | d, 3);
@@ -84,16 +84,16 @@ struct Decoder {
     {
         std::uint32_t group = 0;
         int filled = 0;
-        unsigned char meaning = blank;
-        while (meaning <= blank) {
+        unsigned char meaning = Blank;
+        while (meaning <= Blank) {
             if (filled == 0) {
                 decodeWholeGroups();
             }
             if (in == end) {
                 break;
             }
-            meaning = meanings[*in++];
-            if (meaning < blank) {
+            meaning = Meanings[*in++];
+            if (meaning < Blank) {
                 group = group << 6 | meaning;
                 if (++filled == 4) {
                     put(group, 3);
@@ -105,7 +105,7 @@ struct Decoder {
         if (filled > 1) {
             put(group << 6 * (4 - filled), filled - 1);
         }
-        return meaning != foreign && filled != 1;
+        return meaning != Foreign && filled != 1;
     }
 
 private:

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr std::uint64_t mostPixelBytes = std::uint64_t{256} << 20;
+constexpr std::uint64_t MostPixelBytes = std::uint64_t{256} << 20;
 
 // FreeImage is C++ behind a C interface: what its decoders do not catch, exhausted memory above all, comes
 // through, and counts as a failure here.
@@ -33,25 +33,25 @@ Result guarded(Result failure, Call call) noexcept
 class MemoryStream {
 public:
     explicit MemoryStream(const ImageLibrary& library)
-        : _library(library), _memory(library.openMemory(nullptr, 0))
+        : m_library(library), m_memory(library.openMemory(nullptr, 0))
     {
     }
-    ~MemoryStream() { _library.closeMemory(_memory); }
+    ~MemoryStream() { m_library.closeMemory(m_memory); }
 
     MemoryStream(const MemoryStream&) = delete;
     MemoryStream& operator=(const MemoryStream&) = delete;
 
-    FIMEMORY* get() const noexcept { return _memory; }
+    FIMEMORY* get() const noexcept { return m_memory; }
 
 private:
-    const ImageLibrary& _library;
-    FIMEMORY* _memory;
+    const ImageLibrary& m_library;
+    FIMEMORY* m_memory;
 };
 
 // A bitmap that is unloaded at the end, unless it was handed on.
 class OwnedBitmap {
 public:
-    OwnedBitmap(const ImageLibrary& library, FIBITMAP* bitmap) noexcept : _library(library), _bitmap(bitmap)
+    OwnedBitmap(const ImageLibrary& library, FIBITMAP* bitmap) noexcept : m_library(library), m_bitmap(bitmap)
     {
     }
     ~OwnedBitmap() { reset(nullptr); }
@@ -59,26 +59,26 @@ public:
     OwnedBitmap(const OwnedBitmap&) = delete;
     OwnedBitmap& operator=(const OwnedBitmap&) = delete;
 
-    FIBITMAP* get() const noexcept { return _bitmap; }
+    FIBITMAP* get() const noexcept { return m_bitmap; }
 
     void reset(FIBITMAP* bitmap)
     {
-        if (_bitmap != nullptr) {
-            _library.unload(_bitmap);
+        if (m_bitmap != nullptr) {
+            m_library.unload(m_bitmap);
         }
-        _bitmap = bitmap;
+        m_bitmap = bitmap;
     }
 
     FIBITMAP* release() noexcept
     {
-        FIBITMAP* const bitmap = _bitmap;
-        _bitmap = nullptr;
+        FIBITMAP* const bitmap = m_bitmap;
+        m_bitmap = nullptr;
         return bitmap;
     }
 
 private:
-    const ImageLibrary& _library;
-    FIBITMAP* _bitmap;
+    const ImageLibrary& m_library;
+    FIBITMAP* m_bitmap;
 };
 
 // How bitmaps that Windows has no form for become ones that it has; `fromBits` 0 stands for any. One bit per
@@ -93,8 +93,8 @@ struct Reduction {
 
 FIBITMAP* toneMapped(const ImageLibrary& library, FIBITMAP* bitmap)
 {
-    constexpr int adaptiveLogarithmic = 0;
-    return library.toneMapping(bitmap, adaptiveLogarithmic, 0, 0);
+    constexpr int AdaptiveLogarithmic = 0;
+    return library.toneMapping(bitmap, AdaptiveLogarithmic, 0, 0);
 }
 
 FIBITMAP* to8Bits(const ImageLibrary& library, FIBITMAP* bitmap)
@@ -112,15 +112,15 @@ FIBITMAP* to32Bits(const ImageLibrary& library, FIBITMAP* bitmap)
     return library.convertTo32Bits(bitmap);
 }
 
-constexpr Reduction reductions[] = {
-    {PixelKind::standard, 1, 8, to8Bits},      {PixelKind::standard, 16, 24, to24Bits},
-    {PixelKind::uint16, 0, 8, to8Bits},        {PixelKind::rgb16, 0, 24, to24Bits},
-    {PixelKind::rgba16, 0, 32, to32Bits},      {PixelKind::rgbFloat, 0, 24, toneMapped},
-    {PixelKind::rgbaFloat, 0, 24, toneMapped},
+constexpr Reduction Reductions[] = {
+    {PixelKind::Standard, 1, 8, to8Bits},      {PixelKind::Standard, 16, 24, to24Bits},
+    {PixelKind::Uint16, 0, 8, to8Bits},        {PixelKind::Rgb16, 0, 24, to24Bits},
+    {PixelKind::Rgba16, 0, 32, to32Bits},      {PixelKind::RgbFloat, 0, 24, toneMapped},
+    {PixelKind::RgbaFloat, 0, 24, toneMapped},
 };
 
 // All other kinds are numbers without a range of their own, shown from their darkest to their brightest.
-constexpr Reduction stretched = {PixelKind::standard, 0, 8,
+constexpr Reduction Stretched = {PixelKind::Standard, 0, 8,
                                  [](const ImageLibrary& library, FIBITMAP* bitmap) {
                                      return library.convertToStandardType(bitmap, TRUE);
                                  }};
@@ -135,12 +135,12 @@ const Reduction* reductionFor(const ImageLibrary& library, FIBITMAP* bitmap)
 {
     const PixelKind kind = library.getImageType(bitmap);
     const unsigned int bits = headerOf(library, bitmap).biBitCount;
-    for (const Reduction& reduction : reductions) {
+    for (const Reduction& reduction : Reductions) {
         if (reduction.kind == kind && (reduction.fromBits == 0 || reduction.fromBits == bits)) {
             return &reduction;
         }
     }
-    return kind == PixelKind::standard ? nullptr : &stretched;
+    return kind == PixelKind::Standard ? nullptr : &Stretched;
 }
 
 bool fits(const ImageLibrary& library, FIBITMAP* bitmap, unsigned int bits)
@@ -148,9 +148,9 @@ bool fits(const ImageLibrary& library, FIBITMAP* bitmap, unsigned int bits)
     const BITMAPINFOHEADER& header = headerOf(library, bitmap);
     const auto width = static_cast<std::uint64_t>(std::int64_t{header.biWidth});
     const auto height = static_cast<std::uint64_t>(std::int64_t{header.biHeight});
-    constexpr std::uint64_t longest = INT32_MAX;
-    return bits != 0 && width <= longest && height <= longest &&
-           (width == 0 || height <= mostPixelBytes * 8 / bits / width);
+    constexpr std::uint64_t Longest = INT32_MAX;
+    return bits != 0 && width <= Longest && height <= Longest &&
+           (width == 0 || height <= MostPixelBytes * 8 / bits / width);
 }
 
 // Whether there is room for the pixels as they are and as they become.
@@ -190,9 +190,9 @@ bool isDecodable(const ImageLibrary& library, FREE_IMAGE_FORMAT format, ImageRea
         return false;
     }
     if (library.fifSupportsNoPixels(format) == 0) {
-        return statedPixelBytes(format, reader.data(), reader.size()) <= mostPixelBytes;
+        return statedPixelBytes(format, reader.data(), reader.size()) <= MostPixelBytes;
     }
-    const OwnedBitmap header(library, load(library, format, reader, loadNoPixels));
+    const OwnedBitmap header(library, load(library, format, reader, LoadNoPixels));
     return header.get() != nullptr && fitsReduced(library, header.get());
 }
 
@@ -201,7 +201,7 @@ void makeVisible(const ImageLibrary& library, FREE_IMAGE_FORMAT format, const Im
                  FIBITMAP* bitmap)
 {
     const BITMAPINFOHEADER& header = headerOf(library, bitmap);
-    if (format == FIF_BMP && header.biBitCount == 32 && library.getImageType(bitmap) == PixelKind::standard &&
+    if (format == FIF_BMP && header.biBitCount == 32 && library.getImageType(bitmap) == PixelKind::Standard &&
         !hasAlphaMask(reader.data(), reader.size())) {
         // The bitmap fits, so that its sides are small positive numbers.
         makeOpaqueIfUnused(library.getBits(bitmap), static_cast<std::size_t>(header.biWidth) *
@@ -254,76 +254,76 @@ bool encoded(const ImageLibrary& library, FREE_IMAGE_FORMAT format, FIBITMAP* bi
 
 } // namespace
 
-FreeImageDesc::FreeImageDesc(bool) : _library(currentImageLibrary()) {}
+FreeImageDesc::FreeImageDesc(bool) : m_library(currentImageLibrary()) {}
 
 FreeImageDesc::~FreeImageDesc() = default;
 
 bool FreeImageDesc::isProcLoaded() const
 {
-    return _library != nullptr;
+    return m_library != nullptr;
 }
 
 FIMEMORY* FreeImageDesc::imageOpenMemory(unsigned char* data, int size)
 {
-    if (_library == nullptr || data == nullptr || size <= 0) {
+    if (m_library == nullptr || data == nullptr || size <= 0) {
         return nullptr;
     }
     return guarded<FIMEMORY*>(nullptr,
-                              [=, this] { return _library->openMemory(data, static_cast<DWORD>(size)); });
+                              [=, this] { return m_library->openMemory(data, static_cast<DWORD>(size)); });
 }
 
 FREE_IMAGE_FORMAT FreeImageDesc::imageGetFileTypeFromMemory(FIMEMORY* memory, int size)
 {
-    if (_library == nullptr || memory == nullptr) {
+    if (m_library == nullptr || memory == nullptr) {
         return FIF_UNKNOWN;
     }
-    return guarded(FIF_UNKNOWN, [=, this] { return _library->getFileTypeFromMemory(memory, size); });
+    return guarded(FIF_UNKNOWN, [=, this] { return m_library->getFileTypeFromMemory(memory, size); });
 }
 
 void FreeImageDesc::imageCloseMemory(FIMEMORY* memory)
 {
-    if (_library != nullptr && memory != nullptr) {
-        _library->closeMemory(memory);
+    if (m_library != nullptr && memory != nullptr) {
+        m_library->closeMemory(memory);
     }
 }
 
 FIBITMAP* FreeImageDesc::imageLoadFromMem(FREE_IMAGE_FORMAT format, unsigned char* data, unsigned int size)
 {
-    if (_library == nullptr || data == nullptr || size == 0) {
+    if (m_library == nullptr || data == nullptr || size == 0) {
         return nullptr;
     }
-    return guarded<FIBITMAP*>(nullptr, [=, this] { return decoded(*_library, format, data, size); });
+    return guarded<FIBITMAP*>(nullptr, [=, this] { return decoded(*m_library, format, data, size); });
 }
 
 BITMAPINFO* FreeImageDesc::imageGetInfo(FIBITMAP* bitmap)
 {
-    return _library != nullptr && bitmap != nullptr ? _library->getInfo(bitmap) : nullptr;
+    return m_library != nullptr && bitmap != nullptr ? m_library->getInfo(bitmap) : nullptr;
 }
 
 unsigned char* FreeImageDesc::imageGetBits(FIBITMAP* bitmap)
 {
-    return _library != nullptr && bitmap != nullptr ? _library->getBits(bitmap) : nullptr;
+    return m_library != nullptr && bitmap != nullptr ? m_library->getBits(bitmap) : nullptr;
 }
 
 FIBITMAP* FreeImageDesc::imageConvertTo24Bits(FIBITMAP* bitmap)
 {
-    if (_library == nullptr || bitmap == nullptr || !fits(*_library, bitmap, 24)) {
+    if (m_library == nullptr || bitmap == nullptr || !fits(*m_library, bitmap, 24)) {
         return nullptr;
     }
-    return guarded<FIBITMAP*>(nullptr, [=, this] { return _library->convertTo24Bits(bitmap); });
+    return guarded<FIBITMAP*>(nullptr, [=, this] { return m_library->convertTo24Bits(bitmap); });
 }
 
 void FreeImageDesc::imageUnload(FIBITMAP* bitmap)
 {
-    if (_library != nullptr && bitmap != nullptr) {
-        _library->unload(bitmap);
+    if (m_library != nullptr && bitmap != nullptr) {
+        m_library->unload(bitmap);
     }
 }
 
 bool FreeImageDesc::imageSaveToMem(FREE_IMAGE_FORMAT format, FIBITMAP* bitmap, fiio_mem_handle_s* handle)
 {
-    if (_library == nullptr || bitmap == nullptr || handle == nullptr || !isFormat(*_library, format)) {
+    if (m_library == nullptr || bitmap == nullptr || handle == nullptr || !isFormat(*m_library, format)) {
         return false;
     }
-    return guarded(false, [=, this] { return encoded(*_library, format, bitmap, handle); });
+    return guarded(false, [=, this] { return encoded(*m_library, format, bitmap, handle); });
 }

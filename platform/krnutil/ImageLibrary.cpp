@@ -31,40 +31,40 @@ static_assert(offsetof(::RGBQUAD, rgbRed) == offsetof(freeImage::RGBQUAD, rgbRed
 static_assert(int{::FIF_UNKNOWN} == int{freeImage::FIF_UNKNOWN} && int{::FIF_BMP} == int{freeImage::FIF_BMP});
 static_assert(int{::FIF_ICO} == int{freeImage::FIF_ICO} && int{::FIF_JPEG} == int{freeImage::FIF_JPEG});
 static_assert(int{::FIF_PNG} == int{freeImage::FIF_PNG} && int{::FIF_TIFF} == int{freeImage::FIF_TIFF});
-static_assert(int{::FIF_GIF} == int{freeImage::FIF_GIF} && loadNoPixels == FIF_LOAD_NOPIXELS);
+static_assert(int{::FIF_GIF} == int{freeImage::FIF_GIF} && LoadNoPixels == FIF_LOAD_NOPIXELS);
 static_assert(sizeof(ImageReaderFunctions) == sizeof(freeImage::FreeImageIO));
 static_assert(offsetof(ImageReaderFunctions, read) == offsetof(freeImage::FreeImageIO, read_proc));
 static_assert(offsetof(ImageReaderFunctions, seek) == offsetof(freeImage::FreeImageIO, seek_proc));
 static_assert(offsetof(ImageReaderFunctions, tell) == offsetof(freeImage::FreeImageIO, tell_proc));
-static_assert(int{freeImage::FIT_BITMAP} == static_cast<int>(PixelKind::standard));
-static_assert(int{freeImage::FIT_UINT16} == static_cast<int>(PixelKind::uint16));
-static_assert(int{freeImage::FIT_RGB16} == static_cast<int>(PixelKind::rgb16));
-static_assert(int{freeImage::FIT_RGBA16} == static_cast<int>(PixelKind::rgba16));
-static_assert(int{freeImage::FIT_RGBF} == static_cast<int>(PixelKind::rgbFloat));
-static_assert(int{freeImage::FIT_RGBAF} == static_cast<int>(PixelKind::rgbaFloat));
+static_assert(int{freeImage::FIT_BITMAP} == static_cast<int>(PixelKind::Standard));
+static_assert(int{freeImage::FIT_UINT16} == static_cast<int>(PixelKind::Uint16));
+static_assert(int{freeImage::FIT_RGB16} == static_cast<int>(PixelKind::Rgb16));
+static_assert(int{freeImage::FIT_RGBA16} == static_cast<int>(PixelKind::Rgba16));
+static_assert(int{freeImage::FIT_RGBF} == static_cast<int>(PixelKind::RgbFloat));
+static_assert(int{freeImage::FIT_RGBAF} == static_cast<int>(PixelKind::RgbaFloat));
 
 namespace {
 
 template <typename Ours, typename Theirs>
-constexpr bool passedAlike = std::is_pointer_v<Ours> ==
+constexpr bool PassedAlike = std::is_pointer_v<Ours> ==
                                  std::is_pointer_v<Theirs>&& std::is_floating_point_v<Ours> ==
                                  std::is_floating_point_v<Theirs> &&
                              sizeof(Ours) == sizeof(Theirs);
 template <>
-constexpr bool passedAlike<void, void> = true;
+constexpr bool PassedAlike<void, void> = true;
 
 template <typename Ours, typename Theirs>
-constexpr bool calledAlike = false;
+constexpr bool CalledAlike = false;
 template <typename OurResult, typename... Ours, typename TheirResult, typename... Theirs>
 requires(sizeof...(Ours) ==
-         sizeof...(Theirs)) constexpr bool calledAlike<OurResult(Ours...), TheirResult(Theirs...)> =
-    passedAlike<OurResult, TheirResult> && (passedAlike<Ours, Theirs> && ...);
+         sizeof...(Theirs)) constexpr bool CalledAlike<OurResult(Ours...), TheirResult(Theirs...)> =
+    PassedAlike<OurResult, TheirResult> && (PassedAlike<Ours, Theirs> && ...);
 
 // Declared is the function as FreeImage's header has it.
 template <typename Declared, typename Function>
 bool find(void* handle, const char* name, Function*& function) noexcept
 {
-    static_assert(calledAlike<Function, Declared>);
+    static_assert(CalledAlike<Function, Declared>);
     function = reinterpret_cast<Function*>(dlsym(handle, name));
     return function != nullptr;
 }
@@ -134,20 +134,20 @@ class ImageLibraries {
 public:
     void setPath(const char* path)
     {
-        std::string copy = path != nullptr ? path : defaultName;
-        const std::lock_guard lock(_mutex);
-        _path = std::move(copy);
-        _tried = false;
+        std::string copy = path != nullptr ? path : DefaultName;
+        const std::lock_guard lock(m_mutex);
+        m_path = std::move(copy);
+        m_tried = false;
     }
 
     const ImageLibrary* current()
     {
-        const std::lock_guard lock(_mutex);
-        if (!_tried) {
-            _current = load(_path.c_str());
-            _tried = true;
+        const std::lock_guard lock(m_mutex);
+        if (!m_tried) {
+            m_current = load(m_path.c_str());
+            m_tried = true;
         }
-        return _current;
+        return m_current;
     }
 
 private:
@@ -160,12 +160,12 @@ private:
     {
         // What needs memory comes first, so that a library which was opened is never lost.
         auto library = std::make_unique<ImageLibrary>();
-        _loaded.reserve(_loaded.size() + 1);
+        m_loaded.reserve(m_loaded.size() + 1);
         void* const handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
         if (handle == nullptr) {
             return nullptr;
         }
-        for (const Loaded& loaded : _loaded) {
+        for (const Loaded& loaded : m_loaded) {
             if (loaded.handle == handle) {
                 dlclose(handle);
                 return loaded.library.get();
@@ -176,24 +176,24 @@ private:
             return nullptr;
         }
         silence(handle);
-        return _loaded.emplace_back(Loaded{handle, std::move(library)}).library.get();
+        return m_loaded.emplace_back(Loaded{handle, std::move(library)}).library.get();
     }
 
-    static constexpr char defaultName[] = "libfreeimage.so.3";
+    static constexpr char DefaultName[] = "libfreeimage.so.3";
 
-    std::mutex _mutex;
-    std::string _path = defaultName;
-    bool _tried = false;
-    const ImageLibrary* _current = nullptr;
-    std::vector<Loaded> _loaded;
+    std::mutex m_mutex;
+    std::string m_path = DefaultName;
+    bool m_tried = false;
+    const ImageLibrary* m_current = nullptr;
+    std::vector<Loaded> m_loaded;
 };
 
 // Ends last, since static objects may hold a bitmap to the end. The libraries themselves stay loaded.
 ImageLibraries& imageLibraries()
 {
-    static ImageLibraries* const libraries = new ImageLibraries;
-    static const AtModuleEnd end([] { delete libraries; });
-    return *libraries;
+    static ImageLibraries* const Libraries = new ImageLibraries;
+    static const AtModuleEnd End([] { delete Libraries; });
+    return *Libraries;
 }
 
 } // namespace

@@ -10,16 +10,16 @@
 
 // What a pixel of a bitmap is. Bitmaps of the first kind are what the Windows interface draws.
 enum class PixelKind : int {
-    standard = 1,
-    uint16 = 2,
-    rgb16 = 9,
-    rgba16 = 10,
-    rgbFloat = 11,
-    rgbaFloat = 12
+    Standard = 1,
+    Uint16 = 2,
+    Rgb16 = 9,
+    Rgba16 = 10,
+    RgbFloat = 11,
+    RgbaFloat = 12
 };
 
 // For loadFromHandle: the header alone, where the format can do that.
-constexpr int loadNoPixels = 0x8000;
+constexpr int LoadNoPixels = 0x8000;
 
 // Members are named as the functions are, without their "FreeImage_". Results of type BOOL are 0 for a failure,
 // bitmaps and streams null.

@@ -8,11 +8,11 @@
 unsigned int ImageReader::read(void* buffer, unsigned int size, unsigned int count) noexcept
 {
     const std::size_t wanted = std::size_t{size} * count;
-    const auto left = static_cast<std::size_t>(std::max(_size - _position, 0L));
+    const auto left = static_cast<std::size_t>(std::max(m_size - m_position, 0L));
     const std::size_t given = std::min(wanted, left);
     if (given != 0) {
-        std::memcpy(buffer, _data + _position, given);
-        _position += static_cast<long>(given);
+        std::memcpy(buffer, m_data + m_position, given);
+        m_position += static_cast<long>(given);
     }
     if (given != wanted) {
         std::memset(static_cast<char*>(buffer) + given, 0, wanted - given);
@@ -22,12 +22,12 @@ unsigned int ImageReader::read(void* buffer, unsigned int size, unsigned int cou
 
 int ImageReader::seek(long offset, int origin) noexcept
 {
-    const long base = origin == SEEK_CUR ? _position : origin == SEEK_END ? _size : 0;
+    const long base = origin == SEEK_CUR ? m_position : origin == SEEK_END ? m_size : 0;
     long target = 0;
     if (__builtin_add_overflow(base, offset, &target) || target < 0) {
         return -1;
     }
-    _position = target;
+    m_position = target;
     return 0;
 }
 
@@ -41,6 +41,6 @@ ImageReaderFunctions ImageReader::functions() noexcept
                 return static_cast<ImageReader*>(handle)->seek(offset, origin);
             },
             [](void* handle) {
-                return static_cast<ImageReader*>(handle)->_position;
+                return static_cast<ImageReader*>(handle)->m_position;
             }};
 }

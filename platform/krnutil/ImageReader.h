@@ -21,15 +21,15 @@ struct ImageReaderFunctions {
 class ImageReader {
 public:
     ImageReader(const unsigned char* data, std::size_t size) noexcept
-        : _data(data), _size(static_cast<long>(size))
+        : m_data(data), m_size(static_cast<long>(size))
     {
     }
 
     static ImageReaderFunctions functions() noexcept;
 
-    const unsigned char* data() const noexcept { return _data; }
-    std::size_t size() const noexcept { return static_cast<std::size_t>(_size); }
-    void rewind() noexcept { _position = 0; }
+    const unsigned char* data() const noexcept { return m_data; }
+    std::size_t size() const noexcept { return static_cast<std::size_t>(m_size); }
+    void rewind() noexcept { m_position = 0; }
 
 private:
     // `count` items of `size` bytes; gives the number of whole items. What is missing is zero.
@@ -38,7 +38,7 @@ private:
     // As fseek: 0, or -1 for a place before the start. After the end there is nothing to read.
     int seek(long offset, int origin) noexcept;
 
-    const unsigned char* _data;
-    long _size;
-    long _position = 0;
+    const unsigned char* m_data;
+    long m_size;
+    long m_position = 0;
 };

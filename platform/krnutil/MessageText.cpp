@@ -24,14 +24,14 @@ public:
         if (text != nullptr) {
             entry = text;
         }
-        const std::lock_guard lock(_mutex);
-        _texts.insert_or_assign(number, std::move(entry));
+        const std::lock_guard lock(m_mutex);
+        m_texts.insert_or_assign(number, std::move(entry));
     }
 
     // Cut to the buffer, whose size is at least 1. False when there is no such message.
     bool copy(int number, char* buffer, std::size_t size)
     {
-        const std::lock_guard lock(_mutex);
+        const std::lock_guard lock(m_mutex);
         const std::optional<std::string_view> text = textOf(number);
         if (!text.has_value()) {
             return false;
@@ -45,17 +45,17 @@ public:
 private:
     std::optional<std::string_view> textOf(int number) const
     {
-        const auto found = _texts.find(number);
-        if (found != _texts.end()) {
+        const auto found = m_texts.find(number);
+        if (found != m_texts.end()) {
             return found->second;
         }
-        constexpr int pageCountWord = 15301; // the one that the platform brings; it takes no memory
-        return number == pageCountWord ? std::optional<std::string_view>("of") : std::nullopt;
+        constexpr int PageCountWord = 15301; // the one that the platform brings; it takes no memory
+        return number == PageCountWord ? std::optional<std::string_view>("of") : std::nullopt;
     }
 
-    std::mutex _mutex;
+    std::mutex m_mutex;
     // Of the host. Without a text: taken out.
-    std::map<int, std::optional<std::string>> _texts;
+    std::map<int, std::optional<std::string>> m_texts;
 };
 
 MessageTable& messageTable()
@@ -68,12 +68,12 @@ MessageTable& messageTable()
 
 int krnGetMessageText(int number, char* buffer, int size) noexcept
 {
-    constexpr int noText = 1;
+    constexpr int NoText = 1;
     if (buffer == nullptr || size <= 0) {
-        return noText;
+        return NoText;
     }
     buffer[0] = '\0';
-    return messageTable().copy(number, buffer, static_cast<std::size_t>(size)) ? 0 : noText;
+    return messageTable().copy(number, buffer, static_cast<std::size_t>(size)) ? 0 : NoText;
 }
 
 void krnSetMessageText(int number, const char* text)

@@ -28,16 +28,16 @@ MetafileFields::Step MetafileFields::stepOverBlanks(unsigned int field)
     if (m_steps.size() == 0) {
         m_steps.reSize(m_fields.size());
         for (unsigned int i = 0; i < m_fields.size(); ++i) {
-            m_steps.add({none, none});
+            m_steps.add({None, None});
         }
     }
     Vector<unsigned int, 10> passed;
     Step step = m_steps[field];
-    for (unsigned int at = field; step.before == none; step = m_steps[at]) {
+    for (unsigned int at = field; step.before == None; step = m_steps[at]) {
         passed.add(at);
-        m_steps[at] = {at, none}; // the answer for whoever comes around in a circle
+        m_steps[at] = {at, None}; // the answer for whoever comes around in a circle
         const unsigned int following = next(at);
-        if (following == none || !isBlank(following)) {
+        if (following == None || !isBlank(following)) {
             step = {at, following};
             break;
         }

@@ -22,7 +22,7 @@ struct MetafileField {
 
 class MetafileFields {
 public:
-    static constexpr unsigned int none = ReadingOrder::none;
+    static constexpr unsigned int None = ReadingOrder::None;
 
     // Throws KrnException without memory, as everything here.
     MetafileFields(metafile::Page page, bool lowerCase);

@@ -112,7 +112,7 @@ bool MetafileSearch::runsOn(unsigned int field, unsigned int start, MatchEntries
         const MetafileFields::Step step = entries != nullptr
                                               ? MetafileFields::Step{field, m_fields.next(field)}
                                               : m_fields.stepOverBlanks(field);
-        if (step.next == MetafileFields::none) {
+        if (step.next == MetafileFields::None) {
             return false;
         }
         field = step.next;

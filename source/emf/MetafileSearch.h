@@ -34,7 +34,7 @@ public:
 
 private:
     // What became of a candidate. One that failed after its first field ends the search of that field.
-    enum class Outcome { hit, failed, failedAfterField };
+    enum class Outcome { Hit, Failed, FailedAfterField };
 
     // The text from an offset on.
     std::string_view sought(unsigned int offset) const

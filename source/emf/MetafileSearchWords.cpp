@@ -16,11 +16,11 @@ bool MetafileSearch::findWords(unsigned int field, unsigned int from, MatchEntri
             continue;
         }
         const Outcome outcome = wordsRunOn(field, word, count, nullptr);
-        if (outcome == Outcome::hit) {
+        if (outcome == Outcome::Hit) {
             wordsRunOn(field, word, count, &entries);
         }
-        if (outcome != Outcome::failed) {
-            return outcome == Outcome::hit;
+        if (outcome != Outcome::Failed) {
+            return outcome == Outcome::Hit;
         }
     }
     return false;
@@ -30,21 +30,21 @@ bool MetafileSearch::findWords(unsigned int field, unsigned int from, MatchEntri
 MetafileSearch::Outcome MetafileSearch::wordsRunOn(unsigned int field, WordCursor word, unsigned int count,
                                                    MatchEntries* entries)
 {
-    Outcome failure = Outcome::failed;
+    Outcome failure = Outcome::Failed;
     for (unsigned int i = 0; word.word() == m_words[i];) {
         if (entries != nullptr) {
             entries->add({m_fields[field].position, word.start(), word.end() - 1});
         }
         if (++i == m_words.size()) {
-            return Outcome::hit;
+            return Outcome::Hit;
         }
         if (++count > FieldWordLimit) {
-            return Outcome::failedAfterField;
+            return Outcome::FailedAfterField;
         }
         if (!word.next()) {
-            failure = Outcome::failedAfterField;
+            failure = Outcome::FailedAfterField;
             field = m_fields.next(field);
-            if (field == MetafileFields::none) {
+            if (field == MetafileFields::None) {
                 return failure;
             }
             word = WordCursor(m_fields.text(field));

@@ -207,27 +207,27 @@ void write(unsigned char* page, const Patch& patch)
 // not at all. They need no memory themselves; a page with more stamps than there is room for gets them in groups.
 class Patches {
 public:
-    explicit Patches(unsigned char* page) : _page(page) {}
+    explicit Patches(unsigned char* page) : m_page(page) {}
 
     void add(const Patch& patch)
     {
-        if (_count == Room) {
+        if (m_count == Room) {
             writeAll();
         }
-        _patches[_count++] = patch;
+        m_patches[m_count++] = patch;
     }
     void writeAll()
     {
-        std::for_each_n(_patches.begin(), _count, [this](const Patch& patch) { write(_page, patch); });
-        _count = 0;
+        std::for_each_n(m_patches.begin(), m_count, [this](const Patch& patch) { write(m_page, patch); });
+        m_count = 0;
     }
 
 private:
     static constexpr unsigned int Room = 8;
 
-    unsigned char* _page;
-    unsigned int _count = 0;
-    std::array<Patch, Room> _patches;
+    unsigned char* m_page;
+    unsigned int m_count = 0;
+    std::array<Patch, Room> m_patches;
 };
 
 // A text record after a marker receives the stamp, where it has room; else the next one does.

@@ -51,7 +51,7 @@ unsigned int ReadingOrder::next(POINTL place)
     if (rank < m_order.size()) {
         choose(best, m_leastFrom[rank]);
     }
-    return best.number != none && best.key == 0 ? lookForNext(place) : best.number;
+    return best.number != None && best.key == 0 ? lookForNext(place) : best.number;
 }
 
 // Keys grow with x, but for the one place where they wrap around: the least is the first after the place or the
@@ -71,7 +71,7 @@ void ReadingOrder::chooseFromLine(Candidate& best, POINTL place, int line) const
 
 void ReadingOrder::choose(Candidate& best, Candidate candidate)
 {
-    if (best.number == none || std::tie(candidate.key, candidate.number) < std::tie(best.key, best.number)) {
+    if (best.number == None || std::tie(candidate.key, candidate.number) < std::tie(best.key, best.number)) {
         best = candidate;
     }
 }

@@ -13,7 +13,7 @@
 
 class ReadingOrder {
 public:
-    static constexpr unsigned int none = 0xFFFFFFFF;
+    static constexpr unsigned int None = 0xFFFFFFFF;
 
     // Adds the next field of the page, number 0 first. All are added before anything is asked.
     void add(POINTL field) { m_fields.add(field); }
@@ -27,7 +27,7 @@ public:
 private:
     // A field that follows a place, and its key seen from there.
     struct Candidate {
-        unsigned int number = none;
+        unsigned int number = None;
         int key = 0;
     };
 

@@ -10,7 +10,7 @@ unsigned int CMetaFilePlayerEMF::findNextField(unsigned char* page, unsigned int
 {
     const MetafileFields fields(metafile::pageOf(page, length), false);
     const unsigned int next = fields.lookForNext({x, y});
-    if (next == MetafileFields::none) {
+    if (next == MetafileFields::None) {
         return 0;
     }
     x = fields[next].place.x;

@@ -9,28 +9,28 @@
 class WordCursor {
 public:
     // In front of the first word.
-    explicit WordCursor(std::string_view text) : _text(text) {}
+    explicit WordCursor(std::string_view text) : m_text(text) {}
 
     // Moves to the next word; false, and no word, after the last one.
     bool next()
     {
-        _start = _end;
-        while (_start < _text.size() && isWordSeparator(_text[_start])) {
-            ++_start;
+        m_start = m_end;
+        while (m_start < m_text.size() && isWordSeparator(m_text[m_start])) {
+            ++m_start;
         }
-        _end = _start;
-        while (_end < _text.size() && !isWordSeparator(_text[_end])) {
-            ++_end;
+        m_end = m_start;
+        while (m_end < m_text.size() && !isWordSeparator(m_text[m_end])) {
+            ++m_end;
         }
-        return _end > _start;
+        return m_end > m_start;
     }
 
-    std::string_view word() const { return _text.substr(_start, _end - _start); }
-    unsigned int start() const { return static_cast<unsigned int>(_start); }
-    unsigned int end() const { return static_cast<unsigned int>(_end); }
+    std::string_view word() const { return m_text.substr(m_start, m_end - m_start); }
+    unsigned int start() const { return static_cast<unsigned int>(m_start); }
+    unsigned int end() const { return static_cast<unsigned int>(m_end); }
 
 private:
-    std::string_view _text;
-    std::size_t _start = 0;
-    std::size_t _end = 0;
+    std::string_view m_text;
+    std::size_t m_start = 0;
+    std::size_t m_end = 0;
 };

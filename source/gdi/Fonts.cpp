@@ -16,11 +16,11 @@ struct FontType {
     DWORD number;
     const char* letter;
 };
-constexpr FontType fontTypes[] = {{RASTER_FONTTYPE, "R"}, {DEVICE_FONTTYPE, "D"}, {TRUETYPE_FONTTYPE, "T"}};
+constexpr FontType FontTypes[] = {{RASTER_FONTTYPE, "R"}, {DEVICE_FONTTYPE, "D"}, {TRUETYPE_FONTTYPE, "T"}};
 
 const char* letterOf(DWORD type)
 {
-    for (const FontType& row : fontTypes) {
+    for (const FontType& row : FontTypes) {
         if (row.number == type) {
             return row.letter;
         }

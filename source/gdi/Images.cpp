@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr unsigned int notHeld = 0; // positions count from 1
+constexpr unsigned int NotHeld = 0; // positions count from 1
 
 unsigned int positionOf(const Vector<unsigned int, 10>& ids, unsigned int id)
 {
@@ -18,7 +18,7 @@ unsigned int positionOf(const Vector<unsigned int, 10>& ids, unsigned int id)
             return position;
         }
     }
-    return notHeld;
+    return NotHeld;
 }
 
 // By the containers' own rule of growth, ahead of an add that must not fail.
@@ -56,7 +56,7 @@ int CSurfaceGDI::requiredPictureType(int /*picType*/)
 void CSurfaceGDI::includeImage(unsigned int id, unsigned char* data, int size, int width, int height,
                                int picType)
 {
-    if (data == nullptr || size < 1 || positionOf(m_pictureIds, id) != notHeld) {
+    if (data == nullptr || size < 1 || positionOf(m_pictureIds, id) != NotHeld) {
         return;
     }
     std::unique_ptr<CSurfacePicture> picture = pictureOf(data, static_cast<unsigned int>(size));
@@ -79,7 +79,7 @@ void CSurfaceGDI::drawImage(RECT* rect, unsigned int id, int mode, int x, int y)
     if (rect == nullptr) {
         return;
     }
-    if (const unsigned int position = positionOf(m_pictureIds, id); position != notHeld) {
+    if (const unsigned int position = positionOf(m_pictureIds, id); position != NotHeld) {
         m_pictures.at(position)->draw(m_hdc, rect, x, y, mode);
     }
 }

@@ -6,15 +6,15 @@
 
 namespace {
 
-constexpr COLORREF white = 0xFFFFFF;
-constexpr COLORREF black = 0x000000;
+constexpr COLORREF White = 0xFFFFFF;
+constexpr COLORREF Black = 0x000000;
 
 // The three steps: where the mask is white the device keeps its pixel, where it is black it takes the source's.
 struct RasterStep {
     bool fromMask;
     DWORD operation;
 };
-constexpr RasterStep rasterSteps[] = {{false, SRCINVERT}, {true, SRCAND}, {false, SRCINVERT}};
+constexpr RasterStep RasterSteps[] = {{false, SRCINVERT}, {true, SRCAND}, {false, SRCINVERT}};
 
 void logFailedStep()
 {
@@ -52,8 +52,8 @@ bool CSurfacePicture::drawTransparent(HDC hdc, HBITMAP bitmap, int x, int y, int
         return false;
     }
     // The mask is to come out white and black on the device.
-    const COLORREF formerDeviceBack = SetBkColor(hdc, white);
-    const COLORREF formerDeviceText = SetTextColor(hdc, black);
+    const COLORREF formerDeviceBack = SetBkColor(hdc, White);
+    const COLORREF formerDeviceText = SetTextColor(hdc, Black);
     const HDC source = CreateCompatibleDC(hdc);
     const HDC mask = CreateCompatibleDC(hdc);
     const HGDIOBJ formerBitmap = SelectObject(source, bitmap);
@@ -68,7 +68,7 @@ bool CSurfacePicture::drawTransparent(HDC hdc, HBITMAP bitmap, int x, int y, int
 
     SetLastError(0);
     bool done = true;
-    for (const RasterStep& step : rasterSteps) {
+    for (const RasterStep& step : RasterSteps) {
         done = done && StretchBlt(hdc, x, y, width, height, step.fromMask ? mask : source, xSrc, ySrc,
                                   widthSrc, heightSrc, step.operation) != FALSE;
     }

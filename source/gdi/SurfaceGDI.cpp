@@ -3,11 +3,11 @@
 
 namespace {
 
-constexpr unsigned long noColorYet =
+constexpr unsigned long NoColorYet =
     0xFFFFFFFF; // is not what GetColor gives, so the first colour reaches the device
-constexpr unsigned long systemColorBit = 0x80000000;
-constexpr unsigned long colorBits = 0x00FFFFFF;
-constexpr unsigned long systemColors = 24;
+constexpr unsigned long SystemColorBit = 0x80000000;
+constexpr unsigned long ColorBits = 0x00FFFFFF;
+constexpr unsigned long SystemColors = 24;
 
 } // namespace
 
@@ -17,7 +17,7 @@ CSurfaceGDI::CSurfaceGDI()
       m_createdBrush(nullptr), m_createdBrushColor(0), m_createdBrushStyle(0), m_createdPenWidth(0),
       m_createdPenColor(0), m_createdPenStyle(0), m_savedTransform{1, 0, 0, 1, 0, 0}, m_createdPen(nullptr)
 {
-    m_foreColor = noColorYet;
+    m_foreColor = NoColorYet;
 }
 
 CSurfaceGDI::~CSurfaceGDI()
@@ -74,8 +74,8 @@ void CSurfaceGDI::printerNofMMarker(POINT /*point*/)
 
 unsigned long CSurfaceGDI::GetColor(unsigned long color) const
 {
-    const unsigned long plain = color & colorBits;
-    if ((color & systemColorBit) != 0 && plain < systemColors) {
+    const unsigned long plain = color & ColorBits;
+    if ((color & SystemColorBit) != 0 && plain < SystemColors) {
         return GetSysColor(static_cast<int>(plain));
     }
     return plain;
@@ -105,7 +105,7 @@ void CSurfaceGDI::setBackMode(int mode)
 
 void CSurfaceGDI::drawEraseRectangle(RECT* /*rect*/, unsigned long color)
 {
-    const unsigned long former = m_foreColor != noColorYet ? m_foreColor : GetTextColor(m_hdc);
+    const unsigned long former = m_foreColor != NoColorYet ? m_foreColor : GetTextColor(m_hdc);
     setForeColor(color);
     setForeColor(former);
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int hatchSize = 8; // of the smallest brush that devices take
+constexpr int HatchSize = 8; // of the smallest brush that devices take
 
 // The pixels of a picture as a bitmap object, for as long as the picture is drawn; none for a picture without a
 // transparent colour.
@@ -96,16 +96,16 @@ HBRUSH smallTile(CSurfacePicture& picture, const BITMAPINFO* info, const unsigne
 {
     const HDC screen = GetDC(nullptr);
     const HDC memory = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, hatchSize, hatchSize);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, HatchSize, HatchSize);
     const HGDIOBJ former = SelectObject(memory, bitmap);
-    for (int x = 0; x < hatchSize; x += picture.m_width) {
-        for (int y = 0; y < hatchSize; y += picture.m_height) {
+    for (int x = 0; x < HatchSize; x += picture.m_width) {
+        for (int y = 0; y < HatchSize; y += picture.m_height) {
             StretchDIBits(memory, x, y, picture.m_width, picture.m_height, 0, 0, picture.m_width,
                           picture.m_height, bits, info, DIB_RGB_COLORS, SRCCOPY);
         }
     }
-    picture.m_width = hatchSize;
-    picture.m_height = hatchSize;
+    picture.m_width = HatchSize;
+    picture.m_height = HatchSize;
     SelectObject(memory, former);
     DeleteDC(memory);
     const HBRUSH brush = CreatePatternBrush(bitmap);
@@ -120,7 +120,7 @@ void tile(CSurfacePicture& picture, HDC hdc, const RECT& rect, int x, int y, con
     if (picture.m_width < 1 || picture.m_height < 1) {
         return;
     }
-    const HBRUSH brush = picture.m_width >= hatchSize && picture.m_height >= hatchSize
+    const HBRUSH brush = picture.m_width >= HatchSize && picture.m_height >= HatchSize
                              ? CreateDIBPatternBrushPt(info, DIB_RGB_COLORS)
                              : smallTile(picture, info, bits);
     SetBrushOrgEx(hdc, wrapSubtract(rect.left, x), wrapSubtract(rect.top, y), nullptr);

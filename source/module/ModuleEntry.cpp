@@ -15,16 +15,16 @@ struct ModuleIdentity {
 ModuleIdentity identity{"surface", SURFACE_VERSION, nullptr};
 
 // For tools that look for such strings in files.
-[[gnu::used]] const char identification[] =
+[[gnu::used]] const char Identification[] =
     "@(#)TOVO Ansi on i686-msoft-win32, surface " SURFACE_VERSION " " SURFACE_BUILD_TIME;
 
-constexpr DWORD longestPath = MAX_PATH;
+constexpr DWORD LongestPath = MAX_PATH;
 
 // False when the path is not known, or is longer than a path may be.
-bool modulePath(char (&path)[longestPath + 1])
+bool modulePath(char (&path)[LongestPath + 1])
 {
     const DWORD length = GetModuleFileNameA(identity.module, path, sizeof(path));
-    return length > 0 && length <= longestPath && path[length] == '\0';
+    return length > 0 && length <= LongestPath && path[length] == '\0';
 }
 
 void fill(DLLVERSIONINFO& info, int major, int minor, int build, int revision)
@@ -55,7 +55,7 @@ namespace {
 struct AttachAtLoad {
     AttachAtLoad() { DllMain(nullptr, DLL_PROCESS_ATTACH, nullptr); }
 };
-const AttachAtLoad attachAtLoad;
+const AttachAtLoad AttachAtLoad;
 
 } // namespace
 #endif
@@ -65,7 +65,7 @@ std::int32_t DllGetVersion(DLLVERSIONINFO* info)
     if (info == nullptr || info->cbSize < sizeof(DLLVERSIONINFO)) {
         return -1;
     }
-    char path[longestPath + 1];
+    char path[LongestPath + 1];
     if (modulePath(path)) {
         CModuleVersion version;
         version.readFile(path); // numbers stay 0 when there are none

@@ -9,10 +9,10 @@
 
 namespace {
 
-constexpr std::uint64_t peHeaderField = 60;
-constexpr std::uint16_t dosSignature = 23117; // "MZ"
-constexpr std::uint32_t peSignature = 17744;  // "PE" and two zero bytes
-constexpr unsigned char elfSignature[] = {0x7F, 'E', 'L', 'F'};
+constexpr std::uint64_t PeHeaderField = 60;
+constexpr std::uint16_t DosSignature = 23117; // "MZ"
+constexpr std::uint32_t PeSignature = 17744;  // "PE" and two zero bytes
+constexpr unsigned char ElfSignature[] = {0x7F, 'E', 'L', 'F'};
 
 bool isResourceSection(const PeSectionHeader& section)
 {
@@ -83,11 +83,11 @@ bool CModuleVersion::Detail::readView()
     m_version.m_swapBytes = false;
     m_version.m_resources = nullptr;
     m_version.m_steps = 0;
-    if (word(0) == dosSignature) {
+    if (word(0) == DosSignature) {
         return findPeResources() && readResources();
     }
-    if (holds(0, sizeof(elfSignature)) &&
-        std::memcmp(m_version.m_view, elfSignature, sizeof(elfSignature)) == 0) {
+    if (holds(0, sizeof(ElfSignature)) &&
+        std::memcmp(m_version.m_view, ElfSignature, sizeof(ElfSignature)) == 0) {
         m_version.m_isElf = true;
         return findElfResources() && readResources();
     }
@@ -97,8 +97,8 @@ bool CModuleVersion::Detail::readView()
 // PE format, "COFF File Header" and "Section Table".
 bool CModuleVersion::Detail::findPeResources()
 {
-    const std::uint64_t header = dword(peHeaderField);
-    if (dword(header) != peSignature) {
+    const std::uint64_t header = dword(PeHeaderField);
+    if (dword(header) != PeSignature) {
         return false;
     }
     const unsigned int sections = word(header + 6);

@@ -13,7 +13,7 @@ public:
 private:
     struct ElfLayout;
     struct ElfSection;
-    enum class Walk { goesOn, ends, fails };
+    enum class Walk { GoesOn, Ends, Fails };
 
     bool findPeResources();
     bool findElfResources();

@@ -80,16 +80,16 @@ bool CModuleVersion::Detail::elfSymbol(const ElfLayout& layout, std::uint64_t ta
 
 bool CModuleVersion::Detail::findElfResources()
 {
-    static constexpr ElfLayout layouts[] = {
+    static constexpr ElfLayout Layouts[] = {
         {4, 32, 46, 48, 50, 40, 12, 16, 20, 36, 16, 14, 4},
         {8, 40, 58, 60, 62, 64, 16, 24, 32, 56, 24, 6, 8},
     };
     constexpr unsigned int FirstClass = 1;
     const unsigned int fileClass = static_cast<unsigned int>(number(4, 1));
-    if (fileClass < FirstClass || fileClass - FirstClass >= sizeof(layouts) / sizeof(layouts[0])) {
+    if (fileClass < FirstClass || fileClass - FirstClass >= sizeof(Layouts) / sizeof(Layouts[0])) {
         return false;
     }
-    const ElfLayout& layout = layouts[fileClass - FirstClass];
+    const ElfLayout& layout = Layouts[fileClass - FirstClass];
     m_version.m_swapBytes = number(5, 1) == 2;
     const std::uint16_t type = word(16);
     if (number(6, 1) != 1 || (type != 2 && type != 3) || dword(20) != 1 ||

@@ -5,14 +5,14 @@
 
 namespace {
 
-constexpr std::uint32_t versionType = 16;
-constexpr std::uint32_t versionName = 1;
-constexpr std::uint32_t firstLanguage = 1033;
-constexpr std::uint32_t lastLanguage = 5129; // its block wins over that of the first
-constexpr std::uint32_t directoryBit = 0x80000000;
+constexpr std::uint32_t VersionType = 16;
+constexpr std::uint32_t VersionName = 1;
+constexpr std::uint32_t FirstLanguage = 1033;
+constexpr std::uint32_t LastLanguage = 5129; // its block wins over that of the first
+constexpr std::uint32_t DirectoryBit = 0x80000000;
 
-constexpr std::uint16_t noLength = 65535;
-constexpr std::uint16_t signatureUpperHalf = 0xFEEF; // of 0xFEEF04BD, which begins a VS_FIXEDFILEINFO
+constexpr std::uint16_t NoLength = 65535;
+constexpr std::uint16_t SignatureUpperHalf = 0xFEEF; // of 0xFEEF04BD, which begins a VS_FIXEDFILEINFO
 
 // The entries with ids of the directory at a place of the file.
 struct IdEntries {
@@ -30,7 +30,7 @@ IdEntries idEntries(std::uint64_t directory, std::uint16_t named, std::uint16_t 
 // A place of the file from an offset in the tree.
 std::uint64_t CModuleVersion::Detail::resource(std::uint32_t offset) const
 {
-    return static_cast<std::uint64_t>(m_version.m_resources - m_version.m_view) + (offset & ~directoryBit);
+    return static_cast<std::uint64_t>(m_version.m_resources - m_version.m_view) + (offset & ~DirectoryBit);
 }
 
 // Directories may lead to one another again and again, and blocks may overlap: one budget holds for all of it.
@@ -57,14 +57,14 @@ bool CModuleVersion::Detail::readResources()
             return false;
         }
         const std::uint32_t id = dword(entry);
-        if (id > versionType || !holds(entry, 8)) {
+        if (id > VersionType || !holds(entry, 8)) {
             break;
         }
-        if (id < versionType) {
+        if (id < VersionType) {
             continue;
         }
         const std::uint32_t target = dword(entry + 4);
-        if ((target & directoryBit) == 0) {
+        if ((target & DirectoryBit) == 0) {
             return false;
         }
         if (!readVersionNames(resource(target), found)) {
@@ -81,14 +81,14 @@ bool CModuleVersion::Detail::readVersionNames(std::uint64_t directory, bool& fou
     for (unsigned int i = 0; i < entries.count; ++i) {
         const std::uint64_t entry = entries.first + std::uint64_t{i} * 8;
         const bool spent = !takeStep();
-        if (!spent && dword(entry) != versionName) {
+        if (!spent && dword(entry) != VersionName) {
             break;
         }
         const std::uint32_t target = dword(entry + 4);
         const Walk walk =
-            !spent && (target & directoryBit) != 0 ? readLanguages(resource(target), found) : Walk::fails;
-        if (walk != Walk::goesOn) {
-            found = found && walk != Walk::fails;
+            !spent && (target & DirectoryBit) != 0 ? readLanguages(resource(target), found) : Walk::Fails;
+        if (walk != Walk::GoesOn) {
+            found = found && walk != Walk::Fails;
             return false;
         }
     }
@@ -101,18 +101,18 @@ CModuleVersion::Detail::Walk CModuleVersion::Detail::readLanguages(std::uint64_t
     for (unsigned int i = 0; i < entries.count; ++i) {
         const std::uint64_t entry = entries.first + std::uint64_t{i} * 8;
         if (!takeStep()) {
-            return Walk::fails;
+            return Walk::Fails;
         }
         const std::uint32_t language = dword(entry);
-        if (!holds(entry, 8) || (!m_version.m_isElf && language > lastLanguage)) {
+        if (!holds(entry, 8) || (!m_version.m_isElf && language > LastLanguage)) {
             break;
         }
-        if (!m_version.m_isElf && language != firstLanguage && language != lastLanguage) {
+        if (!m_version.m_isElf && language != FirstLanguage && language != LastLanguage) {
             continue;
         }
         const std::uint32_t target = dword(entry + 4);
-        if ((target & directoryBit) != 0) {
-            return Walk::fails;
+        if ((target & DirectoryBit) != 0) {
+            return Walk::Fails;
         }
         const std::uint32_t place = dword(resource(target));
         const std::uint64_t block = m_version.m_isElf
@@ -120,11 +120,11 @@ CModuleVersion::Detail::Walk CModuleVersion::Detail::readLanguages(std::uint64_t
                                         : std::uint64_t{place} - m_version.m_section.virtualAddress +
                                               m_version.m_section.pointerToRawData;
         const Walk walk = readBlock(block, found);
-        if (walk == Walk::fails || m_version.m_isElf || language == lastLanguage) {
-            return walk == Walk::fails ? walk : Walk::ends;
+        if (walk == Walk::Fails || m_version.m_isElf || language == LastLanguage) {
+            return walk == Walk::Fails ? walk : Walk::Ends;
         }
     }
-    return Walk::goesOn;
+    return Walk::GoesOn;
 }
 
 // VS_VERSIONINFO: its length and that of its value in bytes, a type, a key in 16-bit characters, and, aligned, the
@@ -134,25 +134,25 @@ CModuleVersion::Detail::Walk CModuleVersion::Detail::readBlock(std::uint64_t blo
 {
     const std::uint16_t length = word(block);
     const std::uint16_t valueLength = word(block + 2);
-    if (!holds(block, 4) || length == noLength || valueLength == noLength) {
-        return Walk::fails;
+    if (!holds(block, 4) || length == NoLength || valueLength == NoLength) {
+        return Walk::Fails;
     }
     if (valueLength <= 3) {
-        return Walk::goesOn;
+        return Walk::GoesOn;
     }
     constexpr unsigned int Head = 3; // units
     for (unsigned int unit = 0; unit < length; ++unit) {
         const std::uint64_t place = block + std::uint64_t{Head + unit} * 2;
         if (!holds(place, 2) || !takeStep()) {
-            return Walk::fails;
+            return Walk::Fails;
         }
-        if (word(place) != signatureUpperHalf) {
+        if (word(place) != SignatureUpperHalf) {
             continue;
         }
         // The upper half comes first where the most significant byte does.
         const std::uint64_t signature = m_version.m_swapBytes ? place : place - 2;
         if (!holds(signature, 16)) {
-            return Walk::fails;
+            return Walk::Fails;
         }
         const std::uint32_t upper = dword(signature + 8);
         const std::uint32_t lower = dword(signature + 12);
@@ -161,7 +161,7 @@ CModuleVersion::Detail::Walk CModuleVersion::Detail::readBlock(std::uint64_t blo
         m_version.m_build = static_cast<int>(lower >> 16U);
         m_version.m_revision = static_cast<int>(lower & 0xFFFFU);
         found = true;
-        return Walk::goesOn;
+        return Walk::GoesOn;
     }
-    return Walk::fails;
+    return Walk::Fails;
 }

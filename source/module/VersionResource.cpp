@@ -58,23 +58,23 @@ struct ResourceTree {
     VersionBlock block;
 };
 
-constexpr std::uint32_t directoryBit = 0x80000000;
-constexpr std::uint32_t upper = SURFACE_VERSION_MAJOR << 16U | SURFACE_VERSION_MINOR;
-constexpr std::uint32_t lower = SURFACE_VERSION_BUILD << 16U | SURFACE_VERSION_REVISION;
+constexpr std::uint32_t DirectoryBit = 0x80000000;
+constexpr std::uint32_t Upper = SURFACE_VERSION_MAJOR << 16U | SURFACE_VERSION_MINOR;
+constexpr std::uint32_t Lower = SURFACE_VERSION_BUILD << 16U | SURFACE_VERSION_REVISION;
 
 } // namespace
 
 extern "C" {
 
 // Exported, so that no linker drops it.
-SURFACE_API extern const ResourceTree versionResource __asm__("__rsrc");
+SURFACE_API extern const ResourceTree VersionResource __asm__("__rsrc");
 
-const ResourceTree versionResource{{0, 0, 0, 0, 0, 1, 16, directoryBit | offsetof(ResourceTree, names)},
-                                   {0, 0, 0, 0, 0, 1, 1, directoryBit | offsetof(ResourceTree, languages)},
+const ResourceTree VersionResource{{0, 0, 0, 0, 0, 1, 16, DirectoryBit | offsetof(ResourceTree, names)},
+                                   {0, 0, 0, 0, 0, 1, 1, DirectoryBit | offsetof(ResourceTree, languages)},
                                    {0, 0, 0, 0, 0, 1, 1033, offsetof(ResourceTree, data)},
                                    {offsetof(ResourceTree, block), sizeof(VersionBlock), 0, 0},
                                    {sizeof(VersionBlock), 52, 0, u"VS_VERSION_INFO", 0, 0xFEEF04BD,
-                                    0x00010000, upper, lower, upper, lower, 0x3F, 0, 0x00000004, 0x00000002,
+                                    0x00010000, Upper, Lower, Upper, Lower, 0x3F, 0, 0x00000004, 0x00000002,
                                     0, 0, 0}};
 
 } // extern "C"

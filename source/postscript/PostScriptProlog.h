@@ -1,10 +1,11 @@
 // The procedures that documents define, a text for each family: the files of prolog/ without the comments at
-// their heads, embedded at build. SurfacePSPrinterDocument.cpp puts in what a page calls.
+// their heads, embedded at build. Document.cpp puts in what a page calls.
 #pragma once
 
 #include <string_view>
 
 struct PostScriptProlog {
+    // Named as their files are. NOLINTBEGIN(readability-identifier-naming)
     static const std::string_view chord;
     static const std::string_view ellipse;
     static const std::string_view focusrect;
@@ -17,4 +18,5 @@ struct PostScriptProlog {
     static const std::string_view rotatedshow;
     static const std::string_view solidrect;
     static const std::string_view transparentimage;
+    // NOLINTEND(readability-identifier-naming)
 };

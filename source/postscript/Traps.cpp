@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr const char* trapTexts[] = {
+constexpr const char* TrapTexts[] = {
     "CSurfacePSPrinter::closeSurface The scale is 0, and an interpreter stops there: page size or logical "
     "size",
     "CSurfacePSPrinter::writeFont The size of a font is 0, and an interpreter stops at its text",
@@ -26,22 +26,22 @@ constexpr const char* trapTexts[] = {
     "CSurfacePSPrinter::drawString An interpreter stops at an empty run that has a width",
 };
 
-constexpr unsigned int deepestState = 31; // that the bits of m_depthsWithFont tell apart
+constexpr unsigned int DeepestState = 31; // that the bits of m_depthsWithFont tell apart
 
 unsigned int bitOf(unsigned int depth)
 {
-    return 1U << std::min(depth, deepestState);
+    return 1U << std::min(depth, DeepestState);
 }
 
 } // namespace
 
 void CSurfacePSPrinter::Detail::tellOfTrap(Trap trap)
 {
-    static_assert(static_cast<unsigned int>(Trap::EmptyRunWithWidth) + 1 == std::size(trapTexts));
+    static_assert(static_cast<unsigned int>(Trap::EmptyRunWithWidth) + 1 == std::size(TrapTexts));
     const unsigned int bit = 1U << static_cast<unsigned int>(trap);
     if ((m_page.m_toldTraps & bit) == 0) {
         m_page.m_toldTraps |= bit;
-        moduleLog.log("%s", trapTexts[static_cast<unsigned int>(trap)]);
+        moduleLog.log("%s", TrapTexts[static_cast<unsigned int>(trap)]);
     }
 }
 

@@ -12,13 +12,13 @@ public:
     PageCountWord()
     {
         constexpr int Message = 15301;
-        if (krnGetMessageText(Message, _text, Room) != 0) {
-            std::strcpy(_text, "of");
+        if (krnGetMessageText(Message, m_text, Room) != 0) {
+            std::strcpy(m_text, "of");
         }
     }
 
-    const char* text() const { return _text; }
+    const char* text() const { return m_text; }
 
 private:
-    char _text[Room];
+    char m_text[Room];
 };

@@ -5,7 +5,7 @@
 #include <string_view>
 
 // A zero byte separates too: it is where a text was cut into words.
-inline constexpr std::array<bool, 256> wordSeparators = [] {
+inline constexpr std::array<bool, 256> WordSeparators = [] {
     std::array<bool, 256> separators{};
     for (const char character : std::string_view(" ,;:/\"'\0", 8)) {
         separators[static_cast<unsigned char>(character)] = true;
@@ -15,5 +15,5 @@ inline constexpr std::array<bool, 256> wordSeparators = [] {
 
 constexpr bool isWordSeparator(char character)
 {
-    return wordSeparators[static_cast<unsigned char>(character)];
+    return WordSeparators[static_cast<unsigned char>(character)];
 }

@@ -78,7 +78,7 @@ TEST(BothFormats, JoinTextsOverTheirOwnGap)
 {
     for (int gap = 0; gap < 8; ++gap) {
         const std::string metafile = metafileOf({textRecord(0, 0, "a"), textRecord(9 + gap, 0, "b")});
-        const std::string svg = pageHead + element(0, 20, "a", 10) + element(10 + gap, 20, "b", 10);
+        const std::string svg = PageHead + element(0, 20, "a", 10) + element(10 + gap, 20, "b", 10);
         EXPECT_EQ(!PageSearch{"ab"}.next(metafile).empty(), gap <= 5) << gap;
         EXPECT_EQ(!PageSearch{"ab"}.next(svg).empty(), gap < 2) << gap;
     }

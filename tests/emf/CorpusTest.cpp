@@ -12,7 +12,7 @@
 
 namespace {
 
-const std::filesystem::path corpus = std::filesystem::path(SURFACE_CORPUS) / "emf";
+const std::filesystem::path Corpus = std::filesystem::path(SURFACE_CORPUS) / "emf";
 
 std::string pageOf(const std::filesystem::path& file)
 {
@@ -44,10 +44,10 @@ TEST(MetafileCorpus, IsSearchedAndStampedToItsEnd)
         {"w2s-fulltest", {"overview", 1, 1}},     {"EA-test-file-001", {"Zonal Identifier", 1, 0}},
         {"fh-TestText2D", {"Graphics", 24, 0}},   {"test-022", {"M\xE9th. de Ward", 1, 1}},
     };
-    if (!std::filesystem::exists(corpus)) {
-        GTEST_SKIP() << "NOT TESTED: there is no " << corpus;
+    if (!std::filesystem::exists(Corpus)) {
+        GTEST_SKIP() << "NOT TESTED: there is no " << Corpus;
     }
-    for (const auto& file : std::filesystem::recursive_directory_iterator(corpus)) {
+    for (const auto& file : std::filesystem::recursive_directory_iterator(Corpus)) {
         std::string page = file.path().extension() == ".emf" ? pageOf(file.path()) : metafileOf({});
         if (const auto known = words.find(file.path().stem()); known != words.end()) {
             EXPECT_EQ(countHits(page, {known->second.text}), known->second.hits) << file;

@@ -13,7 +13,7 @@ using namespace std::string_literals;
 
 namespace {
 
-const std::string red = recordOf(EMR_SETTEXTCOLOR, bytesOf(DWORD{255}));
+const std::string Red = recordOf(EMR_SETTEXTCOLOR, bytesOf(DWORD{255}));
 
 // What occurs twice in the marked page, "rest|hit " each. All else must be the page, with the right counts.
 std::string marksOf(const std::string& page, const std::string& marked)
@@ -22,12 +22,12 @@ std::string marksOf(const std::string& page, const std::string& marked)
     EXPECT_EQ(numberAt(marked, 48), marked.size());
     EXPECT_EQ(numberAt(marked, 52), records.size());
     std::string marks;
-    std::string color = withNumber(red, 8, 0);
+    std::string color = withNumber(Red, 8, 0);
     std::size_t at = 1;
     const std::vector<std::string> originals = recordsOf(page);
     for (std::size_t i = 1; i < originals.size() && at < records.size(); ++i, ++at) {
         color = numberAt(originals[i], 0) == EMR_SETTEXTCOLOR ? originals[i] : color;
-        if (at + 3 < records.size() && records[at + 1] == red) {
+        if (at + 3 < records.size() && records[at + 1] == Red) {
             marks += charactersOf(records[at]) + '|' + charactersOf(records[at + 2]) + ' ';
             EXPECT_EQ(records[at += 3], color);
         } else {
@@ -57,7 +57,7 @@ std::string pageOf(const std::string& fields)
         int x = 0;
         int y = 0;
         field >> x >> y;
-        records.push_back(withNumber(red, 8, static_cast<DWORD>(records.size())));
+        records.push_back(withNumber(Red, 8, static_cast<DWORD>(records.size())));
         const std::string text = field.str().substr(static_cast<std::size_t>(field.tellg()) + 1);
         records.push_back(textRecord(x, y, text, line[0] == 'W'));
     }

@@ -63,7 +63,7 @@ void setFont(CSurface& s, float size, bool bold)
     s.setFont(face, size, bold, false, bold, !bold);
 }
 
-const std::string longText(3000, 'w');
+const std::string LongText(3000, 'w');
 
 class SvgSheet : public Sheet {
 public:
@@ -201,7 +201,7 @@ std::string faultOfNothing(const std::string& page)
 
 } // namespace
 
-const std::vector<Step> pageSteps{
+const std::vector<Step> PageSteps{
     {"setFont",
      [](CSurface& s) {
          setFont(s, 10, false);
@@ -220,7 +220,7 @@ const std::vector<Step> pageSteps{
      }},
     {"drawTextAt",
      [](CSurface& s) {
-         s.drawTextAt(longText.c_str(), corners.data(), 0);
+         s.drawTextAt(LongText.c_str(), corners.data(), 0);
      }},
     {"setPen",
      [](CSurface& s) {
@@ -444,10 +444,10 @@ const std::vector<Step> pageSteps{
      }},
 };
 
-const Target svgTarget{"SVG", make<SvgSheet>, faultOfSvg, false, true};
-const Target postScriptTarget{"PostScript", make<PostScriptSheet>, faultOfDocument, false, true};
-const Target metafileTarget{"metafile", make<MetafileSheet>, faultOfMetafile, true, false};
-const Target pixelTarget{"pixels", make<PixelSheet>, faultOfNothing, false, false};
+const Target SvgTarget{"SVG", make<SvgSheet>, faultOfSvg, false, true};
+const Target PostScriptTarget{"PostScript", make<PostScriptSheet>, faultOfDocument, false, true};
+const Target MetafileTarget{"metafile", make<MetafileSheet>, faultOfMetafile, true, false};
+const Target PixelTarget{"pixels", make<PixelSheet>, faultOfNothing, false, false};
 
 std::string bytesOf(CSurface& surface)
 {
@@ -460,9 +460,9 @@ std::string bytesOf(CSurface& surface)
 std::string drawnWithout(const Target& target, int left)
 {
     const std::unique_ptr<Sheet> sheet = target.make();
-    for (int i = 0; i < static_cast<int>(pageSteps.size()); ++i) {
+    for (int i = 0; i < static_cast<int>(PageSteps.size()); ++i) {
         if (i != left) {
-            pageSteps[static_cast<std::size_t>(i)].run(sheet->surface());
+            PageSteps[static_cast<std::size_t>(i)].run(sheet->surface());
         }
     }
     sheet->surface().closeSurface();

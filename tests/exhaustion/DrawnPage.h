@@ -12,7 +12,7 @@ struct Step {
     const char* name;
     void (*run)(CSurface& surface);
 };
-extern const std::vector<Step> pageSteps;
+extern const std::vector<Step> PageSteps;
 
 // A surface to draw on, with what it needs around it.
 class Sheet {
@@ -32,10 +32,10 @@ struct Target {
     bool mayStop; // without memory on its device there is no page, and closeSurface says so
     bool exact;   // a page that lacks a call is, byte for byte, the one that was drawn without it
 };
-extern const Target svgTarget;
-extern const Target postScriptTarget;
-extern const Target metafileTarget;
-extern const Target pixelTarget;
+extern const Target SvgTarget;
+extern const Target PostScriptTarget;
+extern const Target MetafileTarget;
+extern const Target PixelTarget;
 
 // The bytes of a closed surface.
 std::string bytesOf(CSurface& surface);

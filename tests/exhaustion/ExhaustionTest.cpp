@@ -48,7 +48,7 @@ private:
 std::string nameOf(int step)
 {
     const auto index = static_cast<std::size_t>(step);
-    return step < 0 ? "nothing" : index < pageSteps.size() ? pageSteps[index].name : "closeSurface";
+    return step < 0 ? "nothing" : index < PageSteps.size() ? PageSteps[index].name : "closeSurface";
 }
 
 // Draws the page and gives whether a request failed.
@@ -56,18 +56,18 @@ bool drawShort(const Target& target, Pages& pages, const SetFailure& setFailure)
 {
     const std::unique_ptr<Sheet> sheet = target.make();
     setFailure();
-    const int steps = static_cast<int>(pageSteps.size());
+    const int steps = static_cast<int>(PageSteps.size());
     int failed = -1;
     End end = End::Served;
     for (int step = 0; step < steps && failed < 0; ++step) {
         const auto run = [&] {
-            pageSteps[static_cast<std::size_t>(step)].run(sheet->surface());
+            PageSteps[static_cast<std::size_t>(step)].run(sheet->surface());
         };
         end = runShort(run);
         if (end != End::Served) {
             failed = step;
             for (int later = step + 1; later < steps; ++later) {
-                pageSteps[static_cast<std::size_t>(later)].run(sheet->surface());
+                PageSteps[static_cast<std::size_t>(later)].run(sheet->surface());
             }
         }
     }
@@ -104,7 +104,7 @@ TEST_P(Exhaustion, LeavesThePageWithOrWithoutTheFailedCall)
 }
 
 INSTANTIATE_TEST_SUITE_P(Targets, Exhaustion,
-                         testing::Values(&svgTarget, &postScriptTarget, &metafileTarget, &pixelTarget),
+                         testing::Values(&SvgTarget, &PostScriptTarget, &MetafileTarget, &PixelTarget),
                          [](const auto& target) { return target.param->name; });
 
 } // namespace

@@ -65,12 +65,12 @@ TEST_P(PlayedShort, LeavesAPage)
 }
 
 INSTANTIATE_TEST_SUITE_P(Replays, PlayedShort,
-                         testing::Values(Replay{"SvgOnSvg", &svgTarget, &svgTarget},
-                                         Replay{"SvgOnPostScript", &svgTarget, &postScriptTarget},
-                                         Replay{"SvgOnMetafile", &svgTarget, &metafileTarget},
-                                         Replay{"SvgOnPixels", &svgTarget, &pixelTarget},
-                                         Replay{"MetafileOnMetafile", &metafileTarget, &metafileTarget},
-                                         Replay{"MetafileOnPixels", &metafileTarget, &pixelTarget}),
+                         testing::Values(Replay{"SvgOnSvg", &SvgTarget, &SvgTarget},
+                                         Replay{"SvgOnPostScript", &SvgTarget, &PostScriptTarget},
+                                         Replay{"SvgOnMetafile", &SvgTarget, &MetafileTarget},
+                                         Replay{"SvgOnPixels", &SvgTarget, &PixelTarget},
+                                         Replay{"MetafileOnMetafile", &MetafileTarget, &MetafileTarget},
+                                         Replay{"MetafileOnPixels", &MetafileTarget, &PixelTarget}),
                          [](const auto& replay) { return replay.param.name; });
 
 class OperatedShort : public testing::TestWithParam<const Target*> {};
@@ -129,14 +129,14 @@ TEST_P(OperatedShort, FindsAllOrNothing)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Formats, OperatedShort, testing::Values(&svgTarget, &metafileTarget),
+INSTANTIATE_TEST_SUITE_P(Formats, OperatedShort, testing::Values(&SvgTarget, &MetafileTarget),
                          [](const auto& target) { return target.param->name; });
 
 template <typename Surface>
 void copyShort(const Target& target)
 {
     const std::unique_ptr<Sheet> source = target.make();
-    for (const Step& step : pageSteps) {
+    for (const Step& step : PageSteps) {
         step.run(source->surface());
     }
     const auto& drawn = dynamic_cast<const Surface&>(source->surface());
@@ -170,8 +170,8 @@ void copyShort(const Target& target)
 
 TEST(CopiedShort, IsTheSourceOrWhatItWas)
 {
-    copyShort<CSurfaceSVG>(svgTarget);
-    copyShort<CSurfacePSPrinter>(postScriptTarget);
+    copyShort<CSurfaceSVG>(SvgTarget);
+    copyShort<CSurfacePSPrinter>(PostScriptTarget);
 }
 
 } // namespace

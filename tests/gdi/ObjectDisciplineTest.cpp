@@ -27,7 +27,7 @@ struct Sequence {
     unsigned int left; // objects, once surface and context are gone
 };
 
-const Sequence sequences[] = {
+const Sequence Sequences[] = {
     {"nothing", [](CSurfaceGDI&) {}, 0},
     {"exchanged",
      [](CSurfaceGDI& s) {
@@ -100,7 +100,7 @@ unsigned int objects()
 
 TEST(ObjectDiscipline, LeavesNoMoreThanItsRules)
 {
-    for (const Sequence& sequence : sequences) {
+    for (const Sequence& sequence : Sequences) {
         const unsigned int before = objects();
         const HDC context = CreateCompatibleDC(nullptr);
         {

@@ -18,7 +18,7 @@ struct Paint {
     char letter;
     std::string bytes; // blue, green, red, alpha
 };
-const Paint paints[] = {{'r', std::string("\0\0\xFF\xFF", 4)},    {'g', std::string("\0\xFF\0\xFF", 4)},
+const Paint Paints[] = {{'r', std::string("\0\0\xFF\xFF", 4)},    {'g', std::string("\0\xFF\0\xFF", 4)},
                         {'b', std::string("\xFF\0\0\xFF", 4)},    {'k', std::string("\0\0\0\xFF", 4)},
                         {'T', std::string("\xFF\xFF\0\0", 4)}, // transparent
                         {'.', std::string("\xFF\xFF\xFF\xFF", 4)}};
@@ -29,7 +29,7 @@ std::string imageOf(const std::vector<std::string>& rows)
     std::string pixels;
     for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
         for (const char letter : *row) {
-            for (const Paint& paint : paints) {
+            for (const Paint& paint : Paints) {
                 pixels += paint.letter == letter ? paint.bytes : "";
             }
         }
@@ -48,7 +48,7 @@ std::string pageOf(HDC device)
             const std::string pixel(
                 reinterpret_cast<const char*>(bits + std::ptrdiff_t{y} * stride + std::ptrdiff_t{4} * x), 3);
             char letter = '?';
-            for (const Paint& paint : paints) {
+            for (const Paint& paint : Paints) {
                 letter = paint.letter != 'T' && paint.bytes.compare(0, 3, pixel) == 0 ? paint.letter : letter;
             }
             page += letter;
@@ -69,50 +69,50 @@ struct PictureCase {
     const char* log = "";
 };
 
-const std::vector<std::string> quarters = {"rg", "bk"};
-const std::vector<std::string> holed = {"rTg", "bkT"};
-const std::string empty = "........\n";
-const std::string opaque = "r?g.....\nbk?.....\n" + empty + empty + empty + empty;
-const GdiDeviceOptions withoutBlits{8, 6, 96, 0};
-const GdiDeviceOptions failing{8, 6, 96, RC_BITBLT | RC_STRETCHBLT, 1};
+const std::vector<std::string> Quarters = {"rg", "bk"};
+const std::vector<std::string> Holed = {"rTg", "bkT"};
+const std::string Empty = "........\n";
+const std::string Opaque = "r?g.....\nbk?.....\n" + Empty + Empty + Empty + Empty;
+const GdiDeviceOptions WithoutBlits{8, 6, 96, 0};
+const GdiDeviceOptions Failing{8, 6, 96, RC_BITBLT | RC_STRETCHBLT, 1};
 
-const PictureCase cases[] = {
-    {"scaled", quarters, empty + ".rrgg...\n.rrgg...\n.bbkk...\n.bbkk...\n" + empty, {1, 1, 5, 5}, {}, 1},
-    {"own size", quarters, empty + ".rg.....\n.bk.....\n" + empty + empty + empty, {1, 1, 7, 5}, {}, 0},
+const PictureCase Cases[] = {
+    {"scaled", Quarters, Empty + ".rrgg...\n.rrgg...\n.bbkk...\n.bbkk...\n" + Empty, {1, 1, 5, 5}, {}, 1},
+    {"own size", Quarters, Empty + ".rg.....\n.bk.....\n" + Empty + Empty + Empty, {1, 1, 7, 5}, {}, 0},
     {"top rows in a low rectangle",
-     quarters,
-     empty + ".rg.....\n" + empty + empty + empty + empty,
+     Quarters,
+     Empty + ".rg.....\n" + Empty + Empty + Empty + Empty,
      {1, 1, 7, 2},
      {},
      0},
-    {"further down", quarters, empty + ".k......\n" + empty + empty + empty + empty, {1, 1, 7, 2}, {1, 1}, 0},
-    {"tiled", quarters, empty + ".grgrg..\n.kbkbk..\n.grgrg..\n" + empty + empty, {1, 1, 6, 4}, {1, 0}, 2},
-    {"no mode", quarters, empty + empty + empty + empty + empty + empty, {1, 1, 6, 4}, {}, 3},
-    {"holes, own size", holed, empty + ".r.g....\n" + empty + empty + empty + empty, {1, 1, 7, 2}, {}, 0},
-    {"holes, scaled", holed, "rr..gg..\nrr..gg..\nbbkk....\nbbkk....\n" + empty + empty, {0, 0, 6, 4}, {}, 1},
+    {"further down", Quarters, Empty + ".k......\n" + Empty + Empty + Empty + Empty, {1, 1, 7, 2}, {1, 1}, 0},
+    {"tiled", Quarters, Empty + ".grgrg..\n.kbkbk..\n.grgrg..\n" + Empty + Empty, {1, 1, 6, 4}, {1, 0}, 2},
+    {"no mode", Quarters, Empty + Empty + Empty + Empty + Empty + Empty, {1, 1, 6, 4}, {}, 3},
+    {"holes, own size", Holed, Empty + ".r.g....\n" + Empty + Empty + Empty + Empty, {1, 1, 7, 2}, {}, 0},
+    {"holes, scaled", Holed, "rr..gg..\nrr..gg..\nbbkk....\nbbkk....\n" + Empty + Empty, {0, 0, 6, 4}, {}, 1},
     {"no raster steps",
-     holed,
-     opaque,
+     Holed,
+     Opaque,
      {0, 0, 3, 2},
      {},
      1,
-     withoutBlits,
+     WithoutBlits,
      "Printer doesn't support 'Blt' operations required to print transparent image, printed "
      "non-transparently instead"},
     {"a step that fails",
-     holed,
-     opaque,
+     Holed,
+     Opaque,
      {0, 0, 3, 2},
      {},
      1,
-     failing,
+     Failing,
      "Printer error 31 (Device not functioning)  Unable to print transparent image, printed "
      "non-transparently instead"},
 };
 
 TEST(Pictures, AreDrawnInTheirModes)
 {
-    for (const PictureCase& c : cases) {
+    for (const PictureCase& c : Cases) {
         std::string log;
         krnSetLogSink([](const char* line, void* text) { *static_cast<std::string*>(text) += line; }, &log);
         const HDC device = gdiCreateDevice(&c.device);

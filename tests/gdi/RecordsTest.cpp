@@ -31,10 +31,10 @@ TEST_P(RecordedSurface, HoldsExactly)
     EXPECT_EQ(GetParam().records, recordsOf(GetParam().draw));
 }
 
-const std::string page = " 1065353216 0 0 1065353216 0 0\n"; // the identity transform
-const std::string noBitmap = " 0 0 1065353216 0 0 1065353216 0 0 0 0 0 0 0 0\n";
+const std::string Page = " 1065353216 0 0 1065353216 0 0\n"; // the identity transform
+const std::string NoBitmap = " 0 0 1065353216 0 0 1065353216 0 0 0 0 0 0 0 0\n";
 
-const RecordedCase cases[] = {
+const RecordedCase Cases[] = {
     {"Shapes",
      [](CSurfaceEMF& s) {
          POINT points[] = {{1, 2}, {30, 4}, {5, 60}};
@@ -54,7 +54,7 @@ const RecordedCase cases[] = {
      "4\n46: 10 20 29 39 1 2 3 4\n87: 1 2 30 60 3 131073 262174 3932165\n39: 1 0 255 0\n37: 1\n76: 1 2 2 3 1 "
      "2 2 2 "
      "15728673" +
-         noBitmap + "37: -2147483648\n40: 1\n53: 1 2 3 1\n"},
+         NoBitmap + "37: -2147483648\n40: 1\n53: 1 2 3 1\n"},
     {"EdgesPolygonsAndFocus",
      [](CSurfaceEMF& s) {
          POINT points[] = {{1, 2}, {30, 4}, {5, 60}};
@@ -68,11 +68,11 @@ const RecordedCase cases[] = {
      },
      "86: 1 2 30 60 3 131073 262174 3932165\n87: 1 2 30 4 2 131073 262174\n43: 10 20 29 39\n"
      "39: 1 0 13160660 0\n37: 1\n76: 10 20 10 39 10 20 1 20 15728673" +
-         noBitmap +
+         NoBitmap +
          "37: -2147483648\n40: 1\n"
          "94: 1 0 32 48 80 32 40 8 8 65537 0 32 0 0 0 0 0 16777215 170 85 170 85 170 85 170 85\n37: 1\n"
          "76: 10 20 12 20 10 20 3 1 5898313" +
-         noBitmap + "76: 10 21 12 21 10 21 3 1 5898313" + noBitmap + "37: -2147483648\n40: 1\n17: 3\n"},
+         NoBitmap + "76: 10 21 12 21 10 21 3 1 5898313" + NoBitmap + "37: -2147483648\n40: 1\n17: 3\n"},
     // A brush that leaves is deleted; all but solid ones reset the brush origin.
     {"PensAndBrushes",
      [](CSurfaceEMF& s) {
@@ -186,14 +186,14 @@ const RecordedCase cases[] = {
          EXPECT_EQ(0, GetTextCharacterExtra(s.getHDC()));
          EXPECT_EQ(12, s.m_font.getSize());
      },
-     "font 1 -16 0 0\n37: 1\n35:" + page +
+     "font 1 -16 0 0\n37: 1\n35:" + Page +
          "17: 1\nfont 2 -9 0 0\n37: 2\n18: 1\n39: 3 0 0 0\n37: 3\n76: 16 19 17 19 "
          "16 19 2 1 15728673" +
-         noBitmap +
+         NoBitmap +
          "37: -2147483648\n40: 3\n'One & under' 5 10 4 4\n'secondtab\t.' 5 20 4 2\n40: 1\nfont 1 -16 0 "
          "0\n37: 1\n17: "
          "1\n35:" +
-         page + "37: -2147483635\n"},
+         Page + "37: -2147483635\n"},
     // Lines without room for their own height leave a size below 0, which the formula of the height takes as well.
     {"LinesOnEachOther",
      [](CSurfaceEMF& s) {
@@ -213,7 +213,7 @@ const RecordedCase cases[] = {
      "70: 11 -79474604 -184549377 1\n"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Calls, RecordedSurface, testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Calls, RecordedSurface, testing::ValuesIn(Cases),
                          [](const auto& recorded) { return std::string(recorded.param.name); });
 
 // The extents wait for the mode that they are for.

@@ -12,16 +12,16 @@
 
 namespace {
 
-constexpr COLORREF red = 0x0000FF;
-constexpr COLORREF blue = 0xFF0000;
-constexpr COLORREF white = 0xFFFFFF;
+constexpr COLORREF Red = 0x0000FF;
+constexpr COLORREF Blue = 0xFF0000;
+constexpr COLORREF White = 0xFFFFFF;
 
 // An A4 page of 2480 by 3508 pixels, row by row without gaps.
 std::vector<COLORREF> played(Page page)
 {
-    constexpr int dotsPerInch = 300;
-    const HDC device = makeDevice(dotsPerInch);
-    EXPECT_TRUE(playOnDevice(device, page, dotsPerInch));
+    constexpr int DotsPerInch = 300;
+    const HDC device = makeDevice(DotsPerInch);
+    EXPECT_TRUE(playOnDevice(device, page, DotsPerInch));
     int rowBytes = 0;
     const unsigned char* const bits = gdiDeviceBits(device, &rowBytes);
     std::vector<COLORREF> pixels;
@@ -36,20 +36,20 @@ TEST(ReportPixels, AreWhereThePageSays)
 {
     CSurfaceSVG page = emptyPage();
     RECT box{100, 200, 300, 400};
-    page.drawSolidRectangle(&box, red);
-    page.setPen(blue, PS_ENDCAP_FLAT, 8);
+    page.drawSolidRectangle(&box, Red);
+    page.setPen(Blue, PS_ENDCAP_FLAT, 8);
     page.drawLine(100, 600, 500, 600);
     const std::vector<COLORREF> pixels = played(stored(page));
     const struct {
         int x, y; // in the page's units
         COLORREF color;
-    } places[] = {{101, 201, red},   {299, 201, red},   {101, 398, red},   {299, 398, red},
-                  {99, 300, white},  {301, 300, white}, {200, 199, white}, {200, 401, white},
-                  {101, 597, blue},  {300, 600, blue},  {499, 602, blue},  {98, 600, white},
-                  {502, 600, white}, {300, 595, white}, {300, 605, white}};
+    } places[] = {{101, 201, Red},   {299, 201, Red},   {101, 398, Red},   {299, 398, Red},
+                  {99, 300, White},  {301, 300, White}, {200, 199, White}, {200, 401, White},
+                  {101, 597, Blue},  {300, 600, Blue},  {499, 602, Blue},  {98, 600, White},
+                  {502, 600, White}, {300, 595, White}, {300, 605, White}};
     for (const auto& [x, y, color] : places) {
-        const int row = y * 3508 / logicalHeight;
-        EXPECT_EQ(pixels.at(static_cast<std::size_t>(row * 2480 + x * 2480 / logicalWidth)), color)
+        const int row = y * 3508 / LogicalHeight;
+        EXPECT_EQ(pixels.at(static_cast<std::size_t>(row * 2480 + x * 2480 / LogicalWidth)), color)
             << x << ", " << y;
     }
 }
@@ -57,8 +57,8 @@ TEST(ReportPixels, AreWhereThePageSays)
 TEST(ReportPixels, ShowTheHitInRed)
 {
     Page page = recorded(reportPages().front());
-    EXPECT_EQ(std::ranges::count(played(page), red), 0);
-    EXPECT_GT(std::ranges::count(played(firstHitMarked(page, "heating")), red), 50);
+    EXPECT_EQ(std::ranges::count(played(page), Red), 0);
+    EXPECT_GT(std::ranges::count(played(firstHitMarked(page, "heating")), Red), 50);
 }
 
 } // namespace

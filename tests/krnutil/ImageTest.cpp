@@ -44,7 +44,7 @@ protected:
 
     FIBITMAP* load(FREE_IMAGE_FORMAT stated, std::string image)
     {
-        return _desc.imageLoadFromMem(stated, bytesOf(image), static_cast<unsigned int>(image.size()));
+        return m_desc.imageLoadFromMem(stated, bytesOf(image), static_cast<unsigned int>(image.size()));
     }
 
     // "width x height x bits: " and the pixel bytes of the bottom row; "none" when nothing was decoded.
@@ -58,17 +58,17 @@ protected:
         if (bitmap == nullptr) {
             return "none";
         }
-        const BITMAPINFO* const info = _desc.imageGetInfo(bitmap);
+        const BITMAPINFO* const info = m_desc.imageGetInfo(bitmap);
         const BITMAPINFOHEADER& header = info->bmiHeader;
-        EXPECT_EQ(_desc.imageGetBits(bitmap),
+        EXPECT_EQ(m_desc.imageGetBits(bitmap),
                   reinterpret_cast<const unsigned char*>(info->bmiColors + header.biClrUsed));
         EXPECT_EQ(header.biCompression, 0U);
         std::string text = std::to_string(header.biWidth) + 'x' + std::to_string(header.biHeight) + 'x' +
                            std::to_string(header.biBitCount) + ':';
         for (int i = 0; i < header.biWidth * header.biBitCount / 8; ++i) {
-            text += ' ' + std::to_string(_desc.imageGetBits(bitmap)[i]);
+            text += ' ' + std::to_string(m_desc.imageGetBits(bitmap)[i]);
         }
-        _desc.imageUnload(bitmap);
+        m_desc.imageUnload(bitmap);
         return text;
     }
 
@@ -82,14 +82,14 @@ protected:
     std::string saved(FIBITMAP* bitmap, FREE_IMAGE_FORMAT target)
     {
         fiio_mem_handle_s handle = {};
-        EXPECT_TRUE(_desc.imageSaveToMem(target, bitmap, &handle));
+        EXPECT_TRUE(m_desc.imageSaveToMem(target, bitmap, &handle));
         std::string result(static_cast<const char*>(handle.data), static_cast<std::size_t>(handle.datalen));
         std::free(handle.data);
-        _desc.imageUnload(bitmap);
+        m_desc.imageUnload(bitmap);
         return result;
     }
 
-    FreeImageDesc _desc{false};
+    FreeImageDesc m_desc{false};
 };
 
 TEST_F(Image, ComesOutAsAStandardBitmapWithThePixelsAfterTheHeader)
@@ -133,7 +133,7 @@ TEST_F(Image, OfFourthBytesThatAreUnusedIsSeen)
     // Other formats that are transparent throughout stay so.
     for (const FREE_IMAGE_FORMAT format : {FIF_PNG, FIF_TIFF}) {
         FIBITMAP* const bitmap = load(FIF_BMP, oneUsed);
-        _desc.imageGetBits(bitmap)[7] = 0;
+        m_desc.imageGetBits(bitmap)[7] = 0;
         EXPECT_EQ(look(format, saved(bitmap, format)), "2x1x32: 1 2 3 0 4 5 6 0") << format;
     }
     // Which headers have a mask for alpha is asked of the reader itself, for FreeImage takes only the first one.
@@ -158,9 +158,9 @@ TEST_F(Image, IsDecodedByItsOwnSignatureInSilence)
     testing::internal::CaptureStderr();
     for (const FREE_IMAGE_FORMAT format : {FIF_ICO, FIF_PNG, FIF_TIFF, FIF_GIF}) {
         std::string image = converted(original, format);
-        FIMEMORY* const memory = _desc.imageOpenMemory(bytesOf(image), static_cast<int>(image.size()));
-        EXPECT_EQ(_desc.imageGetFileTypeFromMemory(memory, 0), format);
-        _desc.imageCloseMemory(memory);
+        FIMEMORY* const memory = m_desc.imageOpenMemory(bytesOf(image), static_cast<int>(image.size()));
+        EXPECT_EQ(m_desc.imageGetFileTypeFromMemory(memory, 0), format);
+        m_desc.imageCloseMemory(memory);
         for (const int stated : {-1, 0, 1, 2, 13, 18, 19, 25, 9999}) {
             EXPECT_EQ(look(static_cast<FREE_IMAGE_FORMAT>(stated), image), expected) << format << stated;
         }
@@ -221,15 +221,15 @@ TEST_F(Image, WithAHeaderThatNoPictureHasIsRefused)
 TEST_F(Image, Becomes24BitsAndIsSaved)
 {
     FIBITMAP* const narrow = load(FIF_BMP, bmp(2, 1, 8, 4));
-    FIBITMAP* const wide = _desc.imageConvertTo24Bits(narrow);
+    FIBITMAP* const wide = m_desc.imageConvertTo24Bits(narrow);
     fiio_mem_handle_s handle = {};
-    EXPECT_FALSE(_desc.imageSaveToMem(FIF_UNKNOWN, wide, &handle));
-    EXPECT_FALSE(_desc.imageSaveToMem(FIF_PNG, nullptr, &handle));
+    EXPECT_FALSE(m_desc.imageSaveToMem(FIF_UNKNOWN, wide, &handle));
+    EXPECT_FALSE(m_desc.imageSaveToMem(FIF_PNG, nullptr, &handle));
     EXPECT_EQ(handle.data, nullptr);
-    ASSERT_TRUE(_desc.imageSaveToMem(FIF_JPEG, wide, &handle));
+    ASSERT_TRUE(m_desc.imageSaveToMem(FIF_JPEG, wide, &handle));
     EXPECT_EQ(std::string(static_cast<char*>(handle.data), 2), "\xFF\xD8");
     std::free(handle.data);
-    _desc.imageUnload(narrow);
+    m_desc.imageUnload(narrow);
     EXPECT_EQ(lookAt(wide), "2x1x24: 85 85 85 94 94 94");
 }
 

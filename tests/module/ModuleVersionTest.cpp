@@ -18,12 +18,12 @@ namespace {
 
 using enum FileKind;
 using V = VersionFile;
-constexpr FileKind allKinds[] = {pe, elf32, elf32Swapped, elf64, elf64Swapped};
-constexpr std::span<const FileKind> every(allKinds);
-constexpr std::span<const FileKind> peOnly = every.first(1);
-constexpr std::span<const FileKind> elves = every.subspan(1);
+constexpr FileKind AllKinds[] = {Pe, Elf32, Elf32Swapped, Elf64, Elf64Swapped};
+constexpr std::span<const FileKind> Every(AllKinds);
+constexpr std::span<const FileKind> PeOnly = Every.first(1);
+constexpr std::span<const FileKind> Elves = Every.subspan(1);
 
-const std::string testFile =
+const std::string TestFile =
     (std::filesystem::path(::testing::TempDir()) / ("version" + std::to_string(getpid()))).string();
 
 // "1.2.3.4", with "no " in front when nothing was read.
@@ -39,32 +39,32 @@ std::string versionIn(const char* path)
 
 std::string versionOf(const std::string& bytes)
 {
-    std::ofstream(testFile, std::ios::binary) << bytes;
-    std::string version = versionIn(testFile.c_str());
-    std::filesystem::remove(testFile);
+    std::ofstream(TestFile, std::ios::binary) << bytes;
+    std::string version = versionIn(TestFile.c_str());
+    std::filesystem::remove(TestFile);
     return version;
 }
 
-constexpr const char* nothing = "no 0.0.0.0";
+constexpr const char* Nothing = "no 0.0.0.0";
 
 struct LanguageCase {
     std::span<const FileKind> kinds;
-    Languages languages;
+    LanguageList languages;
     const char* version;
 };
 
-const LanguageCase languageCases[] = {
-    {every, {{1033, 4}}, "1.2.3.4"},
-    {every, {{5129, 5}}, "1.2.3.5"},
-    {peOnly, {{1033, 4}, {5129, 5}}, "1.2.3.5"},
-    {peOnly, {{1033, 9}, {5129, 5}}, "1.2.3.5"},
-    {elves, {{1033, 4}, {5129, 5}}, "1.2.3.4"},
-    {peOnly, {{1031, 3}, {1033, 4}, {2057, 5}}, "1.2.3.4"},
-    {elves, {{1031, 3}, {1033, 4}}, "1.2.3.3"},
-    {peOnly, {{1033, 4}, {5130, 6}, {5129, 5}}, "1.2.3.4"},
-    {peOnly, {{1031, 4}}, nothing},
-    {peOnly, {{5130, 4}}, nothing},
-    {every, {}, nothing},
+const LanguageCase LanguageCases[] = {
+    {Every, {{1033, 4}}, "1.2.3.4"},
+    {Every, {{5129, 5}}, "1.2.3.5"},
+    {PeOnly, {{1033, 4}, {5129, 5}}, "1.2.3.5"},
+    {PeOnly, {{1033, 9}, {5129, 5}}, "1.2.3.5"},
+    {Elves, {{1033, 4}, {5129, 5}}, "1.2.3.4"},
+    {PeOnly, {{1031, 3}, {1033, 4}, {2057, 5}}, "1.2.3.4"},
+    {Elves, {{1031, 3}, {1033, 4}}, "1.2.3.3"},
+    {PeOnly, {{1033, 4}, {5130, 6}, {5129, 5}}, "1.2.3.4"},
+    {PeOnly, {{1031, 4}}, Nothing},
+    {PeOnly, {{5130, 4}}, Nothing},
+    {Every, {}, Nothing},
 };
 
 // A number of a file that is as it should be is replaced.
@@ -79,56 +79,56 @@ struct ChangeCase {
     const char* version;
 };
 
-constexpr std::size_t peSection = V::peSections + 40;
+constexpr std::size_t PeSection = V::PeSections + 40;
 
-constexpr ChangeCase changeCases[] = {
-    {"no format", every, 0, 0, 0, 1, 'Z', nothing},
-    {"section \"rsrc\"", peOnly, 0, peSection, 0, 8, 0x63727372, "1.2.3.4"},
-    {"section \"rsrc2\"", peOnly, 0, peSection, 0, 8, 0x3263727372, nothing},
-    {"no PE signature", peOnly, 0, V::peHeader, 0, 4, 0x14550, nothing},
-    {"PE header far away", peOnly, 0, 60, 0, 4, 0xFFFFFFF0, nothing},
-    {"PE data in front of its section", peOnly, 0, V::data, 0, 4, 16, nothing},
+constexpr ChangeCase ChangeCases[] = {
+    {"no format", Every, 0, 0, 0, 1, 'Z', Nothing},
+    {"section \"rsrc\"", PeOnly, 0, PeSection, 0, 8, 0x63727372, "1.2.3.4"},
+    {"section \"rsrc2\"", PeOnly, 0, PeSection, 0, 8, 0x3263727372, Nothing},
+    {"no PE signature", PeOnly, 0, V::PeHeader, 0, 4, 0x14550, Nothing},
+    {"PE header far away", PeOnly, 0, 60, 0, 4, 0xFFFFFFF0, Nothing},
+    {"PE data in front of its section", PeOnly, 0, V::Data, 0, 4, 16, Nothing},
 
-    {"version of the head", elves, 0, 6, 0, 1, 2, nothing},
-    {"executable", elves, 0, 16, 0, 2, 2, "1.2.3.4"},
-    {"object file", elves, 0, 16, 0, 2, 1, nothing},
-    {"no section table", elves, 0, 32, 8, 0, 0, nothing},
-    {"no section of names", elves, 0, 50, 12, 2, 0, nothing},
-    {"symbols nowhere", elves, 2, 16, 8, 0, 0, nothing},
-    {"more symbols than bytes", elves, 2, 20, 12, 0, 0xFFFFFFF0, "1.2.3.4"},
-    {"too few symbols", elves, 2, 20, 12, 0, 40, nothing},
-    {"tree outside", elves, 4, 16, 8, 0, 0xFFFFFFF0, nothing},
-    {"another symbol", elves, 0, V::elfNames + 46, 0, 1, 'x', nothing},
+    {"version of the head", Elves, 0, 6, 0, 1, 2, Nothing},
+    {"executable", Elves, 0, 16, 0, 2, 2, "1.2.3.4"},
+    {"object file", Elves, 0, 16, 0, 2, 1, Nothing},
+    {"no section table", Elves, 0, 32, 8, 0, 0, Nothing},
+    {"no section of names", Elves, 0, 50, 12, 2, 0, Nothing},
+    {"symbols nowhere", Elves, 2, 16, 8, 0, 0, Nothing},
+    {"more symbols than bytes", Elves, 2, 20, 12, 0, 0xFFFFFFF0, "1.2.3.4"},
+    {"too few symbols", Elves, 2, 20, 12, 0, 40, Nothing},
+    {"tree outside", Elves, 4, 16, 8, 0, 0xFFFFFFF0, Nothing},
+    {"another symbol", Elves, 0, V::ElfNames + 46, 0, 1, 'x', Nothing},
 
-    {"too few types", every, 0, V::types + 14, 0, 2, 1, nothing},
-    {"another name", every, 0, V::names + 24, 0, 4, 2, nothing},
-    {"language of a directory", every, 0, V::languages + 28, 0, 4, V::directory | (V::data - V::types),
-     nothing},
-    {"directory in itself", every, 0, V::names + 28, 0, 4, V::directory, nothing},
-    {"data outside", every, 0, V::data, 0, 4, 0xFFFFFFFE, nothing},
-    {"length 65535", every, 0, V::blocks, 0, 2, 65535, nothing},
-    {"value length 65535", every, 0, V::blocks + 2, 0, 2, 65535, nothing},
-    {"value length 3", every, 0, V::blocks + 2, 0, 2, 3, nothing},
-    {"value length 4", every, 0, V::blocks + 2, 0, 2, 4, "1.2.3.4"},
-    {"as many units as lead to the signature", every, 0, V::blocks, 0, 2, 19, "1.2.3.4"},
-    {"two units less", every, 0, V::blocks, 0, 2, 17, nothing},
-    {"no signature", every, 0, V::blocks + 40, 0, 4, 0, nothing},
+    {"too few types", Every, 0, V::Types + 14, 0, 2, 1, Nothing},
+    {"another name", Every, 0, V::Names + 24, 0, 4, 2, Nothing},
+    {"language of a directory", Every, 0, V::Languages + 28, 0, 4, V::Directory | (V::Data - V::Types),
+     Nothing},
+    {"directory in itself", Every, 0, V::Names + 28, 0, 4, V::Directory, Nothing},
+    {"data outside", Every, 0, V::Data, 0, 4, 0xFFFFFFFE, Nothing},
+    {"length 65535", Every, 0, V::Blocks, 0, 2, 65535, Nothing},
+    {"value length 65535", Every, 0, V::Blocks + 2, 0, 2, 65535, Nothing},
+    {"value length 3", Every, 0, V::Blocks + 2, 0, 2, 3, Nothing},
+    {"value length 4", Every, 0, V::Blocks + 2, 0, 2, 4, "1.2.3.4"},
+    {"as many units as lead to the signature", Every, 0, V::Blocks, 0, 2, 19, "1.2.3.4"},
+    {"two units less", Every, 0, V::Blocks, 0, 2, 17, Nothing},
+    {"no signature", Every, 0, V::Blocks + 40, 0, 4, 0, Nothing},
 };
 
 } // namespace
 
 TEST(ModuleVersion, IsThatOfTheFile)
 {
-    for (const LanguageCase& test : languageCases) {
+    for (const LanguageCase& test : LanguageCases) {
         for (const FileKind kind : test.kinds) {
             EXPECT_EQ(versionOf(VersionFile(kind, test.languages).bytes()), test.version)
-                << "case " << &test - languageCases << ", kind " << static_cast<int>(kind);
+                << "case " << &test - LanguageCases << ", kind " << static_cast<int>(kind);
         }
     }
-    VersionFile broken(pe, {{1033, 4}, {5129, 5}});
-    broken.put(V::blocks + V::blockSize, 2, {65535});
+    VersionFile broken(Pe, {{1033, 4}, {5129, 5}});
+    broken.put(V::Blocks + V::BlockSize, 2, {65535});
     EXPECT_EQ(versionOf(broken.bytes()), "no 1.2.3.4");
-    for (const ChangeCase& test : changeCases) {
+    for (const ChangeCase& test : ChangeCases) {
         for (const FileKind kind : test.kinds) {
             VersionFile file(kind);
             const unsigned int width = file.addressWidth();
@@ -139,45 +139,45 @@ TEST(ModuleVersion, IsThatOfTheFile)
                 << test.what << ", kind " << static_cast<int>(kind);
         }
     }
-    EXPECT_EQ(versionIn("/nowhere/at/all"), nothing);
+    EXPECT_EQ(versionIn("/nowhere/at/all"), Nothing);
 }
 
 // Three directories of many entries, each of which leads to the next one, or to a block that has no version.
 TEST(ModuleVersion, TakesNoMoreStepsThanTheFileHasBytes)
 {
-    constexpr std::uint32_t entries = 100;
-    constexpr std::uint32_t directorySize = 16 + 8 * entries;
-    constexpr std::uint32_t secondLevel = 2 * directorySize;
+    constexpr std::uint32_t Entries = 100;
+    constexpr std::uint32_t DirectorySize = 16 + 8 * Entries;
+    constexpr std::uint32_t SecondLevel = 2 * DirectorySize;
     const auto number = [](std::uint32_t value) {
         return std::string{static_cast<char>(value), static_cast<char>(value >> 8U),
                            static_cast<char>(value >> 16U), static_cast<char>(value >> 24U)};
     };
-    std::string bytes = VersionFile(pe).bytes().substr(0, V::types);
+    std::string bytes = VersionFile(Pe).bytes().substr(0, V::Types);
     const std::pair<std::uint32_t, std::uint32_t> levels[] = {
-        {16, V::directory | directorySize}, {1, V::directory | secondLevel}, {1033, 3 * directorySize}};
+        {16, V::Directory | DirectorySize}, {1, V::Directory | SecondLevel}, {1033, 3 * DirectorySize}};
     for (const auto& [id, target] : levels) {
-        bytes += std::string(12, '\0') + number(entries << 16U);
-        for (std::uint32_t i = 0; i < entries; ++i) {
+        bytes += std::string(12, '\0') + number(Entries << 16U);
+        for (std::uint32_t i = 0; i < Entries; ++i) {
             bytes += number(id) + number(target);
         }
     }
-    bytes += number(0x2000 + 3 * directorySize + 16) + std::string(16, '\0');
-    std::ofstream(testFile, std::ios::binary) << bytes;
+    bytes += number(0x2000 + 3 * DirectorySize + 16) + std::string(16, '\0');
+    std::ofstream(TestFile, std::ios::binary) << bytes;
     CModuleVersion version;
-    EXPECT_FALSE(version.readFile(testFile.c_str()));
+    EXPECT_FALSE(version.readFile(TestFile.c_str()));
     EXPECT_EQ(bytes.size(), version.steps());
     EXPECT_FALSE(version.readFile("/nowhere/at/all"));
-    std::filesystem::remove(testFile);
+    std::filesystem::remove(TestFile);
     EXPECT_TRUE(version.readFile(SURFACE_LIBRARY));
     EXPECT_LT(version.steps(), 100U);
 }
 
 TEST(ModuleVersion, NeedsTheWholeWayToItsNumbers)
 {
-    for (const FileKind kind : allKinds) {
+    for (const FileKind kind : AllKinds) {
         const VersionFile file(kind);
         for (std::size_t length = 0; length <= file.bytes().size(); ++length) {
-            ASSERT_EQ(versionOf(file.bytes().substr(0, length)), length < file.end() ? nothing : "1.2.3.4")
+            ASSERT_EQ(versionOf(file.bytes().substr(0, length)), length < file.end() ? Nothing : "1.2.3.4")
                 << length << " bytes, kind " << static_cast<int>(kind);
         }
     }
@@ -186,13 +186,13 @@ TEST(ModuleVersion, NeedsTheWholeWayToItsNumbers)
 TEST(ModuleVersion, OfTheModuleIsTheProjectsAlsoWhenStripped)
 {
     EXPECT_EQ(versionIn(SURFACE_LIBRARY), SURFACE_TESTED_VERSION);
-    const std::string strip = SURFACE_STRIP " -s -o " + testFile + " " SURFACE_LIBRARY;
+    const std::string strip = SURFACE_STRIP " -s -o " + TestFile + " " SURFACE_LIBRARY;
     ASSERT_EQ(std::system(strip.c_str()), 0);
-    EXPECT_EQ(versionIn(testFile.c_str()), SURFACE_TESTED_VERSION);
+    EXPECT_EQ(versionIn(TestFile.c_str()), SURFACE_TESTED_VERSION);
     std::ostringstream contents;
-    contents << std::ifstream(testFile, std::ios::binary).rdbuf();
+    contents << std::ifstream(TestFile, std::ios::binary).rdbuf();
     const std::string bytes = contents.str();
-    std::filesystem::remove(testFile);
+    std::filesystem::remove(TestFile);
     const std::string identity = "@(#)TOVO Ansi on i686-msoft-win32, surface " SURFACE_TESTED_VERSION " ";
     const std::size_t place = bytes.find(identity);
     ASSERT_NE(place, std::string::npos);

@@ -12,8 +12,8 @@ const char* __asan_default_options()                         // NOLINT(bugprone-
 
 namespace {
 
-constexpr int megabyte = 1 << 20;
-constexpr int depth = megabyte / 8;
+constexpr int Megabyte = 1 << 20;
+constexpr int Depth = Megabyte / 8;
 
 std::string repeated(const std::string& piece, int count)
 {
@@ -27,8 +27,8 @@ std::string repeated(const std::string& piece, int count)
 // The innermost are too deep to follow. No level has a size, so each looks for one in all the rest.
 TEST(HostilePage, NestedDocuments)
 {
-    const PlayedPage played = playPage(repeated("<svg >", 500) + mark(1) + repeated("<svg >", depth) +
-                                       mark(2) + repeated("</svg>", depth + 500) + mark(3));
+    const PlayedPage played = playPage(repeated("<svg >", 500) + mark(1) + repeated("<svg >", Depth) +
+                                       mark(2) + repeated("</svg>", Depth + 500) + mark(3));
     EXPECT_EQ(played.calls,
               "prepareSurface 0x0 0x0 50x60; drawFocusRect (1, 0, 1, 0); drawFocusRect (3, 0, 3, 0)");
     EXPECT_EQ(played.log.size(), 1U);
@@ -36,9 +36,9 @@ TEST(HostilePage, NestedDocuments)
 
 TEST(HostilePage, NestedDocumentsWithoutEnd)
 {
-    EXPECT_EQ(playPage(repeated("<svg >", depth)).calls, "");
+    EXPECT_EQ(playPage(repeated("<svg >", Depth)).calls, "");
     // Here each of the outer walks ends at a document that does not.
-    EXPECT_EQ(playPage(repeated("<svg >", 900) + repeated("<text >", depth) + repeated("</svg>", 900)).calls,
+    EXPECT_EQ(playPage(repeated("<svg >", 900) + repeated("<text >", Depth) + repeated("</svg>", 900)).calls,
               "prepareSurface 0x0 0x0 50x60");
 }
 
@@ -46,19 +46,19 @@ TEST(HostilePage, NestedDocumentsWithoutEnd)
 // pages'.
 TEST(HostilePage, IsSearchedInProportionToItsLength)
 {
-    constexpr int levels = 990;
+    constexpr int Levels = 990;
     const auto nested = [](const std::string& inner) {
-        return repeated("<svg >", levels) + inner + repeated("</svg>", levels);
+        return repeated("<svg >", Levels) + inner + repeated("</svg>", Levels);
     };
     const std::string before = "<?xml ?><!DOCTYPE svg>";
     const auto closed = [&](const std::string& piece) {
-        return before + repeated(piece, depth / 8) + repeated("</svg>", depth / 4);
+        return before + repeated(piece, Depth / 8) + repeated("</svg>", Depth / 4);
     };
     const std::string pages[] = {
-        nested("<svg x='" + std::string(megabyte, '1') + "'></svg>"),
-        nested("<svg y='" + std::string(megabyte, ' ') + "'></svg>"),
-        nested("<svg viewBox='0 0 " + std::string(megabyte, '\t') + "9'></svg>"),
-        nested(std::string(megabyte, 'x')),
+        nested("<svg x='" + std::string(Megabyte, '1') + "'></svg>"),
+        nested("<svg y='" + std::string(Megabyte, ' ') + "'></svg>"),
+        nested("<svg viewBox='0 0 " + std::string(Megabyte, '\t') + "9'></svg>"),
+        nested(std::string(Megabyte, 'x')),
         closed("<svg</svg><!--<svg>"),
         closed("<svg </svg><!--<svg>"),
         closed("<svg</svg><svg>"),
@@ -76,16 +76,16 @@ TEST(HostilePage, IsSearchedInProportionToItsLength)
 
 TEST(HostilePage, NestedDefinitions)
 {
-    const std::string symbols = repeated("<symbol>", depth) + repeated("</symbol>", depth);
+    const std::string symbols = repeated("<symbol>", Depth) + repeated("</symbol>", Depth);
     EXPECT_EQ(playPage(framed("<defs>" + symbols + "</defs>" + mark(1))).calls,
-              prepared + "drawFocusRect (1, 0, 1, 0)");
+              Prepared + "drawFocusRect (1, 0, 1, 0)");
 }
 
 TEST(HostilePage, BracketsOnly)
 {
-    const std::string brackets(megabyte, '<');
+    const std::string brackets(Megabyte, '<');
     EXPECT_EQ(playPage(brackets).calls, "");
-    EXPECT_EQ(playPage(framed(brackets + ">" + mark(1))).calls, prepared + "drawFocusRect (1, 0, 1, 0)");
+    EXPECT_EQ(playPage(framed(brackets + ">" + mark(1))).calls, Prepared + "drawFocusRect (1, 0, 1, 0)");
 }
 
 TEST(HostilePage, OneLargePatternForManyShapes)

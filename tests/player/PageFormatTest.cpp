@@ -9,16 +9,16 @@ using namespace std::string_literals;
 
 namespace {
 
-const std::string metafile = "\1\0\0\0"s + std::string(36, 'x') + " EMF";
-const std::string bothMarks = "<?xml ?><!DOCTYPE svg";
+const std::string Metafile = "\1\0\0\0"s + std::string(36, 'x') + " EMF";
+const std::string BothMarks = "<?xml ?><!DOCTYPE svg";
 
 TEST(PageFormat, IsToldByTheBytes)
 {
     const std::pair<std::string, int> formats[] = {
         {"", 0},
-        {metafile + bothMarks, 1},
-        {metafile.substr(0, 43), 0}, // a head that ends before its signature does
-        {metafile.substr(0, 40) + "EMF " + bothMarks, 2},
+        {Metafile + BothMarks, 1},
+        {Metafile.substr(0, 43), 0}, // a head that ends before its signature does
+        {Metafile.substr(0, 40) + "EMF " + BothMarks, 2},
         {"<!DOCTYPE svg<?xml", 2},        // wherever the marks are
         {"\0<?xml\0\0<!DOCTYPE svg"s, 2}, // zero bytes do not end the search
         {"<!DOCTYPE svg", 0},
@@ -61,7 +61,7 @@ TEST(PageFormat, UnknownPagesAreRefusedWithALogLine)
 TEST(Playback, NeedsMemoryASurfaceAndARectangle)
 {
     const CaughtReports reports;
-    std::string page = bothMarks + ">" + framed(mark(1));
+    std::string page = BothMarks + ">" + framed(mark(1));
     const auto bytes = reinterpret_cast<unsigned char*>(page.data());
     const auto length = static_cast<unsigned int>(page.size());
     RecordingSurface surface;

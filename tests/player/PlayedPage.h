@@ -35,12 +35,12 @@ PlayedPage playPage(const std::string& page);
 // The content as a page of 210 by 297 millimetres and 100 by 200 units, the call that begins its replay, and
 // the one that ends a clip.
 std::string framed(const std::string& content);
-inline const std::string prepared = "prepareSurface 100x200 210x297 50x60; ";
-inline const std::string unclipped = "setClippingRegion (0, 0, 100, 200)";
+inline const std::string Prepared = "prepareSurface 100x200 210x297 50x60; ";
+inline const std::string Unclipped = "setClippingRegion (0, 0, 100, 200)";
 
 // The attributes that a shape has when its element gives none.
-inline const std::string plainPen = "setPen rgb(0,0,0) style 0 width 1; ";
-inline const std::string plain = "setBrush rgb(0,0,0) style 1 picture 0; " + plainPen;
+inline const std::string PlainPen = "setPen rgb(0,0,0) style 0 width 1; ";
+inline const std::string Plain = "setBrush rgb(0,0,0) style 1 picture 0; " + PlainPen;
 
 // A small element that needs nothing around it; it gives drawFocusRect (number, 0, number, 0).
 std::string mark(int number);

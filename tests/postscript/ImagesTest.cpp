@@ -7,18 +7,18 @@
 
 namespace {
 
-constexpr int jpeg = 7; // kept without run lengths, whatever the bytes are
-constexpr int png = 8;
-constexpr int tile = 100;
+constexpr int Jpeg = 7; // kept without run lengths, whatever the bytes are
+constexpr int Png = 8;
+constexpr int Tile = 100;
 
 std::string times(int count, const std::string& text)
 {
     return count > 0 ? text + times(count - 1, text) : "";
 }
 
-const std::string black(12, '\0');
-const std::string red("\0\0\xFF\0\0\xFF\0\0\xFF\0\0\xFF", 12);
-const std::string seeThrough("\x01\x02\x03\0\x04\x05\x06\x01\x07\x08\x09\x80", 12);
+const std::string Black(12, '\0');
+const std::string Red("\0\0\xFF\0\0\xFF\0\0\xFF\0\0\xFF", 12);
+const std::string SeeThrough("\x01\x02\x03\0\x04\x05\x06\x01\x07\x08\x09\x80", 12);
 
 struct ImageCase {
     std::string pixels;
@@ -27,25 +27,25 @@ struct ImageCase {
     std::string data;
 };
 
-const ImageCase images[] = {
-    {black, 24, 2, 2, 2, png, "f50080"},
-    {times(129, "a"), 24, 1, 43, 1, png, "8161006180"},
-    {times(132, "a"), 24, 1, 44, 1, png, "8161fd6180"},
-    {"aaaaaabbbabc", 24, 1, 4, 1, png, "fb61fe620263626180"},
-    {times(64, "ab") + "a", 24, 1, 43, 1, png, "7f" + times(64, "6162") + "006180"},
-    {times(300, "a"), 24, 2, 50, 2, jpeg, times(2, times(150, "61") + "\n")},
-    {seeThrough, 32, 1, 3, 1, jpeg, "010181030201060504090807"},
-    {seeThrough, 32, 1, 3, 1, png, "0b01018103020106050409080780"},
+const ImageCase Images[] = {
+    {Black, 24, 2, 2, 2, Png, "f50080"},
+    {times(129, "a"), 24, 1, 43, 1, Png, "8161006180"},
+    {times(132, "a"), 24, 1, 44, 1, Png, "8161fd6180"},
+    {"aaaaaabbbabc", 24, 1, 4, 1, Png, "fb61fe620263626180"},
+    {times(64, "ab") + "a", 24, 1, 43, 1, Png, "7f" + times(64, "6162") + "006180"},
+    {times(300, "a"), 24, 2, 50, 2, Jpeg, times(2, times(150, "61") + "\n")},
+    {SeeThrough, 32, 1, 3, 1, Jpeg, "010181030201060504090807"},
+    {SeeThrough, 32, 1, 3, 1, Png, "0b01018103020106050409080780"},
     // Stated sizes that the pixels don't reach; the last one stays within them.
-    {black, 24, 2, 2, INT_MAX, png, "none"},
-    {seeThrough, 32, 1, 3, 2, png, "none"},
-    {black, 24, 2, -2, 2, png, "none"},
-    {"abcdefghijkl", 24, 2, 2, 1, jpeg, "636261666564"},
+    {Black, 24, 2, 2, INT_MAX, Png, "none"},
+    {SeeThrough, 32, 1, 3, 2, Png, "none"},
+    {Black, 24, 2, -2, 2, Png, "none"},
+    {"abcdefghijkl", 24, 2, 2, 1, Jpeg, "636261666564"},
 };
 
 TEST(PostScriptImages, AreWrittenAsSamples)
 {
-    for (const ImageCase& c : images) {
+    for (const ImageCase& c : Images) {
         const std::string text = drawnText([&](CSurfacePSPrinter& s) {
             include(s, 0, bitmapOf(c.pixels, c.bits, c.rows), c.width, c.height, c.type);
             s.drawImage(in({0, 0, 1, 1}), 0, 0, 0, 0);
@@ -83,18 +83,18 @@ void fillWith(CSurfacePSPrinter& s, int picture)
     s.drawRectangle(in({1, 2, 4, 6}));
 }
 
-const PsCase uses[] = {
+const PsCase Uses[] = {
     {[](auto& s) {
-         include(s, 0, bitmapOf(black, 24, 2), 2, 2);
-         include(s, 0, bitmapOf(red, 24, 2), 2, 2, tile);
-         include(s, 65535, bitmapOf(black, 24, 2), 2, 2, jpeg);
+         include(s, 0, bitmapOf(Black, 24, 2), 2, 2);
+         include(s, 0, bitmapOf(Red, 24, 2), 2, 2, Tile);
+         include(s, 65535, bitmapOf(Black, 24, 2), 2, 2, Jpeg);
          place(s, 0, 1);
          place(s, 65535, 0);
      },
      "@f10 -70  translate 100 50 scale @i /RunLengthDecode filter\n>> image\nf50080\n>\ngrestore\n@f10 -22  "
      "translate 2 2 scale @i\n>> image\n000000000000000000000000\n>\ngrestore\n"},
     {[](auto& s) {
-         include(s, 3, bitmapOf(seeThrough + std::string(4, '\0'), 32, 2), 2, 2, tile);
+         include(s, 3, bitmapOf(SeeThrough + std::string(4, '\0'), 32, 2), 2, 2, Tile);
          place(s, 3, 0);
      },
      definition("3", "01010302010605048101090807000000") +
@@ -102,9 +102,9 @@ const PsCase uses[] = {
          "transparentimage\n01010302010605048101090807000000\n>\ngrestore\n"},
     // The newest definition comes first, and those of images that were no tiles come with their first use.
     {[](auto& s) {
-         include(s, 1, bitmapOf(black, 24, 2), 2, 2);
-         include(s, 2, bitmapOf(red, 24, 2), 2, 2, tile);
-         include(s, 3, bitmapOf(seeThrough + std::string(4, '\0'), 32, 2), 2, 2);
+         include(s, 1, bitmapOf(Black, 24, 2), 2, 2);
+         include(s, 2, bitmapOf(Red, 24, 2), 2, 2, Tile);
+         include(s, 3, bitmapOf(SeeThrough + std::string(4, '\0'), 32, 2), 2, 2);
          fillWith(s, 2);
          EXPECT_GT(s.getDataLength(), 0);
          fillWith(s, 1);
@@ -118,10 +118,10 @@ const PsCase uses[] = {
          filled("4")},
     // What cannot be decoded keeps its id and, as a tile, its pattern.
     {[](auto& s) {
-         include(s, 5, "no image at all", 2, 2, tile);
-         include(s, 5, bitmapOf(black, 24, 2), 2, 2);
+         include(s, 5, "no image at all", 2, 2, Tile);
+         include(s, 5, bitmapOf(Black, 24, 2), 2, 2);
          include(s, 6, "", 2, 2);
-         include(s, 65536, bitmapOf(black, 24, 2), 2, 2);
+         include(s, 65536, bitmapOf(Black, 24, 2), 2, 2);
          for (const unsigned int id : {4U, 5U, 6U, 65536U, ~0U}) {
              place(s, id, 1);
              place(s, id, 2);
@@ -135,17 +135,17 @@ const PsCase uses[] = {
 
 TEST(PostScriptImages, LeaveTheirText)
 {
-    expectTexts(uses);
+    expectTexts(Uses);
 }
 
 TEST(PostScriptImages, AreEmptyWithoutTheLibraryOrMemory)
 {
     EXPECT_EQ("", drawnText([](auto& s) {
                   krnSetImageLibrary("no such library");
-                  include(s, 1, bitmapOf(black, 24, 2), 2, 2);
+                  include(s, 1, bitmapOf(Black, 24, 2), 2, 2);
                   krnSetImageLibrary(nullptr);
                   kstr_setFailure(0);
-                  include(s, 2, bitmapOf(black, 24, 2), 2, 2);
+                  include(s, 2, bitmapOf(Black, 24, 2), 2, 2);
                   kstr_setFailure(-1);
                   place(s, 1, 0);
                   place(s, 2, 0);

@@ -84,7 +84,7 @@ std::set<std::string> namesIn(const std::string& document)
 }
 
 // PLRM, second edition, chapter 8: those of its operators that a page has a use for.
-constexpr const char* levelTwoOperators =
+constexpr const char* LevelTwoOperators =
     "abs add anchorsearch and arc arcto ashow begin bind clip clippath closepath concat concatmatrix copy "
     "currentfile currentfont currentmatrix cvi def dict div dtransform dup end eq exch exec exit exp false "
     "fill "
@@ -102,7 +102,7 @@ constexpr const char* levelTwoOperators =
 // level 2, so they can't tell.
 std::string strangersIn(const std::string& document)
 {
-    std::istringstream operators(levelTwoOperators);
+    std::istringstream operators(LevelTwoOperators);
     const std::set<std::string> known{std::istream_iterator<std::string>(operators), {}};
     const std::set<std::string> names = namesIn(document);
     std::string strangers;
@@ -141,7 +141,7 @@ TEST(PostScriptReport, RunsAndHoldsTheWordsOfEachPage)
         const std::string words = textBetween("<text ", "</text>", std::string(svg.begin(), svg.end()));
         EXPECT_GT(words.size(), 40U);
         std::vector<Page> documents = {printed(svg)};
-        if (page.name == directPage) {
+        if (page.name == DirectPage) {
             documents.push_back(printedDirectly(page));
         }
         for (const Page& bytes : documents) {

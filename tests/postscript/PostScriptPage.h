@@ -47,7 +47,7 @@ inline std::string drawnText(const PsDrawing& draw)
 
 inline void expectTexts(std::span<const PsCase> cases)
 {
-    constexpr std::pair<const char*, const char*> marks[] = {
+    constexpr std::pair<const char*, const char*> Marks[] = {
         {"@h", "1 -2 3 -4 @p0.000 0.000 0.000 Hatch"},
         {"@i", " /DeviceRGB setcolorspace\n<< @d currentfile /ASCIIHexDecode filter"},
         {"~", " 1 setlinecap  1 setlinejoin "},
@@ -63,7 +63,7 @@ inline void expectTexts(std::span<const PsCase> cases)
                "0 1 0 1] /DataSource"},
     };
     for (PsCase c : cases) {
-        for (const auto& [mark, meaning] : marks) {
+        for (const auto& [mark, meaning] : Marks) {
             for (std::size_t at = 0; (at = c.text.find(mark, at)) != std::string::npos;) {
                 c.text.replace(at, std::string(mark).size(), meaning);
             }

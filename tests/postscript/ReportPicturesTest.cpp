@@ -19,37 +19,37 @@ namespace {
 
 using Channels = std::array<double, 3>; // blue, green, red
 
-constexpr const char* polylines = "viewers fill polylines";
-constexpr const char* hatches = "viewers leave hatches out; PostScript has no dashes";
-constexpr const char* lines = "PostScript has no dashes, shows lines without a pen, but no solid polygons";
-constexpr const char* images = "librsvg leaves images out";
-constexpr const char* ellipses = "ellipses are filled plainly, a picture brush is black";
+constexpr const char* Polylines = "viewers fill polylines";
+constexpr const char* Hatches = "viewers leave hatches out; PostScript has no dashes";
+constexpr const char* Lines = "PostScript has no dashes, shows lines without a pen, but no solid polygons";
+constexpr const char* Images = "librsvg leaves images out";
+constexpr const char* Ellipses = "ellipses are filled plainly, a picture brush is black";
 
 const struct {
     std::string_view page; // "": all
     RECT place;
     Channels difference; // the mean of PostScript less that of SVG
     const char* reason;
-} knownDifferences[] = {
-    {"", {56, 8, 84, 48}, {-3, 11, 20}, polylines},
-    {"overview", {84, 548, 722, 1000}, {-3, -3, -3}, hatches},
-    {"overview", {100, 1008, 722, 1048}, {-7, -6, -6}, hatches},
-    {"shares", {416, 108, 728, 420}, {-6, -6, -5}, hatches},
-    {"curves", {84, 112, 720, 438}, {34, 13, 1}, lines},
-    {"curves", {64, 510, 371, 770}, {-5, -5, -6}, lines},
-    {"curves", {66, 840, 728, 1030}, {41, 41, 41}, polylines},
+} KnownDifferences[] = {
+    {"", {56, 8, 84, 48}, {-3, 11, 20}, Polylines},
+    {"overview", {84, 548, 722, 1000}, {-3, -3, -3}, Hatches},
+    {"overview", {100, 1008, 722, 1048}, {-7, -6, -6}, Hatches},
+    {"shares", {416, 108, 728, 420}, {-6, -6, -5}, Hatches},
+    {"curves", {84, 112, 720, 438}, {34, 13, 1}, Lines},
+    {"curves", {64, 510, 371, 770}, {-5, -5, -6}, Lines},
+    {"curves", {66, 840, 728, 1030}, {41, 41, 41}, Polylines},
     {"groups", {424, 105, 730, 402}, {-5, -5, -4}, "viewers show no focus rectangle"},
-    {"sheet", {48, 84, 382, 556}, {-3, -3, -3}, hatches},
-    {"sheet", {48, 592, 382, 820}, {15, 5, -1}, lines},
-    {"sheet", {68, 940, 368, 1024}, {35, 35, 36}, polylines},
-    {"pictures", {64, 130, 731, 166}, {-84, -76, -96}, images},
-    {"pictures", {64, 166, 731, 202}, {-47, -40, -97}, images},
-    {"pictures", {68, 324, 320, 576}, {-50, -48, -72}, images},
-    {"pictures", {427, 324, 713, 574}, {-90, -87, -130}, images},
-    {"pictures", {104, 690, 410, 1020}, {-30, -30, -44}, images},
-    {"pictures", {448, 688, 572, 812}, {-184, -183, -182}, ellipses},
-    {"pictures", {448, 856, 572, 982}, {-55, -51, -81}, images},
-    {"pictures", {598, 688, 722, 982}, {-60, -57, -88}, images},
+    {"sheet", {48, 84, 382, 556}, {-3, -3, -3}, Hatches},
+    {"sheet", {48, 592, 382, 820}, {15, 5, -1}, Lines},
+    {"sheet", {68, 940, 368, 1024}, {35, 35, 36}, Polylines},
+    {"pictures", {64, 130, 731, 166}, {-84, -76, -96}, Images},
+    {"pictures", {64, 166, 731, 202}, {-47, -40, -97}, Images},
+    {"pictures", {68, 324, 320, 576}, {-50, -48, -72}, Images},
+    {"pictures", {427, 324, 713, 574}, {-90, -87, -130}, Images},
+    {"pictures", {104, 690, 410, 1020}, {-30, -30, -44}, Images},
+    {"pictures", {448, 688, 572, 812}, {-184, -183, -182}, Ellipses},
+    {"pictures", {448, 856, 572, 982}, {-55, -51, -81}, Images},
+    {"pictures", {598, 688, 722, 982}, {-60, -57, -88}, Images},
 };
 
 struct Picture {
@@ -95,7 +95,7 @@ void compare(std::string_view page, const Picture& svg, const Picture& postScrip
 {
     constexpr double Tolerance = 1.5; // of 255: rounded here, and painters smooth edges in their own ways
     constexpr double Limit = 40;      // edges that lie half a dot aside come near to it
-    constexpr LONG side = 16;
+    constexpr LONG Side = 16;
     const auto expect = [&](const RECT& box, const Channels& expected, double tolerance, const char* reason) {
         const Channels before = meanOf(svg, box);
         const Channels after = meanOf(postScript, box);
@@ -104,16 +104,16 @@ void compare(std::string_view page, const Picture& svg, const Picture& postScrip
                 << page << " at " << box.left << ", " << box.top << ": " << reason;
         }
     };
-    for (const auto& [name, place, difference, reason] : knownDifferences) {
+    for (const auto& [name, place, difference, reason] : KnownDifferences) {
         if (name.empty() || name == page) {
             expect(place, difference, Tolerance, reason);
         }
     }
-    for (RECT tile{0, 0, side, side}; tile.bottom <= postScript.height;
-         tile.top += side, tile.bottom += side) {
-        for (tile.left = 0; (tile.right = tile.left + side) <= postScript.width; tile.left += side) {
+    for (RECT tile{0, 0, Side, Side}; tile.bottom <= postScript.height;
+         tile.top += Side, tile.bottom += Side) {
+        for (tile.left = 0; (tile.right = tile.left + Side) <= postScript.width; tile.left += Side) {
             RECT overlap{};
-            if (std::ranges::none_of(knownDifferences, [&](const auto& known) {
+            if (std::ranges::none_of(KnownDifferences, [&](const auto& known) {
                     return (known.page.empty() || known.page == page) &&
                            IntersectRect(&overlap, &tile, &known.place) != 0;
                 })) {

@@ -13,7 +13,7 @@ void without(CSurfacePSPrinter& s, bool noPen, bool noBrush)
     s.setBrush(0xFF, noBrush ? 1 : 0);
 }
 
-const PsCase shapes[] = {
+const PsCase Shapes[] = {
     {[](auto& s) {
          s.drawLine(0, 0, 10, 10);
          s.setPen(0xFF, 0x1101, 3);
@@ -131,7 +131,7 @@ const PsCase shapes[] = {
 
 TEST(PostScriptShapes, LeaveTheirText)
 {
-    expectTexts(shapes);
+    expectTexts(Shapes);
 }
 
 TEST(PostScriptShapes, PushTheirOperands)

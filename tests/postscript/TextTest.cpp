@@ -16,7 +16,7 @@ void black(CSurfacePSPrinter& s)
     s.setTextColor(0);
 }
 
-const PsCase texts[] = {
+const PsCase Texts[] = {
     {[](auto& s) {
          CSurfaceFont font(times, 10, true, true, true, true);
          s.setFont(&font);
@@ -81,7 +81,7 @@ const PsCase texts[] = {
 
 TEST(PostScriptText, LeavesItsText)
 {
-    expectTexts(texts);
+    expectTexts(Texts);
 }
 
 TEST(PostScriptText, IsEscapedUpToAZeroByte)

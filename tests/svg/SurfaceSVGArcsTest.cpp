@@ -18,25 +18,25 @@ DrawnCase arc(const char* name, RECT rect, POINT from, POINT to, const std::stri
         s.setBrush(0, 0);
         s.drawArc(&r, from.x, from.y, to.x, to.y);
     };
-    return {name, draw, "<path d='" + path + "' fill='none' " + freshPen + "tovo:arc='" + numbers + "' />\n"};
+    return {name, draw, "<path d='" + path + "' fill='none' " + FreshPen + "tovo:arc='" + numbers + "' />\n"};
 }
 
 // Where an ellipse crosses an axis, the truncation may take a unit off the coordinate along the other one. So
 // directions along an axis are tested on an ellipse that is flat across it.
-constexpr RECT circle{0, 0, 100, 100};
-constexpr RECT upright{50, 0, 50, 100};
-constexpr RECT level{0, 50, 100, 50};
+constexpr RECT Circle{0, 0, 100, 100};
+constexpr RECT Upright{50, 0, 50, 100};
+constexpr RECT Level{0, 50, 100, 50};
 
-const DrawnCase cases[] = {
-    arc("UpToUpperLeft", upright, {50, 49}, {10, 10}, "M50 0A0 50 0 0 0 50 14"),
-    arc("CentreCountsAsUp", upright, {50, 50}, {10, 90}, "M50 0A0 50 0 0 0 50 85"),
-    arc("DownToUpperRight", upright, {50, 51}, {90, 10}, "M50 100A0 50 0 0 0 50 14"),
-    arc("LeftToLowerLeft", level, {49, 50}, {10, 90}, "M0 50A50 0 0 0 0 14 50"),
+const DrawnCase Cases[] = {
+    arc("UpToUpperLeft", Upright, {50, 49}, {10, 10}, "M50 0A0 50 0 0 0 50 14"),
+    arc("CentreCountsAsUp", Upright, {50, 50}, {10, 90}, "M50 0A0 50 0 0 0 50 85"),
+    arc("DownToUpperRight", Upright, {50, 51}, {90, 10}, "M50 100A0 50 0 0 0 50 14"),
+    arc("LeftToLowerLeft", Level, {49, 50}, {10, 90}, "M0 50A50 0 0 0 0 14 50"),
     // Half of the ellipse is not yet the large part.
-    arc("RightToLeft", level, {51, 50}, {0, 50}, "M100 50A50 0 0 0 0 0 50"),
-    arc("LeftToRight", level, {0, 50}, {51, 50}, "M0 50A50 0 0 0 0 100 50"),
-    arc("AllButTheTop", circle, {10, 10}, {90, 10}, "M14 14A50 50 0 1 0 85 14"),
-    arc("AcrossTheRightAxis", circle, {90, 90}, {90, 10}, "M85 85A50 50 0 0 0 85 14"),
+    arc("RightToLeft", Level, {51, 50}, {0, 50}, "M100 50A50 0 0 0 0 0 50"),
+    arc("LeftToRight", Level, {0, 50}, {51, 50}, "M0 50A50 0 0 0 0 100 50"),
+    arc("AllButTheTop", Circle, {10, 10}, {90, 10}, "M14 14A50 50 0 1 0 85 14"),
+    arc("AcrossTheRightAxis", Circle, {90, 90}, {90, 10}, "M85 85A50 50 0 0 0 85 14"),
     // A direction's angle serves as the parameter of the ellipse, unstretched.
     arc("OddEllipse", {0, 0, 201, 101}, {150, 0}, {50, 0}, "M170 14A100 50 0 0 0 29 14"),
     arc("Reversed", {50, 50, -51, -51}, {40, -40}, {-40, -40}, "M-35 35A-50 -50 0 0 0 35 35"),
@@ -47,7 +47,7 @@ const DrawnCase cases[] = {
      [](CSurfaceSVG& s) {
          s.setBrush(0xFF, 0), s.drawChord(in({0, 0, 100, 100}), 90, 10, 10, 10);
      },
-     "<path d='M85 14A50 50 0 0 0 14 14 z' " + freshPen +
+     "<path d='M85 14A50 50 0 0 0 14 14 z' " + FreshPen +
          " fill='rgb(255,0,0)' tovo:chord='0 0 100 100 90 10 10 10' />\n"},
     {"Pie",
      [](CSurfaceSVG& s) {
@@ -57,6 +57,6 @@ const DrawnCase cases[] = {
      "tovo:pie='50 50 -51 -51 40 -40 -40 -40' />\n"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Arcs, SvgPage, testing::ValuesIn(cases), nameOf);
+INSTANTIATE_TEST_SUITE_P(Arcs, SvgPage, testing::ValuesIn(Cases), nameOf);
 
 } // namespace

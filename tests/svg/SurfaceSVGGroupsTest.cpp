@@ -30,7 +30,7 @@ void perform(CSurfaceSVG& s, char call)
     }
 }
 
-const std::map<char, std::string> lineOf = {
+const std::map<char, std::string> LineOf = {
     {'c', "<defs>\n<clipPath id='clip1'><path  d='M0 0L0 0L0 0L0 0z' /></clipPath>\n"},
     {'d', "<clipPath id='clip2'><path  d='M0 0L0 0L0 0L0 0z' /></clipPath>\n"},
     {'.', "\n</defs>\n\n"},
@@ -39,7 +39,7 @@ const std::map<char, std::string> lineOf = {
     {'1', "<g clip-path='url(#clip1)'>\n"},
     {'2', "<g clip-path='url(#clip2)'>\n"},
     {'t', "<g transform='matrix(1.00,0.00,0.00,1.00,5.00,6.00)'>\n"},
-    {'-', "<line x1='1' y1='2' x2='3' y2='4'" + freshPen + " />\n"},
+    {'-', "<line x1='1' y1='2' x2='3' y2='4'" + FreshPen + " />\n"},
     {'/', "</g>\n"},
 };
 
@@ -52,7 +52,7 @@ DrawnCase sequence(const char* name, const std::string& calls, const std::string
     };
     std::string page;
     for (const char line : lines) {
-        page += lineOf.at(line);
+        page += LineOf.at(line);
     }
     return {name, draw, page};
 }
@@ -69,7 +69,7 @@ DrawnCase transform(const char* name, float a, float b, float c, const std::stri
             "<g transform='matrix(" + numbers + "," + numbers + ")'>\n</g>\n"};
 }
 
-const DrawnCase cases[] = {
+const DrawnCase Cases[] = {
     sequence("ClipAfterClip", "c-c-u-", "cd.1-/2-/-"),
     sequence("TransformAfterTransform", "t-t-n-", "t-/t-/-"),
     sequence("FirstFontInAClip", "c-A-u-", "c.1-/A1-/-/"),
@@ -92,6 +92,6 @@ const DrawnCase cases[] = {
     transform("NumbersThatDoNot", 1e8F, -1e7F, HUGE_VALF, "99999999.99,-9999999.99,99999999.99"),
 };
 
-INSTANTIATE_TEST_SUITE_P(Groups, SvgPage, testing::ValuesIn(cases), nameOf);
+INSTANTIATE_TEST_SUITE_P(Groups, SvgPage, testing::ValuesIn(Cases), nameOf);
 
 } // namespace

@@ -6,9 +6,9 @@
 
 namespace {
 
-const DrawnCase cases[] = {
+const DrawnCase Cases[] = {
     {"Line", [](CSurfaceSVG& s) { s.drawLine(INT_MIN, INT_MAX, 0, -1); },
-     "<line x1='-2147483648' y1='2147483647' x2='0' y2='-1'" + freshPen + " />\n"},
+     "<line x1='-2147483648' y1='2147483647' x2='0' y2='-1'" + FreshPen + " />\n"},
     {"RectanglesAndEllipses",
      [](CSurfaceSVG& s) {
          s.setPen(0, 5, 1);
@@ -72,6 +72,6 @@ const DrawnCase cases[] = {
      "<use x='4' y='6' width='-3' height='-4' xlink:href='#SolidRect' fill='rgb(1,2,3)'/>\n"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Shapes, SvgPage, testing::ValuesIn(cases), nameOf);
+INSTANTIATE_TEST_SUITE_P(Shapes, SvgPage, testing::ValuesIn(Cases), nameOf);
 
 } // namespace

@@ -68,5 +68,5 @@ inline RECT* in(RECT&& rect)
 }
 
 // The attributes of the pen that a surface starts with.
-inline const std::string freshPen = " tovo:penStyle='0'  stroke='rgb(0,0,0)' stroke-width='1' "
+inline const std::string FreshPen = " tovo:penStyle='0'  stroke='rgb(0,0,0)' stroke-width='1' "
                                     "stroke-linecap='round' stroke-linejoin='round' ";

@@ -41,14 +41,14 @@ class SearchToTheEnd : public testing::TestWithParam<SearchCase> {};
 
 TEST_P(SearchToTheEnd, GivesItsHits)
 {
-    const std::string page = pageHead + GetParam().content;
+    const std::string page = PageHead + GetParam().content;
     EXPECT_EQ(hitsOf(page, {GetParam().text}), GetParam().plainHits);
     EXPECT_EQ(hitsOf(page, {GetParam().text, false, true}), GetParam().wordHits);
 }
 
-const std::string once = "(1, 2) 0: 0,1; ";
-const SearchCase searches[] = {
-    {"SeveralInOneElement", element(1, 2, "aa a"), "a", once + "(1, 2) 1: 1,1; (1, 2) 3: 3,1; ",
+const std::string Once = "(1, 2) 0: 0,1; ";
+const SearchCase Searches[] = {
+    {"SeveralInOneElement", element(1, 2, "aa a"), "a", Once + "(1, 2) 1: 1,1; (1, 2) 3: 3,1; ",
      "(1, 2) 3: 3,1; "},
     {"ReadingOrder", element(1, 3, "a") + element(9, 2, "a") + element(1, 2, "a") + element(1, -1, "a"), "a",
      "(1, -1) 0: 0,1; (9, 2) 0: 0,1; (1, 2) 0: 0,1; (1, 3) 0: 0,1; ",
@@ -64,26 +64,26 @@ const SearchCase searches[] = {
     {"PhraseOnALine", element(1, 2, "foo", 9) + element(14, 2, "bar"), "foo bar", "", "(1, 2) 0: 0,3 0,3; "},
     {"Separators", element(1, 2, "foo, bar foo/bar foobar foo  barn &quot;foo&quot;:bar;foo'BAR"), "foo bar",
      "", "(1, 2) 0: 0,8; (1, 2) 9: 9,7; (1, 2) 35: 35,8; (1, 2) 44: 44,7; "},
-    {"OnlySeparators", element(1, 2, ", "), ",", once, ""},
+    {"OnlySeparators", element(1, 2, ", "), ",", Once, ""},
     {"UpperCase", element(1, 2, "\xC4rger A"), "\xE4RGER a", "(1, 2) 0: 0,7; ", "(1, 2) 0: 0,7; "},
     {"WidthsThatWrap", element(2147483647, 2, "a", 2147483647) + element(-2147483647 - 1, 2, "b"), "ab",
      "(2147483647, 2) 0: 0,1 0,1; ", ""},
     {"TextInQuotesIsNoElement", "'" + element(1, 2, "a'") + "' \"<text \" " + element(1, 3, "a"), "a", "",
      ""},
-    {"BrokenElementEndsThePage", element(1, 2, "a") + "<text x='1'>a</text>" + element(1, 3, "a"), "a", once,
-     once},
-    {"UnterminatedElement", element(1, 2, "a") + "<text x='1' y='3'>a", "a", once, once},
-    {"RunWithoutEnd", element(1, 2, run("a") + "<tspan>a"), "a", once, once},
+    {"BrokenElementEndsThePage", element(1, 2, "a") + "<text x='1'>a</text>" + element(1, 3, "a"), "a", Once,
+     Once},
+    {"UnterminatedElement", element(1, 2, "a") + "<text x='1' y='3'>a", "a", Once, Once},
+    {"RunWithoutEnd", element(1, 2, run("a") + "<tspan>a"), "a", Once, Once},
 };
 
-INSTANTIATE_TEST_SUITE_P(Pages, SearchToTheEnd, testing::ValuesIn(searches),
+INSTANTIATE_TEST_SUITE_P(Pages, SearchToTheEnd, testing::ValuesIn(Searches),
                          [](const auto& test) { return std::string(test.param.name); });
 
 TEST(PageSearch, EndsOnAPageThatBeginsWithText)
 {
-    const std::string page = element(1, 9, "a a") + pageHead + element(1, 2, "a");
+    const std::string page = element(1, 9, "a a") + PageHead + element(1, 2, "a");
     for (const bool wholeWord : {false, true}) {
-        EXPECT_EQ(hitsOf(page, {"a", true, wholeWord}), once + "(1, 9) 0: 0,1; (1, 9) 2: 2,1; ");
+        EXPECT_EQ(hitsOf(page, {"a", true, wholeWord}), Once + "(1, 9) 0: 0,1; (1, 9) 2: 2,1; ");
     }
 }
 
@@ -91,13 +91,13 @@ TEST(PageSearch, MarksACopyOfThePage)
 {
     const std::string head = "<text x='1' y='2' dy='1em'>";
     const std::string page =
-        pageHead + element(5, 1, "A &amp; B") + "<line x1='1'/>\n" + head +
+        PageHead + element(5, 1, "A &amp; B") + "<line x1='1'/>\n" + head +
         "\n\t<textPath xlink:href='#textPath1'>\n\t\t<tspan x='1'>one</tspan>\n\t</textPath>\n"
         "\t<tspan x='9'>&lt;two&gt;</tspan>\n</text>\n</svg>\0tail"s;
     PageSearch search{"<two", true};
     EXPECT_EQ(
         search.next(page),
-        pageHead + "<text x='5' y='1'><tspan tovo:find='0,0'>A & B</tspan></text>\n\n<line x1='1'/>\n" +
+        PageHead + "<text x='5' y='1'><tspan tovo:find='0,0'>A & B</tspan></text>\n\n<line x1='1'/>\n" +
             head +
             "<tspan x='1'>one</tspan>\n<tspan x='9' tovo:find='0,4'><two></tspan>\n</text>\n\n</svg>\0tail"s);
     EXPECT_EQ(search.position, page.find(head));
@@ -120,7 +120,7 @@ TEST(PageSearch, WithoutHitOnlyTheOffsetMovesAndOnlyWhenSomethingWasSought)
     } const cases[] = {{"", false, 7}, {"", true, 7}, {" ,", true, 7}, {"z", false, 8}, {"z", true, 8}};
     for (const auto& [text, wholeWord, textOffset] : cases) {
         PageSearch search{text, true, wholeWord, 5, 7, 8, 9}; // no element begins at 5
-        EXPECT_EQ(search.next(pageHead + element(1, 2, "z")), "");
+        EXPECT_EQ(search.next(PageHead + element(1, 2, "z")), "");
         EXPECT_TRUE(search.position == 5 && search.textOffset == textOffset && search.x == 8 &&
                     search.y == 9);
     }
@@ -132,7 +132,7 @@ TEST(PageSearch, ThrowsWithoutMemory)
     for (bool found = false; !found; ++failures) {
         kstr_setFailure(failures);
         try {
-            found = !PageSearch{"b"}.next(pageHead + element(1, 2, run("a &amp; b") + run("c"))).empty();
+            found = !PageSearch{"b"}.next(PageHead + element(1, 2, run("a &amp; b") + run("c"))).empty();
         } catch (const KrnException& exception) {
             EXPECT_EQ(exception.number(), KrnException::outOfMemoryNumber);
         }
@@ -152,7 +152,7 @@ TEST(PageSearch, TakesLargePages)
         unclosed += "<text x='1' y='1'>/text>";
     }
     const std::string page =
-        pageHead + words + unclosed + empty + element(1, 2, "b " + spans) + element(1, 3, "b");
+        PageHead + words + unclosed + empty + element(1, 2, "b " + spans) + element(1, 3, "b");
     for (const bool wholeWord : {false, true}) {
         PageSearch search{wholeWord ? "a a a b c" : "aaab", false, wholeWord};
         EXPECT_EQ(search.next(page), "");

@@ -6,7 +6,7 @@
 #include <string>
 
 // What a page needs to be known as one.
-inline const std::string pageHead = "<?xml version='1.0'?>\n<!DOCTYPE svg>\n<svg viewBox='0 0 800 600'>\n";
+inline const std::string PageHead = "<?xml version='1.0'?>\n<!DOCTYPE svg>\n<svg viewBox='0 0 800 600'>\n";
 
 // A text element, with the width of its text when that is not 0.
 inline std::string element(int x, int y, const std::string& text, int width = 0)

@@ -29,42 +29,42 @@ class Stamp : public testing::TestWithParam<StampCase> {};
 // Page 12 of 30, from a buffer of exactly the page's length.
 TEST_P(Stamp, KeepsToItsField)
 {
-    constexpr int wordMessage = 15301;
+    constexpr int WordMessage = 15301;
     const CaughtReports reports;
-    const std::string before = pageHead + GetParam().before;
+    const std::string before = PageHead + GetParam().before;
     std::vector<unsigned char> page(before.begin(), before.end());
-    krnSetMessageText(wordMessage, GetParam().word);
+    krnSetMessageText(WordMessage, GetParam().word);
     EXPECT_EQ(CMetaFilePlayer::insertPageCount(page.data(), static_cast<int>(page.size()), 12, 30),
               GetParam().before != GetParam().after);
-    krnSetMessageText(wordMessage, "of");
-    EXPECT_EQ(std::string(page.begin(), page.end()), pageHead + GetParam().after);
+    krnSetMessageText(WordMessage, "of");
+    EXPECT_EQ(std::string(page.begin(), page.end()), PageHead + GetParam().after);
     const std::string report =
         "Assertion failed: (int)intlStrlen(pageText) < ptr2-ptr, surface, MetaFilePlayerSVG";
     EXPECT_EQ(reports.assertions, std::vector(GetParam().assertions, report));
 }
 
-const std::string run = "\n\t<tspan x='1'>p         </tspan>";
-const std::string path = "\n\t<textPath startOffset='-1'>\n\t" + run + "\n\t</textPath>\n";
-const std::string longWord(200, 'w');
+const std::string Run = "\n\t<tspan x='1'>p         </tspan>";
+const std::string Path = "\n\t<textPath startOffset='-1'>\n\t" + Run + "\n\t</textPath>\n";
+const std::string LongWord(200, 'w');
 
-const StampCase stamps[] = {
+const StampCase Stamps[] = {
     {"NumberAlone", marked("        "), marked("12      ")},
     {"NumberAndCount", marked("page x of y"), marked("12 of 30f y")},
     {"OneCharacterToSpare", marked("p23456789"), marked("12 of 309")},
     {"NoneToSpare", marked("p2345678") + marked("  ") + marked(""),
      marked("p2345678") + marked("  ") + marked(""), 3},
-    {"FirstRun", marked(run + run), marked("\n\t<tspan x='1'>12 of 30  </tspan>" + run)},
-    {"RotatedRun", marked(path), marked(path), 1},
+    {"FirstRun", marked(Run + Run), marked("\n\t<tspan x='1'>12 of 30  </tspan>" + Run)},
+    {"RotatedRun", marked(Path), marked(Path), 1},
     {"EveryFieldThatFits", marked("   ") + marked(" ") + marked("p2345678  "),
      marked("12 ") + marked(" ") + marked("12 of 30  "), 1},
     {"CutOff", marked("   ") + "<text class='nofm'>   ", marked("12 ") + "<text class='nofm'>   "},
     {"CutInTheRun", "<text class='nofm'><tspan>   ", "<text class='nofm'><tspan>   "},
     {"ZeroByte", marked("   ") + '\0' + marked("   "), marked("12 ") + '\0' + marked("   ")},
-    {"LongWord", marked(std::string(210, '.')), marked("12 " + longWord + " 30...."), 0, longWord.c_str()},
+    {"LongWord", marked(std::string(210, '.')), marked("12 " + LongWord + " 30...."), 0, LongWord.c_str()},
     {"NoWord", marked("........."), marked("12 of 30."), 0, nullptr},
 };
 
-INSTANTIATE_TEST_SUITE_P(Fields, Stamp, testing::ValuesIn(stamps),
+INSTANTIATE_TEST_SUITE_P(Fields, Stamp, testing::ValuesIn(Stamps),
                          [](const auto& test) { return std::string(test.param.name); });
 
 TEST(PageSize, IsThatOfTheViewBox)

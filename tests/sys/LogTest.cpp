@@ -18,10 +18,10 @@ protected:
         kosSetAssertHandler(nullptr, nullptr);
     }
 
-    void keepLines() { krnSetLogSink(keepLine, &_lines); }
+    void keepLines() { krnSetLogSink(keepLine, &m_lines); }
 
-    KrnLog _log{"surface", nullptr, true, true};
-    std::vector<std::string> _lines;
+    KrnLog m_log{"surface", nullptr, true, true};
+    std::vector<std::string> m_lines;
 
 private:
     static void keepLine(const char* line, void* context)
@@ -35,27 +35,27 @@ TEST_F(Log, GoesToTheSinkBareAndToStandardErrorNamed)
     for (const std::size_t length : {511U, 512U, 513U, 1024U}) {
         const std::string text(length, 'x');
         testing::internal::CaptureStderr();
-        EXPECT_EQ(_log.log("%s", text.c_str()), static_cast<int>(length));
+        EXPECT_EQ(m_log.log("%s", text.c_str()), static_cast<int>(length));
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "surface: " + text + '\n');
         keepLines();
-        _log.log("%s", text.c_str());
+        m_log.log("%s", text.c_str());
         krnSetLogSink(nullptr, nullptr);
-        EXPECT_EQ(_lines.back(), text);
+        EXPECT_EQ(m_lines.back(), text);
     }
 }
 
 TEST_F(Log, IsOneLineWhateverTheTextHolds)
 {
     keepLines();
-    _log.log("page %.1f\r\n%s", 0.5, "surface: forged");
-    EXPECT_EQ(_lines, std::vector<std::string>{"page 0.5  surface: forged"});
+    m_log.log("page %.1f\r\n%s", 0.5, "surface: forged");
+    EXPECT_EQ(m_lines, std::vector<std::string>{"page 0.5  surface: forged"});
 }
 
 TEST_F(Log, TellsOfAssertionsOnlyWithoutAHandler)
 {
     keepLines();
     kosAssertFail("Assertion failed", "a == b", "surface", "source\\X", 12);
-    EXPECT_EQ(_lines, std::vector<std::string>{"Assertion failed: a == b (source\\X, line 12)"});
+    EXPECT_EQ(m_lines, std::vector<std::string>{"Assertion failed: a == b (source\\X, line 12)"});
 
     std::string heard;
     kosSetAssertHandler(
@@ -67,7 +67,7 @@ TEST_F(Log, TellsOfAssertionsOnlyWithoutAHandler)
         &heard);
     kosAssertFail("Assertion failed", "false", "surface", nullptr, 3);
     EXPECT_EQ(heard, "Assertion failed|false|surface||3");
-    EXPECT_EQ(_lines.size(), 1U);
+    EXPECT_EQ(m_lines.size(), 1U);
 }
 
 TEST_F(Log, StandsWithHeapAndStringsInManyThreads)
@@ -83,7 +83,7 @@ TEST_F(Log, StandsWithHeapAndStringsInManyThreads)
             text.append(piece);
             heap.free(block);
             heap.free(nullptr);
-            _log.log("%s", text.text());
+            m_log.log("%s", text.text());
         }
     };
     std::thread threads[] = {std::thread(work, 1), std::thread(work, 2), std::thread(work, 3)};
@@ -91,8 +91,8 @@ TEST_F(Log, StandsWithHeapAndStringsInManyThreads)
         thread.join();
     }
     EXPECT_EQ(heap.blocksInUse(), 0U);
-    ASSERT_EQ(_lines.size(), 1500U);
-    for (const std::string& line : _lines) {
+    ASSERT_EQ(m_lines.size(), 1500U);
+    for (const std::string& line : m_lines) {
         ASSERT_EQ(line.size() % 7, 0U);
         ASSERT_EQ(line.substr(7), line.substr(0, line.size() - 7));
     }

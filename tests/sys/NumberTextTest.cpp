@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr float infinity = std::numeric_limits<float>::infinity();
-constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
+constexpr float Infinity = std::numeric_limits<float>::infinity();
+constexpr float NotANumber = std::numeric_limits<float>::quiet_NaN();
 
 // Each test runs in the "C" locale and in one with a decimal comma.
 class NumberText : public testing::TestWithParam<const char*> {
@@ -44,13 +44,13 @@ TEST_P(NumberText, FloatsAreFixedAndFitTheirBuffer)
                           {128 / 255.0F, 12, 3, "0.502"},
                           {-0.001F, 12, 2, "-0.00"},
                           {-7.0F, 12, -1, "-7"},
-                          {-notANumber, 12, 2, "0.00"},
+                          {-NotANumber, 12, 2, "0.00"},
                           // The last that fits, the first that does not.
                           {99999992.0F, 12, 2, "99999992.00"},
                           {1e8F, 12, 2, "99999999.99"},
                           {-1e7F, 12, 2, "-9999999.99"},
                           {FLT_MAX, 49, 2, "340282346638528859811704183484516925440.00"},
-                          {infinity, 6, 2, "99.99"},
+                          {Infinity, 6, 2, "99.99"},
                           {9.996F, 5, 2, "9.99"},
                           {-5.0F, 5, 2, "0.00"},
                           {-0.0F, 5, 2, "0.00"},

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr unsigned int maximum = 0xFFFFFFFFU;
+constexpr unsigned int Maximum = 0xFFFFFFFFU;
 
 std::string contentOf(const TovoTextString& text)
 {
@@ -140,9 +140,9 @@ TEST(TextString, IsUnchangedWhenMemoryEnds)
                               [](TovoTextString& t) { t.setLength(64); },
                               [](TovoTextString& t) { t.room(4); },
                               [](TovoTextString& t) { t = t + t; },
-                              [](TovoTextString& t) { t.reserve((kstr_setFailure(-1), maximum)); },
+                              [](TovoTextString& t) { t.reserve((kstr_setFailure(-1), Maximum)); },
                               [](TovoTextString& t) {
-                                  t.append(t.text(), (kstr_setFailure(-1), maximum));
+                                  t.append(t.text(), (kstr_setFailure(-1), Maximum));
                               }};
     for (const Action& action : growing) {
         TovoTextString text(std::string(60, 'q').c_str());

@@ -27,14 +27,14 @@ auto element(Call& c)
 {
     return (c.*field)[index];
 }
-constexpr auto rect = address<&Call::rect>;
-constexpr auto color = value<&Call::color>;
-constexpr auto flags = value<&Call::flags>;
-constexpr auto point = address<&Call::point>;
+constexpr auto Rect = address<&Call::rect>;
+constexpr auto Color = value<&Call::color>;
+constexpr auto Flags = value<&Call::flags>;
+constexpr auto Point = address<&Call::point>;
 template <int index>
-constexpr auto number = element<&Call::numbers, index>;
+constexpr auto Number = element<&Call::numbers, index>;
 template <int index>
-constexpr auto factor = element<&Call::matrix, index>;
+constexpr auto Factor = element<&Call::matrix, index>;
 
 RECT* rectOrNull(Call& c)
 {
@@ -61,7 +61,7 @@ void perform(CSurface& s, Call& c)
     (s.*operation)(arguments(c)...);
 }
 template <auto operation>
-constexpr auto performArc = perform<operation, rect, number<0>, number<1>, number<2>, number<3>>;
+constexpr auto PerformArc = perform<operation, Rect, Number<0>, Number<1>, Number<2>, Number<3>>;
 
 template <bool straight>
 void drawRuns(CSurface& s, Call& c)
@@ -91,43 +91,43 @@ struct Operation {
 };
 
 using S = CSurface;
-const Operation operations[] = {
+const Operation Operations[] = {
     {"prepareSurface", perform<&S::prepareSurface>},
     {"drawString",
-     perform<static_cast<void (S::*)(const char*, RECT*, UINT)>(&S::drawString), text, rect, flags>},
-    {"drawText", perform<&S::drawText, text, rect, flags>},
-    {"drawTextAt", perform<&S::drawTextAt, text, point, flags>},
+     perform<static_cast<void (S::*)(const char*, RECT*, UINT)>(&S::drawString), text, Rect, Flags>},
+    {"drawText", perform<&S::drawText, text, Rect, Flags>},
+    {"drawTextAt", perform<&S::drawTextAt, text, Point, Flags>},
     {"drawTextOnBaseLine",
-     perform<&S::drawTextOnBaseLine, number<0>, number<1>, flags, rectOrNull, text, value<&Call::length>>},
+     perform<&S::drawTextOnBaseLine, Number<0>, Number<1>, Flags, rectOrNull, text, value<&Call::length>>},
     {"drawRuns", drawRuns<false>},
     {"drawStraightRuns", drawRuns<true>},
-    {"drawLine", perform<&S::drawLine, number<0>, number<1>, number<2>, number<3>>},
-    {"drawArc", performArc<&S::drawArc>},
-    {"drawChord", performArc<&S::drawChord>},
-    {"drawPie", performArc<&S::drawPie>},
-    {"drawRectangle", perform<&S::drawRectangle, rect>},
+    {"drawLine", perform<&S::drawLine, Number<0>, Number<1>, Number<2>, Number<3>>},
+    {"drawArc", PerformArc<&S::drawArc>},
+    {"drawChord", PerformArc<&S::drawChord>},
+    {"drawPie", PerformArc<&S::drawPie>},
+    {"drawRectangle", perform<&S::drawRectangle, Rect>},
     {"drawRoundedRectangle",
-     perform<&S::drawRoundedRectangle, rect, value<&Call::cornerWidth>, value<&Call::cornerHeight>>},
-    {"ellipse", perform<&S::ellipse, rect>},
+     perform<&S::drawRoundedRectangle, Rect, value<&Call::cornerWidth>, value<&Call::cornerHeight>>},
+    {"ellipse", perform<&S::ellipse, Rect>},
     {"polygon", perform<&S::polygon, points, size>},
     {"polyline", perform<&S::polyline, points, size>},
-    {"solidPolygon", perform<&S::solidPolygon, points, size, color>},
-    {"drawSolidRectangle", perform<&S::drawSolidRectangle, rect, color>},
-    {"frameRect", perform<&S::frameRect, rect, color>},
-    {"drawFocusRect", perform<&S::drawFocusRect, rect>},
+    {"solidPolygon", perform<&S::solidPolygon, points, size, Color>},
+    {"drawSolidRectangle", perform<&S::drawSolidRectangle, Rect, Color>},
+    {"frameRect", perform<&S::frameRect, Rect, Color>},
+    {"drawFocusRect", perform<&S::drawFocusRect, Rect>},
     {"drawPaths", drawPaths},
     {"setPen", perform<static_cast<void (S::*)(CSurfacePen*)>(&S::setPen), address<&Call::pen>>},
     {"setBrush", perform<static_cast<void (S::*)(CSurfaceBrush*)>(&S::setBrush), address<&Call::brush>>},
     {"setTextStyle", perform<&S::setTextStyle, address<&Call::style>>},
-    {"setTextRotation", perform<&S::setTextRotation, number<0>, number<1>>},
-    {"setTextColor", perform<&S::setTextColor, color>},
-    {"setForeColor", perform<&S::setForeColor, color>},
-    {"setBackColor", perform<&S::setBackColor, color>},
-    {"setViewportOrigin", perform<&S::setViewportOrigin, number<0>, number<1>>},
+    {"setTextRotation", perform<&S::setTextRotation, Number<0>, Number<1>>},
+    {"setTextColor", perform<&S::setTextColor, Color>},
+    {"setForeColor", perform<&S::setForeColor, Color>},
+    {"setBackColor", perform<&S::setBackColor, Color>},
+    {"setViewportOrigin", perform<&S::setViewportOrigin, Number<0>, Number<1>>},
     {"setFont", setFont},
     {"setClippingRegion", perform<&S::setClippingRegion, rectOrNull>},
     {"setTransform",
-     perform<&S::setTransform, factor<0>, factor<1>, factor<2>, factor<3>, factor<4>, factor<5>>},
+     perform<&S::setTransform, Factor<0>, Factor<1>, Factor<2>, Factor<3>, Factor<4>, Factor<5>>},
     {"clearTransform", perform<&S::clearTransform>},
 };
 
@@ -150,21 +150,21 @@ private:
     std::mt19937 m_engine;
 };
 
-constexpr const char* fragments[] = {"&",      "<", ">",  "'",  "\"", "&lt;", "</text>",  "<tspan",
+constexpr const char* Fragments[] = {"&",      "<", ">",  "'",  "\"", "&lt;", "</text>",  "<tspan",
                                      "&#38;x", " ", "  ", "\n", "A",  "word", "\x80\xFF", "%d=\t"};
-constexpr const char* faces[] = {"Arial", "",          "It's a name of more than thirty-one", "<Caf\xE9&\"=",
+constexpr const char* Faces[] = {"Arial", "",          "It's a name of more than thirty-one", "<Caf\xE9&\"=",
                                  "A>B",   "transform", "A name that is cut before transform"};
-constexpr unsigned int flagWords[] = {0, 1, 2, 3, 4, 6, 0x25, 0x100, 0x101, 0x102, 0x80000000};
-constexpr int lengths[] = {-1, -1, 0, 3, 100};
-constexpr int penStyles[] = {0, 1, 2, 3, 4, 5, 6, 0x105, 0x211, 0x2205, -1, -11};
-constexpr int brushStyles[] = {0, 0, 1, 2, 7, 8, -3, 50};
-constexpr int angles[] = {0, 0, 0, 0, 90, -90, 45, 100, 225, 360, -720, INT_MIN};
+constexpr unsigned int FlagWords[] = {0, 1, 2, 3, 4, 6, 0x25, 0x100, 0x101, 0x102, 0x80000000};
+constexpr int Lengths[] = {-1, -1, 0, 3, 100};
+constexpr int PenStyles[] = {0, 1, 2, 3, 4, 5, 6, 0x105, 0x211, 0x2205, -1, -11};
+constexpr int BrushStyles[] = {0, 0, 1, 2, 7, 8, -3, 50};
+constexpr int Angles[] = {0, 0, 0, 0, 90, -90, 45, 100, 225, 360, -720, INT_MIN};
 
 std::string randomText(Random& random)
 {
     std::string text;
     for (int count = random.below(8); count > 0; --count) {
-        text += random.of(fragments);
+        text += random.of(Fragments);
     }
     return text;
 }
@@ -190,7 +190,7 @@ CSurfaceTextChunk randomRun(Random& random)
 {
     const std::string text = random.once(3) ? "" : randomText(random);
     CSurfaceTextChunk chunk = run(text.c_str(), {randomCoordinate(random), randomCoordinate(random)},
-                                  random.once(3), random.of(lengths), random.once(4));
+                                  random.once(3), random.of(Lengths), random.once(4));
     chunk.m_isNewLine = random.once(4);
     chunk.m_findPosition[0] = random.below(2);
     chunk.m_findPosition[1] = random.below(2);
@@ -200,8 +200,8 @@ CSurfaceTextChunk randomRun(Random& random)
 // Thousandths that no rounding to hundredths has to halve.
 float randomFraction(Random& random)
 {
-    constexpr int thousandths[] = {-4, 0, 3};
-    return static_cast<float>(random.between(-999, 999) * 10 + random.of(thousandths)) / 1000.0F;
+    constexpr int Thousandths[] = {-4, 0, 3};
+    return static_cast<float>(random.between(-999, 999) * 10 + random.of(Thousandths)) / 1000.0F;
 }
 
 Call randomCall(Random& random, std::string_view operation)
@@ -211,15 +211,15 @@ Call randomCall(Random& random, std::string_view operation)
     call.rect = randomRect(random);
     call.nullRect = random.once(3);
     std::ranges::generate(call.numbers, [&] {
-        return call.is("setTextRotation") ? random.of(angles) : randomCoordinate(random);
+        return call.is("setTextRotation") ? random.of(Angles) : randomCoordinate(random);
     });
     call.cornerWidth = random.word() % 3;
     call.cornerHeight = random.word() % 3;
     call.point = {randomCoordinate(random), randomCoordinate(random)};
-    call.flags = random.of(flagWords);
-    call.length = random.of(lengths);
+    call.flags = random.of(FlagWords);
+    call.length = random.of(Lengths);
     call.color = random.word();
-    call.text = call.is("setFont") ? random.of(faces) : randomText(random);
+    call.text = call.is("setFont") ? random.of(Faces) : randomText(random);
     call.points.resize(static_cast<std::size_t>(random.below(6)));
     for (POINT& corner : call.points) {
         corner = {randomCoordinate(random), randomCoordinate(random)};
@@ -229,10 +229,10 @@ Call randomCall(Random& random, std::string_view operation)
     }
     std::ranges::generate(call.matrix, [&] { return randomFraction(random); });
     std::ranges::generate(call.looks, [&] { return random.once(2); });
-    call.pen.set(random.word(), random.of(penStyles), random.below(9));
+    call.pen.set(random.word(), random.of(PenStyles), random.below(9));
     call.brush.setPicture(random.below(4));
-    call.brush.set(random.word(), random.of(brushStyles));
-    call.style = CTextStyle(random.word(), random.below(3), random.of(angles), random.of(angles));
+    call.brush.set(random.word(), random.of(BrushStyles));
+    call.style = CTextStyle(random.word(), random.below(3), random.of(Angles), random.of(Angles));
     return call;
 }
 
@@ -240,7 +240,7 @@ Call randomCall(Random& random, std::string_view operation)
 void draw(Calls calls, CSurface& surface)
 {
     for (Call& call : calls) {
-        const auto* const operation = std::ranges::find(operations, call.operation, &Operation::name);
+        const auto* const operation = std::ranges::find(Operations, call.operation, &Operation::name);
         operation->perform(surface, call);
     }
 }
@@ -254,7 +254,7 @@ Calls randomPage(unsigned int seed)
     Calls calls;
     bool transformed = false;
     for (int count = 80; count > 0; --count) {
-        Call call = randomCall(random, random.of(operations).name);
+        Call call = randomCall(random, random.of(Operations).name);
         if (!clips && call.is("setClippingRegion")) {
             continue;
         }
@@ -271,7 +271,7 @@ Calls randomPage(unsigned int seed)
 std::string pageOf(const Calls& calls)
 {
     RECT sheet{0, 0, 210, 297};
-    RECT logical{0, 0, pageWidth, pageHeight};
+    RECT logical{0, 0, PageWidth, PageHeight};
     CSurfaceSVG surface(&sheet, &logical);
     draw(calls, surface);
     return closedPage(surface);
@@ -280,8 +280,8 @@ std::string pageOf(const Calls& calls)
 Lines recorded(const Calls& calls)
 {
     RecordingSurface surface;
-    surface.m_width = pageWidth;
-    surface.m_height = pageHeight;
+    surface.m_width = PageWidth;
+    surface.m_height = PageHeight;
     surface.m_pageWidth = 210;
     surface.m_pageHeight = 297;
     surface.m_outputWidth = 50;

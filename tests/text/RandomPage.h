@@ -37,8 +37,8 @@ struct Call {
 using Calls = std::vector<Call>;
 
 // The logical size of the pages.
-constexpr int pageWidth = 1000;
-constexpr int pageHeight = 800;
+constexpr int PageWidth = 1000;
+constexpr int PageHeight = 800;
 
 // The calls that make the page of a seed. Groups come in the usual order: font, clip inside it, transform
 // innermost. Half of the pages have no clips.

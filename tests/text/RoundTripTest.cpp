@@ -13,14 +13,14 @@
 namespace {
 
 using Names = std::vector<std::string_view>;
-const Names attributes = {"setPen", "setBrush", "setTextStyle", "setTextRotation", "setTextColor"};
-const Names unwritten = {"prepareSurface", "drawPaths", "setForeColor", "setBackColor", "setViewportOrigin"};
-const Names runForms = {"drawRuns", "drawStraightRuns"};
-const Names texts = {"drawText", "drawTextAt", "drawTextOnBaseLine", "drawRuns"};
-const Names lines = {"drawLine", "polyline"};
-const Names pointLists = {"polygon", "polyline", "solidPolygon"};
-const Names rectangles = {"drawRectangle", "drawRoundedRectangle"};
-const Names shapes = {"drawRectangle", "drawRoundedRectangle", "ellipse", "polygon", "drawArc", "drawChord",
+const Names Attributes = {"setPen", "setBrush", "setTextStyle", "setTextRotation", "setTextColor"};
+const Names Unwritten = {"prepareSurface", "drawPaths", "setForeColor", "setBackColor", "setViewportOrigin"};
+const Names RunForms = {"drawRuns", "drawStraightRuns"};
+const Names Texts = {"drawText", "drawTextAt", "drawTextOnBaseLine", "drawRuns"};
+const Names Strokes = {"drawLine", "polyline"};
+const Names PointLists = {"polygon", "polyline", "solidPolygon"};
+const Names Rectangles = {"drawRectangle", "drawRoundedRectangle"};
+const Names Shapes = {"drawRectangle", "drawRoundedRectangle", "ellipse", "polygon", "drawArc", "drawChord",
                       "drawPie"};
 
 bool isOneOf(const Names& names, const Call& call)
@@ -55,7 +55,7 @@ void bindAttributes(Calls& calls)
             call.style = now.style;
         }
     }
-    std::erase_if(calls, [](const Call& call) { return isOneOf(attributes, call); });
+    std::erase_if(calls, [](const Call& call) { return isOneOf(Attributes, call); });
 }
 
 // The other way: brush and pen come before each shape, the colour before each text, and a new rotation before
@@ -65,15 +65,15 @@ void setAttributes(Calls& calls)
     Calls list;
     CTextStyle turned;
     for (Call& call : calls) {
-        const bool shape = isOneOf(shapes, call);
-        const bool text = isOneOf(texts, call);
+        const bool shape = isOneOf(Shapes, call);
+        const bool text = isOneOf(Texts, call);
         const CTextStyle& style = call.style;
         const bool turns = call.is("drawRuns") && (style.getCharAngle() != turned.getCharAngle() ||
                                                    style.getTextAngle() != turned.getTextAngle());
         turned = turns ? style : turned;
         call.color = text ? style.getColor() : call.color;
         list.push_back(renamed(call, shape ? "setBrush" : ""));
-        list.push_back(renamed(call, shape || isOneOf(lines, call) ? "setPen" : ""));
+        list.push_back(renamed(call, shape || isOneOf(Strokes, call) ? "setPen" : ""));
         list.push_back(renamed(call, text ? "setTextColor" : ""));
         if (turns) {
             list.push_back(renamed(call, "setTextRotation"));
@@ -106,7 +106,7 @@ void endTransforms(Calls& calls)
 void endClips(Calls& calls)
 {
     Call end = renamed({}, "setClippingRegion");
-    end.rect = {0, 0, pageWidth, pageHeight};
+    end.rect = {0, 0, PageWidth, PageHeight};
     Calls list;
     Call open;
     for (const Call& call : calls) {
@@ -158,7 +158,7 @@ void changeAttributes(Call& c)
 void changeShape(Call& c)
 {
     const bool solid = c.brush.getStyle() == 0;
-    if (isOneOf(rectangles, c) && solid && (c.pen.getStyle() & 15) == 5) {
+    if (isOneOf(Rectangles, c) && solid && (c.pen.getStyle() & 15) == 5) {
         c.operation = "drawSolidRectangle"; // whatever its corners
         c.color = c.brush.getColor();
     } else if (c.is("drawRoundedRectangle") && c.cornerWidth + c.cornerHeight == 0) {
@@ -171,13 +171,13 @@ void changeShape(Call& c)
         c.color = c.brush.getColor();
     }
     // The first of an odd count of points is at the end again.
-    if (isOneOf(pointLists, c) && c.points.size() % 2 == 1) {
+    if (isOneOf(PointLists, c) && c.points.size() % 2 == 1) {
         c.points.push_back(POINT(c.points.front()));
     }
     if (c.is("setTransform")) {
         std::ranges::transform(c.matrix, c.matrix.begin(), hundredths);
     } else if (c.is("setClippingRegion")) {
-        const RECT page{0, 0, pageWidth, pageHeight};
+        const RECT page{0, 0, PageWidth, PageHeight};
         IntersectRect(&c.rect, &c.rect, &page);
     }
 }
@@ -238,9 +238,9 @@ void changeText(Call& c)
 {
     if (c.is("setFont")) {
         changeFont(c);
-    } else if (isOneOf(runForms, c) && !c.runs.empty()) {
+    } else if (isOneOf(RunForms, c) && !c.runs.empty()) {
         changeRuns(c);
-    } else if (isOneOf(runForms, c)) {
+    } else if (isOneOf(RunForms, c)) {
         c.text = "\n";
         changePlainText(c);
     } else if (c.is("drawString") || c.is("drawText")) {
@@ -254,7 +254,7 @@ void changeText(Call& c)
 Calls replayed(Calls calls)
 {
     bindAttributes(calls);
-    std::erase_if(calls, [](const Call& call) { return isOneOf(unwritten, call); });
+    std::erase_if(calls, [](const Call& call) { return isOneOf(Unwritten, call); });
     std::ranges::for_each(calls, changeAttributes);
     std::ranges::for_each(calls, changeShape);
     endTransforms(calls);

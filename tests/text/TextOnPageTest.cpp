@@ -13,7 +13,7 @@ TEST_P(SvgPage, HoldsExactly)
 
 namespace {
 
-constexpr int noClip = 0x100;
+constexpr int NoClip = 0x100;
 RECT box{10, 20, 110, 40};
 
 void drawRuns(CSurfaceSVG& s, Runs runs, RECT rect = {}, int flags = 0)
@@ -26,7 +26,7 @@ void drawRuns(CSurfaceSVG& s, Runs runs, RECT rect = {}, int flags = 0)
 void drawStraight(CSurfaceSVG& s, Runs runs)
 {
     auto pointers = pointersTo(runs);
-    EXPECT_TRUE(s.drawString(&pointers, &box, noClip, 1.5F, -2));
+    EXPECT_TRUE(s.drawString(&pointers, &box, NoClip, 1.5F, -2));
 }
 
 void drawOnBaseLine(CSurfaceSVG& s, unsigned int options, RECT* rect, int length)
@@ -43,47 +43,47 @@ void drawAt(CSurfaceSVG& s, const char* text, POINT point)
     s.drawTextAt(text, &point, ~0U);
 }
 
-const std::string boxClip = "<clipPath id='clip1'><path  d='M10 20L110 20L110 40L10 40z' /></clipPath>\n";
-const std::string red = " fill='rgb(255,0,0)'";
-const std::string inBox = " tovo:textRect='(10,20,110,40)' tovo:drawOptions='256'" + red;
-const std::string atOrigin = "<text x='0' y='0' dy='1em'";
-const std::string noOptions = " tovo:drawOptions='0'" + red;
-const std::string spaced = " xml:space='preserve'";
-const std::string pointAttributes = " style=' TovoFlags:-1'" + red;
+const std::string BoxClip = "<clipPath id='clip1'><path  d='M10 20L110 20L110 40L10 40z' /></clipPath>\n";
+const std::string Red = " fill='rgb(255,0,0)'";
+const std::string InBox = " tovo:textRect='(10,20,110,40)' tovo:drawOptions='256'" + Red;
+const std::string AtOrigin = "<text x='0' y='0' dy='1em'";
+const std::string NoOptions = " tovo:drawOptions='0'" + Red;
+const std::string Spaced = " xml:space='preserve'";
+const std::string PointAttributes = " style=' TovoFlags:-1'" + Red;
 
 std::string onBaseLine(const std::string& attributes, const std::string& text)
 {
-    return "<text x='1' y='-2' " + attributes + red + " xml:space='preserve' class='BLT'>" + text +
+    return "<text x='1' y='-2' " + attributes + Red + " xml:space='preserve' class='BLT'>" + text +
            "</text>\n";
 }
 
-const DrawnCase plainForms[] = {
+const DrawnCase PlainForms[] = {
     {"StringInAClip",
      [](auto& s) {
          s.setTextColor(0xFF030201);
          s.drawString("A&B", &box, 0);
      },
-     "<defs>\n" + boxClip +
+     "<defs>\n" + BoxClip +
          "\n</defs>\n\n<text x='10' y='20' dy='1em' clip-path='url(#clip1)'  tovo:drawOptions='0' "
          "fill='rgb(1,2,3)'>A&amp;B</text>\n"},
     // A point says nothing of the rotation.
     {"Rotated",
      [](auto& s) {
          s.setTextRotation(-5, 7);
-         s.drawText("<'\">\n\xE9", &box, noClip);
+         s.drawText("<'\">\n\xE9", &box, NoClip);
          drawAt(s, "", {3, 4});
      },
-     "<text x='10' y='20' dy='1em'" + inBox +
+     "<text x='10' y='20' dy='1em'" + InBox +
          " tovo:charAngle='-5' tovo:textAngle='7'>&lt;&apos;&quot;&gt;\n\xE9</text>\n"
          "<text x='3' y='4' dy='1em'" +
-         pointAttributes + "></text>\n"},
+         PointAttributes + "></text>\n"},
     {"BaseLine",
      [](auto& s) {
          drawOnBaseLine(s, 4, &box, -1);
          drawOnBaseLine(s, 4, nullptr, 2);
          drawOnBaseLine(s, 0, &box, 9);
      },
-     "<defs>\n" + boxClip + "\n</defs>\n\n" +
+     "<defs>\n" + BoxClip + "\n</defs>\n\n" +
          onBaseLine(" clip-path='url(#clip1)' style=' TovoFlags:4'", "a&amp;bc") +
          onBaseLine(" style=' TovoFlags:4'", "a&amp;") + onBaseLine(" style=' TovoFlags:0'", "a&amp;bc")},
     // The mark waits for a string: text at a point and on a base line neither shows nor ends it.
@@ -101,10 +101,10 @@ const DrawnCase plainForms[] = {
          drawStraight(s, {});
          drawRuns(s, {});
      },
-     atOrigin + pointAttributes + ">a</text>\n" + onBaseLine(" style=' TovoFlags:0'", "a") + atOrigin +
-         " class='nofm'" + noOptions + ">1</text>\n" + atOrigin + noOptions + ">2</text>\n" + atOrigin +
-         spaced + " class='nofm'" + noOptions + ">\n</text>\n" + "<text x='10' y='20' dy='1em'" + spaced +
-         " class='nofm'" + inBox + ">\n</text>\n" + atOrigin + spaced + noOptions + ">\n</text>\n"},
+     AtOrigin + PointAttributes + ">a</text>\n" + onBaseLine(" style=' TovoFlags:0'", "a") + AtOrigin +
+         " class='nofm'" + NoOptions + ">1</text>\n" + AtOrigin + NoOptions + ">2</text>\n" + AtOrigin +
+         Spaced + " class='nofm'" + NoOptions + ">\n</text>\n" + "<text x='10' y='20' dy='1em'" + Spaced +
+         " class='nofm'" + InBox + ">\n</text>\n" + AtOrigin + Spaced + NoOptions + ">\n</text>\n"},
 };
 
 // The reference point follows the alignment; right goes before centred, halves go toward zero.
@@ -115,15 +115,15 @@ TEST(TextOnPage, Anchor)
     for (auto [flags, rect, x] : anchors) {
         const std::string head = "<text x='" + std::to_string(x) + "' y='1' dy='1em' ";
         const auto draw = [flags = flags, rect = rect](CSurfaceSVG& s) mutable {
-            s.drawString("", &rect, flags | noClip);
-            drawRuns(s, {}, rect, static_cast<int>(flags) | noClip);
+            s.drawString("", &rect, flags | NoClip);
+            drawRuns(s, {}, rect, static_cast<int>(flags) | NoClip);
         };
         const std::string page = drawnPage(draw);
         EXPECT_TRUE(page.starts_with(head) && page.find(head, 1) != page.npos) << page;
     }
 }
 
-const std::string runsInBox = "<text x='10' y='20' dy='1em'" + spaced + inBox;
+const std::string RunsInBox = "<text x='10' y='20' dy='1em'" + Spaced + InBox;
 
 // A page of runs in the box, turned by these angles, with its paths.
 DrawnCase turned(const char* name, int charAngle, int textAngle, const Runs& runs, const std::string& paths,
@@ -132,9 +132,9 @@ DrawnCase turned(const char* name, int charAngle, int textAngle, const Runs& run
     return {name,
             [=](auto& s) {
                 s.setTextRotation(charAngle, textAngle);
-                drawRuns(s, runs, box, noClip);
+                drawRuns(s, runs, box, NoClip);
             },
-            (paths.empty() ? "" : "<defs>\n" + paths + "\n</defs>\n\n") + runsInBox + angles + ">\n" +
+            (paths.empty() ? "" : "<defs>\n" + paths + "\n</defs>\n\n") + RunsInBox + angles + ">\n" +
                 content + "</text>\n"};
 }
 
@@ -151,26 +151,26 @@ std::string onPath(int number, const std::string& attributes, const std::string&
            attributes + ">" + text + "</tspan>\n\t</textPath>\n";
 }
 
-const Runs plainRuns = {run("a<", {1, 2}), run("", {3, 4}, true), run(" b ", {-3, -4}, false, 0, true),
+const Runs PlainRuns = {run("a<", {1, 2}), run("", {3, 4}, true), run(" b ", {-3, -4}, false, 0, true),
                         run("c", {}, true, -2, true)};
-const std::string plainContent =
+const std::string PlainContent =
     "\t<tspan x='1' y='2' dy='1em'>a&lt;</tspan>\n\t<tspan></tspan>\n"
     "\t<tspan x='-3' y='-4' dy='1em' textLength='0' text-decoration='underline'> b </tspan>\n"
     "\t<tspan textLength='-2' text-decoration='underline'>c</tspan>\n";
-const Runs pair = {run("AB&", {12, 25}), run("", {}, true, 5)};
+const Runs Pair = {run("AB&", {12, 25}), run("", {}, true, 5)};
 
-const DrawnCase runForms[] = {
-    turned("Straight", 0, 0, plainRuns, "", "", plainContent),
-    turned("FullTurns", 360, -720, plainRuns, "", " tovo:charAngle='360' tovo:textAngle='-720'",
-           plainContent),
+const DrawnCase RunForms[] = {
+    turned("Straight", 0, 0, PlainRuns, "", "", PlainContent),
+    turned("FullTurns", 360, -720, PlainRuns, "", " tovo:charAngle='360' tovo:textAngle='-720'",
+           PlainContent),
     {"FormThatDoesNotTurn",
      [](auto& s) {
          s.setTextRotation(30, 90);
-         drawStraight(s, plainRuns);
+         drawStraight(s, PlainRuns);
      },
-     runsInBox + " tovo:charAngle='30' tovo:textAngle='90'>\n" + plainContent + "</text>\n"},
+     RunsInBox + " tovo:charAngle='30' tovo:textAngle='90'>\n" + PlainContent + "</text>\n"},
     // Upright characters on a rising line: each run has a path, y counts from the top of the rectangle.
-    turned("Line", 0, 90, pair, path(1, 90) + path(2, 90), " tovo:textAngle='90'",
+    turned("Line", 0, 90, Pair, path(1, 90) + path(2, 90), " tovo:textAngle='90'",
            onPath(1, " x='12' y='5' baseline-shift='-0.5em' glyph-orientation-horizontal='90' rotate='0 0 0'",
                   "AB&amp;") +
                onPath(2,
@@ -183,7 +183,7 @@ const DrawnCase runForms[] = {
     turned("NegativeAngles", -90, -90, {run("A", {0, 0})}, path(1, 270),
            " tovo:charAngle='-90' tovo:textAngle='-90'",
            onPath(1, " x='0' y='-20' baseline-shift='0.0em'", "A")),
-    turned("Characters", 100, 0, pair, "", " tovo:charAngle='100'",
+    turned("Characters", 100, 0, Pair, "", " tovo:charAngle='100'",
            "\t<tspan x='12' y='25' dy='1em' glyph-orientation-horizontal='-90' rotate='-10 -10 -10'>AB&amp;"
            "</tspan>\n\t<tspan textLength='5' glyph-orientation-horizontal='-90' rotate=''></tspan>\n"),
     turned("LeastAngle", 0, INT_MIN, {run("A", {0, 0})}, path(1, 232), " tovo:textAngle='-2147483648'",
@@ -248,7 +248,7 @@ TEST(TextOnPage, RunsThatBeginALine)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(PlainText, SvgPage, testing::ValuesIn(plainForms), nameOf);
-INSTANTIATE_TEST_SUITE_P(Runs, SvgPage, testing::ValuesIn(runForms), nameOf);
+INSTANTIATE_TEST_SUITE_P(PlainText, SvgPage, testing::ValuesIn(PlainForms), nameOf);
+INSTANTIATE_TEST_SUITE_P(Runs, SvgPage, testing::ValuesIn(RunForms), nameOf);
 
 } // namespace

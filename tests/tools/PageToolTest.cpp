@@ -28,9 +28,9 @@ struct ToolCase {
 // In a folder with two pages of the report that show a page count or not, each in both formats, and with bad files.
 class PageTool : public testing::TestWithParam<ToolCase> {
 protected:
-    PageTool() : _folder(testing::TempDir() + "page-tool-" + std::to_string(getpid()))
+    PageTool() : m_folder(testing::TempDir() + "page-tool-" + std::to_string(getpid()))
     {
-        std::filesystem::create_directory(_folder);
+        std::filesystem::create_directory(m_folder);
         for (const ReportPage& page : reportPages()) {
             if (std::string_view(page.name) == "words" || std::string_view(page.name) == "sheet") {
                 CSurfaceSVG svg = emptyPage();
@@ -43,18 +43,18 @@ protected:
                 write(std::string(page.name) + ".emf", stored(metafile));
             }
         }
-        std::filesystem::copy_file(_folder / "words.emf", _folder / "cut.emf");
-        std::filesystem::resize_file(_folder / "cut.emf", 4002);
+        std::filesystem::copy_file(m_folder / "words.emf", m_folder / "cut.emf");
+        std::filesystem::resize_file(m_folder / "cut.emf", 4002);
         write("text.svg", toPage("text"));
         write("bare.svg", toPage("<?xml?><!DOCTYPE svg><svg></svg>"));
-        std::filesystem::create_symlink("nothing", _folder / "link.png");
+        std::filesystem::create_symlink("nothing", m_folder / "link.png");
     }
-    ~PageTool() override { std::filesystem::remove_all(_folder); }
+    ~PageTool() override { std::filesystem::remove_all(m_folder); }
 
     // The output; `exitCode` -1: the shell did not run.
     std::string run(const std::string& commands, int& exitCode) const
     {
-        const std::string line = "exec 2>&1; cd '" + _folder.string() +
+        const std::string line = "exec 2>&1; cd '" + m_folder.string() +
                                  "' || exit 9; surfacepage() { '" SURFACE_PAGE_TOOL "' \"$@\"; }; " +
                                  commands;
         std::string output;
@@ -72,11 +72,11 @@ private:
     static Page toPage(std::string_view text) { return {text.begin(), text.end()}; }
     void write(const std::string& name, const Page& page) const
     {
-        std::ofstream(_folder / name, std::ios::binary)
+        std::ofstream(m_folder / name, std::ios::binary)
             .write(reinterpret_cast<const char*>(page.data()), static_cast<std::streamsize>(page.size()));
     }
 
-    const std::filesystem::path _folder;
+    const std::filesystem::path m_folder;
 };
 
 TEST_P(PageTool, SaysAndLeaves)
@@ -93,7 +93,7 @@ TEST_P(PageTool, SaysAndLeaves)
     }
 }
 
-const ToolCase cases[] = {
+const ToolCase Cases[] = {
     {"InfoOfSvg", "surfacepage info words.svg", 0,
      "words.svg\n|SVG page|210 x 297 mm, 794 x 1123 units|79 text|fonts       15|\"Arial\" 9 bold|text       "
      " 79|\"Use\"\n"},
@@ -157,7 +157,7 @@ const ToolCase cases[] = {
     {"OutputIsLost", "surfacepage trace words.svg >/dev/full", 2,
      "standard output can't be written: No space"},
 };
-INSTANTIATE_TEST_SUITE_P(Commands, PageTool, testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Commands, PageTool, testing::ValuesIn(Cases),
                          [](const auto& shown) { return shown.param.name; });
 
 } // namespace

@@ -14,12 +14,12 @@ constexpr std::chrono::milliseconds BetweenProgress(100);
 // Names and texts of strangers: nothing that a terminal would obey.
 std::string onOneLine(std::string_view text)
 {
-    constexpr std::string_view digits = "0123456789abcdef";
+    constexpr std::string_view Digits = "0123456789abcdef";
     std::string line;
     for (const char character : text) {
         const unsigned int byte = static_cast<unsigned char>(character);
         if (byte < 0x20 || byte == 0x7F) {
-            line.append("\\x").append(1, digits[byte >> 4]).append(1, digits[byte & 0xF]);
+            line.append("\\x").append(1, Digits[byte >> 4]).append(1, Digits[byte & 0xF]);
         } else {
             line.push_back(character);
         }

@@ -7,13 +7,13 @@
 std::vector<std::string> outputNames(const std::string& pattern, const std::vector<std::string>& files,
                                      std::string& problem)
 {
-    constexpr std::string_view placeholder = "{}";
+    constexpr std::string_view Placeholder = "{}";
     std::vector<std::string> names;
     std::map<std::string, std::string> inputs;
     for (const std::string& file : files) {
         std::string name = pattern;
-        if (const std::size_t place = name.find(placeholder); place != std::string::npos) {
-            name.replace(place, placeholder.size(), std::filesystem::path(file).stem().string());
+        if (const std::size_t place = name.find(Placeholder); place != std::string::npos) {
+            name.replace(place, Placeholder.size(), std::filesystem::path(file).stem().string());
         }
         const auto [taken, isNew] = inputs.emplace(name, file);
         if (!isNew) {

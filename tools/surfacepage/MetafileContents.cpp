@@ -69,7 +69,7 @@ struct PictureField {
 };
 
 constexpr std::size_t InPolygon = 96; // [MS-EMF] 2.3.1.4
-constexpr PictureField pictureFields[] = {
+constexpr PictureField PictureFields[] = {
     {EMR_BITBLT, offsetof(EMRBITBLT, offBmiSrc)},
     {EMR_STRETCHBLT, offsetof(EMRBITBLT, offBmiSrc)},
     {EMR_MASKBLT, offsetof(EMRBITBLT, offBmiSrc)},
@@ -115,14 +115,14 @@ std::optional<std::string> fontOf(const metafile::Record& record)
     if (record.type != EMR_EXTCREATEFONTINDIRECTW) {
         return std::nullopt;
     }
-    constexpr std::size_t offset = offsetof(EMREXTCREATEFONTINDIRECTW, elfw);
-    const auto font = record.field<LOGFONTW>(offset);
+    constexpr std::size_t Offset = offsetof(EMREXTCREATEFONTINDIRECTW, elfw);
+    const auto font = record.field<LOGFONTW>(Offset);
     if (!font) {
         return std::nullopt;
     }
     const WCHAR* const end = std::find(font->lfFaceName, std::end(font->lfFaceName), 0);
     const auto length = static_cast<std::size_t>(end - font->lfFaceName);
-    std::string text = quotedText(narrow(record, offset + offsetof(LOGFONTW, lfFaceName), length));
+    std::string text = quotedText(narrow(record, Offset + offsetof(LOGFONTW, lfFaceName), length));
     text.append(" height ").append(std::to_string(font->lfHeight));
     text.append(font->lfWeight >= Bold ? " bold" : "").append(font->lfItalic != 0 ? " italic" : "");
     text.append(font->lfUnderline != 0 ? " underline" : "");
@@ -131,7 +131,7 @@ std::optional<std::string> fontOf(const metafile::Record& record)
 
 std::optional<std::string> pictureOf(const metafile::Record& record)
 {
-    for (const PictureField& field : pictureFields) {
+    for (const PictureField& field : PictureFields) {
         if (field.type != record.type) {
             continue;
         }

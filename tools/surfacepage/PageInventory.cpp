@@ -16,12 +16,12 @@ struct PictureType {
     int number;
     const char* name;
 };
-constexpr PictureType pictureTypes[] = {{1, "bitmap"}, {3, "icon"}, {5, "icon"}, {6, "TIFF"},
+constexpr PictureType PictureTypes[] = {{1, "bitmap"}, {3, "icon"}, {5, "icon"}, {6, "TIFF"},
                                         {7, "JPEG"},   {8, "PNG"},  {9, "GIF"}};
 
 const char* pictureTypeName(int number)
 {
-    for (const PictureType& type : pictureTypes) {
+    for (const PictureType& type : PictureTypes) {
         if (type.number == number) {
             return type.name;
         }
@@ -36,14 +36,14 @@ public:
     using RecordingSurface::setFont;
 
     explicit InventorySurface(PageInventory& inventory)
-        : RecordingSurface([](const std::string&) {}), _inventory(inventory)
+        : RecordingSurface([](const std::string&) {}), m_inventory(inventory)
     {
     }
 
     void setFont(CSurfaceFont* font) override
     {
         if (font != nullptr) {
-            _inventory.addFont(textOf(*font));
+            m_inventory.addFont(textOf(*font));
         }
         RecordingSurface::setFont(font);
     }
@@ -52,7 +52,7 @@ public:
         std::string image = std::to_string(id).append(": ");
         image.append(std::to_string(width)).append(" x ").append(std::to_string(height)).append(" pixels, ");
         image.append(pictureTypeName(type)).append(", ").append(std::to_string(size)).append(" bytes");
-        _inventory.images.push_back(std::move(image));
+        m_inventory.images.push_back(std::move(image));
     }
     void drawString(const char* text, RECT*, unsigned int) override { add(text); }
     bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT*, int) override
@@ -89,11 +89,11 @@ private:
     void add(const char* text)
     {
         if (text != nullptr && *text != '\0') {
-            _inventory.texts.push_back(quotedText(text));
+            m_inventory.texts.push_back(quotedText(text));
         }
     }
 
-    PageInventory& _inventory;
+    PageInventory& m_inventory;
 };
 
 std::size_t count(std::string_view text, std::string_view wanted)
@@ -132,12 +132,12 @@ void takeSvgPage(StoredPage& page, PageInventory& inventory)
 
 bool isPageCountMark(const metafile::Record& record)
 {
-    constexpr std::string_view mark = "TPC";
-    constexpr std::size_t length = mark.size() + 2 * sizeof(LONG);
+    constexpr std::string_view Mark = "TPC";
+    constexpr std::size_t Length = Mark.size() + 2 * sizeof(LONG);
     const auto comment = record.field<EMRGDICOMMENT>(0);
-    return record.type == EMR_GDICOMMENT && comment && comment->cbData == length &&
-           record.bytes.size() >= sizeof(EMRGDICOMMENT) + length &&
-           std::memcmp(record.bytes.data() + sizeof(EMRGDICOMMENT), mark.data(), mark.size()) == 0;
+    return record.type == EMR_GDICOMMENT && comment && comment->cbData == Length &&
+           record.bytes.size() >= sizeof(EMRGDICOMMENT) + Length &&
+           std::memcmp(record.bytes.data() + sizeof(EMRGDICOMMENT), Mark.data(), Mark.size()) == 0;
 }
 
 void takeMetafile(StoredPage& page, PageInventory& inventory)

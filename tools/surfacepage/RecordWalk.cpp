@@ -10,7 +10,7 @@ struct RecordName {
     std::string_view name;
 };
 
-constexpr RecordName recordNames[] = {
+constexpr RecordName RecordNames[] = {
 #include "recordNames.inc"
 };
 
@@ -23,9 +23,9 @@ std::string about(std::string_view what, std::size_t position)
 std::string damageAt(const metafile::Found& found, unsigned int position)
 {
     switch (found.fault) {
-    case metafile::Fault::cutInHead:
+    case metafile::Fault::CutInHead:
         return about("ends inside the head of the record", position);
-    case metafile::Fault::size:
+    case metafile::Fault::Size:
         return about("damaged: the record", position)
             .append(" can't have a size of ")
             .append(std::to_string(found.size));
@@ -54,8 +54,8 @@ std::string walkRecords(metafile::Page page, const std::function<void(const meta
 
 std::string recordName(DWORD type)
 {
-    const auto* const named = std::find_if(std::begin(recordNames), std::end(recordNames),
+    const auto* const named = std::find_if(std::begin(RecordNames), std::end(RecordNames),
                                            [type](const RecordName& known) { return known.type == type; });
-    return named != std::end(recordNames) ? std::string(named->name)
+    return named != std::end(RecordNames) ? std::string(named->name)
                                           : std::string("record ").append(std::to_string(type));
 }

@@ -16,7 +16,7 @@ using FoundPage = std::unique_ptr<unsigned char, FreeFoundPage>;
 // The hits of a page, one after the other.
 class Hits {
 public:
-    Hits(StoredPage& page, const FindOptions& options) : _page(page), _options(options) {}
+    Hits(StoredPage& page, const FindOptions& options) : m_page(page), m_options(options) {}
 
     // False after the last one, and when the search failed.
     bool next()
@@ -24,10 +24,10 @@ public:
         unsigned char* found = nullptr;
         unsigned int length = 0;
         x = y = 0;
-        failed = CMetaFilePlayer::searchPageForString(_page.data(), _page.size(), _options.text.c_str(),
-                                                      _options.matchCase, _options.wholeWord, _position,
-                                                      _textOffset, found, length, x, y) != 0;
-        _found.reset(found);
+        failed = CMetaFilePlayer::searchPageForString(m_page.data(), m_page.size(), m_options.text.c_str(),
+                                                      m_options.matchCase, m_options.wholeWord, m_position,
+                                                      m_textOffset, found, length, x, y) != 0;
+        m_found.reset(found);
         marked = {found, length};
         return !failed && found != nullptr && length > 0;
     }
@@ -38,11 +38,11 @@ public:
     bool failed = false;
 
 private:
-    StoredPage& _page;
-    const FindOptions& _options;
-    unsigned int _position = 0; // the search's own cursor
-    unsigned int _textOffset = 0;
-    FoundPage _found;
+    StoredPage& m_page;
+    const FindOptions& m_options;
+    unsigned int m_position = 0; // the search's own cursor
+    unsigned int m_textOffset = 0;
+    FoundPage m_found;
 };
 
 std::string numbered(const char* before, std::size_t number, const char* after)

@@ -45,8 +45,8 @@ class Sheet {
 public:
     void line(const std::string& name, const std::string& value)
     {
-        constexpr std::size_t nameWidth = 12;
-        text.append("  ").append(name).append(nameWidth - name.size(), ' ').append(value).append("\n");
+        constexpr std::size_t NameWidth = 12;
+        text.append("  ").append(name).append(NameWidth - name.size(), ' ').append(value).append("\n");
     }
     void list(const std::string& name, const std::vector<std::string>& values, bool brief)
     {

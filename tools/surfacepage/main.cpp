@@ -61,10 +61,10 @@ class CommandLine {
 public:
     CommandLine()
     {
-        _app.set_version_flag("--version", "surfacepage " SURFACEPAGE_VERSION);
-        _app.require_subcommand(1);
-        _app.formatter(std::make_shared<UsageOfArguments>());
-        _app.footer(
+        m_app.set_version_flag("--version", "surfacepage " SURFACEPAGE_VERSION);
+        m_app.require_subcommand(1);
+        m_app.formatter(std::make_shared<UsageOfArguments>());
+        m_app.footer(
             "Exit codes: 0 done, 1 nothing found or stamped, 2 a file failed or the arguments are wrong.");
         addInfo();
         addPlay();
@@ -76,11 +76,11 @@ public:
     int run(int count, char** arguments)
     {
         try {
-            _app.parse(count, arguments);
+            m_app.parse(count, arguments);
         } catch (const CLI::ParseError& problem) {
-            return _app.exit(problem) == 0 ? 0 : static_cast<int>(Outcome::Failed);
+            return m_app.exit(problem) == 0 ? 0 : static_cast<int>(Outcome::Failed);
         }
-        return runJobs(_files, _threads, _command);
+        return runJobs(m_files, m_threads, m_command);
     }
 
 private:
@@ -88,18 +88,18 @@ private:
     CLI::App* add(const char* name, const char* does, FileCommand command,
                   const std::function<void()>& check = {})
     {
-        CLI::App* const added = _app.add_subcommand(name, does);
-        added->add_option("FILE", _files, "Stored pages: SVG pages or enhanced metafiles")
+        CLI::App* const added = m_app.add_subcommand(name, does);
+        added->add_option("FILE", m_files, "Stored pages: SVG pages or enhanced metafiles")
             ->required()
             ->type_name("");
-        added->add_option("-j,--jobs", _threads, "Files worked on at the same time")
+        added->add_option("-j,--jobs", m_threads, "Files worked on at the same time")
             ->check(CLI::Range(1, 256))
             ->capture_default_str();
         added->final_callback([this, command = std::move(command), check] {
             if (check) {
                 check();
             }
-            _command = command;
+            m_command = command;
         });
         return added;
     }
@@ -107,7 +107,7 @@ private:
     std::vector<std::string> outputs(const std::string& pattern)
     {
         std::string problem;
-        std::vector<std::string> names = outputNames(pattern, _files, problem);
+        std::vector<std::string> names = outputNames(pattern, m_files, problem);
         if (!problem.empty()) {
             refuse("-o", problem);
         }
@@ -117,30 +117,30 @@ private:
     void addInfo()
     {
         CLI::App* const info =
-            add("info", "Show what is on pages", [this](FileJob& job) { return infoCommand(job, _info); });
-        info->add_flag("-b,--brief", _info.brief, "Count fonts, images and texts, and list none");
+            add("info", "Show what is on pages", [this](FileJob& job) { return infoCommand(job, m_info); });
+        info->add_flag("-b,--brief", m_info.brief, "Count fonts, images and texts, and list none");
     }
 
     void addPlay()
     {
         CLI::App* const play = add(
-            "play", "Play pages to another format", [this](FileJob& job) { return playCommand(job, _play); },
+            "play", "Play pages to another format", [this](FileJob& job) { return playCommand(job, m_play); },
             [this] { checkPlay(); });
         play->add_option(
-                "-o,--output", _pattern,
+                "-o,--output", m_pattern,
                 "What to write, ending in .svg, .ps, .emf or .png; a metafile plays to .png and .emf only. "
                 "{} stands for the name of FILE without folder and ending")
             ->required();
-        _dpi = play->add_option("--dpi", _play.dpi, "Dots per inch of a .png")
-                   ->check(CLI::Range(1, 4800))
-                   ->capture_default_str();
+        m_dpi = play->add_option("--dpi", m_play.dpi, "Dots per inch of a .png")
+                    ->check(CLI::Range(1, 4800))
+                    ->capture_default_str();
     }
 
     void checkPlay()
     {
-        _play.outputs = outputs(_pattern);
-        for (const std::string& output : _play.outputs) {
-            if (const std::string problem = problemOfPlayOutput(output, _dpi->count() > 0);
+        m_play.outputs = outputs(m_pattern);
+        for (const std::string& output : m_play.outputs) {
+            if (const std::string problem = problemOfPlayOutput(output, m_dpi->count() > 0);
                 !problem.empty()) {
                 refuse("-o", problem);
             }
@@ -151,17 +151,17 @@ private:
     {
         CLI::App* const stamp = add(
             "stamp", "Stamp the page count \"N of M\" into pages, in place",
-            [this](FileJob& job) { return stampCommand(job, _stamp); }, [this] { checkStamp(); });
+            [this](FileJob& job) { return stampCommand(job, m_stamp); }, [this] { checkStamp(); });
         addLast(stamp, "N", "Number of the page; further files count on from it");
         addLast(stamp, "M", "Number of pages");
     }
 
     void checkStamp()
     {
-        constexpr std::size_t most = std::numeric_limits<int>::max();
-        _stamp.pageCount = takeLastNumber(_files, "M");
-        _stamp.firstNumber = takeLastNumber(_files, "N");
-        if (_files.size() > most - static_cast<std::size_t>(_stamp.firstNumber)) {
+        constexpr std::size_t Most = std::numeric_limits<int>::max();
+        m_stamp.pageCount = takeLastNumber(m_files, "M");
+        m_stamp.firstNumber = takeLastNumber(m_files, "N");
+        if (m_files.size() > Most - static_cast<std::size_t>(m_stamp.firstNumber)) {
             refuse("N", "is too high for so many pages");
         }
     }
@@ -170,15 +170,15 @@ private:
     {
         CLI::App* const find = add(
             "find", "Find a text on pages, all hits with their places",
-            [this](FileJob& job) { return findCommand(job, _find); }, [this] { checkFind(); });
+            [this](FileJob& job) { return findCommand(job, m_find); }, [this] { checkFind(); });
         addLast(find, "TEXT", "What to find");
-        find->add_flag("--case", _find.matchCase, "Upper and lower case differ");
-        find->add_flag("--word", _find.wholeWord, "Whole words only");
+        find->add_flag("--case", m_find.matchCase, "Upper and lower case differ");
+        find->add_flag("--word", m_find.wholeWord, "Whole words only");
         CLI::Option* const marked =
-            find->add_option("-o,--output", _pattern,
+            find->add_option("-o,--output", m_pattern,
                              "Write a copy of the page with a hit marked; {} stands for the name of FILE "
                              "without folder and ending");
-        find->add_option("--hit", _find.markedHit, "Which hit is marked there")
+        find->add_option("--hit", m_find.markedHit, "Which hit is marked there")
             ->needs(marked)
             ->check(CLI::Range(1, std::numeric_limits<int>::max()))
             ->capture_default_str();
@@ -186,19 +186,19 @@ private:
 
     void checkFind()
     {
-        _find.text = takeLast(_files, "TEXT");
-        if (_find.text.empty()) {
+        m_find.text = takeLast(m_files, "TEXT");
+        if (m_find.text.empty()) {
             refuse("TEXT", "is empty");
         }
-        if (!_pattern.empty()) {
-            _find.markedPages = outputs(_pattern);
+        if (!m_pattern.empty()) {
+            m_find.markedPages = outputs(m_pattern);
         }
     }
 
     // For the help only: takeLast gives its value.
     void addLast(CLI::App* command, const char* name, const char* means)
     {
-        command->add_option(name, _shownOnly, means)->type_name("");
+        command->add_option(name, m_shownOnly, means)->type_name("");
     }
 
     void addTrace()
@@ -207,18 +207,18 @@ private:
             traceCommand);
     }
 
-    CLI::App _app{"Looks into stored pages of the surface library, plays, stamps, searches and traces them.",
-                  "surfacepage"};
-    std::vector<std::string> _files;
-    unsigned int _threads = 1;
-    std::string _pattern; // of output files
-    std::string _shownOnly;
-    CLI::Option* _dpi = nullptr;
-    InfoOptions _info;
-    PlayOptions _play;
-    StampOptions _stamp;
-    FindOptions _find;
-    FileCommand _command;
+    CLI::App m_app{"Looks into stored pages of the surface library, plays, stamps, searches and traces them.",
+                   "surfacepage"};
+    std::vector<std::string> m_files;
+    unsigned int m_threads = 1;
+    std::string m_pattern; // of output files
+    std::string m_shownOnly;
+    CLI::Option* m_dpi = nullptr;
+    InfoOptions m_info;
+    PlayOptions m_play;
+    StampOptions m_stamp;
+    FindOptions m_find;
+    FileCommand m_command;
 };
 
 } // namespace

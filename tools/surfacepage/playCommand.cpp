@@ -52,8 +52,8 @@ Sheet sheetOf(StoredPage& page)
 
 bool isUsable(const Sheet& sheet)
 {
-    constexpr std::int64_t most = std::numeric_limits<LONG>::max();
-    return sheet.width > 0 && sheet.height > 0 && sheet.width <= most && sheet.height <= most;
+    constexpr std::int64_t Most = std::numeric_limits<LONG>::max();
+    return sheet.width > 0 && sheet.height > 0 && sheet.width <= Most && sheet.height <= Most;
 }
 
 bool playOn(CSurface& surface, StoredPage& page, int width, int height)
@@ -153,7 +153,7 @@ struct Format {
 };
 
 constexpr std::string_view PictureEnding = ".png";
-constexpr Format formats[] = {
+constexpr Format Formats[] = {
     {".svg", false, playToSvg},
     {".ps", false, playToPostScript},
     {".emf", true, playToMetafile},
@@ -167,9 +167,9 @@ const Format* formatOf(const std::string& output)
     std::transform(ending.begin(), ending.end(), ending.begin(), [](char character) {
         return static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
     });
-    const auto* const format = std::find_if(std::begin(formats), std::end(formats),
+    const auto* const format = std::find_if(std::begin(Formats), std::end(Formats),
                                             [&](const Format& known) { return known.ending == ending; });
-    return format != std::end(formats) ? format : nullptr;
+    return format != std::end(Formats) ? format : nullptr;
 }
 
 } // namespace

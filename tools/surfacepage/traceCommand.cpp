@@ -18,18 +18,18 @@ constexpr std::size_t CommentShown = 64; // bytes
 
 class Lines {
 public:
-    explicit Lines(FileJob& job) : _job(job) {}
+    explicit Lines(FileJob& job) : m_job(job) {}
     void add(const std::string& line)
     {
-        _job.printLine(line);
-        if (++_count % ProgressEvery == 0) {
-            _job.progress(std::to_string(_count).append(" lines"));
+        m_job.printLine(line);
+        if (++m_count % ProgressEvery == 0) {
+            m_job.progress(std::to_string(m_count).append(" lines"));
         }
     }
 
 private:
-    FileJob& _job;
-    std::size_t _count = 0;
+    FileJob& m_job;
+    std::size_t m_count = 0;
 };
 
 std::string commentOf(const metafile::Record& record)

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr RGBQUAD blackAndWhite[] = {{0, 0, 0, 0}, {0xFF, 0xFF, 0xFF, 0}};
+constexpr RGBQUAD BlackAndWhite[] = {{0, 0, 0, 0}, {0xFF, 0xFF, 0xFF, 0}};
 
 DWORD colorOf(const RGBQUAD& entry) noexcept
 {
@@ -99,7 +99,7 @@ std::shared_ptr<Bitmap> Bitmap::create(int width, int height, int bitsPerPixel, 
     }
     const std::uint64_t rowBits = std::uint64_t(width) * static_cast<unsigned int>(bitsPerPixel);
     const std::uint64_t stride = (rowBits + 31) / 32 * 4;
-    if (stride * static_cast<unsigned int>(height) > largestBitmap) {
+    if (stride * static_cast<unsigned int>(height) > LargestBitmap) {
         return nullptr;
     }
     try {
@@ -112,7 +112,7 @@ std::shared_ptr<Bitmap> Bitmap::create(int width, int height, int bitsPerPixel, 
         bitmap->m_stride = static_cast<std::ptrdiff_t>(stride);
         bitmap->m_bits.resize(stride * static_cast<unsigned int>(height));
         if (bitsPerPixel == 1) {
-            bitmap->m_palette.assign(std::begin(blackAndWhite), std::end(blackAndWhite));
+            bitmap->m_palette.assign(std::begin(BlackAndWhite), std::end(BlackAndWhite));
         } else if (bitsPerPixel == 16) {
             bitmap->setMasks(0x7C00, 0x03E0, 0x001F);
         } else if (bitsPerPixel > 16) {

@@ -10,7 +10,7 @@
 #include <vector>
 
 // The most bytes that one bitmap may take.
-constexpr std::size_t largestBitmap = std::size_t{256} << 20;
+constexpr std::size_t LargestBitmap = std::size_t{256} << 20;
 
 // Where the rows of a bitmap are and what they hold, without owning them. Sizes were checked when it was made: every
 // pixel from (0, 0), the top left one, to (width - 1, height - 1) lies within `bits`.

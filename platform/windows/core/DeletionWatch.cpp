@@ -16,7 +16,7 @@ struct Watchers {
 Watchers& watchers()
 {
     static Watchers& all = *new Watchers;
-    static const AtModuleEnd end([] {
+    static const AtModuleEnd End([] {
         if (all.devices.empty()) {
             delete &all;
         }

@@ -20,48 +20,48 @@ class RealizedFont;
 struct BitmapView;
 
 enum class PolyShape : unsigned char {
-    polyline,
-    polylineTo, // the points after the current position, which is not among them
-    polygon,
-    polyBezier,
-    polyBezierTo, // likewise
-    polyPolyline,
-    polyPolygon,
+    Polyline,
+    PolylineTo, // the points after the current position, which is not among them
+    Polygon,
+    PolyBezier,
+    PolyBezierTo, // likewise
+    PolyPolyline,
+    PolyPolygon,
 };
-enum class BoxShape : unsigned char { rectangle, ellipse, roundRectangle };
-enum class ArcShape : unsigned char { arc, arcTo, chord, pie };
+enum class BoxShape : unsigned char { Rectangle, Ellipse, RoundRectangle };
+enum class ArcShape : unsigned char { Arc, ArcTo, Chord, Pie };
 enum class PathStep : unsigned char {
-    begin,
-    end,
-    closeFigure,
-    abort,
-    flatten,
-    widen,
-    fill,
-    stroke,
-    strokeAndFill,
+    Begin,
+    End,
+    CloseFigure,
+    Abort,
+    Flatten,
+    Widen,
+    Fill,
+    Stroke,
+    StrokeAndFill,
 };
 
 // State that a setter has just changed in the context.
 enum class StateField : unsigned char {
-    backColor,
-    textColor,
-    backMode,
-    textAlign,
-    textJustification,
-    rop2,
-    polyFillMode,
-    stretchMode,
-    arcDirection,
-    miterLimit,
-    brushOrigin,
-    mapMode,
-    windowExtent,
-    viewportExtent,
-    windowOrigin,
-    viewportOrigin,
-    worldTransform, // by SetWorldTransform
-    position,       // by MoveToEx
+    BackColor,
+    TextColor,
+    BackMode,
+    TextAlign,
+    TextJustification,
+    Rop2,
+    PolyFillMode,
+    StretchMode,
+    ArcDirection,
+    MiterLimit,
+    BrushOrigin,
+    MapMode,
+    WindowExtent,
+    ViewportExtent,
+    WindowOrigin,
+    ViewportOrigin,
+    WorldTransform, // by SetWorldTransform
+    Position,       // by MoveToEx
 };
 
 // One line of text, or a piece of one, laid out.

@@ -9,7 +9,7 @@
 #include "StockObjects.h"
 
 DeviceContext::DeviceContext(ContextKind kind, std::unique_ptr<Device> device)
-    : GdiObject(ObjectKind::context), m_contextKind(kind), m_device(std::move(device))
+    : GdiObject(ObjectKind::Context), m_contextKind(kind), m_device(std::move(device))
 {
 }
 
@@ -86,7 +86,7 @@ HDC addContext(std::shared_ptr<DeviceContext> context) noexcept
         state.pen = std::static_pointer_cast<PenObject>(stockObject(BLACK_PEN));
         state.brush = std::static_pointer_cast<BrushObject>(stockObject(WHITE_BRUSH));
         state.font = std::static_pointer_cast<FontObject>(stockObject(SYSTEM_FONT));
-        const bool memory = context->contextKind() == ContextKind::memory;
+        const bool memory = context->contextKind() == ContextKind::Memory;
         if (memory) {
             context->bitmap = makeDefaultBitmap();
         }
@@ -100,8 +100,8 @@ HDC addContext(std::shared_ptr<DeviceContext> context) noexcept
 std::shared_ptr<DeviceContext> findContext(HDC handle, const char* function)
 {
     std::shared_ptr<DeviceContext> context =
-        HandleTable::instance().find<DeviceContext>(handle, ObjectKind::context);
-    if (context && context->contextKind() == ContextKind::page) {
+        HandleTable::instance().find<DeviceContext>(handle, ObjectKind::Context);
+    if (context && context->contextKind() == ContextKind::Page) {
         const auto found = context->calls.find(std::string_view(function));
         if (found != context->calls.end()) {
             ++found->second;

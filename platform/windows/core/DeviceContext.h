@@ -43,7 +43,7 @@ struct ContextState {
     std::optional<Region> metaClip; // what a played metafile may not leave: the clip from before playback
 };
 
-enum class ContextKind : unsigned char { screen, memory, page, metafile };
+enum class ContextKind : unsigned char { Screen, Memory, Page, Metafile };
 
 class DeviceContext : public GdiObject {
 public:

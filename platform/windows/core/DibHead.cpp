@@ -8,11 +8,11 @@
 
 namespace {
 
-constexpr std::size_t headerSize = sizeof(BITMAPINFOHEADER);
-constexpr std::size_t longestHeader = 256; // beyond every version of the header
-constexpr DWORD mostColors = 256;
+constexpr std::size_t HeaderSize = sizeof(BITMAPINFOHEADER);
+constexpr std::size_t LongestHeader = 256; // beyond every version of the header
+constexpr DWORD MostColors = 256;
 
-constexpr std::size_t maskBytes = 3 * sizeof(DWORD);
+constexpr std::size_t MaskBytes = 3 * sizeof(DWORD);
 
 bool knownForm(const BITMAPINFOHEADER& header) noexcept
 {
@@ -33,9 +33,9 @@ bool knownForm(const BITMAPINFOHEADER& header) noexcept
 
 bool soundHeader(const BITMAPINFOHEADER& header) noexcept
 {
-    return header.biSize >= headerSize && header.biSize <= longestHeader && header.biWidth > 0 &&
+    return header.biSize >= HeaderSize && header.biSize <= LongestHeader && header.biWidth > 0 &&
            header.biHeight != 0 && header.biHeight != std::numeric_limits<LONG>::min() && knownForm(header) &&
-           header.biClrUsed <= mostColors;
+           header.biClrUsed <= MostColors;
 }
 
 void defaultMasks(DibHead& head) noexcept
@@ -51,7 +51,7 @@ void defaultMasks(DibHead& head) noexcept
 std::optional<DibHead> readHead(const BYTE* info, std::size_t known, UINT usage) noexcept
 {
     BITMAPINFOHEADER header;
-    if (info == nullptr || known < headerSize || usage != DIB_RGB_COLORS) {
+    if (info == nullptr || known < HeaderSize || usage != DIB_RGB_COLORS) {
         return std::nullopt;
     }
     std::memcpy(&header, info, sizeof header);
@@ -68,7 +68,7 @@ std::optional<DibHead> readHead(const BYTE* info, std::size_t known, UINT usage)
     const std::uint64_t rowBits = std::uint64_t(head.width) * header.biBitCount;
     const std::uint64_t stride = (rowBits + 31) / 32 * 4;
     const std::uint64_t rows = stride * static_cast<unsigned int>(head.height);
-    if (rows > largestBitmap || header.biSizeImage > largestBitmap) {
+    if (rows > LargestBitmap || header.biSizeImage > LargestBitmap) {
         return std::nullopt;
     }
     head.stride = stride;
@@ -78,16 +78,16 @@ std::optional<DibHead> readHead(const BYTE* info, std::size_t known, UINT usage)
     // Masks are after the shortest header and are part of the longer ones.
     const bool hasMasks = head.compression == BI_BITFIELDS;
     const std::size_t paletteStart =
-        hasMasks ? std::max(std::size_t{header.biSize}, headerSize + maskBytes) : header.biSize;
+        hasMasks ? std::max(std::size_t{header.biSize}, HeaderSize + MaskBytes) : header.biSize;
     const bool indexed = header.biBitCount <= 8;
-    const DWORD mostEntries = indexed ? 1U << header.biBitCount : mostColors;
+    const DWORD mostEntries = indexed ? 1U << header.biBitCount : MostColors;
     const DWORD entries = indexed && header.biClrUsed == 0 ? mostEntries : header.biClrUsed;
     head.headBytes = paletteStart + entries * sizeof(RGBQUAD);
     if (entries > mostEntries || head.headBytes > known) {
         return std::nullopt;
     }
     if (hasMasks) {
-        std::memcpy(head.masks, info + headerSize, maskBytes);
+        std::memcpy(head.masks, info + HeaderSize, MaskBytes);
     } else {
         defaultMasks(head);
     }

@@ -11,7 +11,7 @@
 #include "Bitmap.h"
 #include "Region.h"
 
-enum class ObjectKind : unsigned char { pen, brush, font, bitmap, region, metafile, context };
+enum class ObjectKind : unsigned char { Pen, Brush, Font, Bitmap, Region, Metafile, Context };
 
 class GdiObject {
 public:
@@ -36,7 +36,7 @@ private:
 
 class PenObject : public GdiObject {
 public:
-    PenObject() noexcept : GdiObject(ObjectKind::pen) {}
+    PenObject() noexcept : GdiObject(ObjectKind::Pen) {}
 
     DWORD style = PS_SOLID; // with cap, join and PS_GEOMETRIC
     DWORD width = 0;        // logical units; 0 is one device pixel
@@ -49,7 +49,7 @@ public:
 
 class BrushObject : public GdiObject {
 public:
-    BrushObject() noexcept : GdiObject(ObjectKind::brush) {}
+    BrushObject() noexcept : GdiObject(ObjectKind::Brush) {}
 
     UINT style = BS_SOLID; // BS_SOLID, BS_NULL, BS_HATCHED, BS_PATTERN or BS_DIBPATTERNPT
     COLORREF color = 0;    // top byte 0
@@ -60,7 +60,7 @@ public:
 
 class FontObject : public GdiObject {
 public:
-    FontObject() noexcept : GdiObject(ObjectKind::font) {}
+    FontObject() noexcept : GdiObject(ObjectKind::Font) {}
 
     LOGFONTW description{};
 };
@@ -69,7 +69,7 @@ class DeviceContext;
 
 class BitmapObject : public GdiObject {
 public:
-    BitmapObject() noexcept : GdiObject(ObjectKind::bitmap) {}
+    BitmapObject() noexcept : GdiObject(ObjectKind::Bitmap) {}
 
     std::shared_ptr<Bitmap> bitmap;
     std::atomic<DeviceContext*> selectedInto = nullptr; // the one memory context that holds it
@@ -77,14 +77,14 @@ public:
 
 class RegionObject : public GdiObject {
 public:
-    RegionObject() noexcept : GdiObject(ObjectKind::region) {}
+    RegionObject() noexcept : GdiObject(ObjectKind::Region) {}
 
     Region region;
 };
 
 class MetafileObject : public GdiObject {
 public:
-    MetafileObject() noexcept : GdiObject(ObjectKind::metafile) {}
+    MetafileObject() noexcept : GdiObject(ObjectKind::Metafile) {}
 
     std::vector<BYTE> bytes; // begins with a checked header
 };

@@ -10,18 +10,18 @@ namespace {
 
 // A handle is generation and slot side by side in the width of a pointer. Generations begin at 1, so that no handle is
 // null or a small number.
-constexpr unsigned int slotBits = sizeof(ULONG_PTR) * 4;
-constexpr std::size_t slotMask = (std::size_t{1} << slotBits) - 1;
+constexpr unsigned int SlotBits = sizeof(ULONG_PTR) * 4;
+constexpr std::size_t SlotMask = (std::size_t{1} << SlotBits) - 1;
 
 HGDIOBJ makeHandle(std::size_t slot, DWORD generation) noexcept
 {
-    return std::bit_cast<HGDIOBJ>((ULONG_PTR{generation} << slotBits) | slot);
+    return std::bit_cast<HGDIOBJ>((ULONG_PTR{generation} << SlotBits) | slot);
 }
 
 // Generations come back after a full round of the bits that a handle has for them.
 DWORD nextGeneration(DWORD generation) noexcept
 {
-    const DWORD next = (generation + 1) & static_cast<DWORD>(slotMask);
+    const DWORD next = (generation + 1) & static_cast<DWORD>(SlotMask);
     return next != 0 ? next : 1;
 }
 
@@ -32,7 +32,7 @@ DWORD nextGeneration(DWORD generation) noexcept
 HandleTable& HandleTable::instance()
 {
     static HandleTable& table = *new HandleTable;
-    static const AtModuleEnd end([] {
+    static const AtModuleEnd End([] {
         if (table.count() == 0) {
             delete &table;
         }
@@ -67,7 +67,7 @@ HGDIOBJ HandleTable::enter(std::shared_ptr<GdiObject> object, int stockIndex) no
 try {
     const std::lock_guard lock(m_mutex);
     if (m_free.empty()) {
-        if (m_slots.size() >= slotMask) {
+        if (m_slots.size() >= SlotMask) {
             return nullptr;
         }
         m_slots.emplace_back();
@@ -89,8 +89,8 @@ try {
 HandleTable::Slot* HandleTable::slotOf(HGDIOBJ handle) noexcept
 {
     const auto value = std::bit_cast<ULONG_PTR>(handle);
-    const std::size_t index = value & slotMask;
-    if (index >= m_slots.size() || m_slots[index].generation != value >> slotBits) {
+    const std::size_t index = value & SlotMask;
+    if (index >= m_slots.size() || m_slots[index].generation != value >> SlotBits) {
         return nullptr;
     }
     return &m_slots[index];

@@ -5,8 +5,8 @@
 
 namespace {
 
-constexpr double lowest = std::numeric_limits<LONG>::min();
-constexpr double highest = std::numeric_limits<LONG>::max();
+constexpr double Lowest = std::numeric_limits<LONG>::min();
+constexpr double Highest = std::numeric_limits<LONG>::max();
 
 } // namespace
 
@@ -16,7 +16,7 @@ LONG toDeviceUnit(double value) noexcept
         return 0;
     }
     const double rounded = std::floor(value + 0.5);
-    return static_cast<LONG>(rounded < lowest ? lowest : (rounded > highest ? highest : rounded));
+    return static_cast<LONG>(rounded < Lowest ? Lowest : (rounded > Highest ? Highest : rounded));
 }
 
 POINT Mapping::toDevice(POINT point) const noexcept

@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr std::size_t mostRows = 1'000'000;
-constexpr std::int64_t mostSteps = 1 << 24;
+constexpr std::size_t MostRows = 1'000'000;
+constexpr std::int64_t MostSteps = 1 << 24;
 
 // A side of a polygon that crosses the rows from `top` to `bottom` - 1.
 struct Edge {
@@ -23,9 +23,9 @@ struct Edge {
     // The first pixel of the row that is not left of the edge: x + (row - y) * width / height, rounded up.
     std::int64_t firstPixel(std::int64_t row) const noexcept
     {
-        constexpr std::int64_t exact = std::int64_t{1} << 31; // the product fits 64 bits
+        constexpr std::int64_t Exact = std::int64_t{1} << 31; // the product fits 64 bits
         const std::int64_t steps = row - y;
-        if (std::abs(width) < exact && height < exact) {
+        if (std::abs(width) < Exact && height < Exact) {
             const std::int64_t numerator = steps * width;
             return x + numerator / height + (numerator > 0 && numerator % height != 0 ? 1 : 0);
         }
@@ -47,8 +47,8 @@ void appendEdge(std::vector<Edge>& edges, POINT from, POINT to)
               from.y,
               std::int64_t{to.x} - from.x,
               std::int64_t{to.y} - from.y,
-              std::max(from.y, -regionLimit),
-              std::min(to.y, regionLimit),
+              std::max(from.y, -RegionLimit),
+              std::min(to.y, RegionLimit),
               winding};
     if (edge.top < edge.bottom) {
         edges.push_back(edge);
@@ -73,8 +73,8 @@ void appendRow(std::vector<RECT>& row, std::vector<Crossing>& crossings, LONG y,
         if (nowInside && !inside) {
             start = crossing.x;
         } else if (inside && !nowInside) {
-            const std::int64_t left = std::clamp<std::int64_t>(start, -regionLimit, regionLimit);
-            const std::int64_t right = std::clamp<std::int64_t>(crossing.x, -regionLimit, regionLimit);
+            const std::int64_t left = std::clamp<std::int64_t>(start, -RegionLimit, RegionLimit);
+            const std::int64_t right = std::clamp<std::int64_t>(crossing.x, -RegionLimit, RegionLimit);
             if (left < right) {
                 row.push_back({static_cast<LONG>(left), y, static_cast<LONG>(right), y + 1});
             }
@@ -118,7 +118,7 @@ public:
             }
             std::erase_if(m_active, [row](const Edge* edge) { return edge->bottom <= row; });
             m_steps += static_cast<std::int64_t>(m_active.size()) + 1;
-            if (m_steps > mostSteps || m_rects.size() > mostRows) {
+            if (m_steps > MostSteps || m_rects.size() > MostRows) {
                 return false;
             }
             scan(row++);
@@ -171,7 +171,7 @@ Region Region::fromPolygons(std::span<const POINT> points, std::span<const INT> 
     if (scan.run()) {
         return Region(scan.rectangles());
     }
-    RECT box{regionLimit, regionLimit, -regionLimit, -regionLimit};
+    RECT box{RegionLimit, RegionLimit, -RegionLimit, -RegionLimit};
     for (const Edge& edge : edges) {
         box.left = static_cast<LONG>(std::min({std::int64_t{box.left}, edge.x, edge.x + edge.width}));
         box.right = static_cast<LONG>(std::max({std::int64_t{box.right}, edge.x, edge.x + edge.width}));

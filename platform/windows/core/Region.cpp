@@ -7,11 +7,11 @@
 
 namespace {
 
-constexpr int mostRectangles = 1'000'000;
+constexpr int MostRectangles = 1'000'000;
 
 LONG limited(LONG value) noexcept
 {
-    return std::clamp(value, -regionLimit, regionLimit);
+    return std::clamp(value, -RegionLimit, RegionLimit);
 }
 
 cairo_rectangle_int_t cairoRect(const RECT& rect) noexcept
@@ -36,7 +36,7 @@ void Region::adopt(_cairo_region* region)
     if (cairo_region_status(region) != CAIRO_STATUS_SUCCESS) {
         throw std::bad_alloc();
     }
-    if (cairo_region_num_rectangles(region) > mostRectangles) {
+    if (cairo_region_num_rectangles(region) > MostRectangles) {
         cairo_rectangle_int_t box;
         cairo_region_get_extents(region, &box);
         adopt(cairo_region_create_rectangle(&box));
@@ -75,7 +75,7 @@ void Region::combine(const Region& other, int mode)
         return;
     }
     using Operation = cairo_status_t (*)(cairo_region_t*, const cairo_region_t*);
-    constexpr Operation operations[] = {cairo_region_intersect, cairo_region_union, cairo_region_xor,
+    constexpr Operation Operations[] = {cairo_region_intersect, cairo_region_union, cairo_region_xor,
                                         cairo_region_subtract};
     if (mode < RGN_AND || mode > RGN_DIFF) {
         return;
@@ -86,7 +86,7 @@ void Region::combine(const Region& other, int mode)
     };
     cairo_region_t* result = own(*this);
     cairo_region_t* second = other.m_region ? cairo_region_reference(other.m_region.get()) : own(nothing);
-    operations[mode - RGN_AND](result, second); // a failure stays in the status of the result
+    Operations[mode - RGN_AND](result, second); // a failure stays in the status of the result
     cairo_region_destroy(second);
     adopt(result);
 }
@@ -99,14 +99,14 @@ void Region::translate(int x, int y)
     // Within the limit, so that no coordinate leaves 32 bits.
     const RECT old = box();
     const auto moved = [](LONG low, LONG high, int distance) {
-        return std::clamp(std::int64_t{distance}, std::int64_t{-2} * regionLimit - low,
-                          std::int64_t{2} * regionLimit - high);
+        return std::clamp(std::int64_t{distance}, std::int64_t{-2} * RegionLimit - low,
+                          std::int64_t{2} * RegionLimit - high);
     };
     cairo_region_t* result = cairo_region_copy(m_region.get());
     cairo_region_translate(result, static_cast<int>(moved(old.left, old.right, x)),
                            static_cast<int>(moved(old.top, old.bottom, y)));
     adopt(result);
-    combine(Region(RECT{-regionLimit, -regionLimit, regionLimit, regionLimit}), RGN_AND);
+    combine(Region(RECT{-RegionLimit, -RegionLimit, RegionLimit, RegionLimit}), RGN_AND);
 }
 
 bool Region::empty() const noexcept

@@ -10,7 +10,7 @@
 struct _cairo_region; // NOLINT(bugprone-reserved-identifier): cairo's own tag
 
 // Coordinates of regions are cut off at +-this, so that widths and moves stay in 32 bits.
-constexpr LONG regionLimit = 1 << 26;
+constexpr LONG RegionLimit = 1 << 26;
 
 // Copies share their rectangles, which never change: an operation makes new ones. Operations throw std::bad_alloc
 // without memory. A region of more than 1,000,000 rectangles becomes its box.

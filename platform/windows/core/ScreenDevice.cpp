@@ -6,16 +6,16 @@ int ScreenDevice::capability(int index) const
     case TECHNOLOGY:
         return 1; // DT_RASDISPLAY
     case HORZSIZE:
-        return widthMillimeters;
+        return WidthMillimeters;
     case VERTSIZE:
-        return heightMillimeters;
+        return HeightMillimeters;
     case HORZRES:
-        return width;
+        return Width;
     case VERTRES:
-        return height;
+        return Height;
     case LOGPIXELSX:
     case LOGPIXELSY:
-        return dotsPerInch;
+        return DotsPerInch;
     case BITSPIXEL:
         return 32;
     case PLANES:

@@ -6,11 +6,11 @@
 class ScreenDevice : public Device {
 public:
     // The measures of the screen: 508 mm of 1920 pixels are 96 dots per inch exactly.
-    static constexpr int width = 1920;
-    static constexpr int height = 1440;
-    static constexpr int widthMillimeters = 508;
-    static constexpr int heightMillimeters = 381;
-    static constexpr int dotsPerInch = 96;
+    static constexpr int Width = 1920;
+    static constexpr int Height = 1440;
+    static constexpr int WidthMillimeters = 508;
+    static constexpr int HeightMillimeters = 381;
+    static constexpr int DotsPerInch = 96;
 
     int capability(int index) const override;
 

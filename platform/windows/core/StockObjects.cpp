@@ -27,7 +27,7 @@ struct StockFont {
 };
 using StockEntry = std::variant<std::monostate, StockBrush, StockPen, StockFont>;
 
-constexpr StockEntry entries[] = {
+constexpr StockEntry Entries[] = {
     /* WHITE_BRUSH */ StockBrush{BS_SOLID, 0xFFFFFF},
     /* LTGRAY_BRUSH */ StockBrush{BS_SOLID, 0xC0C0C0},
     /* GRAY_BRUSH */ StockBrush{BS_SOLID, 0x808080},
@@ -49,10 +49,10 @@ constexpr StockEntry entries[] = {
     /* DC_BRUSH */ StockBrush{BS_SOLID, 0xFFFFFF},
     /* DC_PEN */ StockPen{PS_SOLID, 0},
 };
-static_assert(std::size(entries) == STOCK_LAST + 1);
+static_assert(std::size(Entries) == STOCK_LAST + 1);
 
 // The number of the bitmap that memory contexts begin with. GetStockObject doesn't give it out.
-constexpr int defaultBitmapIndex = 21;
+constexpr int DefaultBitmapIndex = 21;
 
 struct Maker {
     std::shared_ptr<GdiObject> operator()(std::monostate /*nothing*/) const { return nullptr; }
@@ -87,7 +87,7 @@ StockTable makeStockTable()
 {
     StockTable table;
     for (std::size_t index = 0; index < table.size(); ++index) {
-        std::shared_ptr<GdiObject> object = std::visit(Maker{}, entries[index]);
+        std::shared_ptr<GdiObject> object = std::visit(Maker{}, Entries[index]);
         if (object && HandleTable::instance().addStock(object, static_cast<int>(index)) != nullptr) {
             table[index] = std::move(object);
         }
@@ -109,7 +109,7 @@ void endUnlessUsed(Stock* stock)
 std::shared_ptr<GdiObject> stockObject(int index)
 {
     static const StockTable& table = *new StockTable(makeStockTable());
-    static const AtModuleEnd end([] { endUnlessUsed(&table); });
+    static const AtModuleEnd End([] { endUnlessUsed(&table); });
     return index >= 0 && index <= STOCK_LAST ? table[static_cast<std::size_t>(index)] : nullptr;
 }
 
@@ -122,10 +122,10 @@ std::shared_ptr<BitmapObject> makeDefaultBitmap()
     };
     static const std::shared_ptr<BitmapObject>& stock = *[&make] {
         auto object = std::make_unique<std::shared_ptr<BitmapObject>>(make());
-        HandleTable::instance().addStock(*object, defaultBitmapIndex);
+        HandleTable::instance().addStock(*object, DefaultBitmapIndex);
         return object.release();
     }();
-    static const AtModuleEnd end([] { endUnlessUsed(&stock); });
+    static const AtModuleEnd End([] { endUnlessUsed(&stock); });
     std::shared_ptr<BitmapObject> own = make();
     HandleTable::standFor(*own, *stock);
     return own->bitmap ? own : nullptr;

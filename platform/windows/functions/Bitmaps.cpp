@@ -114,7 +114,7 @@ int SetDIBits(HDC context, HBITMAP bitmap, UINT firstRow, UINT rowCount, const v
               const BITMAPINFO* info, UINT usage)
 {
     const auto set = [&]() -> int {
-        const auto object = HandleTable::instance().find<BitmapObject>(bitmap, ObjectKind::bitmap);
+        const auto object = HandleTable::instance().find<BitmapObject>(bitmap, ObjectKind::Bitmap);
         std::optional<DibHead> head = readDibHead(info, usage);
         if (!object || !head || bits == nullptr || firstRow >= static_cast<UINT>(head->height)) {
             return failWith(ERROR_INVALID_PARAMETER, 0);

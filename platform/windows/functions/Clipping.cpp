@@ -11,7 +11,7 @@ namespace {
 // What a context without a clip shows: everything.
 Region everything()
 {
-    return Region(RECT{-regionLimit, -regionLimit, regionLimit, regionLimit});
+    return Region(RECT{-RegionLimit, -RegionLimit, RegionLimit, RegionLimit});
 }
 
 int complexityOf(const DeviceContext& context)
@@ -76,7 +76,7 @@ int selectClip(DeviceContext& context, HRGN handle, int mode)
         context.device().clipSelected(context, nullptr, mode);
         return complexityOf(context);
     }
-    const auto object = HandleTable::instance().find<RegionObject>(handle, ObjectKind::region);
+    const auto object = HandleTable::instance().find<RegionObject>(handle, ObjectKind::Region);
     if (!object || mode < RGN_AND || mode > RGN_COPY) {
         return failWith(object ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE, ERROR);
     }

@@ -8,7 +8,7 @@
 namespace {
 
 // Enough for every drawing; files that save without end are refused there.
-constexpr std::size_t deepestSave = 4096;
+constexpr std::size_t DeepestSave = 4096;
 
 template <class Value>
 Value read(HDC handle, const char* function, Value failure, Value ContextState::*field)
@@ -63,14 +63,14 @@ BOOL changePlace(HDC handle, const char* function, Value ContextState::*field, V
     });
 }
 
-constexpr COLORREF colorMask = 0xFFFFFF;
+constexpr COLORREF ColorMask = 0xFFFFFF;
 
 } // namespace
 
 COLORREF SetBkColor(HDC context, COLORREF color)
 {
-    return change(context, "SetBkColor", CLR_INVALID, &ContextState::backColor, color & colorMask,
-                  StateField::backColor);
+    return change(context, "SetBkColor", CLR_INVALID, &ContextState::backColor, color & ColorMask,
+                  StateField::BackColor);
 }
 
 COLORREF GetBkColor(HDC context)
@@ -80,8 +80,8 @@ COLORREF GetBkColor(HDC context)
 
 COLORREF SetTextColor(HDC context, COLORREF color)
 {
-    return change(context, "SetTextColor", CLR_INVALID, &ContextState::textColor, color & colorMask,
-                  StateField::textColor);
+    return change(context, "SetTextColor", CLR_INVALID, &ContextState::textColor, color & ColorMask,
+                  StateField::TextColor);
 }
 
 COLORREF GetTextColor(HDC context)
@@ -92,7 +92,7 @@ COLORREF GetTextColor(HDC context)
 int SetBkMode(HDC context, int mode)
 {
     return changeMode(context, "SetBkMode", &ContextState::backMode, mode, TRANSPARENT, OPAQUE,
-                      StateField::backMode);
+                      StateField::BackMode);
 }
 
 int GetBkMode(HDC context)
@@ -103,7 +103,7 @@ int GetBkMode(HDC context)
 UINT SetTextAlign(HDC context, UINT alignment)
 {
     return change(context, "SetTextAlign", GDI_ERROR, &ContextState::textAlign, alignment,
-                  StateField::textAlign);
+                  StateField::TextAlign);
 }
 
 UINT GetTextAlign(HDC context)
@@ -114,15 +114,15 @@ UINT GetTextAlign(HDC context)
 // The failure value is the one that no caller would set.
 int SetTextCharacterExtra(HDC context, int extra)
 {
-    constexpr int failure = static_cast<int>(0x80000000);
-    return onContext(context, "SetTextCharacterExtra", failure,
+    constexpr int Failure = static_cast<int>(0x80000000);
+    return onContext(context, "SetTextCharacterExtra", Failure,
                      [&](DeviceContext& found) { return std::exchange(found.state.characterExtra, extra); });
 }
 
 int GetTextCharacterExtra(HDC context)
 {
-    constexpr int failure = static_cast<int>(0x80000000);
-    return read(context, "GetTextCharacterExtra", failure, &ContextState::characterExtra);
+    constexpr int Failure = static_cast<int>(0x80000000);
+    return read(context, "GetTextCharacterExtra", Failure, &ContextState::characterExtra);
 }
 
 BOOL SetTextJustification(HDC context, int extra, int count)
@@ -130,7 +130,7 @@ BOOL SetTextJustification(HDC context, int extra, int count)
     return onContext(context, "SetTextJustification", FALSE, [&](DeviceContext& found) {
         found.state.breakExtra = extra;
         found.state.breakCount = count;
-        found.device().stateChanged(found, StateField::textJustification);
+        found.device().stateChanged(found, StateField::TextJustification);
         return TRUE;
     });
 }
@@ -138,7 +138,7 @@ BOOL SetTextJustification(HDC context, int extra, int count)
 int SetROP2(HDC context, int operation)
 {
     return changeMode(context, "SetROP2", &ContextState::rop2, operation, R2_BLACK, R2_WHITE,
-                      StateField::rop2);
+                      StateField::Rop2);
 }
 
 int GetROP2(HDC context)
@@ -149,7 +149,7 @@ int GetROP2(HDC context)
 int SetPolyFillMode(HDC context, int mode)
 {
     return changeMode(context, "SetPolyFillMode", &ContextState::polyFillMode, mode, ALTERNATE, WINDING,
-                      StateField::polyFillMode);
+                      StateField::PolyFillMode);
 }
 
 int GetPolyFillMode(HDC context)
@@ -160,7 +160,7 @@ int GetPolyFillMode(HDC context)
 int SetStretchBltMode(HDC context, int mode)
 {
     return changeMode(context, "SetStretchBltMode", &ContextState::stretchMode, mode, BLACKONWHITE, HALFTONE,
-                      StateField::stretchMode);
+                      StateField::StretchMode);
 }
 
 int GetStretchBltMode(HDC context)
@@ -171,7 +171,7 @@ int GetStretchBltMode(HDC context)
 int SetArcDirection(HDC context, int direction)
 {
     return changeMode(context, "SetArcDirection", &ContextState::arcDirection, direction, AD_COUNTERCLOCKWISE,
-                      AD_CLOCKWISE, StateField::arcDirection);
+                      AD_CLOCKWISE, StateField::ArcDirection);
 }
 
 int GetArcDirection(HDC context)
@@ -185,13 +185,13 @@ BOOL SetMiterLimit(HDC context, FLOAT limit, FLOAT* former)
         return failWith(ERROR_INVALID_PARAMETER, FALSE);
     }
     return changePlace(context, "SetMiterLimit", &ContextState::miterLimit, limit, former,
-                       StateField::miterLimit);
+                       StateField::MiterLimit);
 }
 
 BOOL SetBrushOrgEx(HDC context, int x, int y, POINT* former)
 {
     return changePlace(context, "SetBrushOrgEx", &ContextState::brushOrigin, POINT{x, y}, former,
-                       StateField::brushOrigin);
+                       StateField::BrushOrigin);
 }
 
 BOOL GetBrushOrgEx(HDC context, POINT* origin)
@@ -207,13 +207,13 @@ BOOL GetCurrentPositionEx(HDC context, POINT* point)
 BOOL MoveToEx(HDC context, int x, int y, POINT* former)
 {
     return changePlace(context, "MoveToEx", &ContextState::position, POINT{x, y}, former,
-                       StateField::position);
+                       StateField::Position);
 }
 
 int SaveDC(HDC context)
 {
     return onContext(context, "SaveDC", 0, [&](DeviceContext& found) {
-        if (found.saved.size() >= deepestSave) {
+        if (found.saved.size() >= DeepestSave) {
             return failWith(ERROR_NOT_ENOUGH_MEMORY, 0);
         }
         found.saved.push_back(found.state);

@@ -19,7 +19,7 @@ template <class Accepts>
 bool endContext(HDC handle, const Accepts& accepts)
 {
     HandleTable& table = HandleTable::instance();
-    const auto context = table.find<DeviceContext>(handle, ObjectKind::context);
+    const auto context = table.find<DeviceContext>(handle, ObjectKind::Context);
     if (!context || !accepts(context->contextKind()) || !table.remove(handle)) {
         return failWith(ERROR_INVALID_HANDLE, false);
     }
@@ -34,13 +34,13 @@ HDC GetDC(HWND window)
         return failWith(ERROR_INVALID_HANDLE, nullptr);
     }
     return guarded<HDC>(nullptr,
-                        [] { return addNew(ContextKind::screen, std::make_unique<ScreenDevice>()); });
+                        [] { return addNew(ContextKind::Screen, std::make_unique<ScreenDevice>()); });
 }
 
 int ReleaseDC(HWND window, HDC context)
 {
     return window == nullptr &&
-                   endContext(context, [](ContextKind kind) { return kind == ContextKind::screen; })
+                   endContext(context, [](ContextKind kind) { return kind == ContextKind::Screen; })
                ? 1
                : 0;
 }
@@ -48,7 +48,7 @@ int ReleaseDC(HWND window, HDC context)
 HDC CreateCompatibleDC(HDC context)
 {
     const auto create = [](const Device& reference) {
-        return addNew(ContextKind::memory, makeRasterDevice(reference));
+        return addNew(ContextKind::Memory, makeRasterDevice(reference));
     };
     if (context == nullptr) {
         return guarded<HDC>(nullptr, [&] { return create(ScreenDevice()); });

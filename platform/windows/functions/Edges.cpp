@@ -11,14 +11,14 @@ namespace {
 
 // Numbers of the system colours that edges are made of.
 enum EdgeColor : int {
-    windowColor = 5,
-    windowFrame = 6,
-    buttonFace = 15,
-    buttonShadow = 16,
-    buttonHighlight = 20,
-    darkShadow = 21,
-    light = 22,
-    none = -1,
+    WindowColor = 5,
+    WindowFrame = 6,
+    ButtonFace = 15,
+    ButtonShadow = 16,
+    ButtonHighlight = 20,
+    DarkShadow = 21,
+    Light = 22,
+    None = -1,
 };
 
 // One line of an edge: the colours of its left and top, and of its right and bottom.
@@ -29,21 +29,21 @@ struct LineColors {
 
 // By the two bits of a line: absent, raised, sunken, both (which contradict each other and draw nothing).
 using LineTable = std::array<LineColors, 4>;
-constexpr LineColors absent{none, none};
-constexpr LineTable outerLines{absent, {light, darkShadow}, {buttonShadow, buttonHighlight}, absent};
-constexpr LineTable innerLines{absent, {buttonHighlight, buttonShadow}, {darkShadow, light}, absent};
-constexpr LineTable softOuterLines{
-    absent, {buttonHighlight, darkShadow}, {darkShadow, buttonHighlight}, absent};
-constexpr LineTable softInnerLines{absent, {light, buttonShadow}, {buttonShadow, light}, absent};
+constexpr LineColors Absent{None, None};
+constexpr LineTable OuterLines{Absent, {Light, DarkShadow}, {ButtonShadow, ButtonHighlight}, Absent};
+constexpr LineTable InnerLines{Absent, {ButtonHighlight, ButtonShadow}, {DarkShadow, Light}, Absent};
+constexpr LineTable SoftOuterLines{
+    Absent, {ButtonHighlight, DarkShadow}, {DarkShadow, ButtonHighlight}, Absent};
+constexpr LineTable SoftInnerLines{Absent, {Light, ButtonShadow}, {ButtonShadow, Light}, Absent};
 
 constexpr LineTable flatLines(EdgeColor color)
 {
-    return {absent, LineColors{color, color}, LineColors{color, color}, LineColors{color, color}};
+    return {Absent, LineColors{color, color}, LineColors{color, color}, LineColors{color, color}};
 }
-constexpr LineTable flatOuterLines = flatLines(buttonShadow);
-constexpr LineTable flatInnerLines = flatLines(buttonFace);
-constexpr LineTable monoOuterLines = flatLines(windowFrame);
-constexpr LineTable monoInnerLines = flatLines(windowColor);
+constexpr LineTable FlatOuterLines = flatLines(ButtonShadow);
+constexpr LineTable FlatInnerLines = flatLines(ButtonFace);
+constexpr LineTable MonoOuterLines = flatLines(WindowFrame);
+constexpr LineTable MonoInnerLines = flatLines(WindowColor);
 
 struct EdgeStyle {
     const LineTable& outer;
@@ -54,15 +54,15 @@ struct EdgeStyle {
 EdgeStyle styleOf(UINT flags)
 {
     if ((flags & BF_MONO) != 0) {
-        return {monoOuterLines, monoInnerLines, windowColor};
+        return {MonoOuterLines, MonoInnerLines, WindowColor};
     }
     if ((flags & BF_FLAT) != 0) {
-        return {flatOuterLines, flatInnerLines, buttonFace};
+        return {FlatOuterLines, FlatInnerLines, ButtonFace};
     }
     if ((flags & BF_SOFT) != 0) {
-        return {softOuterLines, softInnerLines, buttonFace};
+        return {SoftOuterLines, SoftInnerLines, ButtonFace};
     }
-    return {outerLines, innerLines, buttonFace};
+    return {OuterLines, InnerLines, ButtonFace};
 }
 
 bool fill(DeviceContext& context, std::span<const RECT> rects, EdgeColor color)
@@ -75,7 +75,7 @@ bool fill(DeviceContext& context, std::span<const RECT> rects, EdgeColor color)
 // corners that they share with left and top.
 bool drawLine(DeviceContext& context, RECT& rect, const LineColors& colors, UINT sides)
 {
-    if (colors.leftTop == none || rect.left >= rect.right || rect.top >= rect.bottom) {
+    if (colors.leftTop == None || rect.left >= rect.right || rect.top >= rect.bottom) {
         return true;
     }
     const RECT strips[] = {{rect.left, rect.top, rect.right, rect.top + 1},
@@ -127,7 +127,7 @@ RECT transposed(const RECT& rect) noexcept
 // The diagonal of a rectangle in steps: one for each unit of its shorter side.
 class DiagonalSteps {
 public:
-    static constexpr std::int64_t most = 100'000;
+    static constexpr std::int64_t Most = 100'000;
 
     DiagonalSteps(const RECT& rect, const Diagonal& diagonal)
         : m_flat(std::int64_t{rect.right} - rect.left > std::int64_t{rect.bottom} - rect.top),
@@ -174,14 +174,14 @@ bool drawDiagonal(DeviceContext& context, RECT& rect, UINT edge, UINT flags)
     }
     const Diagonal diagonal(flags & BF_RECT);
     const DiagonalSteps steps(rect, diagonal);
-    if (steps.count() > DiagonalSteps::most) {
+    if (steps.count() > DiagonalSteps::Most) {
         return failWith(ERROR_INVALID_PARAMETER, false);
     }
     const EdgeStyle style = styleOf(flags);
     int lines = 0;
     bool drawn = true;
     for (const LineColors& line : {style.outer[edge & 3], style.inner[(edge >> 2) & 3]}) {
-        if (const EdgeColor color = diagonal.colorOf(line); color != none) {
+        if (const EdgeColor color = diagonal.colorOf(line); color != None) {
             drawn = fill(context, steps.strip(lines, lines + 1), color) && drawn;
             ++lines;
         }

@@ -13,18 +13,18 @@
 namespace {
 
 // The oldest of the three headers ends before the pixel format.
-constexpr DWORD shortestHeader = offsetof(ENHMETAHEADER, cbPixelFormat);
-static_assert(shortestHeader == 88);
+constexpr DWORD ShortestHeader = offsetof(ENHMETAHEADER, cbPixelFormat);
+static_assert(ShortestHeader == 88);
 
 bool beginsMetafile(const BYTE* bytes, UINT size)
 {
-    if (bytes == nullptr || size < shortestHeader) {
+    if (bytes == nullptr || size < ShortestHeader) {
         return false;
     }
     ENHMETAHEADER header{};
-    std::memcpy(&header, bytes, shortestHeader);
+    std::memcpy(&header, bytes, ShortestHeader);
     return header.iType == EMR_HEADER && header.dSignature == ENHMETA_SIGNATURE && header.nSize % 4 == 0 &&
-           header.nSize >= shortestHeader && header.nSize <= size && header.nBytes >= header.nSize &&
+           header.nSize >= ShortestHeader && header.nSize <= size && header.nBytes >= header.nSize &&
            header.nBytes <= size;
 }
 
@@ -37,7 +37,7 @@ HENHMETAFILE addMetafile(std::vector<BYTE> bytes)
 
 std::shared_ptr<MetafileObject> findMetafile(HENHMETAFILE metafile)
 {
-    auto found = HandleTable::instance().find<MetafileObject>(metafile, ObjectKind::metafile);
+    auto found = HandleTable::instance().find<MetafileObject>(metafile, ObjectKind::Metafile);
     if (!found) {
         SetLastError(ERROR_INVALID_HANDLE);
     }
@@ -53,7 +53,7 @@ HDC CreateEnhMetaFileA(HDC reference, LPCSTR file, const RECT* frame, LPCSTR des
             return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }
         return addContext(
-            std::make_shared<DeviceContext>(ContextKind::metafile, std::make_unique<MetafileDevice>(frame)));
+            std::make_shared<DeviceContext>(ContextKind::Metafile, std::make_unique<MetafileDevice>(frame)));
     });
 }
 
@@ -61,7 +61,7 @@ HENHMETAFILE CloseEnhMetaFile(HDC context)
 {
     return onContext<HENHMETAFILE>(context, "CloseEnhMetaFile", nullptr,
                                    [&](DeviceContext& recording) -> HENHMETAFILE {
-                                       if (recording.contextKind() != ContextKind::metafile) {
+                                       if (recording.contextKind() != ContextKind::Metafile) {
                                            return failWith(ERROR_INVALID_HANDLE, nullptr);
                                        }
                                        // The context is gone whatever comes of the recording.
@@ -87,7 +87,7 @@ UINT GetEnhMetaFileBits(HENHMETAFILE metafile, UINT size, BYTE* buffer)
             return length;
         }
         if (size < length) {
-            return failWith(ERROR_INSUFFICIENT_BUFFER, 0);
+            return failWith(ERROR_INSUFFICIENT_BUFFER, 0U);
         }
         std::memcpy(buffer, found->bytes.data(), length);
         return length;

@@ -52,7 +52,7 @@ public:
     static OpenFiles& instance()
     {
         static OpenFiles& files = *new OpenFiles; // for every thread until the module ends
-        static const AtModuleEnd end([] { delete &files; });
+        static const AtModuleEnd End([] { delete &files; });
         return files;
     }
 
@@ -110,7 +110,7 @@ std::uint64_t joined(DWORD high, DWORD low) noexcept
 }
 
 // Views begin at multiples of this, and in a file at multiples of the memory page, which divides it.
-constexpr std::uint64_t viewGranularity = 65536;
+constexpr std::uint64_t ViewGranularity = 65536;
 
 } // namespace
 
@@ -177,7 +177,7 @@ void* MapViewOfFile(HANDLE mapping, DWORD access, DWORD offsetHigh, DWORD offset
             return failWith(ERROR_INVALID_HANDLE, nullptr);
         }
         const std::uint64_t offset = joined(offsetHigh, offsetLow);
-        if (access != FILE_MAP_READ || offset % viewGranularity != 0 || offset >= found.size ||
+        if (access != FILE_MAP_READ || offset % ViewGranularity != 0 || offset >= found.size ||
             size > found.size - offset) {
             return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }

@@ -13,12 +13,12 @@ namespace {
 // FillRect also takes the number of a system colour, plus 1, in the place of a handle.
 std::shared_ptr<BrushObject> fillBrush(HBRUSH handle)
 {
-    constexpr ULONG_PTR mostSystemColors = 32;
+    constexpr ULONG_PTR MostSystemColors = 32;
     const auto value = std::bit_cast<ULONG_PTR>(handle);
-    if (value > 0 && value <= mostSystemColors) {
+    if (value > 0 && value <= MostSystemColors) {
         return makeSolidBrush(GetSysColor(static_cast<int>(value) - 1));
     }
-    return HandleTable::instance().find<BrushObject>(handle, ObjectKind::brush);
+    return HandleTable::instance().find<BrushObject>(handle, ObjectKind::Brush);
 }
 
 bool isEmpty(const RECT& rect) noexcept
@@ -78,7 +78,7 @@ int FillRect(HDC context, const RECT* rect, HBRUSH brush)
 int FrameRect(HDC context, const RECT* rect, HBRUSH brush)
 {
     return onContext(context, "FrameRect", FALSE, [&](DeviceContext& found) {
-        const auto frame = HandleTable::instance().find<BrushObject>(brush, ObjectKind::brush);
+        const auto frame = HandleTable::instance().find<BrushObject>(brush, ObjectKind::Brush);
         if (rect == nullptr || !frame || isEmpty(*rect)) {
             return failWith(frame ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE, FALSE);
         }
@@ -92,11 +92,11 @@ BOOL DrawFocusRect(HDC context, const RECT* rect)
         if (rect == nullptr) {
             return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
-        static const std::shared_ptr<const BrushObject> dotted = dottedBrush();
-        if (!dotted) {
+        static const std::shared_ptr<const BrushObject> Dotted = dottedBrush();
+        if (!Dotted) {
             return failWith(ERROR_NOT_ENOUGH_MEMORY, FALSE);
         }
-        return isEmpty(*rect) || found.device().patternBlt(found, frameStrips(*rect), *dotted, PATINVERT)
+        return isEmpty(*rect) || found.device().patternBlt(found, frameStrips(*rect), *Dotted, PATINVERT)
                    ? TRUE
                    : FALSE;
     });
@@ -105,8 +105,8 @@ BOOL DrawFocusRect(HDC context, const RECT* rect)
 BOOL FillRgn(HDC context, HRGN region, HBRUSH brush)
 {
     return onContext(context, "FillRgn", FALSE, [&](DeviceContext& found) {
-        const auto area = HandleTable::instance().find<RegionObject>(region, ObjectKind::region);
-        const auto fill = HandleTable::instance().find<BrushObject>(brush, ObjectKind::brush);
+        const auto area = HandleTable::instance().find<RegionObject>(region, ObjectKind::Region);
+        const auto fill = HandleTable::instance().find<BrushObject>(brush, ObjectKind::Brush);
         if (!area || !fill) {
             return failWith(ERROR_INVALID_HANDLE, FALSE);
         }

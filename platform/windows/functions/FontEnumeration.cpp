@@ -11,10 +11,10 @@
 
 namespace {
 
-constexpr BYTE strokePrecision = 3;  // OUT_STROKE_PRECIS, which outline fonts report
-constexpr BYTE stackedPrecision = 2; // CLIP_STROKE_PRECIS
-constexpr const char* script = "Western";
-constexpr const char* symbolScript = "Symbol";
+constexpr BYTE StrokePrecision = 3;  // OUT_STROKE_PRECIS, which outline fonts report
+constexpr BYTE StackedPrecision = 2; // CLIP_STROKE_PRECIS
+constexpr const char* Script = "Western";
+constexpr const char* SymbolScript = "Symbol";
 
 // Cut to the field, with a zero byte after it.
 template <class Character, std::size_t size>
@@ -92,14 +92,14 @@ bool describe(const InstalledFont& font, const std::string& family, int dotsPerI
     description.lfWeight = font.weight;
     description.lfItalic = font.italic ? 1 : 0;
     description.lfCharSet = metrics.tmCharSet;
-    description.lfOutPrecision = strokePrecision;
-    description.lfClipPrecision = stackedPrecision;
+    description.lfOutPrecision = StrokePrecision;
+    description.lfClipPrecision = StackedPrecision;
     description.lfPitchAndFamily =
         static_cast<BYTE>((metrics.tmPitchAndFamily & 0xF0) | (fixedPitch ? FIXED_PITCH : VARIABLE_PITCH));
     setText(description.lfFaceName, family);
     setText(result.names.elfFullName, codePageText(font.fullName.empty() ? font.family : font.fullName));
     setText(result.names.elfStyle, codePageText(font.style));
-    setText(result.names.elfScript, font.symbol ? symbolScript : script);
+    setText(result.names.elfScript, font.symbol ? SymbolScript : Script);
     return true;
 }
 

@@ -14,15 +14,15 @@
 namespace {
 
 // Both forms begin with the same 28 bytes, up to the face.
-constexpr std::size_t commonSize = offsetof(LOGFONTA, lfFaceName);
-static_assert(commonSize == offsetof(LOGFONTW, lfFaceName));
+constexpr std::size_t CommonSize = offsetof(LOGFONTA, lfFaceName);
+static_assert(CommonSize == offsetof(LOGFONTW, lfFaceName));
 
 } // namespace
 
 LOGFONTW wideDescription(const LOGFONTA& font)
 {
     LOGFONTW wide{};
-    std::memcpy(&wide, &font, commonSize);
+    std::memcpy(&wide, &font, CommonSize);
     char face[LF_FACESIZE] = {};
     std::copy_n(font.lfFaceName, LF_FACESIZE - 1, face); // a face may come without its zero
     unsigned short converted[LF_FACESIZE] = {};
@@ -34,7 +34,7 @@ LOGFONTW wideDescription(const LOGFONTA& font)
 LOGFONTA narrowDescription(const LOGFONTW& font)
 {
     LOGFONTA narrow{};
-    std::memcpy(&narrow, &font, commonSize);
+    std::memcpy(&narrow, &font, CommonSize);
     unsigned short face[LF_FACESIZE] = {};
     std::copy_n(font.lfFaceName, LF_FACESIZE - 1, face);
     intlUnicodeToCString(face, narrow.lfFaceName, LF_FACESIZE);

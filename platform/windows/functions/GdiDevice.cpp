@@ -17,8 +17,8 @@ namespace {
 // Looked up without being counted as a call.
 std::shared_ptr<DeviceContext> findPage(HDC device)
 {
-    auto context = HandleTable::instance().find<DeviceContext>(device, ObjectKind::context);
-    return context && context->contextKind() == ContextKind::page ? context : nullptr;
+    auto context = HandleTable::instance().find<DeviceContext>(device, ObjectKind::Context);
+    return context && context->contextKind() == ContextKind::Page ? context : nullptr;
 }
 
 } // namespace
@@ -33,7 +33,7 @@ HDC gdiCreateDevice(const GdiDeviceOptions* options)
         }
         const BitmapView view = bitmap->view();
         std::memset(bitmap->bits(), 0xFF, view.bits.size());
-        auto context = std::make_shared<DeviceContext>(ContextKind::page, makeRasterDevice(wanted));
+        auto context = std::make_shared<DeviceContext>(ContextKind::Page, makeRasterDevice(wanted));
         // In no table: nobody can select or delete it.
         context->bitmap = std::make_shared<BitmapObject>();
         context->bitmap->bitmap = std::move(bitmap);

@@ -11,7 +11,7 @@ namespace {
 
 // Logical units in 254 mm of the fixed modes, from MM_LOMETRIC to MM_TWIPS: a tenth and a hundredth of a millimetre,
 // a hundredth and a thousandth of an inch, a twentieth of a point.
-constexpr int unitsIn254Millimeters[] = {2540, 25400, 1000, 10000, 14400};
+constexpr int UnitsIn254Millimeters[] = {2540, 25400, 1000, 10000, 14400};
 
 bool takesExtents(int mapMode) noexcept
 {
@@ -40,9 +40,9 @@ void enterMapMode(DeviceContext& context, int mode)
         context.state.windowExtent = {1, 1};
         context.state.viewportExtent = {1, 1};
     } else if (mode == MM_ISOTROPIC) {
-        setMetricExtents(context, unitsIn254Millimeters[0]);
+        setMetricExtents(context, UnitsIn254Millimeters[0]);
     } else if (mode != MM_ANISOTROPIC) {
-        setMetricExtents(context, unitsIn254Millimeters[mode - MM_LOMETRIC]);
+        setMetricExtents(context, UnitsIn254Millimeters[mode - MM_LOMETRIC]);
     } else if (context.state.mapMode == MM_ISOTROPIC) {
         context.state.viewportExtent = context.viewportExtent();
     }
@@ -57,7 +57,7 @@ bool isUsable(const XFORM& transform) noexcept
            std::isfinite(transform.eDy);
 }
 
-constexpr XFORM identity{1, 0, 0, 1, 0, 0};
+constexpr XFORM Identity{1, 0, 0, 1, 0, 0};
 
 bool isIdentity(const XFORM& transform) noexcept
 {
@@ -68,8 +68,8 @@ bool isIdentity(const XFORM& transform) noexcept
 // Out of range becomes infinite, which isUsable() refuses.
 FLOAT narrowed(double value) noexcept
 {
-    constexpr double most = std::numeric_limits<FLOAT>::max();
-    return std::abs(value) <= most ? static_cast<FLOAT>(value) : std::numeric_limits<FLOAT>::infinity();
+    constexpr double Most = std::numeric_limits<FLOAT>::max();
+    return std::abs(value) <= Most ? static_cast<FLOAT>(value) : std::numeric_limits<FLOAT>::infinity();
 }
 
 XFORM product(const XFORM& first, const XFORM& second) noexcept
@@ -82,7 +82,7 @@ XFORM product(const XFORM& first, const XFORM& second) noexcept
 std::optional<XFORM> modified(const XFORM& current, const XFORM* transform, DWORD mode) noexcept
 {
     if (mode == MWT_IDENTITY) {
-        return identity;
+        return Identity;
     }
     if (transform == nullptr || (mode != MWT_LEFTMULTIPLY && mode != MWT_RIGHTMULTIPLY)) {
         return std::nullopt;
@@ -99,14 +99,14 @@ struct Side {
     StateField extentChanged;
     StateField originChanged;
 };
-constexpr Side window{&ContextState::windowExtent, &ContextState::windowOrigin, StateField::windowExtent,
-                      StateField::windowOrigin};
-constexpr Side viewport{&ContextState::viewportExtent, &ContextState::viewportOrigin,
-                        StateField::viewportExtent, StateField::viewportOrigin};
+constexpr Side Window{&ContextState::windowExtent, &ContextState::windowOrigin, StateField::WindowExtent,
+                      StateField::WindowOrigin};
+constexpr Side Viewport{&ContextState::viewportExtent, &ContextState::viewportOrigin,
+                        StateField::ViewportExtent, StateField::ViewportOrigin};
 
 SIZE extentOf(const DeviceContext& context, const Side& side) noexcept
 {
-    return &side == &viewport ? context.viewportExtent() : context.state.*side.extent;
+    return &side == &Viewport ? context.viewportExtent() : context.state.*side.extent;
 }
 
 BOOL setExtent(HDC handle, const char* function, const Side& side, SIZE extent, SIZE* former)
@@ -179,7 +179,7 @@ BOOL scaleExtent(HDC handle, const char* function, const Side& side, const int (
         }
         if (taken) {
             context.state.*side.extent = extent;
-            context.device().extentScaled(context, &side == &window, factors);
+            context.device().extentScaled(context, &side == &Window, factors);
         }
         return TRUE;
     });
@@ -212,7 +212,7 @@ int SetMapMode(HDC context, int mode)
         if (mode != former) {
             enterMapMode(found, mode);
         }
-        found.device().stateChanged(found, StateField::mapMode);
+        found.device().stateChanged(found, StateField::MapMode);
         return former;
     });
 }
@@ -224,54 +224,54 @@ int GetMapMode(HDC context)
 
 BOOL SetWindowExtEx(HDC context, int x, int y, SIZE* former)
 {
-    return setExtent(context, "SetWindowExtEx", window, {x, y}, former);
+    return setExtent(context, "SetWindowExtEx", Window, {x, y}, former);
 }
 
 BOOL GetWindowExtEx(HDC context, SIZE* extent)
 {
-    return getExtent(context, "GetWindowExtEx", window, extent);
+    return getExtent(context, "GetWindowExtEx", Window, extent);
 }
 
 BOOL SetViewportExtEx(HDC context, int x, int y, SIZE* former)
 {
-    return setExtent(context, "SetViewportExtEx", viewport, {x, y}, former);
+    return setExtent(context, "SetViewportExtEx", Viewport, {x, y}, former);
 }
 
 BOOL GetViewportExtEx(HDC context, SIZE* extent)
 {
-    return getExtent(context, "GetViewportExtEx", viewport, extent);
+    return getExtent(context, "GetViewportExtEx", Viewport, extent);
 }
 
 BOOL SetWindowOrgEx(HDC context, int x, int y, POINT* former)
 {
-    return setOrigin(context, "SetWindowOrgEx", window, {x, y}, former);
+    return setOrigin(context, "SetWindowOrgEx", Window, {x, y}, former);
 }
 
 BOOL GetWindowOrgEx(HDC context, POINT* origin)
 {
-    return getOrigin(context, "GetWindowOrgEx", window, origin);
+    return getOrigin(context, "GetWindowOrgEx", Window, origin);
 }
 
 BOOL SetViewportOrgEx(HDC context, int x, int y, POINT* former)
 {
-    return setOrigin(context, "SetViewportOrgEx", viewport, {x, y}, former);
+    return setOrigin(context, "SetViewportOrgEx", Viewport, {x, y}, former);
 }
 
 BOOL GetViewportOrgEx(HDC context, POINT* origin)
 {
-    return getOrigin(context, "GetViewportOrgEx", viewport, origin);
+    return getOrigin(context, "GetViewportOrgEx", Viewport, origin);
 }
 
 BOOL ScaleWindowExtEx(HDC context, int xMultiplier, int xDivisor, int yMultiplier, int yDivisor, SIZE* former)
 {
-    return scaleExtent(context, "ScaleWindowExtEx", window, {xMultiplier, xDivisor, yMultiplier, yDivisor},
+    return scaleExtent(context, "ScaleWindowExtEx", Window, {xMultiplier, xDivisor, yMultiplier, yDivisor},
                        former);
 }
 
 BOOL ScaleViewportExtEx(HDC context, int xMultiplier, int xDivisor, int yMultiplier, int yDivisor,
                         SIZE* former)
 {
-    return scaleExtent(context, "ScaleViewportExtEx", viewport,
+    return scaleExtent(context, "ScaleViewportExtEx", Viewport,
                        {xMultiplier, xDivisor, yMultiplier, yDivisor}, former);
 }
 
@@ -310,7 +310,7 @@ BOOL SetWorldTransform(HDC context, const XFORM* transform)
             return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         found.state.world = *transform;
-        found.device().stateChanged(found, StateField::worldTransform);
+        found.device().stateChanged(found, StateField::WorldTransform);
         return TRUE;
     });
 }
@@ -323,7 +323,7 @@ BOOL ModifyWorldTransform(HDC context, const XFORM* transform, DWORD mode)
             return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         found.state.world = *result;
-        found.device().worldTransformModified(found, mode == MWT_IDENTITY ? identity : *transform, mode);
+        found.device().worldTransformModified(found, mode == MWT_IDENTITY ? Identity : *transform, mode);
         return TRUE;
     });
 }

@@ -29,10 +29,10 @@ struct OwnModule {
 // Asked when the module is loaded: its name may be relative to the folder that is the current one then.
 OwnModule findOwnModule() noexcept
 {
-    static const char inside = 0;
+    static const char Inside = 0;
     try {
         Dl_info info{};
-        if (dladdr(&inside, &info) != 0 && info.dli_fname != nullptr) {
+        if (dladdr(&Inside, &info) != 0 && info.dli_fname != nullptr) {
             return {info.dli_fbase, absolutePath(info.dli_fname)};
         }
     } catch (const std::exception&) { // without memory there is no path
@@ -40,19 +40,19 @@ OwnModule findOwnModule() noexcept
     return {};
 }
 
-const OwnModule ownModule = findOwnModule();
+const OwnModule OwnModule = findOwnModule();
 
 // A module handle is the address where the module begins, or any within it.
 std::string pathOf(HMODULE module)
 {
     if (module == nullptr) {
-        return ownModule.path;
+        return OwnModule.path;
     }
     Dl_info info{};
     if (dladdr(module, &info) == 0 || info.dli_fname == nullptr) {
         return {};
     }
-    return info.dli_fbase == ownModule.base ? ownModule.path : absolutePath(info.dli_fname);
+    return info.dli_fbase == OwnModule.base ? OwnModule.path : absolutePath(info.dli_fname);
 }
 
 } // namespace
@@ -62,7 +62,7 @@ DWORD GetModuleFileNameA(HMODULE module, LPSTR buffer, DWORD size)
     return guarded(DWORD{0}, [&]() -> DWORD {
         const std::string path = pathOf(module);
         if (path.empty() || buffer == nullptr || size == 0) {
-            return failWith(path.empty() ? ERROR_INVALID_HANDLE : ERROR_INSUFFICIENT_BUFFER, 0);
+            return failWith(path.empty() ? ERROR_INVALID_HANDLE : ERROR_INSUFFICIENT_BUFFER, DWORD{0});
         }
         const std::size_t length = std::min(path.size(), std::size_t{size} - 1);
         path.copy(buffer, length);

@@ -64,15 +64,15 @@ Description describeBitmap(const BitmapObject& object)
 Description describe(const GdiObject& object)
 {
     switch (object.kind()) {
-    case ObjectKind::pen:
+    case ObjectKind::Pen:
         return describePen(static_cast<const PenObject&>(object));
-    case ObjectKind::brush: {
+    case ObjectKind::Brush: {
         const auto& brush = static_cast<const BrushObject&>(object);
         return describe(LOGBRUSH{brush.style, brush.color, brush.hatch}, sizeof(LOGBRUSH));
     }
-    case ObjectKind::font:
+    case ObjectKind::Font:
         return describe(narrowDescription(static_cast<const FontObject&>(object).description), 1);
-    case ObjectKind::bitmap:
+    case ObjectKind::Bitmap:
         return describeBitmap(static_cast<const BitmapObject&>(object));
     default:
         return {};

@@ -11,7 +11,7 @@ namespace {
 thread_local DWORD lastError = ERROR_SUCCESS;
 
 // The handle that stands for the present process, as Windows gives it.
-const HANDLE currentProcess = reinterpret_cast<HANDLE>(LONG_PTR{-1}); // NOLINT(performance-no-int-to-ptr)
+const HANDLE CurrentProcess = reinterpret_cast<HANDLE>(LONG_PTR{-1}); // NOLINT(performance-no-int-to-ptr)
 
 template <class Object>
 HGDIOBJ exchange(std::shared_ptr<Object>& held, const std::shared_ptr<GdiObject>& object)
@@ -24,7 +24,7 @@ HGDIOBJ exchange(std::shared_ptr<Object>& held, const std::shared_ptr<GdiObject>
 // Null when the context takes no bitmap, or another context holds this one.
 HGDIOBJ selectBitmap(DeviceContext& context, const std::shared_ptr<GdiObject>& object)
 {
-    if (context.contextKind() != ContextKind::memory) {
+    if (context.contextKind() != ContextKind::Memory) {
         return nullptr;
     }
     auto bitmap = std::static_pointer_cast<BitmapObject>(object);
@@ -47,13 +47,13 @@ HGDIOBJ selectBitmap(DeviceContext& context, const std::shared_ptr<GdiObject>& o
 HGDIOBJ select(DeviceContext& context, const std::shared_ptr<GdiObject>& object)
 {
     switch (object->kind()) {
-    case ObjectKind::pen:
+    case ObjectKind::Pen:
         return exchange(context.state.pen, object);
-    case ObjectKind::brush:
+    case ObjectKind::Brush:
         return exchange(context.state.brush, object);
-    case ObjectKind::font:
+    case ObjectKind::Font:
         return exchange(context.state.font, object);
-    case ObjectKind::bitmap:
+    case ObjectKind::Bitmap:
         return selectBitmap(context, object);
     default:
         return nullptr;
@@ -63,9 +63,9 @@ HGDIOBJ select(DeviceContext& context, const std::shared_ptr<GdiObject>& object)
 DWORD contextType(const GdiObject& object)
 {
     switch (static_cast<const DeviceContext&>(object).contextKind()) {
-    case ContextKind::memory:
+    case ContextKind::Memory:
         return OBJ_MEMDC;
-    case ContextKind::metafile:
+    case ContextKind::Metafile:
         return OBJ_ENHMETADC;
     default:
         return OBJ_DC;
@@ -114,14 +114,14 @@ BOOL DeleteObject(HGDIOBJ object)
         if (found && found->stockIndex() >= 0) {
             return TRUE;
         }
-        const bool held = found && found->kind() == ObjectKind::bitmap &&
+        const bool held = found && found->kind() == ObjectKind::Bitmap &&
                           static_cast<const BitmapObject&>(*found).selectedInto != nullptr;
-        if (!found || held || found->kind() == ObjectKind::context || found->kind() == ObjectKind::metafile ||
+        if (!found || held || found->kind() == ObjectKind::Context || found->kind() == ObjectKind::Metafile ||
             !table.remove(object)) {
             return failWith(ERROR_INVALID_HANDLE, FALSE);
         }
-        if (found->kind() == ObjectKind::pen || found->kind() == ObjectKind::brush ||
-            found->kind() == ObjectKind::font) {
+        if (found->kind() == ObjectKind::Pen || found->kind() == ObjectKind::Brush ||
+            found->kind() == ObjectKind::Font) {
             DeletionWatch::objectDeleted(object);
         }
         return TRUE;
@@ -132,22 +132,22 @@ DWORD GetObjectType(HGDIOBJ object)
 {
     const std::shared_ptr<GdiObject> found = HandleTable::instance().find(object);
     if (!found) {
-        return failWith(ERROR_INVALID_HANDLE, 0);
+        return failWith(ERROR_INVALID_HANDLE, DWORD{0});
     }
     switch (found->kind()) {
-    case ObjectKind::pen:
+    case ObjectKind::Pen:
         return static_cast<const PenObject&>(*found).extended ? OBJ_EXTPEN : OBJ_PEN;
-    case ObjectKind::brush:
+    case ObjectKind::Brush:
         return OBJ_BRUSH;
-    case ObjectKind::font:
+    case ObjectKind::Font:
         return OBJ_FONT;
-    case ObjectKind::bitmap:
+    case ObjectKind::Bitmap:
         return OBJ_BITMAP;
-    case ObjectKind::region:
+    case ObjectKind::Region:
         return OBJ_REGION;
-    case ObjectKind::metafile:
+    case ObjectKind::Metafile:
         return OBJ_ENHMETAFILE;
-    case ObjectKind::context:
+    case ObjectKind::Context:
         return contextType(*found);
     }
     return 0;
@@ -160,15 +160,15 @@ BOOL UnrealizeObject(HGDIOBJ object)
 
 DWORD GetGuiResources(HANDLE process, DWORD flags)
 {
-    if (process != currentProcess || flags != GR_GDIOBJECTS) {
-        return failWith(ERROR_INVALID_PARAMETER, 0);
+    if (process != CurrentProcess || flags != GR_GDIOBJECTS) {
+        return failWith(ERROR_INVALID_PARAMETER, DWORD{0});
     }
     return HandleTable::instance().count();
 }
 
 HANDLE GetCurrentProcess()
 {
-    return currentProcess;
+    return CurrentProcess;
 }
 
 BOOL GdiFlush()

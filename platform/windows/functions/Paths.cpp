@@ -15,47 +15,47 @@ BOOL step(HDC handle, const char* function, PathStep pathStep)
 
 BOOL BeginPath(HDC context)
 {
-    return step(context, "BeginPath", PathStep::begin);
+    return step(context, "BeginPath", PathStep::Begin);
 }
 
 BOOL EndPath(HDC context)
 {
-    return step(context, "EndPath", PathStep::end);
+    return step(context, "EndPath", PathStep::End);
 }
 
 BOOL CloseFigure(HDC context)
 {
-    return step(context, "CloseFigure", PathStep::closeFigure);
+    return step(context, "CloseFigure", PathStep::CloseFigure);
 }
 
 BOOL AbortPath(HDC context)
 {
-    return step(context, "AbortPath", PathStep::abort);
+    return step(context, "AbortPath", PathStep::Abort);
 }
 
 BOOL FlattenPath(HDC context)
 {
-    return step(context, "FlattenPath", PathStep::flatten);
+    return step(context, "FlattenPath", PathStep::Flatten);
 }
 
 BOOL WidenPath(HDC context)
 {
-    return step(context, "WidenPath", PathStep::widen);
+    return step(context, "WidenPath", PathStep::Widen);
 }
 
 BOOL FillPath(HDC context)
 {
-    return step(context, "FillPath", PathStep::fill);
+    return step(context, "FillPath", PathStep::Fill);
 }
 
 BOOL StrokePath(HDC context)
 {
-    return step(context, "StrokePath", PathStep::stroke);
+    return step(context, "StrokePath", PathStep::Stroke);
 }
 
 BOOL StrokeAndFillPath(HDC context)
 {
-    return step(context, "StrokeAndFillPath", PathStep::strokeAndFill);
+    return step(context, "StrokeAndFillPath", PathStep::StrokeAndFill);
 }
 
 BOOL SelectClipPath(HDC context, int mode)

@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr COLORREF colorMask = 0xFFFFFF;
-constexpr DWORD mostDashes = 16;
+constexpr COLORREF ColorMask = 0xFFFFFF;
+constexpr DWORD MostDashes = 16;
 
 bool isHatch(ULONG_PTR hatch) noexcept
 {
@@ -23,7 +23,7 @@ bool soundDashes(DWORD style, DWORD count, const DWORD* dashes)
     if (style != PS_USERSTYLE) {
         return count == 0 && dashes == nullptr;
     }
-    if (count == 0 || count > mostDashes || dashes == nullptr) {
+    if (count == 0 || count > MostDashes || dashes == nullptr) {
         return false;
     }
     const std::span all(dashes, count);
@@ -76,7 +76,7 @@ HPEN CreatePen(int style, int width, COLORREF color)
         pen->width = width < 0 ? 0U - static_cast<DWORD>(width) : static_cast<DWORD>(width);
         const bool dashed = line >= PS_DASH && line <= PS_DASHDOTDOT;
         pen->style = dashed && pen->width > 1 ? PS_SOLID : line; // thin pens only have dashes
-        pen->color = color & colorMask;
+        pen->color = color & ColorMask;
         return static_cast<HPEN>(HandleTable::instance().add(std::move(pen)));
     });
 }
@@ -91,7 +91,7 @@ HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD dashCou
         auto pen = std::make_shared<PenObject>();
         pen->style = style;
         pen->width = width;
-        pen->color = brush->lbColor & colorMask;
+        pen->color = brush->lbColor & ColorMask;
         pen->brushStyle = brush->lbStyle;
         pen->hatch = brush->lbStyle == BS_HATCHED ? static_cast<DWORD>(brush->lbHatch) : 0;
         pen->extended = true;
@@ -147,7 +147,7 @@ HBRUSH CreateHatchBrush(int hatch, COLORREF color)
 HBRUSH CreatePatternBrush(HBITMAP bitmap)
 {
     return guarded<HBRUSH>(nullptr, [&]() -> HBRUSH {
-        const auto found = HandleTable::instance().find<BitmapObject>(bitmap, ObjectKind::bitmap);
+        const auto found = HandleTable::instance().find<BitmapObject>(bitmap, ObjectKind::Bitmap);
         if (!found) {
             return failWith(ERROR_INVALID_HANDLE, nullptr);
         }

@@ -16,7 +16,7 @@ HRGN addRegion(Region region)
 
 std::shared_ptr<RegionObject> findRegion(HRGN handle)
 {
-    auto region = HandleTable::instance().find<RegionObject>(handle, ObjectKind::region);
+    auto region = HandleTable::instance().find<RegionObject>(handle, ObjectKind::Region);
     if (!region) {
         SetLastError(ERROR_INVALID_HANDLE);
     }

@@ -15,11 +15,11 @@ struct PointRule {
     std::int64_t step;
     bool moves; // the last point becomes the current position
 };
-constexpr PointRule polylineRule{PolyShape::polyline, 2, 1, false};
-constexpr PointRule polylineToRule{PolyShape::polylineTo, 1, 1, true};
-constexpr PointRule polygonRule{PolyShape::polygon, 2, 1, false};
-constexpr PointRule polyBezierRule{PolyShape::polyBezier, 4, 3, false};
-constexpr PointRule polyBezierToRule{PolyShape::polyBezierTo, 3, 3, true};
+constexpr PointRule PolylineRule{PolyShape::Polyline, 2, 1, false};
+constexpr PointRule PolylineToRule{PolyShape::PolylineTo, 1, 1, true};
+constexpr PointRule PolygonRule{PolyShape::Polygon, 2, 1, false};
+constexpr PointRule PolyBezierRule{PolyShape::PolyBezier, 4, 3, false};
+constexpr PointRule PolyBezierToRule{PolyShape::PolyBezierTo, 3, 3, true};
 
 BOOL drawPoints(HDC handle, const char* function, const PointRule& rule, const POINT* points,
                 std::int64_t count)
@@ -89,7 +89,7 @@ BOOL drawArc(HDC handle, const char* function, ArcShape shape, const RECT& rect,
         if (!context.device().arc(context, shape, rect, start, end)) {
             return FALSE;
         }
-        if (shape == ArcShape::arcTo) {
+        if (shape == ArcShape::ArcTo) {
             context.state.position = onEllipse(rect, end);
         }
         return TRUE;
@@ -112,75 +112,75 @@ BOOL LineTo(HDC context, int x, int y)
 
 BOOL Polyline(HDC context, const POINT* points, int count)
 {
-    return drawPoints(context, "Polyline", polylineRule, points, count);
+    return drawPoints(context, "Polyline", PolylineRule, points, count);
 }
 
 BOOL PolylineTo(HDC context, const POINT* points, DWORD count)
 {
-    return drawPoints(context, "PolylineTo", polylineToRule, points, count);
+    return drawPoints(context, "PolylineTo", PolylineToRule, points, count);
 }
 
 BOOL Polygon(HDC context, const POINT* points, int count)
 {
-    return drawPoints(context, "Polygon", polygonRule, points, count);
+    return drawPoints(context, "Polygon", PolygonRule, points, count);
 }
 
 BOOL PolyBezier(HDC context, const POINT* points, DWORD count)
 {
-    return drawPoints(context, "PolyBezier", polyBezierRule, points, count);
+    return drawPoints(context, "PolyBezier", PolyBezierRule, points, count);
 }
 
 BOOL PolyBezierTo(HDC context, const POINT* points, DWORD count)
 {
-    return drawPoints(context, "PolyBezierTo", polyBezierToRule, points, count);
+    return drawPoints(context, "PolyBezierTo", PolyBezierToRule, points, count);
 }
 
 BOOL PolyPolyline(HDC context, const POINT* points, const DWORD* counts, DWORD lines)
 {
-    return drawFigures(context, "PolyPolyline", PolyShape::polyPolyline, points, counts, lines);
+    return drawFigures(context, "PolyPolyline", PolyShape::PolyPolyline, points, counts, lines);
 }
 
 BOOL PolyPolygon(HDC context, const POINT* points, const INT* counts, int polygons)
 {
     // A count below 0 is a large one as an unsigned number, and refused like it.
-    return drawFigures(context, "PolyPolygon", PolyShape::polyPolygon, points,
+    return drawFigures(context, "PolyPolygon", PolyShape::PolyPolygon, points,
                        reinterpret_cast<const DWORD*>(counts), polygons);
 }
 
 BOOL Rectangle(HDC context, int left, int top, int right, int bottom)
 {
-    return drawBox(context, "Rectangle", BoxShape::rectangle, {left, top, right, bottom}, {0, 0});
+    return drawBox(context, "Rectangle", BoxShape::Rectangle, {left, top, right, bottom}, {0, 0});
 }
 
 BOOL RoundRect(HDC context, int left, int top, int right, int bottom, int cornerWidth, int cornerHeight)
 {
-    return drawBox(context, "RoundRect", BoxShape::roundRectangle, {left, top, right, bottom},
+    return drawBox(context, "RoundRect", BoxShape::RoundRectangle, {left, top, right, bottom},
                    {cornerWidth, cornerHeight});
 }
 
 BOOL Ellipse(HDC context, int left, int top, int right, int bottom)
 {
-    return drawBox(context, "Ellipse", BoxShape::ellipse, {left, top, right, bottom}, {0, 0});
+    return drawBox(context, "Ellipse", BoxShape::Ellipse, {left, top, right, bottom}, {0, 0});
 }
 
 BOOL Arc(HDC context, int left, int top, int right, int bottom, int x1, int y1, int x2, int y2)
 {
-    return drawArc(context, "Arc", ArcShape::arc, {left, top, right, bottom}, {x1, y1}, {x2, y2});
+    return drawArc(context, "Arc", ArcShape::Arc, {left, top, right, bottom}, {x1, y1}, {x2, y2});
 }
 
 BOOL ArcTo(HDC context, int left, int top, int right, int bottom, int x1, int y1, int x2, int y2)
 {
-    return drawArc(context, "ArcTo", ArcShape::arcTo, {left, top, right, bottom}, {x1, y1}, {x2, y2});
+    return drawArc(context, "ArcTo", ArcShape::ArcTo, {left, top, right, bottom}, {x1, y1}, {x2, y2});
 }
 
 BOOL Chord(HDC context, int left, int top, int right, int bottom, int x1, int y1, int x2, int y2)
 {
-    return drawArc(context, "Chord", ArcShape::chord, {left, top, right, bottom}, {x1, y1}, {x2, y2});
+    return drawArc(context, "Chord", ArcShape::Chord, {left, top, right, bottom}, {x1, y1}, {x2, y2});
 }
 
 BOOL Pie(HDC context, int left, int top, int right, int bottom, int x1, int y1, int x2, int y2)
 {
-    return drawArc(context, "Pie", ArcShape::pie, {left, top, right, bottom}, {x1, y1}, {x2, y2});
+    return drawArc(context, "Pie", ArcShape::Pie, {left, top, right, bottom}, {x1, y1}, {x2, y2});
 }
 
 BOOL AngleArc(HDC context, int x, int y, DWORD radius, FLOAT startAngle, FLOAT sweepAngle)

@@ -7,12 +7,12 @@
 namespace {
 
 // Classic values of the system colours, from COLOR_SCROLLBAR (0) to COLOR_INFOTEXT (23).
-constexpr COLORREF systemColors[] = {
+constexpr COLORREF SystemColors[] = {
     0xC8D0D4, 0xA56E3A, 0x6A240A, 0x808080, 0xC8D0D4, 0xFFFFFF, 0x000000, 0x000000,
     0x000000, 0xFFFFFF, 0xC8D0D4, 0xC8D0D4, 0x808080, 0x6A240A, 0xFFFFFF, 0xC8D0D4,
     0x808080, 0x808080, 0x000000, 0xC8D0D4, 0xFFFFFF, 0x404040, 0xC8D0D4, 0x000000,
 };
-static_assert(std::size(systemColors) == 24);
+static_assert(std::size(SystemColors) == 24);
 
 } // namespace
 
@@ -26,5 +26,5 @@ HGDIOBJ GetStockObject(int index)
 
 DWORD GetSysColor(int index)
 {
-    return index >= 0 && index < static_cast<int>(std::size(systemColors)) ? systemColors[index] : 0;
+    return index >= 0 && index < static_cast<int>(std::size(SystemColors)) ? SystemColors[index] : 0;
 }

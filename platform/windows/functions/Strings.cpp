@@ -9,7 +9,7 @@
 
 namespace {
 
-enum class Kind : unsigned char { other, digit, letter };
+enum class Kind : unsigned char { Other, Digit, Letter };
 
 // Runs of characters of one kind. `toLower` leads from each of the run to its lower case. The superscript
 // digits count as digits, as they do in the character types of Windows.
@@ -20,14 +20,14 @@ struct Run {
     unsigned char toLower = 0;
 };
 
-constexpr Run runs[] = {
-    {'0', '9', Kind::digit},          {'A', 'Z', Kind::letter, 0x20},   {'a', 'z', Kind::letter},
-    {0x83, 0x83, Kind::letter},       {0x88, 0x88, Kind::letter},       {0x8A, 0x8A, Kind::letter, 0x10},
-    {0x8C, 0x8C, Kind::letter, 0x10}, {0x8E, 0x8E, Kind::letter, 0x10}, {0x9A, 0x9A, Kind::letter},
-    {0x9C, 0x9C, Kind::letter},       {0x9E, 0x9E, Kind::letter},       {0x9F, 0x9F, Kind::letter, 0x60},
-    {0xAA, 0xAA, Kind::letter},       {0xB2, 0xB3, Kind::digit},        {0xB5, 0xB5, Kind::letter},
-    {0xB9, 0xB9, Kind::digit},        {0xBA, 0xBA, Kind::letter},       {0xC0, 0xD6, Kind::letter, 0x20},
-    {0xD8, 0xDE, Kind::letter, 0x20}, {0xDF, 0xF6, Kind::letter},       {0xF8, 0xFF, Kind::letter},
+constexpr Run Runs[] = {
+    {'0', '9', Kind::Digit},          {'A', 'Z', Kind::Letter, 0x20},   {'a', 'z', Kind::Letter},
+    {0x83, 0x83, Kind::Letter},       {0x88, 0x88, Kind::Letter},       {0x8A, 0x8A, Kind::Letter, 0x10},
+    {0x8C, 0x8C, Kind::Letter, 0x10}, {0x8E, 0x8E, Kind::Letter, 0x10}, {0x9A, 0x9A, Kind::Letter},
+    {0x9C, 0x9C, Kind::Letter},       {0x9E, 0x9E, Kind::Letter},       {0x9F, 0x9F, Kind::Letter, 0x60},
+    {0xAA, 0xAA, Kind::Letter},       {0xB2, 0xB3, Kind::Digit},        {0xB5, 0xB5, Kind::Letter},
+    {0xB9, 0xB9, Kind::Digit},        {0xBA, 0xBA, Kind::Letter},       {0xC0, 0xD6, Kind::Letter, 0x20},
+    {0xD8, 0xDE, Kind::Letter, 0x20}, {0xDF, 0xF6, Kind::Letter},       {0xF8, 0xFF, Kind::Letter},
 };
 
 struct CodePage {
@@ -35,12 +35,12 @@ struct CodePage {
     std::array<unsigned char, 256> lower{};
 };
 
-constexpr CodePage codePage = [] {
+constexpr CodePage Windows1252 = [] {
     CodePage page;
     for (unsigned int character = 0; character < page.lower.size(); ++character) {
         page.lower[character] = static_cast<unsigned char>(character);
     }
-    for (const Run& run : runs) {
+    for (const Run& run : Runs) {
         for (unsigned int character = run.first; character <= run.last; ++character) {
             page.kinds[character] = run.kind;
             page.lower[character] = static_cast<unsigned char>(character + run.toLower);
@@ -51,12 +51,12 @@ constexpr CodePage codePage = [] {
 
 Kind kindOf(CHAR character) noexcept
 {
-    return codePage.kinds[static_cast<unsigned char>(character)];
+    return Windows1252.kinds[static_cast<unsigned char>(character)];
 }
 
 unsigned char lowerOf(CHAR character) noexcept
 {
-    return codePage.lower[static_cast<unsigned char>(character)];
+    return Windows1252.lower[static_cast<unsigned char>(character)];
 }
 
 } // namespace
@@ -96,7 +96,7 @@ int lstrcmpA(LPCSTR first, LPCSTR second)
 LPSTR CharLowerA(LPSTR text)
 {
     if (const auto value = std::bit_cast<ULONG_PTR>(text); value < 65536) {
-        return std::bit_cast<LPSTR>(ULONG_PTR{codePage.lower[value & 0xFF]});
+        return std::bit_cast<LPSTR>(ULONG_PTR{Windows1252.lower[value & 0xFF]});
     }
     for (char* character = text; *character != '\0'; ++character) {
         *character = static_cast<char>(lowerOf(*character));
@@ -106,10 +106,10 @@ LPSTR CharLowerA(LPSTR text)
 
 BOOL IsCharAlphaA(CHAR character)
 {
-    return kindOf(character) == Kind::letter ? TRUE : FALSE;
+    return kindOf(character) == Kind::Letter ? TRUE : FALSE;
 }
 
 BOOL IsCharAlphaNumericA(CHAR character)
 {
-    return kindOf(character) != Kind::other ? TRUE : FALSE;
+    return kindOf(character) != Kind::Other ? TRUE : FALSE;
 }

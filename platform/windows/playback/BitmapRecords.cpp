@@ -109,8 +109,8 @@ bool setDibitsToDevice(Playback& playback, const metafile::Record& record)
     if (!fields || !FileDib::stands(record, sourceOf(*fields))) {
         return false;
     }
-    constexpr DWORD mostRows = 1 << 24;
-    const auto held = static_cast<LONG>(std::min(fields->cScans, mostRows));
+    constexpr DWORD MostRows = 1 << 24;
+    const auto held = static_cast<LONG>(std::min(fields->cScans, MostRows));
     const auto dib = FileDib::read(playback, record, sourceOf(*fields), fields->iUsageSrc, held);
     if (!dib) {
         countUnplayed(record.type);
@@ -127,7 +127,7 @@ bool setDibitsToDevice(Playback& playback, const metafile::Record& record)
     return true;
 }
 
-constexpr RecordEntry entries[] = {
+constexpr RecordEntry Entries[] = {
     {EMR_BITBLT, bitBlt},
     {EMR_STRETCHBLT, stretchBlt},
     {EMR_STRETCHDIBITS, stretchDibits},
@@ -138,5 +138,5 @@ constexpr RecordEntry entries[] = {
 
 std::span<const RecordEntry> bitmapRecords() noexcept
 {
-    return entries;
+    return Entries;
 }

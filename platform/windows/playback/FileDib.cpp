@@ -101,11 +101,11 @@ BitmapView FileDib::view() const
 
 bool FileDib::isMonochrome() const noexcept
 {
-    constexpr RGBQUAD black{};
+    constexpr RGBQUAD Black{};
     const auto colorOf = [](const RGBQUAD& entry) {
         return entry.rgbRed << 16 | entry.rgbGreen << 8 | entry.rgbBlue;
     };
     const auto described = readDibHead(m_head, DIB_RGB_COLORS);
     return described && described->bitsPerPixel == 1 && described->palette.size() == 2 &&
-           colorOf(described->palette[0]) == colorOf(black) && colorOf(described->palette[1]) == 0xFFFFFF;
+           colorOf(described->palette[0]) == colorOf(Black) && colorOf(described->palette[1]) == 0xFFFFFF;
 }

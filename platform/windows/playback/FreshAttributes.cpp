@@ -15,14 +15,14 @@ struct Setting {
     Result (*set)(HDC, Value);
 };
 
-constexpr Setting<COLORREF, COLORREF> colors[] = {
+constexpr Setting<COLORREF, COLORREF> Colors[] = {
     {&ContextState::textColor, SetTextColor},
     {&ContextState::backColor, SetBkColor},
 };
-constexpr Setting<UINT, UINT> alignments[] = {
+constexpr Setting<UINT, UINT> Alignments[] = {
     {&ContextState::textAlign, SetTextAlign},
 };
-constexpr Setting<int, int> modes[] = {
+constexpr Setting<int, int> Modes[] = {
     {&ContextState::backMode, SetBkMode},
     {&ContextState::characterExtra, SetTextCharacterExtra},
     {&ContextState::rop2, SetROP2},
@@ -51,9 +51,9 @@ bool differ(POINT first, POINT second) noexcept
 bool setFreshAttributes(HDC context, const ContextState& state)
 {
     const ContextState fresh;
-    refresh(context, state, fresh, colors);
-    refresh(context, state, fresh, alignments);
-    refresh(context, state, fresh, modes);
+    refresh(context, state, fresh, Colors);
+    refresh(context, state, fresh, Alignments);
+    refresh(context, state, fresh, Modes);
     if (state.breakExtra != fresh.breakExtra || state.breakCount != fresh.breakCount) {
         SetTextJustification(context, fresh.breakExtra, fresh.breakCount);
     }

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int steps = 256;       // of a rectangle's gradient, as many as a channel has
-constexpr int triangleSide = 64; // pixels of the bitmap of a triangle
+constexpr int Steps = 256;       // of a rectangle's gradient, as many as a channel has
+constexpr int TriangleSide = 64; // pixels of the bitmap of a triangle
 
 // Channels between 0 and 65535.
 struct Shade {
@@ -65,14 +65,14 @@ void fillRectangle(HDC target, TRIVERTEX first, TRIVERTEX last, bool horizontal)
     if (horizontal ? first.x > last.x : first.y > last.y) {
         std::swap(first, last);
     }
-    std::vector<DWORD> pixels(steps);
-    for (int step = 0; step < steps; ++step) {
-        const double part = (step + 0.5) / steps;
+    std::vector<DWORD> pixels(Steps);
+    for (int step = 0; step < Steps; ++step) {
+        const double part = (step + 0.5) / Steps;
         pixels[static_cast<std::size_t>(step)] = pixelOf(shadeOf(first) * (1 - part) + shadeOf(last) * part);
     }
     const RECT box{std::min(first.x, last.x), std::min(first.y, last.y), std::max(first.x, last.x),
                    std::max(first.y, last.y)};
-    stretch(target, box, pixels, horizontal ? steps : 1, horizontal ? 1 : steps);
+    stretch(target, box, pixels, horizontal ? Steps : 1, horizontal ? 1 : Steps);
 }
 
 using Triangle = std::array<TRIVERTEX, 3>;
@@ -87,12 +87,12 @@ double areaOf(const TRIVERTEX& first, const TRIVERTEX& second, double x, double 
 std::vector<DWORD> shadesOf(const Triangle& corners, const RECT& box, double area)
 {
     std::vector<DWORD> pixels;
-    pixels.reserve(std::size_t{triangleSide} * triangleSide);
-    for (int row = 0; row < triangleSide; ++row) {
-        const double y = box.top + (row + 0.5) / triangleSide * (static_cast<double>(box.bottom) - box.top);
-        for (int column = 0; column < triangleSide; ++column) {
+    pixels.reserve(std::size_t{TriangleSide} * TriangleSide);
+    for (int row = 0; row < TriangleSide; ++row) {
+        const double y = box.top + (row + 0.5) / TriangleSide * (static_cast<double>(box.bottom) - box.top);
+        for (int column = 0; column < TriangleSide; ++column) {
             const double x =
-                box.left + (column + 0.5) / triangleSide * (static_cast<double>(box.right) - box.left);
+                box.left + (column + 0.5) / TriangleSide * (static_cast<double>(box.right) - box.left);
             const double first = areaOf(corners[1], corners[2], x, y) / area;
             const double second = areaOf(corners[2], corners[0], x, y) / area;
             pixels.push_back(pixelOf(shadeOf(corners[0]) * first + shadeOf(corners[1]) * second +
@@ -122,7 +122,7 @@ void fillTriangle(Playback& playback, const Triangle& corners)
     const PlayedRegion shape(regionOfPolygons({std::begin(outline), std::end(outline)}, {&count, 1}));
     if (SaveDC(target) != 0) {
         ExtSelectClipRgn(target, shape.handle(), RGN_AND);
-        stretch(target, box, shadesOf(corners, box, area), triangleSide, triangleSide);
+        stretch(target, box, shadesOf(corners, box, area), TriangleSide, TriangleSide);
         RestoreDC(target, -1);
     }
 }
@@ -154,11 +154,11 @@ bool gradientFill(Playback& playback, const metafile::Record& record)
     return true;
 }
 
-constexpr RecordEntry entries[] = {{EMR_GRADIENTFILL, gradientFill}};
+constexpr RecordEntry Entries[] = {{EMR_GRADIENTFILL, gradientFill}};
 
 } // namespace
 
 std::span<const RecordEntry> gradientRecords() noexcept
 {
-    return entries;
+    return Entries;
 }

@@ -45,7 +45,7 @@ void modifyWorldTransform(Playback& playback, const EMRMODIFYWORLDTRANSFORM& rec
     playback.mappingChanged();
 }
 
-constexpr RecordEntry entries[] = {
+constexpr RecordEntry Entries[] = {
     {EMR_SETMAPMODE, setMapMode},
     {EMR_SETWINDOWEXTEX, playFields<EMRPOINT, setPlace<SIZE, SetWindowExtEx>>},
     {EMR_SETWINDOWORGEX, playFields<EMRPOINT, setPlace<POINT, SetWindowOrgEx>>},
@@ -61,5 +61,5 @@ constexpr RecordEntry entries[] = {
 
 std::span<const RecordEntry> mappingRecords() noexcept
 {
-    return entries;
+    return Entries;
 }

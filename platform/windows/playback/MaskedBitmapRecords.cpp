@@ -21,7 +21,7 @@ struct Coverage {
 };
 
 // More pieces than a region would keep; they would cost far more memory than the mask.
-constexpr std::size_t mostPieces = 1'000'000;
+constexpr std::size_t MostPieces = 1'000'000;
 
 // The pixels that `accepts` as a region of the target; outside of the view it is asked for no pixel and accepts none.
 template <class Accepts>
@@ -48,7 +48,7 @@ Region regionOf(HDC target, const BitmapView& view, const Coverage& coverage, co
             if (x < view.width && accepts(x, y)) {
                 continue;
             }
-            if (x > begin && corners.size() < mostPieces * 4) {
+            if (x > begin && corners.size() < MostPieces * 4) {
                 enter(begin, x, y);
             }
             begin = x + 1;
@@ -157,7 +157,7 @@ bool transparentBlt(Playback& playback, const metafile::Record& record)
     return true;
 }
 
-constexpr RecordEntry entries[] = {
+constexpr RecordEntry Entries[] = {
     {EMR_MASKBLT, maskBlt},
     {EMR_TRANSPARENTBLT, transparentBlt},
 };
@@ -166,5 +166,5 @@ constexpr RecordEntry entries[] = {
 
 std::span<const RecordEntry> maskedBitmapRecords() noexcept
 {
-    return entries;
+    return Entries;
 }

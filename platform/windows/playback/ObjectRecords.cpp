@@ -30,8 +30,8 @@ void createPen(Playback& playback, const EMRCREATEPEN& record)
 // told, the text's or the background's; the rest of a pattern would be an address of somebody else's memory.
 LOGBRUSH brushOf(HDC target, const LOGBRUSH32& brush)
 {
-    constexpr ULONG textColorHatch = 8;
-    constexpr ULONG backColorHatch = 10;
+    constexpr ULONG TextColorHatch = 8;
+    constexpr ULONG BackColorHatch = 10;
     switch (brush.lbStyle) {
     case BS_NULL:
         return {BS_NULL, 0, 0};
@@ -39,10 +39,10 @@ LOGBRUSH brushOf(HDC target, const LOGBRUSH32& brush)
         if (brush.lbHatch <= ULONG{HS_DIAGCROSS}) {
             return {BS_HATCHED, brush.lbColor, brush.lbHatch};
         }
-        if (brush.lbHatch >= backColorHatch) {
+        if (brush.lbHatch >= BackColorHatch) {
             return {BS_SOLID, GetBkColor(target), 0};
         }
-        return {BS_SOLID, brush.lbHatch >= textColorHatch ? GetTextColor(target) : brush.lbColor, 0};
+        return {BS_SOLID, brush.lbHatch >= TextColorHatch ? GetTextColor(target) : brush.lbColor, 0};
     default:
         return {BS_SOLID, brush.lbColor, 0};
     }
@@ -52,16 +52,16 @@ bool createExtendedPen(Playback& playback, const metafile::Record& record)
 {
     const auto number = record.field<DWORD>(offsetof(EMREXTCREATEPEN, ihPen));
     // A pen without dashes may end before the first of them.
-    constexpr std::size_t start = offsetof(EMREXTCREATEPEN, elp);
-    constexpr std::size_t dashStart = start + offsetof(EXTLOGPEN32, elpStyleEntry);
+    constexpr std::size_t Start = offsetof(EMREXTCREATEPEN, elp);
+    constexpr std::size_t DashStart = Start + offsetof(EXTLOGPEN32, elpStyleEntry);
     EXTLOGPEN32 pen{};
-    const auto fixed = record.piece(start, offsetof(EXTLOGPEN32, elpStyleEntry));
+    const auto fixed = record.piece(Start, offsetof(EXTLOGPEN32, elpStyleEntry));
     if (!number || !fixed) {
         return false;
     }
     std::memcpy(&pen, fixed->data(), fixed->size());
     const bool userStyle = (pen.elpPenStyle & PS_STYLE_MASK) == PS_USERSTYLE;
-    const auto dashes = record.values<DWORD>(dashStart, userStyle ? pen.elpNumEntries : 0);
+    const auto dashes = record.values<DWORD>(DashStart, userStyle ? pen.elpNumEntries : 0);
     if (!dashes) {
         return false;
     }
@@ -116,7 +116,7 @@ bool createFont(Playback& playback, const metafile::Record& record)
     return true;
 }
 
-constexpr RecordEntry entries[] = {
+constexpr RecordEntry Entries[] = {
     {EMR_SELECTOBJECT, playFields<EMRSELECTOBJECT, selectObject>},
     {EMR_DELETEOBJECT, playFields<EMRSELECTOBJECT, deleteObject>},
     {EMR_CREATEPEN, playFields<EMRCREATEPEN, createPen>},
@@ -131,5 +131,5 @@ constexpr RecordEntry entries[] = {
 
 std::span<const RecordEntry> objectRecords() noexcept
 {
-    return entries;
+    return Entries;
 }

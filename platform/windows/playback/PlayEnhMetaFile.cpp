@@ -18,15 +18,15 @@
 
 namespace {
 
-constexpr DWORD typeLimit = 128; // above all types that are documented
+constexpr DWORD TypeLimit = 128; // above all types that are documented
 
-std::array<std::atomic<int>, typeLimit> unplayed;
+std::array<std::atomic<int>, TypeLimit> unplayed;
 
-using HandlerTable = std::array<RecordHandler, typeLimit>;
+using HandlerTable = std::array<RecordHandler, TypeLimit>;
 
 struct Handlers {
     HandlerTable play{};
-    std::array<bool, typeLimit> draws{}; // and so needs the mapping on the target
+    std::array<bool, TypeLimit> draws{}; // and so needs the mapping on the target
 };
 
 Handlers allHandlers()
@@ -54,14 +54,14 @@ Handlers allHandlers()
 // False when the record contradicts itself.
 bool playRecord(Playback& playback, const metafile::Record& record)
 {
-    static const Handlers handlers = allHandlers();
+    static const Handlers Handlers = allHandlers();
     const DWORD type = record.type;
-    const RecordHandler play = type < typeLimit ? handlers.play[type] : nullptr;
+    const RecordHandler play = type < TypeLimit ? Handlers.play[type] : nullptr;
     if (play == nullptr) {
         countUnplayed(type);
         return true;
     }
-    if (handlers.draws[type]) {
+    if (Handlers.draws[type]) {
         playback.applyMapping();
     }
     return play(playback, record);
@@ -98,18 +98,18 @@ bool play(HDC handle, DeviceContext& context, metafile::Page page, const RECT& r
 
 void countUnplayed(DWORD type) noexcept
 {
-    ++unplayed[type < typeLimit ? type : 0];
+    ++unplayed[type < TypeLimit ? type : 0];
 }
 
 int gdiUnplayedRecords(DWORD type)
 {
-    return unplayed[type < typeLimit ? type : 0];
+    return unplayed[type < TypeLimit ? type : 0];
 }
 
 BOOL PlayEnhMetaFile(HDC context, HENHMETAFILE metafile, const RECT* rect)
 {
     return onContext(context, "PlayEnhMetaFile", FALSE, [&](DeviceContext& found) {
-        const auto file = HandleTable::instance().find<MetafileObject>(metafile, ObjectKind::metafile);
+        const auto file = HandleTable::instance().find<MetafileObject>(metafile, ObjectKind::Metafile);
         if (!file || rect == nullptr) {
             return failWith(file ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE, FALSE);
         }

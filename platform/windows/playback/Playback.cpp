@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr std::size_t deepestSave = 1000;
+constexpr std::size_t DeepestSave = 1000;
 // Saved states hold copies of the clip.
-constexpr std::size_t mostSavedRectangles = std::size_t{4} << 20;
+constexpr std::size_t MostSavedRectangles = std::size_t{4} << 20;
 
 std::size_t rectanglesOf(const std::optional<Region>& clip)
 {
@@ -39,7 +39,7 @@ void removePageMapping(HDC target, const ContextState& state)
 Playback::Playback(HDC target, DeviceContext& context, const ReferenceDevice& device, const RECT& rect)
     : m_target(target), m_context(context),
       m_referenceContext(
-          std::make_shared<DeviceContext>(ContextKind::screen, std::make_unique<ReferenceDevice>(device))),
+          std::make_shared<DeviceContext>(ContextKind::Screen, std::make_unique<ReferenceDevice>(device))),
       m_deviceMapping(device.onto(rect).then(context.mapping()))
 {
     m_reference = addContext(m_referenceContext);
@@ -78,7 +78,7 @@ void Playback::restoreTarget()
     const COLORREF color = state.textColor;
     const HGDIOBJ font = state.font->handle();
     RestoreDC(m_target, m_savedLevel);
-    if (m_context.contextKind() != ContextKind::metafile) {
+    if (m_context.contextKind() != ContextKind::Metafile) {
         return;
     }
     if (state.textColor != color) {
@@ -122,7 +122,7 @@ void Playback::setTransform(const Mapping& toDevice)
 void Playback::saveState()
 {
     const std::size_t rectangles = rectanglesOf(m_context.state.clip);
-    if (m_saved.size() >= deepestSave || rectangles > mostSavedRectangles - m_savedRectangles) {
+    if (m_saved.size() >= DeepestSave || rectangles > MostSavedRectangles - m_savedRectangles) {
         return;
     }
     m_saved.reserve(m_saved.size() + 1);
@@ -155,7 +155,7 @@ void Playback::restoreState(LONG level)
 
 bool Playback::confinesClip() const noexcept
 {
-    return m_context.state.metaClip && m_context.contextKind() == ContextKind::metafile;
+    return m_context.state.metaClip && m_context.contextKind() == ContextKind::Metafile;
 }
 
 void Playback::selectClip(HRGN region, int mode)
@@ -188,14 +188,14 @@ void Playback::selectClipPath(int mode)
 void Playback::keepClip()
 {
     m_context.state.metaClip = m_context.effectiveClip();
-    if (m_context.state.clip && m_context.contextKind() != ContextKind::metafile) {
+    if (m_context.state.clip && m_context.contextKind() != ContextKind::Metafile) {
         SelectClipRgn(m_target, nullptr);
     }
 }
 
 bool Playback::spendDecodedBytes(std::size_t bytes) noexcept
 {
-    if (bytes > largestBitmap - m_decodedBytes) {
+    if (bytes > LargestBitmap - m_decodedBytes) {
         return false;
     }
     m_decodedBytes += bytes;

@@ -5,7 +5,7 @@
 namespace {
 
 // The header counts objects in 16 bits. Its own count is not held against a file: many writers get it wrong by one.
-constexpr DWORD mostObjects = 65535;
+constexpr DWORD MostObjects = 65535;
 
 } // namespace
 
@@ -23,7 +23,7 @@ void PlayedObjects::add(DWORD number, HGDIOBJ object)
     if (object == nullptr) {
         return;
     }
-    if (number == 0 || number > mostObjects) {
+    if (number == 0 || number > MostObjects) {
         DeleteObject(object);
         return;
     }

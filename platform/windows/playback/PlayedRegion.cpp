@@ -19,9 +19,9 @@ Region regionOfRectangles(std::span<const RECT> rectangles)
 
 Region regionOfPolygons(std::vector<POINT> corners, std::span<const INT> counts)
 {
-    constexpr LONG farthest = 1 << 17;
+    constexpr LONG Farthest = 1 << 17;
     for (POINT& corner : corners) {
-        corner = {std::clamp(corner.x, -farthest, farthest), std::clamp(corner.y, -farthest, farthest)};
+        corner = {std::clamp(corner.x, -Farthest, Farthest), std::clamp(corner.y, -Farthest, Farthest)};
     }
     return Region::fromPolygons(corners, counts, WINDING);
 }

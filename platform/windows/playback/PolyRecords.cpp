@@ -121,7 +121,7 @@ bool playPolyDraw(Playback& playback, const metafile::Record& record)
     return true;
 }
 
-constexpr RecordEntry entries[] = {
+constexpr RecordEntry Entries[] = {
     {EMR_POLYLINE, playPoly<POINT, int, Polyline>},
     {EMR_POLYLINE16, playPoly<POINTS, int, Polyline>},
     {EMR_POLYGON, playPoly<POINT, int, Polygon>},
@@ -144,5 +144,5 @@ constexpr RecordEntry entries[] = {
 
 std::span<const RecordEntry> polyRecords() noexcept
 {
-    return entries;
+    return Entries;
 }

@@ -151,16 +151,16 @@ bool frameRegion(Playback& playback, const metafile::Record& record)
     if (!rectangles) {
         return false;
     }
-    constexpr LONG widest = 1 << 24; // beyond that there is no inner part
-    const SIZEL stroke{std::clamp<LONG>(fields->szlStroke.cx, 0, widest),
-                       std::clamp<LONG>(fields->szlStroke.cy, 0, widest)};
+    constexpr LONG Widest = 1 << 24; // beyond that there is no inner part
+    const SIZEL stroke{std::clamp<LONG>(fields->szlStroke.cx, 0, Widest),
+                       std::clamp<LONG>(fields->szlStroke.cy, 0, Widest)};
     const PlayedRegion region(frameOf(regionOf(*rectangles, {}), stroke));
     FillRgn(playback.target(), region.handle(),
             static_cast<HBRUSH>(playback.objects().find(fields->ihBrush)));
     return true;
 }
 
-constexpr RecordEntry entries[] = {
+constexpr RecordEntry Entries[] = {
     {EMR_EXTSELECTCLIPRGN, selectClip},
     {EMR_INTERSECTCLIPRECT, playFields<EMRBOX, combineClipRect<IntersectClipRect>>},
     {EMR_EXCLUDECLIPRECT, playFields<EMRBOX, combineClipRect<ExcludeClipRect>>},
@@ -176,5 +176,5 @@ constexpr RecordEntry entries[] = {
 
 std::span<const RecordEntry> regionRecords() noexcept
 {
-    return entries;
+    return Entries;
 }

@@ -65,7 +65,7 @@ void selectClipPath(Playback& playback, const EMRSETMODE& record)
     playback.selectClipPath(static_cast<int>(record.iMode));
 }
 
-constexpr RecordEntry entries[] = {
+constexpr RecordEntry Entries[] = {
     {EMR_MOVETOEX, playFields<EMRPOINT, moveTo>},
     {EMR_LINETO, playFields<EMRPOINT, lineTo>},
     {EMR_RECTANGLE, playFields<EMRBOX, drawBox<Rectangle>>},
@@ -94,5 +94,5 @@ constexpr RecordEntry entries[] = {
 
 std::span<const RecordEntry> shapeRecords() noexcept
 {
-    return entries;
+    return Entries;
 }

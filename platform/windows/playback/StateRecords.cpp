@@ -53,7 +53,7 @@ bool comment(Playback& playback, const metafile::Record& record)
     return true;
 }
 
-constexpr RecordEntry entries[] = {
+constexpr RecordEntry Entries[] = {
     {EMR_HEADER, passOver},
     {EMR_SETMAPPERFLAGS, passOver},
     {EMR_SETCOLORADJUSTMENT, passOver},
@@ -84,5 +84,5 @@ constexpr RecordEntry entries[] = {
 
 std::span<const RecordEntry> stateRecords() noexcept
 {
-    return entries;
+    return Entries;
 }

@@ -175,7 +175,7 @@ bool smallTextOut(Playback& playback, const metafile::Record& record)
     return true;
 }
 
-constexpr RecordEntry entries[] = {
+constexpr RecordEntry Entries[] = {
     {EMR_EXTTEXTOUTA, textOut<CHAR>},      {EMR_EXTTEXTOUTW, textOut<WCHAR>},
     {EMR_POLYTEXTOUTA, polyTextOut<CHAR>}, {EMR_POLYTEXTOUTW, polyTextOut<WCHAR>},
     {EMR_SMALLTEXTOUT, smallTextOut},
@@ -185,5 +185,5 @@ constexpr RecordEntry entries[] = {
 
 std::span<const RecordEntry> textRecords() noexcept
 {
-    return entries;
+    return Entries;
 }

@@ -9,7 +9,7 @@
 namespace {
 
 // Larger pictures are beyond cairo.
-constexpr int largestSide = 32767;
+constexpr int LargestSide = 32767;
 
 bool sameRect(const RECT& first, const RECT& second)
 {
@@ -83,8 +83,8 @@ void CairoRelease::operator()(cairo_surface_t* surface) const noexcept
 cairo_t* CairoPainter::beginDirect(Canvas& canvas, const Ink& ink)
 {
     const BitmapView& view = canvas.view();
-    if (!ink.isPlain() || !canvas.isDirect() || view.bottomUp || view.width > largestSide ||
-        view.height > largestSide) {
+    if (!ink.isPlain() || !canvas.isDirect() || view.bottomUp || view.width > LargestSide ||
+        view.height > LargestSide) {
         return nullptr;
     }
     const bool fresh = m_bitmap != canvas.bitmap() || !m_cairo;

@@ -36,9 +36,9 @@ public:
             endDirect();
             return;
         }
-        for (int top = visible.top; top < visible.bottom; top += windowSize) {
-            for (int left = visible.left; left < visible.right; left += windowSize) {
-                const RECT window = overlap(visible, {left, top, left + windowSize, top + windowSize});
+        for (int top = visible.top; top < visible.bottom; top += WindowSize) {
+            for (int left = visible.left; left < visible.right; left += WindowSize) {
+                const RECT window = overlap(visible, {left, top, left + WindowSize, top + WindowSize});
                 if (cairo_t* mask = beginMask(window)) {
                     draw(mask, window);
                     layMask(canvas, window, ink);
@@ -48,7 +48,7 @@ public:
     }
 
 private:
-    static constexpr int windowSize = 4096;
+    static constexpr int WindowSize = 4096;
 
     // Null when the bitmap or the ink can't be left to cairo.
     cairo_t* beginDirect(Canvas& canvas, const Ink& ink);

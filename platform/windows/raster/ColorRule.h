@@ -7,21 +7,21 @@
 
 // Colours as 0x00RRGGBB.
 struct ColorRule {
-    enum class Kind : unsigned char { none, toMonochrome, fromMonochrome };
+    enum class Kind : unsigned char { None, ToMonochrome, FromMonochrome };
 
     void apply(DWORD* pixels, int count) const
     {
-        constexpr DWORD white = 0xFFFFFF;
-        if (kind == Kind::toMonochrome) {
+        constexpr DWORD White = 0xFFFFFF;
+        if (kind == Kind::ToMonochrome) {
             std::transform(pixels, pixels + count, pixels,
-                           [this](DWORD pixel) { return (pixel & white) == back ? white : 0; });
-        } else if (kind == Kind::fromMonochrome) {
+                           [this](DWORD pixel) { return (pixel & White) == back ? White : 0; });
+        } else if (kind == Kind::FromMonochrome) {
             std::transform(pixels, pixels + count, pixels,
                            [this](DWORD pixel) { return pixel != 0 ? back : text; });
         }
     }
 
-    Kind kind = Kind::none;
+    Kind kind = Kind::None;
     DWORD back = 0; // what becomes white, or what white becomes
     DWORD text = 0; // what black becomes
 };

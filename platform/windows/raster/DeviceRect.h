@@ -30,4 +30,4 @@ constexpr bool liesWithin(const RECT& inner, const RECT& outer)
 }
 
 // Farther points than this from what is seen are cut off before cairo, whose coordinates end at 2^23.
-constexpr int nearby = 1 << 20;
+constexpr int Nearby = 1 << 20;

@@ -43,7 +43,7 @@ std::shared_ptr<const Tile> hatchTile(const ContextState& state, COLORREF color,
     for (int i = 0; i < 64; ++i) {
         tile->pixels[static_cast<std::size_t>(i)] = isOnHatch(hatch, i % 8, i / 8) ? pixelOf(color)
                                                     : opaque                       ? pixelOf(state.backColor)
-                                                                                   : Tile::gap;
+                                                                                   : Tile::Gap;
     }
     return tile;
 }
@@ -73,17 +73,17 @@ void Ink::lay(DWORD* pixels, int x, int y, int count) const
         combine(operation, pixels, color, nullptr, static_cast<std::size_t>(count));
         return;
     }
-    constexpr int batch = 256;
-    DWORD row[batch];
-    for (int done = 0; done < count; done += batch) {
-        const int piece = std::min(batch, count - done);
+    constexpr int Batch = 256;
+    DWORD row[Batch];
+    for (int done = 0; done < count; done += Batch) {
+        const int piece = std::min(Batch, count - done);
         pattern(row, x + done, y, piece);
         if (!tile->hasGaps) {
             combine(operation, pixels + done, row, nullptr, static_cast<std::size_t>(piece));
             continue;
         }
         for (int i = 0; i < piece; ++i) {
-            if (row[i] != Tile::gap) {
+            if (row[i] != Tile::Gap) {
                 combine(operation, pixels + done + i, row[i], nullptr, 1);
             }
         }
@@ -141,9 +141,9 @@ std::shared_ptr<const Tile> InkPot::patternTile(const std::shared_ptr<const Bitm
         readPixels(view, 0, y, view.width, row);
         if (inkMono) {
             std::replace_if(
-                row, row + view.width, [](DWORD pixel) { return pixel != 0; }, Tile::gap);
+                row, row + view.width, [](DWORD pixel) { return pixel != 0; }, Tile::Gap);
             std::replace(row, row + view.width, DWORD{0}, textColor);
-            std::replace(row, row + view.width, Tile::gap, backColor);
+            std::replace(row, row + view.width, Tile::Gap, backColor);
         }
     }
     m_pattern = pattern;

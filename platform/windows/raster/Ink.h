@@ -27,7 +27,7 @@ constexpr COLORREF colorOf(DWORD pixel)
 // A hatch or a pattern, repeated without end from the brush origin on.
 struct Tile {
     // Marks a pixel of a hatch between whose lines one sees through.
-    static constexpr DWORD gap = 0xFF000000;
+    static constexpr DWORD Gap = 0xFF000000;
 
     int width;
     int height;
@@ -36,13 +36,13 @@ struct Tile {
 };
 
 struct Ink {
-    BYTE operation = copyPattern; // ternary, without a source
+    BYTE operation = CopyPattern; // ternary, without a source
     DWORD color = 0;              // 0x00RRGGBB, when there is no tile
     std::shared_ptr<const Tile> tile{};
     POINT origin{0, 0}; // of the tile, device units
 
     // One colour that covers what is there.
-    bool isPlain() const noexcept { return !tile && operation == copyPattern; }
+    bool isPlain() const noexcept { return !tile && operation == CopyPattern; }
     // Changes the pixels from (x, y) on to the right.
     void lay(DWORD* pixels, int x, int y, int count) const;
     // The pattern there; gaps of a hatch are marked.

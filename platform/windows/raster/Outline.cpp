@@ -7,13 +7,13 @@
 
 namespace {
 
-constexpr double farthest = 1 << 26;
+constexpr double Farthest = 1 << 26;
 // Beyond this a shape counts as running off to infinity.
-constexpr double unreachable = 1e12;
+constexpr double Unreachable = 1e12;
 
 double settled(double value)
 {
-    return std::isfinite(value) ? std::clamp(value, -unreachable, unreachable) : 0.0;
+    return std::isfinite(value) ? std::clamp(value, -Unreachable, Unreachable) : 0.0;
 }
 
 // How many lines stand for a curve: the distance from a chord falls with the square of their number.
@@ -47,7 +47,7 @@ void Outline::add(Step step, std::initializer_list<DevicePoint> points)
 void Outline::close()
 {
     if (isOpen()) {
-        m_steps.push_back(Step::close);
+        m_steps.push_back(Step::Close);
     }
 }
 
@@ -75,7 +75,7 @@ RECT Outline::box() const noexcept
         high = {std::max(high.x, point.x), std::max(high.y, point.y)};
     }
     const auto unit = [](double value) {
-        return static_cast<LONG>(std::clamp(value, -farthest, farthest));
+        return static_cast<LONG>(std::clamp(value, -Farthest, Farthest));
     };
     return {unit(std::floor(low.x)), unit(std::floor(low.y)), unit(std::floor(high.x)) + 1,
             unit(std::floor(high.y)) + 1};
@@ -86,7 +86,7 @@ Outline Outline::closed() const
     Outline result;
     result.m_points = m_points;
     for (const Step step : m_steps) {
-        if (step == Step::move) {
+        if (step == Step::Move) {
             result.close();
         }
         result.m_steps.push_back(step);
@@ -97,7 +97,7 @@ Outline Outline::closed() const
 
 bool Outline::hasCurves() const noexcept
 {
-    return std::find(m_steps.begin(), m_steps.end(), Step::curve) != m_steps.end();
+    return std::find(m_steps.begin(), m_steps.end(), Step::Curve) != m_steps.end();
 }
 
 Outline Outline::onGrid() const
@@ -117,7 +117,7 @@ Outline Outline::flattened() const
     Outline flat;
     const DevicePoint* point = m_points.data();
     for (const Step step : m_steps) {
-        if (step == Step::curve) {
+        if (step == Step::Curve) {
             const DevicePoint from = point[-1];
             const int lines = lineCount(from, point[0], point[1], point[2]);
             for (int i = 1; i < lines; ++i) {
@@ -125,7 +125,7 @@ Outline Outline::flattened() const
             }
             flat.lineTo(point[2]);
             point += 3;
-        } else if (step == Step::close) {
+        } else if (step == Step::Close) {
             flat.close();
         } else {
             flat.add(step, {*point++});
@@ -146,11 +146,11 @@ std::vector<Outline::Figure> Outline::figures() const
         begin = point;
     };
     for (const Step step : m_steps) {
-        if (step == Step::close) {
+        if (step == Step::Close) {
             finish(true);
             continue;
         }
-        if (step == Step::move) {
+        if (step == Step::Move) {
             finish(false);
         }
         ++point;
@@ -161,24 +161,24 @@ std::vector<Outline::Figure> Outline::figures() const
 
 void Outline::trace(cairo_t* cairo) const
 {
-    constexpr double half = 0.5;
+    constexpr double Half = 0.5;
     const DevicePoint* point = m_points.data();
     for (const Step step : m_steps) {
         switch (step) {
-        case Step::move:
-            cairo_move_to(cairo, point->x + half, point->y + half);
+        case Step::Move:
+            cairo_move_to(cairo, point->x + Half, point->y + Half);
             ++point;
             break;
-        case Step::line:
-            cairo_line_to(cairo, point->x + half, point->y + half);
+        case Step::Line:
+            cairo_line_to(cairo, point->x + Half, point->y + Half);
             ++point;
             break;
-        case Step::curve:
-            cairo_curve_to(cairo, point[0].x + half, point[0].y + half, point[1].x + half, point[1].y + half,
-                           point[2].x + half, point[2].y + half);
+        case Step::Curve:
+            cairo_curve_to(cairo, point[0].x + Half, point[0].y + Half, point[1].x + Half, point[1].y + Half,
+                           point[2].x + Half, point[2].y + Half);
             point += 3;
             break;
-        case Step::close:
+        case Step::Close:
             cairo_close_path(cairo);
             break;
         }

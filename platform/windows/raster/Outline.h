@@ -12,14 +12,14 @@ using cairo_t = struct _cairo; // NOLINT(bugprone-reserved-identifier): cairo's 
 
 class Outline {
 public:
-    enum class Step : unsigned char { move, line, curve, close };
+    enum class Step : unsigned char { Move, Line, Curve, Close };
 
-    void moveTo(DevicePoint point) { add(Step::move, {point}); }
-    void lineTo(DevicePoint point) { add(Step::line, {point}); }
+    void moveTo(DevicePoint point) { add(Step::Move, {point}); }
+    void lineTo(DevicePoint point) { add(Step::Line, {point}); }
     // A cubic Bézier curve.
     void curveTo(DevicePoint first, DevicePoint second, DevicePoint end)
     {
-        add(Step::curve, {first, second, end});
+        add(Step::Curve, {first, second, end});
     }
     // A straight line back to where the figure began; the next step moves.
     void close();
@@ -28,7 +28,7 @@ public:
 
     bool empty() const noexcept { return m_steps.empty(); }
     // Whether a line can go on from the last point, and that point.
-    bool isOpen() const noexcept { return !m_steps.empty() && m_steps.back() != Step::close; }
+    bool isOpen() const noexcept { return !m_steps.empty() && m_steps.back() != Step::Close; }
     DevicePoint last() const noexcept { return m_points.back(); }
 
     // Around all points, rounded outwards and cut off at +-2^26; right and bottom excluded.

@@ -173,7 +173,7 @@ Outline Outline::clippedArea(const RECT& rect) const
             points = cutBy(edge, points);
         }
         for (std::size_t i = 0; i < points.size(); ++i) {
-            area.add(i == 0 ? Step::move : Step::line, {points[i]});
+            area.add(i == 0 ? Step::Move : Step::Line, {points[i]});
         }
         area.close();
     }

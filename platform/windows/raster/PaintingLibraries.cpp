@@ -20,6 +20,6 @@ bool keepLoaded(void* inside) noexcept
     return library != nullptr;
 }
 
-[[maybe_unused]] const bool cairoStays = keepLoaded(reinterpret_cast<void*>(&cairo_version));
+[[maybe_unused]] const bool CairoStays = keepLoaded(reinterpret_cast<void*>(&cairo_version));
 
 } // namespace

@@ -10,13 +10,13 @@
 namespace {
 
 // What cairo's curves may be off by, as it comes.
-constexpr double tolerance = 0.1;
+constexpr double Tolerance = 0.1;
 // A wider pen covers every bitmap that cairo can paint on.
-constexpr double widest = 1 << 17;
+constexpr double Widest = 1 << 17;
 // The most dashes that a pen may have.
-constexpr std::size_t mostDashes = 16;
+constexpr std::size_t MostDashes = 16;
 
-constexpr double shortestDash = 0.05; // pixels; cairo leaves out shorter ones
+constexpr double ShortestDash = 0.05; // pixels; cairo leaves out shorter ones
 
 // Dashes of the styles in multiples of the width.
 std::vector<double> dashesOf(DWORD style)
@@ -46,10 +46,10 @@ void setDashes(PenLook& look, const PenObject& pen, const Mapping& mapping)
     }
     if (style == PS_USERSTYLE) {
         const double scale = (mapping.scaleX() + mapping.scaleY()) / 2;
-        const std::size_t count = std::min(pen.dashes.size(), mostDashes);
+        const std::size_t count = std::min(pen.dashes.size(), MostDashes);
         for (std::size_t i = 0; i < count; ++i) {
             // A dash of no length still has its caps.
-            look.dashes.push_back(std::clamp(pen.dashes[i] * scale, i % 2 == 0 ? shortestDash : 0, widest));
+            look.dashes.push_back(std::clamp(pen.dashes[i] * scale, i % 2 == 0 ? ShortestDash : 0, Widest));
         }
     } else {
         look.dashes = dashesOf(style);
@@ -63,7 +63,7 @@ void setDashes(PenLook& look, const PenObject& pen, const Mapping& mapping)
         for (std::size_t i = 0; i < look.dashes.size(); ++i) {
             const double length = look.dashes[i] * look.width;
             if (i % 2 == 0) {
-                cut = capped ? std::min(look.width, length - shortestDash) : 0;
+                cut = capped ? std::min(look.width, length - ShortestDash) : 0;
             }
             look.dashes[i] = length + (i % 2 == 0 ? -cut : cut);
         }
@@ -104,7 +104,7 @@ cairo_line_join_t joinOf(DWORD style)
 // Round ends and joins take more corners the larger they are; beyond some size nobody sees them any more.
 double toleranceOf(const PenLook& pen)
 {
-    return std::clamp(pen.width / 8192, tolerance, 16.0);
+    return std::clamp(pen.width / 8192, Tolerance, 16.0);
 }
 
 void strokeTraced(cairo_t* cairo, const PenLook& pen)
@@ -149,7 +149,7 @@ void strokeDashes(cairo_t* cairo, const PenLook& pen, const Outline& dashes)
 double PenLook::reach() const
 {
     const bool pointed = (style & PS_JOIN_MASK) == PS_JOIN_MITER;
-    return std::min(width * (pointed ? std::max(1.0, miterLimit) : 1.0), widest) + 2;
+    return std::min(width * (pointed ? std::max(1.0, miterLimit) : 1.0), Widest) + 2;
 }
 
 PenLook lookOf(const DeviceContext& context, const PenObject& pen)
@@ -164,11 +164,11 @@ PenLook lookOf(const DeviceContext& context, const PenObject& pen)
     const double down = logical * mapping.scaleY();
     look.thin = !(std::max(across, down) >= 1.5);
     if (!look.thin) {
-        look.width = std::min(std::max(across, down), widest);
+        look.width = std::min(std::max(across, down), Widest);
         const double area = std::abs(mapping.xx * mapping.yy - mapping.xy * mapping.yx);
         const bool round = std::abs(across - down) <= 0.01 * look.width;
         // The nib of a pen that is flat one way is still a pixel wide.
-        if (!round && look.width < widest && area * logical * logical >= look.width) {
+        if (!round && look.width < Widest && area * logical * logical >= look.width) {
             look.nib = mapping;
             look.logicalWidth = logical;
         }
@@ -189,13 +189,13 @@ void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, c
         cairo_set_tolerance(cairo, toleranceOf(pen));
         if (!pen.dashes.empty()) {
             strokeDashes(cairo, pen, outline.clippedLines(grown(window, reach), pen.dashes));
-        } else if (liesWithin(box, grown(window, nearby))) {
+        } else if (liesWithin(box, grown(window, Nearby))) {
             outline.trace(cairo);
             strokeTraced(cairo, pen);
         } else {
             outline.clippedLines(grown(window, reach), pen.dashes).trace(cairo);
             strokeTraced(cairo, pen);
         }
-        cairo_set_tolerance(cairo, tolerance);
+        cairo_set_tolerance(cairo, Tolerance);
     });
 }

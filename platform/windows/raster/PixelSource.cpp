@@ -8,16 +8,16 @@
 
 namespace {
 
-constexpr LONG farthest = 1 << 26;
+constexpr LONG Farthest = 1 << 26;
 
 LONG bounded(LONG value)
 {
-    return std::clamp(value, -farthest, farthest);
+    return std::clamp(value, -Farthest, Farthest);
 }
 
 double clampedFloor(double value)
 {
-    return std::clamp(std::floor(value), -double{farthest}, double{farthest});
+    return std::clamp(std::floor(value), -double{Farthest}, double{Farthest});
 }
 
 RECT rectBetween(POINT first, POINT second)
@@ -63,9 +63,9 @@ bool holds(const RECT& rect, const DevicePoint& point)
 // and the limit is for areas that leave their bitmap far behind.
 int samplesFor(double x, double y)
 {
-    constexpr double roundingError = 1e-6;
-    constexpr double most = 64;
-    return static_cast<int>(std::clamp(std::ceil(std::hypot(x, y) - roundingError), 1.0, most));
+    constexpr double RoundingError = 1e-6;
+    constexpr double Most = 64;
+    return static_cast<int>(std::clamp(std::ceil(std::hypot(x, y) - RoundingError), 1.0, Most));
 }
 
 bool isRun(const std::vector<int>& positions)
@@ -126,7 +126,7 @@ void PixelSource::placeStraight(const CornerPair& area, const CornerPair& target
     m_columns = positionsAlong(across, m_inside.left, m_inside.right, m_box.left, m_box.right);
     m_rows = positionsAlong(down, m_inside.top, m_inside.bottom, m_box.top, m_box.bottom);
     const bool smaller = across.shrinks() || down.shrinks();
-    if (smaller && m_rules.shrinking != Shrinking::nearest &&
+    if (smaller && m_rules.shrinking != Shrinking::Nearest &&
         ShrunkPixels::mayHold(m_columns.size(), m_rows.size())) {
         m_shrunk.emplace(
             m_view, m_rules.colors, m_rules.shrinking,
@@ -158,7 +158,7 @@ void PixelSource::placeTurned(const CornerPair& area, const RECT& target, const 
         return;
     }
     m_toSource = whole.inverse();
-    if (m_rules.shrinking != Shrinking::nearest) {
+    if (m_rules.shrinking != Shrinking::Nearest) {
         m_samplesAcross = samplesFor(m_toSource.xx, m_toSource.xy);
         m_samplesDown = samplesFor(m_toSource.yx, m_toSource.yy);
     }
@@ -188,7 +188,7 @@ PixelSource::Stretch PixelSource::read(int x, int y, int count)
     if (m_unscaled) {
         const int column = m_columns[static_cast<std::size_t>(x - m_box.left)];
         const int row = m_rows[static_cast<std::size_t>(y - m_box.top)];
-        if (m_rules.colors.kind == ColorRule::Kind::none && hasCommonOrder(m_view)) {
+        if (m_rules.colors.kind == ColorRule::Kind::None && hasCommonOrder(m_view)) {
             return {reinterpret_cast<const DWORD*>(m_view.row(row)) + column, 0, count};
         }
         m_pixels.resize(static_cast<std::size_t>(count));

@@ -22,7 +22,7 @@ struct CornerPair {
 // In which colours a copy is read, what it does where it makes smaller, and where sizes below 0 begin.
 struct CopyRules {
     ColorRule colors;
-    Shrinking shrinking = Shrinking::nearest;
+    Shrinking shrinking = Shrinking::Nearest;
     bool startsOnPixel = false; // takeFirstPixel() of the target
 };
 

@@ -27,9 +27,9 @@ ColorRule ruleBetween(const DeviceContext& target, const DeviceContext& source)
         return {};
     }
     if (toMonochrome) {
-        return {ColorRule::Kind::toMonochrome, pixelOf(source.state.backColor), 0};
+        return {ColorRule::Kind::ToMonochrome, pixelOf(source.state.backColor), 0};
     }
-    return {ColorRule::Kind::fromMonochrome, pixelOf(target.state.backColor),
+    return {ColorRule::Kind::FromMonochrome, pixelOf(target.state.backColor),
             pixelOf(target.state.textColor)};
 }
 

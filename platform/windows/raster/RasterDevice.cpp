@@ -12,9 +12,9 @@
 namespace {
 
 // What the device knows of itself, in the order of m_capabilities.
-constexpr int capabilityIndexes[] = {TECHNOLOGY, HORZSIZE, VERTSIZE,   HORZRES,    VERTRES,
+constexpr int CapabilityIndexes[] = {TECHNOLOGY, HORZSIZE, VERTSIZE,   HORZRES,    VERTRES,
                                      BITSPIXEL,  PLANES,   RASTERCAPS, LOGPIXELSX, LOGPIXELSY};
-constexpr int rasterDisplay = 1; // the answer to TECHNOLOGY
+constexpr int RasterDisplay = 1; // the answer to TECHNOLOGY
 
 int millimeters(int pixels, int dpi)
 {
@@ -34,7 +34,7 @@ std::unique_ptr<Device> makeRasterDevice(const Device& reference)
 }
 
 RasterDevice::RasterDevice(const GdiDeviceOptions& options)
-    : m_capabilities{rasterDisplay,
+    : m_capabilities{RasterDisplay,
                      millimeters(options.width, options.dpi),
                      millimeters(options.height, options.dpi),
                      options.width,
@@ -50,29 +50,29 @@ RasterDevice::RasterDevice(const GdiDeviceOptions& options)
 
 RasterDevice::RasterDevice(const Device& reference)
 {
-    std::transform(std::begin(capabilityIndexes), std::end(capabilityIndexes), m_capabilities.begin(),
+    std::transform(std::begin(CapabilityIndexes), std::end(CapabilityIndexes), m_capabilities.begin(),
                    [&reference](int index) { return reference.capability(index); });
 }
 
 int RasterDevice::capability(int index) const
 {
-    static_assert(std::size(capabilityIndexes) == std::tuple_size_v<decltype(m_capabilities)>);
-    const auto* found = std::find(std::begin(capabilityIndexes), std::end(capabilityIndexes), index);
-    return found == std::end(capabilityIndexes)
+    static_assert(std::size(CapabilityIndexes) == std::tuple_size_v<decltype(m_capabilities)>);
+    const auto* found = std::find(std::begin(CapabilityIndexes), std::end(CapabilityIndexes), index);
+    return found == std::end(CapabilityIndexes)
                ? 0
-               : m_capabilities[static_cast<std::size_t>(found - std::begin(capabilityIndexes))];
+               : m_capabilities[static_cast<std::size_t>(found - std::begin(CapabilityIndexes))];
 }
 
 void RasterDevice::stateChanged(DeviceContext& /*context*/, StateField field)
 {
-    if (field == StateField::position) {
+    if (field == StateField::Position) {
         m_pathMoved = true;
     }
 }
 
 bool RasterDevice::draw(DeviceContext& context, const Outline& outline, bool filled)
 {
-    if (m_pathState == PathState::open) {
+    if (m_pathState == PathState::Open) {
         m_path.append(outline);
         m_pathMoved = false;
         return true;
@@ -101,7 +101,7 @@ void RasterDevice::fill(Canvas& canvas, const Outline& outline, int fillMode, co
 {
     const RECT box = outline.box();
     m_painter.paint(canvas, box, ink, [&](cairo_t* cairo, const RECT& window) {
-        const RECT around = grown(window, nearby);
+        const RECT around = grown(window, Nearby);
         if (liesWithin(box, around)) {
             outline.trace(cairo);
         } else {

@@ -64,7 +64,7 @@ public:
     bool text(DeviceContext& context, const TextOutput& output) override;
 
 private:
-    enum class PathState : unsigned char { none, open, complete };
+    enum class PathState : unsigned char { None, Open, Complete };
 
     // Into the path while one is open, else onto the pixels.
     bool draw(DeviceContext& context, const Outline& outline, bool filled);
@@ -89,7 +89,7 @@ private:
     int m_stretches = 0;
     InkPot m_inks;
     CairoPainter m_painter;
-    PathState m_pathState = PathState::none;
+    PathState m_pathState = PathState::None;
     Outline m_path;
     bool m_pathMoved = false; // MoveToEx: the next line begins a figure
     bool m_pathWidened = false;

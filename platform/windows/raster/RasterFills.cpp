@@ -42,7 +42,7 @@ bool RasterDevice::floodFill(DeviceContext& context, POINT start, COLORREF color
 {
     Canvas canvas(context);
     const POINT at = context.mapping().toDevice(start);
-    const auto ink = m_inks.ofBrush(context, *context.state.brush, copyPattern);
+    const auto ink = m_inks.ofBrush(context, *context.state.brush, CopyPattern);
     return flood(canvas, at, pixelOf(color), type == FLOODFILLBORDER, ink);
 }
 
@@ -53,7 +53,7 @@ bool RasterDevice::setPixel(DeviceContext& context, POINT point, COLORREF color)
     if (!canvas.contains(at.x, at.y)) {
         return false;
     }
-    canvas.fillSpan(at.y, at.x, at.x + 1, Ink{copyPattern, pixelOf(color), nullptr, {0, 0}});
+    canvas.fillSpan(at.y, at.x, at.x + 1, Ink{CopyPattern, pixelOf(color), nullptr, {0, 0}});
     return true;
 }
 

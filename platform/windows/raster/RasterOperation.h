@@ -7,7 +7,7 @@
 
 #include <cstddef>
 
-constexpr BYTE copyPattern = 0xF0;
+constexpr BYTE CopyPattern = 0xF0;
 
 constexpr BYTE ternaryOf(DWORD operation)
 {
@@ -20,7 +20,7 @@ constexpr BYTE ternaryOfBinary(int rop2)
     const unsigned int table = static_cast<unsigned int>(rop2 - 1) & 0xF;
     return static_cast<BYTE>((table & 3) * 5 + ((table >> 2) * 5 << 4));
 }
-static_assert(ternaryOfBinary(R2_COPYPEN) == copyPattern);
+static_assert(ternaryOfBinary(R2_COPYPEN) == CopyPattern);
 
 constexpr bool usesPattern(BYTE operation)
 {

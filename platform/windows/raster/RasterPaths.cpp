@@ -9,39 +9,39 @@
 bool RasterDevice::path(DeviceContext& context, PathStep step)
 {
     switch (step) {
-    case PathStep::begin:
+    case PathStep::Begin:
         m_path.clear();
-        m_pathState = PathState::open;
+        m_pathState = PathState::Open;
         m_pathMoved = true;
         m_pathWidened = false;
         return true;
-    case PathStep::abort:
+    case PathStep::Abort:
         m_path.clear();
-        m_pathState = PathState::none;
+        m_pathState = PathState::None;
         return true;
-    case PathStep::closeFigure:
+    case PathStep::CloseFigure:
         m_path.close();
-        return m_pathState == PathState::open;
-    case PathStep::end:
-        if (m_pathState != PathState::open) {
+        return m_pathState == PathState::Open;
+    case PathStep::End:
+        if (m_pathState != PathState::Open) {
             return false;
         }
-        m_pathState = PathState::complete;
+        m_pathState = PathState::Complete;
         return true;
     default:
         break;
     }
-    if (m_pathState != PathState::complete) {
+    if (m_pathState != PathState::Complete) {
         return false;
     }
-    if (step == PathStep::flatten || step == PathStep::widen) {
+    if (step == PathStep::Flatten || step == PathStep::Widen) {
         m_path = m_path.flattened();
-        m_pathWidened = m_pathWidened || step == PathStep::widen;
+        m_pathWidened = m_pathWidened || step == PathStep::Widen;
         return true;
     }
     drawPath(context, step);
     m_path.clear();
-    m_pathState = PathState::none;
+    m_pathState = PathState::None;
     return true;
 }
 
@@ -52,10 +52,10 @@ void RasterDevice::drawPath(DeviceContext& context, PathStep step)
         return;
     }
     const ContextState& state = context.state;
-    const bool filled = step == PathStep::fill || step == PathStep::strokeAndFill;
-    const bool stroked = step == PathStep::stroke || step == PathStep::strokeAndFill;
+    const bool filled = step == PathStep::Fill || step == PathStep::StrokeAndFill;
+    const bool stroked = step == PathStep::Stroke || step == PathStep::StrokeAndFill;
     const PenLook look = lookOf(context, *state.pen);
-    if (step == PathStep::strokeAndFill) {
+    if (step == PathStep::StrokeAndFill) {
         m_path = m_path.closed();
     }
     if (filled) {
@@ -77,7 +77,7 @@ void RasterDevice::drawPath(DeviceContext& context, PathStep step)
 
 bool RasterDevice::selectClipPath(DeviceContext& context, int mode)
 {
-    if (m_pathState != PathState::complete || !context.bitmap || !context.bitmap->bitmap) {
+    if (m_pathState != PathState::Complete || !context.bitmap || !context.bitmap->bitmap) {
         return false;
     }
     const Bitmap& bitmap = *context.bitmap->bitmap;
@@ -89,6 +89,6 @@ bool RasterDevice::selectClipPath(DeviceContext& context, int mode)
     }
     clip->combine(shape, mode);
     m_path.clear();
-    m_pathState = PathState::none;
+    m_pathState = PathState::None;
     return true;
 }

@@ -23,12 +23,12 @@ DevicePoint wholePoint(const Mapping& mapping, POINT point)
 
 bool isCurve(PolyShape shape)
 {
-    return shape == PolyShape::polyBezier || shape == PolyShape::polyBezierTo;
+    return shape == PolyShape::PolyBezier || shape == PolyShape::PolyBezierTo;
 }
 
 bool isArea(PolyShape shape)
 {
-    return shape == PolyShape::polygon || shape == PolyShape::polyPolygon;
+    return shape == PolyShape::Polygon || shape == PolyShape::PolyPolygon;
 }
 
 void appendLines(Outline& outline, const Mapping& mapping, std::span<const POINT> points)
@@ -67,8 +67,8 @@ bool hasNoPen(const DeviceContext& context)
 
 double inRadians(double degrees)
 {
-    constexpr double most = 360;
-    const double turn = std::isfinite(degrees) ? std::clamp(degrees, -most, most) : 0.0;
+    constexpr double Most = 360;
+    const double turn = std::isfinite(degrees) ? std::clamp(degrees, -Most, Most) : 0.0;
     return turn * std::numbers::pi / 180;
 }
 
@@ -76,7 +76,7 @@ double inRadians(double degrees)
 
 void RasterDevice::continueFrom(Outline& outline, DevicePoint from) const
 {
-    if (m_pathState != PathState::open || m_pathMoved || !m_path.isOpen()) {
+    if (m_pathState != PathState::Open || m_pathMoved || !m_path.isOpen()) {
         outline.moveTo(from);
     }
 }
@@ -95,8 +95,8 @@ bool RasterDevice::poly(DeviceContext& context, PolyShape shape, std::span<const
 {
     const Mapping mapping = context.mapping();
     const DWORD whole = static_cast<DWORD>(points.size());
-    const bool goesOn = shape == PolyShape::polylineTo || shape == PolyShape::polyBezierTo;
-    if (shape != PolyShape::polyPolyline && shape != PolyShape::polyPolygon) {
+    const bool goesOn = shape == PolyShape::PolylineTo || shape == PolyShape::PolyBezierTo;
+    if (shape != PolyShape::PolyPolyline && shape != PolyShape::PolyPolygon) {
         counts = {&whole, 1};
     }
     Outline outline;
@@ -137,18 +137,18 @@ bool RasterDevice::box(DeviceContext& context, BoxShape shape, const RECT& rect,
     if (frame.empty()) {
         return true;
     }
-    if (inDevice && shape != BoxShape::rectangle && hasNoPen(context)) {
+    if (inDevice && shape != BoxShape::Rectangle && hasNoPen(context)) {
         frame = filledFrame(frame);
     }
     switch (shape) {
-    case BoxShape::rectangle:
-        if (inDevice && m_pathState != PathState::open && drawPlainBox(context, frame)) {
+    case BoxShape::Rectangle:
+        if (inDevice && m_pathState != PathState::Open && drawPlainBox(context, frame)) {
             return true;
         }
         return draw(context, rectangleOutline(frame), true);
-    case BoxShape::ellipse:
+    case BoxShape::Ellipse:
         return draw(context, ellipseOutline(frame), true);
-    case BoxShape::roundRectangle:
+    case BoxShape::RoundRectangle:
         break;
     }
     const Mapping mapping = context.mapping();
@@ -166,8 +166,8 @@ bool RasterDevice::drawPlainBox(DeviceContext& context, const ShapeFrame& frame)
     }
     Canvas canvas(context);
     const auto unit = [](double value) {
-        constexpr double farthest = 1 << 26;
-        return static_cast<LONG>(std::clamp(value, -farthest, farthest));
+        constexpr double Farthest = 1 << 26;
+        return static_cast<LONG>(std::clamp(value, -Farthest, Farthest));
     };
     const RECT box{unit(frame.left), unit(frame.top), unit(frame.right), unit(frame.bottom)};
     const LONG edge = penInk ? 1 : 0;
@@ -195,25 +195,25 @@ bool RasterDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rect,
     if (frame.empty()) {
         return true;
     }
-    const bool filled = shape == ArcShape::chord || shape == ArcShape::pie;
+    const bool filled = shape == ArcShape::Chord || shape == ArcShape::Pie;
     const ArcSweep sweep =
         sweepBetween(frame, pointInFrame(context, frame, start), pointInFrame(context, frame, end),
                      context.state.arcDirection == AD_CLOCKWISE);
-    if (filled && hasNoPen(context) && m_pathState != PathState::open) {
+    if (filled && hasNoPen(context) && m_pathState != PathState::Open) {
         frame = isInPixels(frame) ? filledFrame(frame) : frame;
         if (isWhole(sweep)) {
             return draw(context, ellipseOutline(frame), true);
         }
     }
     Outline outline;
-    if (shape == ArcShape::arcTo) {
+    if (shape == ArcShape::ArcTo) {
         continueFrom(outline, wholePoint(context.mapping(), context.state.position));
         outline.lineTo(arcStart(frame, sweep));
     } else {
         outline.moveTo(arcStart(frame, sweep));
     }
     appendArc(outline, frame, sweep);
-    if (shape == ArcShape::pie) {
+    if (shape == ArcShape::Pie) {
         outline.lineTo(frameCenter(frame));
     }
     if (filled) {

@@ -141,7 +141,7 @@ void RasterDevice::drawBar(Canvas& canvas, const TextOutput& output, double top,
 
 bool RasterDevice::text(DeviceContext& context, const TextOutput& output)
 {
-    const Ink back{copyPattern, pixelOf(context.state.backColor), nullptr, {0, 0}};
+    const Ink back{CopyPattern, pixelOf(context.state.backColor), nullptr, {0, 0}};
     if ((output.options & ETO_OPAQUE) != 0) {
         fillRects(context, {&output.rect, 1}, back);
     }
@@ -155,7 +155,7 @@ bool RasterDevice::text(DeviceContext& context, const TextOutput& output)
     if (context.state.backMode == OPAQUE) {
         drawBar(canvas, output, -metrics.tmAscent, metrics.tmDescent, back);
     }
-    const Ink ink{copyPattern, pixelOf(context.state.textColor), nullptr, {0, 0}};
+    const Ink ink{CopyPattern, pixelOf(context.state.textColor), nullptr, {0, 0}};
     drawGlyphs(canvas, output, ink);
     const int thickness = output.font->lineThickness();
     if (metrics.tmUnderlined != 0) {

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double quarter = std::numbers::pi / 2;
+constexpr double Quarter = std::numbers::pi / 2;
 
 struct EllipseForm {
     double x;
@@ -35,7 +35,7 @@ DevicePoint mapped(const ShapeFrame& frame, DevicePoint point)
 void appendEllipseArc(Outline& outline, const EllipseForm& ellipse, const ArcSweep& arc,
                       const Mapping& toDevice)
 {
-    const int pieces = std::max(1, static_cast<int>(std::ceil(std::abs(arc.sweep) / quarter - 1e-9)));
+    const int pieces = std::max(1, static_cast<int>(std::ceil(std::abs(arc.sweep) / Quarter - 1e-9)));
     const double step = arc.sweep / pieces;
     const double handle = 4.0 / 3 * std::tan(step / 4);
     for (int i = 0; i < pieces; ++i) {
@@ -53,9 +53,9 @@ void appendEllipseArc(Outline& outline, const EllipseForm& ellipse, const ArcSwe
 
 double angleThrough(const EllipseForm& ellipse, DevicePoint point)
 {
-    constexpr double thinnest = 1e-9;
-    return std::atan2((ellipse.y - point.y) / std::max(ellipse.ry, thinnest),
-                      (point.x - ellipse.x) / std::max(ellipse.rx, thinnest));
+    constexpr double Thinnest = 1e-9;
+    return std::atan2((ellipse.y - point.y) / std::max(ellipse.ry, Thinnest),
+                      (point.x - ellipse.x) / std::max(ellipse.rx, Thinnest));
 }
 
 } // namespace
@@ -95,13 +95,13 @@ ShapeFrame wholeFrame(const Mapping& mapping, const RECT& rect)
 
 RECT deviceBox(const Mapping& mapping, const RECT& rect)
 {
-    constexpr LONG farthest = 1 << 26;
-    RECT box{farthest, farthest, -farthest, -farthest};
+    constexpr LONG Farthest = 1 << 26;
+    RECT box{Farthest, Farthest, -Farthest, -Farthest};
     for (const POINT corner : {POINT{rect.left, rect.top}, POINT{rect.right, rect.top},
                                POINT{rect.left, rect.bottom}, POINT{rect.right, rect.bottom}}) {
         const POINT point = mapping.toDevice(corner);
-        const LONG x = std::clamp(point.x, -farthest, farthest);
-        const LONG y = std::clamp(point.y, -farthest, farthest);
+        const LONG x = std::clamp(point.x, -Farthest, Farthest);
+        const LONG y = std::clamp(point.y, -Farthest, Farthest);
         box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x), std::max(box.bottom, y)};
     }
     return box;
@@ -146,7 +146,7 @@ Outline rectangleOutline(const ShapeFrame& frame)
 
 Outline ellipseOutline(const ShapeFrame& frame)
 {
-    const ArcSweep whole{0, 4 * quarter};
+    const ArcSweep whole{0, 4 * Quarter};
     Outline outline;
     outline.moveTo(arcStart(frame, whole));
     appendArc(outline, frame, whole);
@@ -175,8 +175,8 @@ Outline roundRectOutline(const ShapeFrame& frame, double cornerWidth, double cor
         } else {
             outline.lineTo(begin);
         }
-        appendEllipseArc(outline, corner, {start, quarter}, frame.toDevice);
-        start += quarter;
+        appendEllipseArc(outline, corner, {start, Quarter}, frame.toDevice);
+        start += Quarter;
     }
     outline.close();
     return outline;
@@ -184,7 +184,7 @@ Outline roundRectOutline(const ShapeFrame& frame, double cornerWidth, double cor
 
 ArcSweep sweepBetween(const ShapeFrame& frame, DevicePoint start, DevicePoint end, bool clockwise)
 {
-    constexpr double whole = 4 * quarter;
+    constexpr double Whole = 4 * Quarter;
     const EllipseForm ellipse = ellipseIn(frame);
     const double from = angleThrough(ellipse, start);
     const double ax = start.x - ellipse.x;
@@ -194,16 +194,16 @@ ArcSweep sweepBetween(const ShapeFrame& frame, DevicePoint start, DevicePoint en
     const bool same = ax * by == ay * bx && ax * bx + ay * by >= 0;
     double sweep = same ? 0 : angleThrough(ellipse, end) - from;
     if (clockwise != frame.mirrored) {
-        sweep = sweep < 0 ? sweep : sweep - whole;
+        sweep = sweep < 0 ? sweep : sweep - Whole;
     } else {
-        sweep = sweep > 0 ? sweep : sweep + whole;
+        sweep = sweep > 0 ? sweep : sweep + Whole;
     }
     return {from, sweep};
 }
 
 bool isWhole(const ArcSweep& arc) noexcept
 {
-    return std::abs(arc.sweep) >= 4 * quarter;
+    return std::abs(arc.sweep) >= 4 * Quarter;
 }
 
 DevicePoint arcStart(const ShapeFrame& frame, const ArcSweep& arc)

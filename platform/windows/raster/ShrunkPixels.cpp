@@ -82,18 +82,18 @@ std::uint64_t wholeWeight(const SourceSpan& span, std::uint64_t inner)
 // What takes colours from black and white does so after bits are merged: the operation is on the bits.
 bool takesColorsLast(const ColorRule& rule, Shrinking shrinking)
 {
-    return shrinking != Shrinking::average && rule.kind == ColorRule::Kind::fromMonochrome;
+    return shrinking != Shrinking::Average && rule.kind == ColorRule::Kind::FromMonochrome;
 }
 
 // What the first of pixels is merged with.
 DWORD neutralOf(Shrinking shrinking)
 {
-    return shrinking == Shrinking::all ? 0xFFFFFFFF : 0;
+    return shrinking == Shrinking::All ? 0xFFFFFFFF : 0;
 }
 
 DWORD merged(Shrinking shrinking, DWORD first, DWORD second)
 {
-    return shrinking == Shrinking::all ? first & second : first | second;
+    return shrinking == Shrinking::All ? first & second : first | second;
 }
 
 // Calls take(pixels, x, count) for pieces of a row's span: a span may be far longer than what is kept of it.
@@ -114,12 +114,12 @@ void readSpan(const BitmapView& view, const SourceSpan& span, int y, const Take&
 Shrinking shrinkingFor(int stretchMode, BYTE operation, bool oneBit) noexcept
 {
     if (operation != ternaryOf(SRCCOPY) || stretchMode == COLORONCOLOR) {
-        return Shrinking::nearest;
+        return Shrinking::Nearest;
     }
     if (stretchMode == HALFTONE || !oneBit) {
-        return Shrinking::average;
+        return Shrinking::Average;
     }
-    return stretchMode == WHITEONBLACK ? Shrinking::any : Shrinking::all;
+    return stretchMode == WHITEONBLACK ? Shrinking::Any : Shrinking::All;
 }
 
 bool AxisCopy::shrinks() const noexcept
@@ -137,7 +137,7 @@ ShrunkAxis::ShrunkAxis(const AxisCopy& copy, const std::vector<int>& nearest, in
         if (shrinks) {
             const Cover cover = coverOf(copy, begin + static_cast<std::int64_t>(i));
             innerWeight = static_cast<std::uint64_t>(cover.unit);
-            const SourceSpan under = spanUnder(cover, shrinking == Shrinking::average, low, high);
+            const SourceSpan under = spanUnder(cover, shrinking == Shrinking::Average, low, high);
             span = under.first <= under.last ? under : span;
         }
         if (shrinks || spans.empty() || spans.back().first != span.first) {
@@ -164,7 +164,7 @@ void MixedPixel::add(DWORD pixel)
 
 DWORD MixedPixel::result() const
 {
-    if (m_shrinking == Shrinking::average) {
+    if (m_shrinking == Shrinking::Average) {
         return averageOf(m_sums, m_count);
     }
     DWORD pixel = m_merged;
@@ -181,7 +181,7 @@ ShrunkPixels::ShrunkPixels(const BitmapView& view, const ColorRule& rule, Shrink
 {
     DWORD* pixels = m_picture.data();
     for (const SourceSpan& span : m_rows.spans) {
-        if (m_shrinking == Shrinking::average) {
+        if (m_shrinking == Shrinking::Average) {
             averageRow(span, pixels);
         } else {
             mergeRow(span, pixels);

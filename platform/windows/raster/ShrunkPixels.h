@@ -14,10 +14,10 @@
 
 // What becomes of source pixels that share a target pixel.
 enum class Shrinking : unsigned char {
-    nearest, // the one that the target pixel's middle falls on stays
-    average, // weighted by area, in whole numbers: exact; of samples where the mapping turns
-    all,     // the bits that all have (AND), of the pixels with their middle on the target pixel
-    any,     // the bits that any has (OR), of the same
+    Nearest, // the one that the target pixel's middle falls on stays
+    Average, // weighted by area, in whole numbers: exact; of samples where the mapping turns
+    All,     // the bits that all have (AND), of the pixels with their middle on the target pixel
+    Any,     // the bits that any has (OR), of the same
 };
 // By SetStretchBltMode, for a copy with this ternary operation: everything but a plain copy stays nearest, so that
 // raster steps which belong together choose the same pixels. `oneBit`: the source or the target is a one-bit picture.
@@ -79,7 +79,7 @@ public:
     // Only of what is in view, and never more than a bitmap may take.
     static bool mayHold(std::size_t columns, std::size_t rows) noexcept
     {
-        return rows != 0 && columns <= largestBitmap / sizeof(DWORD) / rows;
+        return rows != 0 && columns <= LargestBitmap / sizeof(DWORD) / rows;
     }
 
     // The pixels of `count` target columns of a row, both counted from the axes' begin. Valid until the next call.

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int farthest = 1 << 26;
+constexpr int Farthest = 1 << 26;
 
 // A walk along one line: step i is at `major + i * majorStep` on the longer axis.
 struct Walk {
@@ -155,7 +155,7 @@ private:
 POINT gridPoint(DevicePoint point)
 {
     const auto unit = [](double value) {
-        return static_cast<LONG>(std::floor(std::clamp<double>(value, -farthest, farthest) + 0.5));
+        return static_cast<LONG>(std::floor(std::clamp<double>(value, -Farthest, Farthest) + 0.5));
     };
     return {unit(point.x), unit(point.y)};
 }

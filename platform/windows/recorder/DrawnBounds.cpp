@@ -89,7 +89,7 @@ DrawnBounds boundsOfArea(const Mapping& mapping, const RECT& rect) noexcept
 
 DrawnBounds boundsOfArc(const DrawnBounds& ellipse, POINT start, POINT end) noexcept
 {
-    constexpr double quarter = std::numbers::pi / 2;
+    constexpr double Quarter = std::numbers::pi / 2;
     const double centerX = std::midpoint<double>(ellipse.box.left, ellipse.box.right);
     const double centerY = std::midpoint<double>(ellipse.box.top, ellipse.box.bottom);
     const double radiusX = ellipse.box.right - centerX;
@@ -105,14 +105,14 @@ DrawnBounds boundsOfArc(const DrawnBounds& ellipse, POINT start, POINT end) noex
     const double first = angleOf(start);
     double last = angleOf(end);
     if (last <= first) {
-        last += 4 * quarter;
+        last += 4 * Quarter;
     }
     addAt(first);
     addAt(last);
     // Between its ends an arc reaches furthest where it crosses an axis.
-    const int lastQuarter = static_cast<int>(std::ceil(last / quarter));
-    for (int crossing = static_cast<int>(std::ceil(first / quarter)); crossing < lastQuarter; ++crossing) {
-        addAt(crossing * quarter);
+    const int lastQuarter = static_cast<int>(std::ceil(last / Quarter));
+    for (int crossing = static_cast<int>(std::ceil(first / Quarter)); crossing < lastQuarter; ++crossing) {
+        addAt(crossing * Quarter);
     }
     return bounds;
 }

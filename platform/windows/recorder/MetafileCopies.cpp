@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr XFORM identity{1, 0, 0, 1, 0, 0};
+constexpr XFORM Identity{1, 0, 0, 1, 0, 0};
 
 // A rectangle as records have it: its corner, and its sizes, below 0 where it mirrors.
 struct Placement {
@@ -44,7 +44,7 @@ EMRBITBLT blitTo(const RECT& target, const DrawnBounds& bounds, DWORD operation)
     fields.cxDest = place.size.cx;
     fields.cyDest = place.size.cy;
     fields.dwRop = operation;
-    fields.xformSrc = identity;
+    fields.xformSrc = Identity;
     return fields;
 }
 
@@ -68,7 +68,7 @@ DrawnBounds boundsOfStretched(const Mapping& mapping, const RECT& rect) noexcept
 bool MetafileDevice::patternBlt(DeviceContext& context, std::span<const RECT> rects, const BrushObject& brush,
                                 DWORD operation)
 {
-    const DWORD former = m_objects.selected(ObjectKind::brush);
+    const DWORD former = m_objects.selected(ObjectKind::Brush);
     // A selected brush may be deleted already: then only its selection knows its entry.
     const DWORD entry = &brush == context.state.brush.get() ? former : entryOf(brush);
     if (entry == 0) {
@@ -130,7 +130,7 @@ bool MetafileDevice::copyDib(DeviceContext& context, const RECT& target, const B
                              const void* bits, UINT usage, const SourceArea& area, DWORD operation)
 {
     const DibSize size = info == nullptr || bits == nullptr ? DibSize{} : measureDib(info, usage);
-    if (size.head == 0 || size.bits == 0 || size.head + size.bits > largestMetafile) {
+    if (size.head == 0 || size.bits == 0 || size.head + size.bits > LargestMetafile) {
         return false;
     }
     const Placement place = placementOf(target);

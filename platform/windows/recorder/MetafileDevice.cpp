@@ -10,26 +10,26 @@
 namespace {
 
 // The reference device: the screen. A pixel is 0.26458 mm along both axes, 96 to the inch.
-constexpr SIZEL devicePixels{1920, 1440};
-constexpr SIZEL deviceMillimeters{508, 381};
-constexpr int bitsPerPixel = 32;
-constexpr int dotsPerInch = 96;
-constexpr int rasterDisplay = 1;
+constexpr SIZEL DevicePixels{1920, 1440};
+constexpr SIZEL DeviceMillimeters{508, 381};
+constexpr int BitsPerPixel = 32;
+constexpr int DotsPerInch = 96;
+constexpr int RasterDisplay = 1;
 
-constexpr std::pair<int, int> capabilities[] = {
-    {TECHNOLOGY, rasterDisplay},
-    {HORZSIZE, deviceMillimeters.cx},
-    {VERTSIZE, deviceMillimeters.cy},
-    {HORZRES, devicePixels.cx},
-    {VERTRES, devicePixels.cy},
-    {BITSPIXEL, bitsPerPixel},
+constexpr std::pair<int, int> Capabilities[] = {
+    {TECHNOLOGY, RasterDisplay},
+    {HORZSIZE, DeviceMillimeters.cx},
+    {VERTSIZE, DeviceMillimeters.cy},
+    {HORZRES, DevicePixels.cx},
+    {VERTRES, DevicePixels.cy},
+    {BITSPIXEL, BitsPerPixel},
     {PLANES, 1},
     {RASTERCAPS, RC_BITBLT | RC_STRETCHBLT},
-    {LOGPIXELSX, dotsPerInch},
-    {LOGPIXELSY, dotsPerInch},
+    {LOGPIXELSX, DotsPerInch},
+    {LOGPIXELSY, DotsPerInch},
 };
 
-constexpr DWORD formatVersion = 0x10000;
+constexpr DWORD FormatVersion = 0x10000;
 
 // The frame around pixels, in hundredths of a millimetre: from the left edge of the first to the right one of the last.
 RECTL frameAround(const RECTL& pixels)
@@ -38,10 +38,10 @@ RECTL frameAround(const RECTL& pixels)
         const std::int64_t value = edge * millimeters * 100 / resolution;
         return static_cast<LONG>(std::clamp<std::int64_t>(value, INT32_MIN, INT32_MAX));
     };
-    return {hundredths(pixels.left, deviceMillimeters.cx, devicePixels.cx),
-            hundredths(pixels.top, deviceMillimeters.cy, devicePixels.cy),
-            hundredths(std::int64_t{pixels.right} + 1, deviceMillimeters.cx, devicePixels.cx),
-            hundredths(std::int64_t{pixels.bottom} + 1, deviceMillimeters.cy, devicePixels.cy)};
+    return {hundredths(pixels.left, DeviceMillimeters.cx, DevicePixels.cx),
+            hundredths(pixels.top, DeviceMillimeters.cy, DevicePixels.cy),
+            hundredths(std::int64_t{pixels.right} + 1, DeviceMillimeters.cx, DevicePixels.cx),
+            hundredths(std::int64_t{pixels.bottom} + 1, DeviceMillimeters.cy, DevicePixels.cy)};
 }
 
 } // namespace
@@ -70,22 +70,22 @@ std::optional<std::vector<BYTE>> MetafileDevice::finish() noexcept
     header.rclFrame = m_frame ? RECTL{m_frame->left, m_frame->top, m_frame->right, m_frame->bottom}
                               : frameAround(m_drawn.box);
     header.dSignature = ENHMETA_SIGNATURE;
-    header.nVersion = formatVersion;
+    header.nVersion = FormatVersion;
     header.nBytes = static_cast<DWORD>(m_buffer.bytes().size());
     header.nRecords = m_buffer.recordCount();
     header.nHandles = static_cast<WORD>(m_objects.entryCount());
-    header.szlDevice = devicePixels;
-    header.szlMillimeters = deviceMillimeters;
-    header.szlMicrometers = {deviceMillimeters.cx * 1000, deviceMillimeters.cy * 1000};
+    header.szlDevice = DevicePixels;
+    header.szlMillimeters = DeviceMillimeters;
+    header.szlMicrometers = {DeviceMillimeters.cx * 1000, DeviceMillimeters.cy * 1000};
     std::memcpy(m_buffer.bytes().data(), &header, sizeof(header));
     return std::move(m_buffer.bytes());
 }
 
 int MetafileDevice::capability(int index) const
 {
-    const auto* const found = std::find_if(std::begin(capabilities), std::end(capabilities),
+    const auto* const found = std::find_if(std::begin(Capabilities), std::end(Capabilities),
                                            [index](const auto& entry) { return entry.first == index; });
-    return found == std::end(capabilities) ? 0 : found->second;
+    return found == std::end(Capabilities) ? 0 : found->second;
 }
 
 bool MetafileDevice::comment(DeviceContext& /*context*/, std::span<const BYTE> data)
@@ -117,7 +117,7 @@ void MetafileDevice::markDrawn(const DeviceContext& context, DrawnBounds bounds)
 
 RECTL MetafileDevice::markStroked(const DeviceContext& context, DrawnBounds bounds, Corners corners)
 {
-    if (m_pathState == PathState::open) {
+    if (m_pathState == PathState::Open) {
         m_path.add(bounds.box);
         return DrawnBounds{}.box;
     }
@@ -130,9 +130,9 @@ RECTL MetafileDevice::markPath(const DeviceContext& context, bool stroked)
 {
     DrawnBounds bounds = m_path;
     m_path = {};
-    m_pathState = PathState::none;
+    m_pathState = PathState::None;
     if (stroked) {
-        return markStroked(context, bounds, Corners::any);
+        return markStroked(context, bounds, Corners::Any);
     }
     markDrawn(context, bounds);
     return bounds.box;

@@ -67,7 +67,7 @@ public:
     bool comment(DeviceContext& context, std::span<const BYTE> data) override;
 
 private:
-    enum class PathState : unsigned char { none, open, ended };
+    enum class PathState : unsigned char { None, Open, Ended };
 
     // Appends a record, after those that deletions since the last one ask for. As RecordBuffer::append().
     template <class Record>
@@ -100,7 +100,7 @@ private:
     RecordedObjects m_objects;
     std::optional<RECT> m_frame;
     DrawnBounds m_drawn;
-    PathState m_pathState = PathState::none;
+    PathState m_pathState = PathState::None;
     DrawnBounds m_path;
     DeletionWatch m_watch{*this};
 };

@@ -48,11 +48,11 @@ DWORD MetafileDevice::entryOf(const GdiObject& object)
 bool MetafileDevice::recordCreation(const GdiObject& object, DWORD entry)
 {
     switch (object.kind()) {
-    case ObjectKind::pen:
+    case ObjectKind::Pen:
         return recordPen(static_cast<const PenObject&>(object), entry);
-    case ObjectKind::brush:
+    case ObjectKind::Brush:
         return recordBrush(static_cast<const BrushObject&>(object), entry);
-    case ObjectKind::font: {
+    case ObjectKind::Font: {
         EMREXTCREATEFONTINDIRECTW fields{};
         fields.ihFont = entry;
         fields.elfw.elfLogFont = static_cast<const FontObject&>(object).description;

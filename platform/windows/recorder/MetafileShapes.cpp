@@ -17,23 +17,23 @@ struct PolyTypes {
 };
 
 // In the order of PolyShape.
-constexpr PolyTypes polyTypes[] = {
+constexpr PolyTypes TypesOfShapes[] = {
     {EMR_POLYLINE, EMR_POLYLINE16},         {EMR_POLYLINETO, EMR_POLYLINETO16},
     {EMR_POLYGON, EMR_POLYGON16},           {EMR_POLYBEZIER, EMR_POLYBEZIER16},
     {EMR_POLYBEZIERTO, EMR_POLYBEZIERTO16}, {EMR_POLYPOLYLINE, EMR_POLYPOLYLINE16},
     {EMR_POLYPOLYGON, EMR_POLYPOLYGON16},
 };
-static_assert(std::size(polyTypes) == static_cast<std::size_t>(PolyShape::polyPolygon) + 1);
+static_assert(std::size(TypesOfShapes) == static_cast<std::size_t>(PolyShape::PolyPolygon) + 1);
 
 // In the order of ArcShape.
-constexpr DWORD arcTypes[] = {EMR_ARC, EMR_ARCTO, EMR_CHORD, EMR_PIE};
-static_assert(std::size(arcTypes) == static_cast<std::size_t>(ArcShape::pie) + 1);
+constexpr DWORD ArcTypes[] = {EMR_ARC, EMR_ARCTO, EMR_CHORD, EMR_PIE};
+static_assert(std::size(ArcTypes) == static_cast<std::size_t>(ArcShape::Pie) + 1);
 
 // In the order of PathStep.
-constexpr DWORD pathTypes[] = {EMR_BEGINPATH, EMR_ENDPATH,     EMR_CLOSEFIGURE,
+constexpr DWORD PathTypes[] = {EMR_BEGINPATH, EMR_ENDPATH,     EMR_CLOSEFIGURE,
                                EMR_ABORTPATH, EMR_FLATTENPATH, EMR_WIDENPATH,
                                EMR_FILLPATH,  EMR_STROKEPATH,  EMR_STROKEANDFILLPATH};
-static_assert(std::size(pathTypes) == static_cast<std::size_t>(PathStep::strokeAndFill) + 1);
+static_assert(std::size(PathTypes) == static_cast<std::size_t>(PathStep::StrokeAndFill) + 1);
 
 template <class Number>
 LONG saturated(Number value) noexcept
@@ -123,7 +123,7 @@ DrawnBounds boundsOfPart(const DeviceContext& context, ArcShape shape, const Dra
         std::swap(start, end);
     }
     DrawnBounds bounds = boundsOfArc(ellipse, mapping.toDevice(start), mapping.toDevice(end));
-    if (shape == ArcShape::pie) {
+    if (shape == ArcShape::Pie) {
         // The centre may lie between two pixels.
         bounds.add(POINT{std::midpoint(box.left, box.right), std::midpoint(box.top, box.bottom)});
         bounds.add(POINT{std::midpoint(box.right, box.left), std::midpoint(box.bottom, box.top)});
@@ -136,7 +136,7 @@ DrawnBounds boundsOfPart(const DeviceContext& context, ArcShape shape, const Dra
 bool MetafileDevice::lineTo(DeviceContext& context, POINT from, POINT to)
 {
     const POINT ends[] = {from, to};
-    markStroked(context, boundsOfPoints(context.mapping(), ends), Corners::none);
+    markStroked(context, boundsOfPoints(context.mapping(), ends), Corners::None);
     return record(EMR_LINETO, EMRPOINT{{}, {to.x, to.y}}) != nullptr;
 }
 
@@ -150,17 +150,17 @@ bool MetafileDevice::poly(DeviceContext& context, PolyShape shape, std::span<con
     const RECT box = boxOf(points);
     DrawnBounds bounds =
         mapping.isAxisAligned() ? boundsWithEdges(mapping, box) : boundsOfPoints(mapping, points);
-    if (shape == PolyShape::polylineTo || shape == PolyShape::polyBezierTo) {
+    if (shape == PolyShape::PolylineTo || shape == PolyShape::PolyBezierTo) {
         bounds.add(mapping.toDevice(context.state.position));
     }
     const bool narrow = fitsSixteenBits(box);
-    const PolyTypes& types = polyTypes[static_cast<std::size_t>(shape)];
+    const PolyTypes& types = TypesOfShapes[static_cast<std::size_t>(shape)];
     const DWORD type = narrow ? types.narrow : types.wide;
     const std::uint64_t pointsLength = points.size() * (narrow ? sizeof(POINTS) : sizeof(POINTL));
-    const RECTL drawn = markStroked(context, bounds, Corners::any);
+    const RECTL drawn = markStroked(context, bounds, Corners::Any);
     const auto pointCount = static_cast<DWORD>(points.size());
     BYTE* tail = nullptr;
-    if (shape == PolyShape::polyPolyline || shape == PolyShape::polyPolygon) {
+    if (shape == PolyShape::PolyPolyline || shape == PolyShape::PolyPolygon) {
         const EMRPOLYPOLY fields{{}, drawn, static_cast<DWORD>(counts.size()), pointCount};
         tail = record(type, fields, counts.size_bytes() + pointsLength);
         if (tail != nullptr && !counts.empty()) {
@@ -183,12 +183,12 @@ bool MetafileDevice::box(DeviceContext& context, BoxShape shape, const RECT& rec
     if (!inclusiveBox(context, rect, inclusive)) {
         return true;
     }
-    const bool square = shape == BoxShape::rectangle && context.mapping().isAxisAligned();
-    markStroked(context, boundsOfShape(context, inclusive), square ? Corners::square : Corners::any);
-    if (shape == BoxShape::roundRectangle) {
+    const bool square = shape == BoxShape::Rectangle && context.mapping().isAxisAligned();
+    markStroked(context, boundsOfShape(context, inclusive), square ? Corners::Square : Corners::Any);
+    if (shape == BoxShape::RoundRectangle) {
         return record(EMR_ROUNDRECT, EMRROUNDRECT{{}, inclusive, corner}) != nullptr;
     }
-    return record(shape == BoxShape::ellipse ? EMR_ELLIPSE : EMR_RECTANGLE, EMRBOX{{}, inclusive}) != nullptr;
+    return record(shape == BoxShape::Ellipse ? EMR_ELLIPSE : EMR_RECTANGLE, EMRBOX{{}, inclusive}) != nullptr;
 }
 
 bool MetafileDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rect, POINT start, POINT end)
@@ -198,12 +198,12 @@ bool MetafileDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rec
         return true;
     }
     DrawnBounds bounds = boundsOfPart(context, shape, boundsOfShape(context, inclusive), start, end);
-    if (shape == ArcShape::arcTo) {
+    if (shape == ArcShape::ArcTo) {
         bounds.add(context.mapping().toDevice(context.state.position));
     }
-    markStroked(context, bounds, Corners::any);
+    markStroked(context, bounds, Corners::Any);
     const EMRARC fields{{}, inclusive, {start.x, start.y}, {end.x, end.y}};
-    return record(arcTypes[static_cast<std::size_t>(shape)], fields) != nullptr;
+    return record(ArcTypes[static_cast<std::size_t>(shape)], fields) != nullptr;
 }
 
 bool MetafileDevice::angleArc(DeviceContext& context, POINT center, DWORD radius, FLOAT startAngle,
@@ -214,40 +214,40 @@ bool MetafileDevice::angleArc(DeviceContext& context, POINT center, DWORD radius
     DrawnBounds bounds = boundsWithEdges(mapping, {saturated(center.x - reach), saturated(center.y - reach),
                                                    saturated(center.x + reach), saturated(center.y + reach)});
     bounds.add(mapping.toDevice(context.state.position));
-    markStroked(context, bounds, Corners::any);
+    markStroked(context, bounds, Corners::Any);
     return record(EMR_ANGLEARC, EMRANGLEARC{{}, {center.x, center.y}, radius, startAngle, sweepAngle}) !=
            nullptr;
 }
 
 bool MetafileDevice::path(DeviceContext& context, PathStep step)
 {
-    const DWORD type = pathTypes[static_cast<std::size_t>(step)];
+    const DWORD type = PathTypes[static_cast<std::size_t>(step)];
     switch (step) {
-    case PathStep::begin:
+    case PathStep::Begin:
         m_path = {};
-        m_pathState = PathState::open;
+        m_pathState = PathState::Open;
         break;
-    case PathStep::abort:
+    case PathStep::Abort:
         m_path = {};
-        m_pathState = PathState::none;
+        m_pathState = PathState::None;
         break;
-    case PathStep::end:
-    case PathStep::closeFigure:
-        if (m_pathState != PathState::open) {
+    case PathStep::End:
+    case PathStep::CloseFigure:
+        if (m_pathState != PathState::Open) {
             return false;
         }
-        m_pathState = step == PathStep::end ? PathState::ended : PathState::open;
+        m_pathState = step == PathStep::End ? PathState::Ended : PathState::Open;
         break;
     default:
-        if (m_pathState != PathState::ended) {
+        if (m_pathState != PathState::Ended) {
             return false;
         }
-        if (step >= PathStep::fill) {
-            const RECTL drawn = markPath(context, step != PathStep::fill);
+        if (step >= PathStep::Fill) {
+            const RECTL drawn = markPath(context, step != PathStep::Fill);
             return record(type, EMRPATH{{}, drawn}) != nullptr;
         }
-        if (step == PathStep::widen) {
-            m_path.grow(penReach(context, Corners::any));
+        if (step == PathStep::Widen) {
+            m_path.grow(penReach(context, Corners::Any));
         }
     }
     return record(type, EMR{}) != nullptr;

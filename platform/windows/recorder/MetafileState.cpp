@@ -23,58 +23,58 @@ void MetafileDevice::stateChanged(DeviceContext& context, StateField field)
 {
     const ContextState& state = context.state;
     switch (field) {
-    case StateField::backColor:
+    case StateField::BackColor:
         record(EMR_SETBKCOLOR, EMRSETCOLOR{{}, state.backColor});
         break;
-    case StateField::textColor:
+    case StateField::TextColor:
         record(EMR_SETTEXTCOLOR, EMRSETCOLOR{{}, state.textColor});
         break;
-    case StateField::backMode:
+    case StateField::BackMode:
         record(EMR_SETBKMODE, modeRecord(state.backMode));
         break;
-    case StateField::textAlign:
+    case StateField::TextAlign:
         record(EMR_SETTEXTALIGN, modeRecord(state.textAlign));
         break;
-    case StateField::textJustification:
+    case StateField::TextJustification:
         record(EMR_SETTEXTJUSTIFICATION, EMRSETTEXTJUSTIFICATION{{}, state.breakExtra, state.breakCount});
         break;
-    case StateField::rop2:
+    case StateField::Rop2:
         record(EMR_SETROP2, modeRecord(state.rop2));
         break;
-    case StateField::polyFillMode:
+    case StateField::PolyFillMode:
         record(EMR_SETPOLYFILLMODE, modeRecord(state.polyFillMode));
         break;
-    case StateField::stretchMode:
+    case StateField::StretchMode:
         record(EMR_SETSTRETCHBLTMODE, modeRecord(state.stretchMode));
         break;
-    case StateField::arcDirection:
+    case StateField::ArcDirection:
         record(EMR_SETARCDIRECTION, modeRecord(state.arcDirection));
         break;
-    case StateField::miterLimit:
+    case StateField::MiterLimit:
         record(EMR_SETMITERLIMIT, EMRSETMITERLIMIT{{}, state.miterLimit});
         break;
-    case StateField::brushOrigin:
+    case StateField::BrushOrigin:
         record(EMR_SETBRUSHORGEX, pointRecord(state.brushOrigin));
         break;
-    case StateField::mapMode:
+    case StateField::MapMode:
         record(EMR_SETMAPMODE, modeRecord(state.mapMode));
         break;
-    case StateField::windowExtent:
+    case StateField::WindowExtent:
         record(EMR_SETWINDOWEXTEX, EMREXTENT{{}, state.windowExtent});
         break;
-    case StateField::viewportExtent:
+    case StateField::ViewportExtent:
         record(EMR_SETVIEWPORTEXTEX, EMREXTENT{{}, state.viewportExtent});
         break;
-    case StateField::windowOrigin:
+    case StateField::WindowOrigin:
         record(EMR_SETWINDOWORGEX, pointRecord(state.windowOrigin));
         break;
-    case StateField::viewportOrigin:
+    case StateField::ViewportOrigin:
         record(EMR_SETVIEWPORTORGEX, pointRecord(state.viewportOrigin));
         break;
-    case StateField::worldTransform:
+    case StateField::WorldTransform:
         record(EMR_SETWORLDTRANSFORM, EMRSETWORLDTRANSFORM{{}, state.world});
         break;
-    case StateField::position:
+    case StateField::Position:
         record(EMR_MOVETOEX, pointRecord(state.position));
         break;
     }
@@ -121,12 +121,12 @@ void MetafileDevice::clipOffset(DeviceContext& /*context*/, int x, int y)
 // all where the new clip may hold more.
 bool MetafileDevice::selectClipPath(DeviceContext& context, int mode)
 {
-    if (m_pathState != PathState::ended) {
+    if (m_pathState != PathState::Ended) {
         return false;
     }
     const Region pathBox(m_path.area());
     m_path = {};
-    m_pathState = PathState::none;
+    m_pathState = PathState::None;
     std::optional<Region>& clip = context.state.clip;
     if (mode == RGN_COPY || (mode == RGN_AND && !clip)) {
         clip = pathBox;

@@ -9,7 +9,7 @@
 namespace {
 
 // Hundredths of a millimetre along one pixel of the reference device.
-constexpr double hundredthsPerPixel = 508.0 * 100 / 1920;
+constexpr double HundredthsPerPixel = 508.0 * 100 / 1920;
 
 } // namespace
 
@@ -31,8 +31,8 @@ bool MetafileDevice::text(DeviceContext& context, const TextOutput& output)
     if (context.state.graphicsMode == GM_COMPATIBLE) {
         // Page units become hundredths of a millimetre; advanced mode has no use for it.
         const Mapping page = context.pageMapping();
-        fields.exScale = static_cast<FLOAT>(page.scaleX() * hundredthsPerPixel);
-        fields.eyScale = static_cast<FLOAT>(page.scaleY() * hundredthsPerPixel);
+        fields.exScale = static_cast<FLOAT>(page.scaleX() * HundredthsPerPixel);
+        fields.eyScale = static_cast<FLOAT>(page.scaleY() * HundredthsPerPixel);
     }
     fields.emrtext.ptlReference = {output.reference.x, output.reference.y};
     fields.emrtext.nChars = static_cast<DWORD>(output.text.size());
@@ -53,7 +53,7 @@ bool MetafileDevice::text(DeviceContext& context, const TextOutput& output)
         }
     }
 
-    if (m_pathState == PathState::open) {
+    if (m_pathState == PathState::Open) {
         m_path.add(cell.box);
         m_path.add(ink.box);
         return true;

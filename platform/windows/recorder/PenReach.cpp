@@ -19,7 +19,7 @@ double widestUnit(const Mapping& mapping) noexcept
 double reachOfEnds(const DeviceContext& context, const PenObject& pen, Corners corners) noexcept
 {
     const double ends = (pen.style & PS_ENDCAP_MASK) == PS_ENDCAP_SQUARE ? std::numbers::sqrt2 : 1;
-    const bool mitred = corners == Corners::any && (pen.style & PS_JOIN_MASK) == PS_JOIN_MITER;
+    const bool mitred = corners == Corners::Any && (pen.style & PS_JOIN_MASK) == PS_JOIN_MITER;
     return mitred ? std::max<double>(ends, context.state.miterLimit) : ends;
 }
 

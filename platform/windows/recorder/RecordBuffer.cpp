@@ -5,7 +5,7 @@
 BYTE* RecordBuffer::extend(std::uint64_t length) noexcept
 {
     const std::size_t start = m_bytes.size();
-    if (m_stopped || length > largestMetafile - start) {
+    if (m_stopped || length > LargestMetafile - start) {
         m_stopped = true;
         return nullptr;
     }

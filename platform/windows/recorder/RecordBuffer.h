@@ -9,7 +9,7 @@
 #include <vector>
 
 // The most bytes that a recorded metafile may take.
-constexpr std::uint64_t largestMetafile = std::uint64_t{1} << 30;
+constexpr std::uint64_t LargestMetafile = std::uint64_t{1} << 30;
 
 // A length rounded up to the multiple of four that records and their parts are padded to.
 constexpr std::uint64_t paddedLength(std::uint64_t length) noexcept
@@ -26,7 +26,7 @@ public:
     BYTE* append(DWORD type, const Record& fields, std::uint64_t tailLength = 0) noexcept
     {
         static_assert(std::is_trivially_copyable_v<Record> && sizeof(Record) >= sizeof(EMR));
-        if (tailLength > largestMetafile) {
+        if (tailLength > LargestMetafile) {
             stop();
             return nullptr;
         }

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr DWORD mostEntries = 0xFFFF; // the header counts them in 16 bits
+constexpr DWORD MostEntries = 0xFFFF; // the header counts them in 16 bits
 
 // Makes room for as many elements, doubling it.
 void makeRoom(std::vector<DWORD>& elements, std::size_t count)
@@ -27,7 +27,7 @@ DWORD RecordedObjects::find(HGDIOBJ handle) noexcept
 
 DWORD RecordedObjects::add(HGDIOBJ handle) noexcept
 {
-    if (m_free.empty() && m_entryCount == mostEntries) {
+    if (m_free.empty() && m_entryCount == MostEntries) {
         return 0;
     }
     const DWORD entry = m_free.empty() ? m_entryCount : m_free.front();

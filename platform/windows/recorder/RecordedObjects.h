@@ -76,5 +76,5 @@ private:
     std::vector<DWORD> m_deleted;
     std::atomic<bool> m_anyDeleted = false;
 };
-static_assert(static_cast<int>(ObjectKind::pen) == 0 && static_cast<int>(ObjectKind::brush) == 1 &&
-              static_cast<int>(ObjectKind::font) == 2);
+static_assert(static_cast<int>(ObjectKind::Pen) == 0 && static_cast<int>(ObjectKind::Brush) == 1 &&
+              static_cast<int>(ObjectKind::Font) == 2);

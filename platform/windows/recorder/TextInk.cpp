@@ -45,9 +45,9 @@ public:
     }
 
 private:
-    static constexpr double farthest = std::numeric_limits<double>::max();
-    DevicePoint m_low{farthest, farthest};
-    DevicePoint m_high{-farthest, -farthest};
+    static constexpr double Farthest = std::numeric_limits<double>::max();
+    DevicePoint m_low{Farthest, Farthest};
+    DevicePoint m_high{-Farthest, -Farthest};
 };
 
 // A record has advances in logical units; played, they put letters up to so far from where the device's own put them.

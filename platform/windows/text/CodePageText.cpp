@@ -12,7 +12,7 @@ namespace {
 using CodePage = std::array<WCHAR, 256>;
 
 // Taken from the platform's own conversion, so that there is one code page.
-const CodePage codePage = [] {
+const CodePage Windows1252 = [] {
     CodePage page{};
     for (std::size_t byte = 1; byte < page.size(); ++byte) {
         const char source[] = {static_cast<char>(byte), 0};
@@ -34,7 +34,7 @@ void appendUtf8(std::string& text, unsigned int character)
 
 WCHAR wideCharacter(char character) noexcept
 {
-    return codePage[static_cast<unsigned char>(character)];
+    return Windows1252[static_cast<unsigned char>(character)];
 }
 
 std::vector<WCHAR> wideText(const char* text, std::size_t length)

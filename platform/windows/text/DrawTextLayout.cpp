@@ -7,9 +7,9 @@
 
 namespace {
 
-constexpr UINT tabBits = 0xFF00;
-constexpr UINT tabShift = 8;
-constexpr int dots = 3; // of an ellipsis
+constexpr UINT TabBits = 0xFF00;
+constexpr UINT TabShift = 8;
+constexpr int Dots = 3; // of an ellipsis
 
 } // namespace
 
@@ -18,10 +18,10 @@ DrawTextFormat::DrawTextFormat(UINT given) : flags(given)
     if (!has(DT_TABSTOP)) {
         return;
     }
-    if (const auto characters = static_cast<int>((given & tabBits) >> tabShift); characters > 0) {
+    if (const auto characters = static_cast<int>((given & TabBits) >> TabShift); characters > 0) {
         tabCharacters = characters;
     }
-    flags &= ~tabBits;
+    flags &= ~TabBits;
 }
 
 DrawTextLayout::DrawTextLayout(TextMeasure& measure, const DrawTextFormat& format, const char* text,
@@ -209,14 +209,14 @@ std::int64_t DrawTextLayout::widthOf(std::size_t first, std::size_t last)
 
 std::int64_t DrawTextLayout::ellipsisWidth()
 {
-    return std::int64_t{dots} * m_measure.next(u'.');
+    return std::int64_t{Dots} * m_measure.next(u'.');
 }
 
 void DrawTextLayout::compose(DrawTextLine& line, std::size_t headEnd, std::size_t tail, std::size_t tailEnd)
 {
     const std::size_t first = m_text.size();
     appendPart(line.first, headEnd);
-    m_text.insert(m_text.end(), dots, u'.');
+    m_text.insert(m_text.end(), Dots, u'.');
     appendPart(tail, tailEnd);
     line = {first, m_text.size(), widthOf(first, m_text.size())};
 }

@@ -19,28 +19,28 @@ extern "C" {
 
 namespace {
 
-constexpr const char* sans = "Liberation Sans";
-constexpr const char* serif = "Liberation Serif";
-constexpr const char* mono = "Liberation Mono";
+constexpr const char* Sans = "Liberation Sans";
+constexpr const char* Serif = "Liberation Serif";
+constexpr const char* Mono = "Liberation Mono";
 
 // Lower case.
 struct Substitute {
     const char* name;
     const char* face;
 };
-constexpr Substitute substitutes[] = {
-    {"arial", sans},        {"helvetica", sans},      {"helv", sans},
-    {"system", sans},       {"ms sans serif", sans},  {"microsoft sans serif", sans},
-    {"ms shell dlg", sans}, {"ms shell dlg 2", sans}, {"times new roman", serif},
-    {"times", serif},       {"tms rmn", serif},       {"ms serif", serif},
-    {"courier new", mono},  {"courier", mono},        {"fixedsys", mono},
-    {"terminal", mono},
+constexpr Substitute Substitutes[] = {
+    {"arial", Sans},        {"helvetica", Sans},      {"helv", Sans},
+    {"system", Sans},       {"ms sans serif", Sans},  {"microsoft sans serif", Sans},
+    {"ms shell dlg", Sans}, {"ms shell dlg 2", Sans}, {"times new roman", Serif},
+    {"times", Serif},       {"tms rmn", Serif},       {"ms serif", Serif},
+    {"courier new", Mono},  {"courier", Mono},        {"fixedsys", Mono},
+    {"terminal", Mono},
 };
 
-constexpr BYTE familyMask = 0xF0;
-constexpr BYTE pitchMask = 0x03;
-constexpr int heaviest = 1000;
-constexpr std::size_t mostFoundFonts = 64;
+constexpr BYTE FamilyMask = 0xF0;
+constexpr BYTE PitchMask = 0x03;
+constexpr int Heaviest = 1000;
+constexpr std::size_t MostFoundFonts = 64;
 
 // One thread at a time, with the configuration read.
 std::unique_lock<std::mutex> lockFontconfig()
@@ -73,11 +73,11 @@ std::string asciiLower(std::string text)
 // What is used for a face that nobody knows.
 const char* defaultFace(BYTE pitchAndFamily)
 {
-    const int family = pitchAndFamily & familyMask;
-    if (family == FF_MODERN || (pitchAndFamily & pitchMask) == FIXED_PITCH) {
-        return mono;
+    const int family = pitchAndFamily & FamilyMask;
+    if (family == FF_MODERN || (pitchAndFamily & PitchMask) == FIXED_PITCH) {
+        return Mono;
     }
-    return family == FF_ROMAN ? serif : sans;
+    return family == FF_ROMAN ? Serif : Sans;
 }
 
 std::string faceName(const LOGFONTW& description)
@@ -89,7 +89,7 @@ std::string faceName(const LOGFONTW& description)
         name.erase(0, 1);
     }
     const std::string lower = asciiLower(name);
-    for (const Substitute& substitute : substitutes) {
+    for (const Substitute& substitute : Substitutes) {
         if (lower == substitute.name) {
             return substitute.face;
         }
@@ -113,7 +113,7 @@ FontRequest requestFor(const LOGFONTW& description)
     FontRequest request{};
     request.face = faceName(description);
     request.fallback = defaultFace(description.lfPitchAndFamily);
-    request.weight = description.lfWeight <= 0 ? FW_NORMAL : std::min<int>(description.lfWeight, heaviest);
+    request.weight = description.lfWeight <= 0 ? FW_NORMAL : std::min<int>(description.lfWeight, Heaviest);
     request.italic = description.lfItalic != 0;
     request.symbol = description.lfCharSet == SYMBOL_CHARSET;
     if (request.symbol && request.face.empty()) {
@@ -238,11 +238,11 @@ std::shared_ptr<const FoundFont> findFont(const LOGFONTW& description)
     std::shared_ptr<const FoundFont> found = openMatch(request);
     if (!found) { // a damaged file, say
         FontRequest plain = request;
-        plain.face = sans;
+        plain.face = Sans;
         found = openMatch(plain);
     }
     if (found) {
-        if (foundFonts.size() >= mostFoundFonts) {
+        if (foundFonts.size() >= MostFoundFonts) {
             foundFonts.clear();
         }
         foundFonts.emplace(std::move(request), found);

@@ -11,12 +11,12 @@
 namespace {
 
 // The longest text of one call, as long as a record can reasonably hold.
-constexpr UINT longestText = 65535;
+constexpr UINT LongestText = 65535;
 
-constexpr double farthest = 1e15; // device units: whole numbers up to here are exact
+constexpr double Farthest = 1e15; // device units: whole numbers up to here are exact
 
-constexpr UINT horizontalMask = TA_CENTER;
-constexpr UINT verticalMask = TA_BASELINE;
+constexpr UINT HorizontalMask = TA_CENTER;
+constexpr UINT VerticalMask = TA_BASELINE;
 
 struct RunAdvances {
     std::vector<INT> logical;
@@ -39,7 +39,7 @@ RunAdvances measureRun(TextMeasure& measure, const OutputRun& run)
         if (run.advances != nullptr) {
             logical = run.advances[index];
             const double sum = static_cast<double>(advances.logicalTotal + logical) * measure.frame().along;
-            device = std::llround(std::clamp(sum, -farthest, farthest)) - advances.deviceTotal;
+            device = std::llround(std::clamp(sum, -Farthest, Farthest)) - advances.deviceTotal;
         } else {
             const WCHAR character = run.text[index];
             device = glyphs ? measure.nextGlyph(character) : measure.next(character);
@@ -56,7 +56,7 @@ RunAdvances measureRun(TextMeasure& measure, const OutputRun& run)
 // How far the run's start lies after its reference point.
 std::int64_t shiftOf(UINT alignment, std::int64_t total)
 {
-    switch (alignment & horizontalMask) {
+    switch (alignment & HorizontalMask) {
     case TA_RIGHT:
         return total;
     case TA_CENTER:
@@ -69,7 +69,7 @@ std::int64_t shiftOf(UINT alignment, std::int64_t total)
 // How far the base line lies below the reference point.
 int baselineBelow(UINT alignment, const TEXTMETRICA& metrics)
 {
-    switch (alignment & verticalMask) {
+    switch (alignment & VerticalMask) {
     case TA_BASELINE:
         return 0;
     case TA_BOTTOM:
@@ -113,7 +113,7 @@ RECTL deviceBox(const Mapping& mapping, const RECT& rect)
 
 void movePosition(ContextState& state, const TextFrame& frame, std::int64_t logicalTotal)
 {
-    const UINT horizontal = state.textAlign & horizontalMask;
+    const UINT horizontal = state.textAlign & HorizontalMask;
     if (horizontal == TA_CENTER) {
         return;
     }
@@ -204,7 +204,7 @@ BOOL WINAPI ExtTextOutA(HDC context, int x, int y, UINT options, const RECT* rec
                         const INT* advances)
 {
     return onContext(context, "ExtTextOutA", BOOL{FALSE}, [&](DeviceContext& found) -> BOOL {
-        if (length > longestText || (text == nullptr && length > 0)) {
+        if (length > LongestText || (text == nullptr && length > 0)) {
             return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         if ((options & ETO_GLYPH_INDEX) != 0) {
@@ -221,7 +221,7 @@ BOOL WINAPI ExtTextOutW(HDC context, int x, int y, UINT options, const RECT* rec
                         UINT length, const INT* advances)
 {
     return onContext(context, "ExtTextOutW", BOOL{FALSE}, [&](DeviceContext& found) -> BOOL {
-        if (length > longestText || (text == nullptr && length > 0)) {
+        if (length > LongestText || (text == nullptr && length > 0)) {
             return failWith(ERROR_INVALID_PARAMETER, FALSE);
         }
         return textOut(found, {x, y}, options, rect, {text, length}, advances);

@@ -16,17 +16,17 @@
 namespace {
 
 // The cell of a font without a height, as the system font's at 96 dots per inch.
-constexpr int defaultCell = 16;
-constexpr int defaultResolution = 96;
-constexpr double narrowestEm = 0.1;
+constexpr int DefaultCell = 16;
+constexpr int DefaultResolution = 96;
+constexpr double NarrowestEm = 0.1;
 
 // Numbers of TEXTMETRICA as they are for fonts with the Latin letters.
-constexpr BYTE firstCharacter = 30;
-constexpr BYTE lastCharacter = 255;
-constexpr BYTE defaultCharacter = 31;
-constexpr BYTE breakCharacter = 32;
-constexpr BYTE variablePitchBit = 0x01; // TMPF_FIXED_PITCH, whose name says the opposite of what it means
-constexpr BYTE outlineBits = 0x06;      // TMPF_VECTOR and TMPF_TRUETYPE
+constexpr BYTE FirstCharacter = 30;
+constexpr BYTE LastCharacter = 255;
+constexpr BYTE DefaultCharacter = 31;
+constexpr BYTE BreakCharacter = 32;
+constexpr BYTE VariablePitchBit = 0x01; // TMPF_FIXED_PITCH, whose name says the opposite of what it means
+constexpr BYTE OutlineBits = 0x06;      // TMPF_VECTOR and TMPF_TRUETYPE
 
 struct CacheKey {
     LOGFONTW description;
@@ -76,7 +76,7 @@ public:
         }
         auto font = std::make_shared<const RealizedFont>(found, key.description, key.scale);
         const std::lock_guard lock(m_mutex);
-        if (m_fonts.size() >= mostFonts) {
+        if (m_fonts.size() >= MostFonts) {
             m_latest = nullptr;
             m_fonts.clear(); // those in use are held by their users
         }
@@ -85,7 +85,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t mostFonts = 128;
+    static constexpr std::size_t MostFonts = 128;
 
     std::mutex m_mutex;
     std::unordered_map<CacheKey, SharedFont, CacheHash> m_fonts;
@@ -144,10 +144,10 @@ void RealizedFont::measure(const LOGFONTW& description, const FontScale& scale)
 
     // A height above 0 is that of the cell, one below 0 that of the em.
     const double wanted = description.lfHeight == 0
-                              ? std::max(1.0, double{defaultCell} * scale.dotsPerInch / defaultResolution)
+                              ? std::max(1.0, double{DefaultCell} * scale.dotsPerInch / DefaultResolution)
                               : std::abs(static_cast<double>(description.lfHeight)) * scale.across;
     const double em = description.lfHeight < 0 ? wanted : wanted * unitsPerEm / cellUnits;
-    m_emHeight = rounded(std::clamp(em, 1.0, double{largestEm}));
+    m_emHeight = rounded(std::clamp(em, 1.0, double{LargestEm}));
     m_emWidth = m_emHeight;
     if (description.lfWidth != 0) {
         const double average = std::max(1, face.averageWidth) / unitsPerEm;
@@ -155,12 +155,12 @@ void RealizedFont::measure(const LOGFONTW& description, const FontScale& scale)
     } else if (scale.stretched) {
         m_emWidth = m_emHeight * scale.along / scale.across;
     }
-    m_emWidth = std::clamp(m_emWidth, narrowestEm, double{largestEm});
+    m_emWidth = std::clamp(m_emWidth, NarrowestEm, double{LargestEm});
 
     TEXTMETRICA& metrics = m_metrics;
     metrics.tmAscent = acrossPixels(face.ascent);
     metrics.tmHeight = metrics.tmAscent + acrossPixels(face.descent);
-    if (description.lfHeight >= 0 && em >= 1 && em <= largestEm) {
+    if (description.lfHeight >= 0 && em >= 1 && em <= LargestEm) {
         metrics.tmHeight =
             std::max(metrics.tmAscent, LONG{rounded(wanted)}); // to the pixel what was asked for
     }
@@ -172,15 +172,15 @@ void RealizedFont::measure(const LOGFONTW& description, const FontScale& scale)
     metrics.tmWeight = m_found->emboldened ? FW_BOLD : face.weight;
     metrics.tmDigitizedAspectX = scale.dotsPerInch;
     metrics.tmDigitizedAspectY = scale.dotsPerInch;
-    metrics.tmFirstChar = firstCharacter;
-    metrics.tmLastChar = lastCharacter;
-    metrics.tmDefaultChar = defaultCharacter;
-    metrics.tmBreakChar = breakCharacter;
+    metrics.tmFirstChar = FirstCharacter;
+    metrics.tmLastChar = LastCharacter;
+    metrics.tmDefaultChar = DefaultCharacter;
+    metrics.tmBreakChar = BreakCharacter;
     metrics.tmItalic = face.italic || m_found->slant != 0 ? 1 : 0;
     metrics.tmUnderlined = description.lfUnderline != 0 ? 1 : 0;
     metrics.tmStruckOut = description.lfStrikeOut != 0 ? 1 : 0;
     metrics.tmPitchAndFamily =
-        static_cast<BYTE>(face.family | outlineBits | (face.fixedPitch ? 0 : variablePitchBit));
+        static_cast<BYTE>(face.family | OutlineBits | (face.fixedPitch ? 0 : VariablePitchBit));
     metrics.tmCharSet = description.lfCharSet == DEFAULT_CHARSET ? ANSI_CHARSET : description.lfCharSet;
 }
 

@@ -26,7 +26,7 @@ class RealizedFont {
 public:
     // No letter gets higher or wider than this, whatever a page asks for. Whoever paints letters that are as large
     // takes their outlines: a mask of one would take 100 megabytes.
-    static constexpr int largestEm = 10000; // pixels
+    static constexpr int LargestEm = 10000; // pixels
 
     // The font that is selected into the context, for its device and its present mapping. Never null as long as any
     // font is installed; null otherwise. Shared through a cache that all threads use.

@@ -7,20 +7,20 @@
 namespace {
 
 // Beyond these, results would be no numbers; what they scale is clamped later anyway.
-constexpr double smallestScale = 1e-6;
-constexpr double largestScale = 1e6;
+constexpr double SmallestScale = 1e-6;
+constexpr double LargestScale = 1e6;
 
 // Quarter turns are exact.
 TextVector directionOf(LONG tenths)
 {
-    constexpr LONG fullTurn = 3600;
-    constexpr LONG quarterTurn = 900;
-    constexpr TextVector quarters[] = {{1, 0}, {0, -1}, {-1, 0}, {0, 1}};
-    const LONG angle = (tenths % fullTurn + fullTurn) % fullTurn;
-    if (angle % quarterTurn == 0) {
-        return quarters[angle / quarterTurn];
+    constexpr LONG FullTurn = 3600;
+    constexpr LONG QuarterTurn = 900;
+    constexpr TextVector Quarters[] = {{1, 0}, {0, -1}, {-1, 0}, {0, 1}};
+    const LONG angle = (tenths % FullTurn + FullTurn) % FullTurn;
+    if (angle % QuarterTurn == 0) {
+        return Quarters[angle / QuarterTurn];
     }
-    const double radians = angle * 2 * std::numbers::pi / fullTurn;
+    const double radians = angle * 2 * std::numbers::pi / FullTurn;
     return {std::cos(radians), -std::sin(radians)};
 }
 
@@ -34,8 +34,8 @@ Axis axisOnDevice(const Mapping& mapping, TextVector logical)
     const double x = logical.x * mapping.xx + logical.y * mapping.yx;
     const double y = logical.x * mapping.xy + logical.y * mapping.yy;
     const double length = std::hypot(x, y);
-    if (!(length >= smallestScale && length <= largestScale)) {
-        return {logical, length > largestScale ? largestScale : smallestScale};
+    if (!(length >= SmallestScale && length <= LargestScale)) {
+        return {logical, length > LargestScale ? LargestScale : SmallestScale};
     }
     return {{x / length, y / length}, length};
 }

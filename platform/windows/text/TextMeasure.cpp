@@ -6,12 +6,12 @@
 namespace {
 
 // Keeps the sums of many in 64 bits.
-constexpr int largestExtra = 1 << 20; // device units
+constexpr int LargestExtra = 1 << 20; // device units
 
 int extraOnDevice(int logical, double scale)
 {
     return static_cast<int>(
-        std::clamp(std::floor(logical * scale + 0.5), -double{largestExtra}, double{largestExtra}));
+        std::clamp(std::floor(logical * scale + 0.5), -double{LargestExtra}, double{LargestExtra}));
 }
 
 } // namespace

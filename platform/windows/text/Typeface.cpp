@@ -14,8 +14,8 @@ class FreeTypeLibrary {
 public:
     static std::shared_ptr<FreeTypeLibrary> instance()
     {
-        static const std::shared_ptr<FreeTypeLibrary> library = std::make_shared<FreeTypeLibrary>();
-        return library;
+        static const std::shared_ptr<FreeTypeLibrary> Library = std::make_shared<FreeTypeLibrary>();
+        return Library;
     }
 
     FreeTypeLibrary()
@@ -43,22 +43,22 @@ private:
 
 namespace {
 
-constexpr int defaultWeight = 400;
-constexpr int boldWeight = 700;
-constexpr FT_ULong symbolBase = 0xF000; // where symbol fonts keep their 8-bit characters ([OpenType] cmap)
+constexpr int DefaultWeight = 400;
+constexpr int BoldWeight = 700;
+constexpr FT_ULong SymbolBase = 0xF000; // where symbol fonts keep their 8-bit characters ([OpenType] cmap)
 
 // Kinds of serif of a Latin text face, in the second number of its PANOSE classification.
-constexpr int panoseLatinText = 2;
-constexpr int panoseFirstSerif = 2;
-constexpr int panoseLastSerif = 10;
+constexpr int PanoseLatinText = 2;
+constexpr int PanoseFirstSerif = 2;
+constexpr int PanoseLastSerif = 10;
 
 BYTE familyOf(const TT_OS2* os2, bool fixedPitch)
 {
     if (fixedPitch) {
         return FF_MODERN;
     }
-    const bool roman = os2 != nullptr && os2->panose[0] == panoseLatinText &&
-                       os2->panose[1] >= panoseFirstSerif && os2->panose[1] <= panoseLastSerif;
+    const bool roman = os2 != nullptr && os2->panose[0] == PanoseLatinText &&
+                       os2->panose[1] >= PanoseFirstSerif && os2->panose[1] <= PanoseLastSerif;
     return roman ? FF_ROMAN : FF_SWISS;
 }
 
@@ -77,7 +77,7 @@ FaceGlyph glyphOf(FT_Face face, unsigned int character)
     unsigned int index = FT_Get_Char_Index(face, character);
     if (index == 0 && character <= 0xFF && face->charmap != nullptr &&
         face->charmap->encoding == FT_ENCODING_MS_SYMBOL) {
-        index = FT_Get_Char_Index(face, symbolBase | character);
+        index = FT_Get_Char_Index(face, SymbolBase | character);
     }
     return {index, advanceOf(face, index)};
 }
@@ -85,14 +85,14 @@ FaceGlyph glyphOf(FT_Face face, unsigned int character)
 // How often each letter occurs in a thousand of a Latin text: a to z, then the blank. What xAvgCharWidth of a font
 // means in the first versions of the table ([OpenType] OS/2); later fonts average all their glyphs there, which makes
 // letters look half as wide again as they are.
-constexpr int letterWeights[] = {64, 14, 27, 35, 100, 20, 14, 42, 63, 3, 6,  35, 20, 56,
+constexpr int LetterWeights[] = {64, 14, 27, 35, 100, 20, 14, 42, 63, 3, 6,  35, 20, 56,
                                  56, 17, 4,  49, 56,  71, 31, 10, 18, 3, 18, 2,  166};
 
 int averageWidthOf(FT_Face face, int otherwise)
 {
     std::int64_t sum = 0; // of the widest glyphs that advanceOf() lets through, more than 32 bits
     unsigned int letter = 'a';
-    for (const int weight : letterWeights) {
+    for (const int weight : LetterWeights) {
         const FaceGlyph glyph = glyphOf(face, letter > 'z' ? ' ' : letter);
         if (glyph.index == 0) {
             return otherwise;
@@ -114,7 +114,7 @@ FaceMeasures measuresOf(FT_Face face)
     // FreeType gives the middle of the underline.
     measures.underlineTop = face->underline_position + face->underline_thickness / 2;
     measures.italic = (face->style_flags & FT_STYLE_FLAG_ITALIC) != 0;
-    measures.weight = (face->style_flags & FT_STYLE_FLAG_BOLD) != 0 ? boldWeight : defaultWeight;
+    measures.weight = (face->style_flags & FT_STYLE_FLAG_BOLD) != 0 ? BoldWeight : DefaultWeight;
     measures.fixedPitch = FT_IS_FIXED_WIDTH(face);
     int lineGap = face->height - (face->ascender - face->descender);
 

@@ -39,16 +39,16 @@ TEST(Bitmaps, RefuseUnsoundHeads)
 // Each form holds the same two rows of one pixel, red over blue.
 TEST(Bitmaps, AreFilledFromEveryForm)
 {
-    constexpr RGBQUAD red{0, 0, 0xFF, 0};
-    constexpr RGBQUAD blue{0xFF, 0, 0, 0};
-    constexpr RGBQUAD masks[] = {{0, 0xF8, 0, 0}, {0xE0, 7, 0, 0}, {0x1F, 0, 0, 0}};
+    constexpr RGBQUAD Red{0, 0, 0xFF, 0};
+    constexpr RGBQUAD Blue{0xFF, 0, 0, 0};
+    constexpr RGBQUAD Masks[] = {{0, 0xF8, 0, 0}, {0xE0, 7, 0, 0}, {0x1F, 0, 0, 0}};
     const PackedDib forms[] = {
-        {head(1, -2, 1), {blue, red}, {0x80, 0, 0, 0, 0}},
-        {head(1, -2, 4), {red, blue}, {0, 0, 0, 0, 0x10}},
-        {head(1, 2, 8), {red, blue}, {1, 0, 0, 0, 0}},
-        {head(1, 2, 8, BI_RLE8), {red, blue}, {1, 1, 0, 0, 1, 0, 0, 1}},
+        {head(1, -2, 1), {Blue, Red}, {0x80, 0, 0, 0, 0}},
+        {head(1, -2, 4), {Red, Blue}, {0, 0, 0, 0, 0x10}},
+        {head(1, 2, 8), {Red, Blue}, {1, 0, 0, 0, 0}},
+        {head(1, 2, 8, BI_RLE8), {Red, Blue}, {1, 1, 0, 0, 1, 0, 0, 1}},
         {head(1, 2, 16), {}, {0x1F, 0, 0, 0, 0, 0x7C}},
-        {head(1, 2, 16, BI_BITFIELDS), {masks[0], masks[1], masks[2]}, {0x1F, 0, 0, 0, 0, 0xF8}},
+        {head(1, 2, 16, BI_BITFIELDS), {Masks[0], Masks[1], Masks[2]}, {0x1F, 0, 0, 0, 0, 0xF8}},
         {head(1, 2, 24), {}, {0xFF, 0, 0, 9, 0, 0, 0xFF, 9}},
         {head(1, -2, 32), {}, {0, 0, 0xFF, 0, 0xFF, 0, 0, 0}},
     };

@@ -23,7 +23,7 @@ Box boxOf(int (*ask)(Handle, RECT*), Handle handle)
 
 TEST(Regions, HoldThePixelsOfAPolygon)
 {
-    constexpr LONG most = 1 << 26;
+    constexpr LONG Most = 1 << 26;
     // A square with a square hole of the same direction.
     const std::vector<POINT> frame = {{0, 0}, {6, 0}, {6, 6}, {0, 6}, {0, 0},
                                       {2, 2}, {4, 2}, {4, 4}, {2, 4}, {2, 2}};
@@ -41,7 +41,7 @@ TEST(Regions, HoldThePixelsOfAPolygon)
         {{{INT_MIN, INT_MIN}, {INT_MAX, -9}, {9, INT_MAX}},
          WINDING,
          SIMPLEREGION,
-         {-most, -most, most, most}},
+         {-Most, -Most, Most, Most}},
     };
     for (const auto& entry : cases) {
         const auto count = static_cast<int>(entry.points.size());

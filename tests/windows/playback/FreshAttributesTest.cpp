@@ -8,12 +8,12 @@
 
 namespace {
 
-constexpr GdiDeviceOptions wide{240, 100};
-constexpr COLORREF red = 0xFF;
+constexpr GdiDeviceOptions Wide{240, 100};
+constexpr COLORREF Red = 0xFF;
 RECT rightPart{130, 10, 230, 90};
 
 // A rectangle, a line from the first position, a star, a text with a blank; then a saved state and much else is left.
-const std::string plainRecords =
+const std::string PlainRecords =
     "43 60 40 100 90; 54 20 90; 84 0 0 0 0 1 0 0 50 10 3 76 0 0 0 -1 -1 0 0x200061 0x62; 37 0x80000004;"
     "3 0 0 0 0 5 5 30 55 30 10 60 30 5 50 60; 39 1 2 0xFF00 4; 37 1; 33; 37 0x80000008; 24 0xFF00; 37 "
     "0x8000000B;";
@@ -21,11 +21,11 @@ const std::string plainRecords =
 void leaveAttributes(CSurfaceGDI& surface, HDC device)
 {
     char face[] = "Arial";
-    surface.setForeColor(red);
+    surface.setForeColor(Red);
     surface.setBackMode(TRANSPARENT);
     surface.setFont(face, 20, true, false, false, true);
     surface.setPen(0xFF0000, 0, 5);
-    surface.setBrush(red, 4);
+    surface.setBrush(Red, 4);
     DeleteObject(GetCurrentObject(device, OBJ_BRUSH)); // goes on as long as it is selected
     SetBkColor(device, 0xFFFF);
     SetTextAlign(device, TA_RIGHT | TA_BASELINE);
@@ -77,12 +77,12 @@ void draw(CSurfaceGDI& surface, const Drawing& drawing)
     }
     const std::vector<LONG_PTR> before = stateOf(device);
     if (drawing.played) {
-        const auto file = HandMadeMetafile(plainRecords, {}, !drawing.cutShort).bytes();
+        const auto file = HandMadeMetafile(PlainRecords, {}, !drawing.cutShort).bytes();
         EXPECT_EQ(play(device, file, {0, 0, 12, 6}), !drawing.cutShort);
     }
     EXPECT_EQ(stateOf(device), before);
     if (drawing.withSurface) {
-        surface.setForeColor(red);
+        surface.setForeColor(Red);
         surface.drawRectangle(&rightPart);
         ExtTextOutA(device, 220, 60, 0, nullptr, "a b", 3, nullptr);
     }
@@ -92,7 +92,7 @@ void draw(CSurfaceGDI& surface, const Drawing& drawing)
 std::pair<std::vector<unsigned char>, std::vector<unsigned char>> halvesOf(const Drawing& drawing,
                                                                            bool recorded)
 {
-    const HDC page = gdiCreateDevice(&wide);
+    const HDC page = gdiCreateDevice(&Wide);
     if (recorded) {
         RECT frame{0, 0, 50800, 38100};
         CSurfaceEMF surface(&frame);
@@ -110,10 +110,10 @@ std::pair<std::vector<unsigned char>, std::vector<unsigned char>> halvesOf(const
     std::vector<unsigned char> right;
     int stride = 0;
     const unsigned char* row = gdiDeviceBits(page, &stride);
-    for (int y = 0; y < wide.height; ++y, row += stride) {
-        const unsigned char* const middle = row + std::ptrdiff_t{2} * wide.width;
+    for (int y = 0; y < Wide.height; ++y, row += stride) {
+        const unsigned char* const middle = row + std::ptrdiff_t{2} * Wide.width;
         left.insert(left.end(), row, middle);
-        right.insert(right.end(), middle, middle + std::ptrdiff_t{2} * wide.width);
+        right.insert(right.end(), middle, middle + std::ptrdiff_t{2} * Wide.width);
     }
     DeleteDC(page);
     return {left, right};

@@ -97,7 +97,7 @@ inline bool play(HDC target, const std::vector<unsigned char>& bytes, const RECT
 // A white page of the frame's size.
 class Page {
 public:
-    Page() : m_context(gdiCreateDevice(&options)) {}
+    Page() : m_context(gdiCreateDevice(&Options)) {}
     Page(const Page&) = delete;
     Page& operator=(const Page&) = delete;
     ~Page() { DeleteDC(m_context); }
@@ -109,8 +109,8 @@ public:
         int stride = 0;
         const unsigned char* row = gdiDeviceBits(m_context, &stride);
         std::string text;
-        for (int y = 0; y < options.height; ++y, row += stride) {
-            for (int x = 0; x < options.width; ++x) {
+        for (int y = 0; y < Options.height; ++y, row += stride) {
+            for (int x = 0; x < Options.width; ++x) {
                 const unsigned char* pixel = row + std::ptrdiff_t{4} * x;
                 const int color = pixel[2] << 16 | pixel[1] << 8 | pixel[0];
                 const bool pure = (color & 0x010101) * 255 == color;
@@ -122,6 +122,6 @@ public:
     }
 
 private:
-    static constexpr GdiDeviceOptions options{12, 6};
+    static constexpr GdiDeviceOptions Options{12, 6};
     HDC m_context;
 };

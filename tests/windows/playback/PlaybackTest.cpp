@@ -10,10 +10,10 @@
 
 namespace {
 
-constexpr RECT wholePage{0, 0, 12, 6};
+constexpr RECT WholePage{0, 0, 12, 6};
 
 // Head, palette, rows.
-const std::map<std::string, Words> bitmaps{
+const std::map<std::string, Words> Bitmaps{
     // Black, white; below red, green.
     {"four", {40, 2, 2, 0x80001, 0, 8, 0, 0, 4, 0, 0, 0xFFFFFF, 0xFF0000, 0x00FF00, 0x0302, 0x0100}},
     {"four24", {40, 2, -2, 0x180001, 0, 0, 0, 0, 0, 0, 0x000000FF, 0x0000FF00, 0x000000FF, 0x0000FF00}},
@@ -25,13 +25,13 @@ const std::map<std::string, Words> bitmaps{
 
 std::vector<unsigned char> metafile(const std::string& records, bool withEnd = true)
 {
-    return HandMadeMetafile(records, bitmaps, withEnd).bytes();
+    return HandMadeMetafile(records, Bitmaps, withEnd).bytes();
 }
 
 // Fills without outlines; fills all, to show clips and mappings.
-const std::string black = "37 0x80000008; 37 0x80000004;";
-const std::string all = "43 -99 -99 99 99;";
-const std::string bar = "76 0 0 0 0 0 1 12 2 0x42 0 0 0 0 0 0 0 0 0 0 0 0 0 0;";
+const std::string Black = "37 0x80000008; 37 0x80000004;";
+const std::string All = "43 -99 -99 99 99;";
+const std::string Bar = "76 0 0 0 0 0 1 12 2 0x42 0 0 0 0 0 0 0 0 0 0 0 0 0 0;";
 
 TEST(Playback, PaintsRecords)
 {
@@ -49,38 +49,38 @@ TEST(Playback, PaintsRecords)
          "7 0 0 0 0 2 4 2 2 11 0 11 2 11 4 11 6; 15 6 3 0xFF;",
          ".#.........# .#.#######.# .#.......#.. .#....r..#.. .#.......#.# ......####.# "},
         {"polygons",
-         black + "3 0 0 0 0 4 0 0 3 0 3 3 0 3;"
+         Black + "3 0 0 0 0 4 0 0 3 0 3 3 0 3;"
                  "91 0 0 0 0 2 8 4 4 5 11 0x6000B 0x60005 0x20007 0x20009 0x40009 0x40007;",
          "###..######. ###..######. ###..##..##. .....##..##. .....######. .....######. "},
         {"figures of PolyDraw",
          "92 0 0 0 0 3 0x10001 0x10005 0x40005 0x030206; 27 6 5; 56 0 0 0 0 3 7 5 9 5 11 5 0x040404;",
          "............ .#####...... ..##.#...... ....##...... .....#...... ......#####. "},
         {"a filled path, a clip path",
-         black +
+         Black +
              "59; 27 1 1; 54 4 1; 54 4 4; 54 1 4; 61; 60; 62 0 0 0 0;"
              "59; 86 0 0 0 0 4 0x10006 0x1000B 0x50008 0x50006; 60; 67 5;" +
-             all,
+             All,
          "............ .###..#####. .###..#####. .###..####.. ......###... ............ "},
         {"saved states",
-         black + "33; 39 1 0 0xFF 0; 37 1; 30 0 0 4 6; 10 -2 0; 43 0 0 20 3; 34 -1; 34 -1; 34 5; 43 6 0 8 3;",
+         Black + "33; 39 1 0 0xFF 0; 37 1; 30 0 0 4 6; 10 -2 0; 43 0 0 20 3; 34 -1; 34 -1; 34 5; 43 6 0 8 3;",
          "..rr..##.... ..rr..##.... ..rr..##.... ............ ............ ............ "},
         {"clips",
-         black + "75 $ 5 R( 1 1 4 4 6 2 11 5 ); 26 0 1; 29 2 0 3 6;" + all +
-             "28; 75 0 5; 39 1 0 0xFF 0; 37 1; 43 0 0 12 3; 75 $ 5 R( 0 5 12 6 );" + all,
+         Black + "75 $ 5 R( 1 1 4 4 6 2 11 5 ); 26 0 1; 29 2 0 3 6;" + All +
+             "28; 75 0 5; 39 1 0 0xFF 0; 37 1; 43 0 0 12 3; 75 $ 5 R( 0 5 12 6 );" + All,
          "............ ............ .r.r........ .#.#..#####. .#.#..#####. ......rrrrr. "},
         {"regions",
          "39 1 0 0xFF 0; 71 0 0 0 0 $ 1 R( 1 1 4 4 6 2 11 5 ); 37 0x80000004; 74 0 0 0 0 $ R( 0 0 2 1 );"
          "73 0 0 0 0 $ R( 3 3 8 4 ); 72 0 0 0 0 $ 1 1 1 R( 8 0 12 4 );",
          "##......rrrr .rrr....r..r .rrr..rrrrrr .rrc##ccrrrr ......rrrrr. ............ "},
         {"axes that point up",
-         black + "17 8; 9 24 -12; 11 12 6; 12 0 6; 43 2 2 10 4; 17 2; 32 2 1 2 1; 43 80 30 100 50;",
+         Black + "17 8; 9 24 -12; 11 12 6; 12 0 6; 43 2 2 10 4; 17 2; 32 2 1 2 1; 43 80 30 100 50;",
          "............ ........##.. ........##.. ............ .####....... ............ "},
         {"world transforms",
-         black + "35 0f 1f -1f 0f 6f 0f; 43 1 0 2 4; 36 1f 0f 0f 1f 2f -5f 2; 43 1 1 3 2;"
+         Black + "35 0f 1f -1f 0f 6f 0f; 43 1 0 2 4; 36 1f 0f 0f 1f 2f -5f 2; 43 1 1 3 2;"
                  "36 0f 0f 0f 0f 0f 0f 1; 43 0 0 1 6;",
          "#........... #.####...... #........... #........#.. #........#.. #........... "},
         {"raster operations",
-         bar + "76 0 0 0 0 4 0 4 3 0x550009 0 0 0 0 0 0 0 0 0 0 0 0 0 0; 20 6; 27 0 2; 54 12 2;",
+         Bar + "76 0 0 0 0 4 0 4 3 0x550009 0 0 0 0 0 0 0 0 0 0 0 0 0 0; 20 6; 27 0 2; 54 12 2;",
          "....####.... ####....#### ....####.... ............ ............ ............ "},
         {"bitmaps",
          "81 0 0 0 0 0 0 0 0 2 2 @four 0 0xCC0020 2 2; 81 0 0 0 0 3 0 0 0 2 2 @four 0 0xCC0020 4 4;"
@@ -93,7 +93,7 @@ TEST(Playback, PaintsRecords)
          "77 0 0 0 0 6 0 4 4 0xCC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;",
          "......##.... .brbr.##.... .rbrb.rrgg.. ......rrgg.. ............ ............ "},
         {"chosen pixels",
-         "39 1 0 0xFF0000 0; 37 1; 37 0x80000008;" + all +
+         "39 1 0 0xFF0000 0; 37 1; 37 0x80000008;" + All +
              "116 0 0 0 0 0 0 4 4 0xFFFFFF 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;"
              "116 0 0 0 0 8 4 2 1 0xFFFFFF 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;" // no colour mixed
              "78 0 0 0 0 6 0 2 2 0xAACC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 0 0 0 @mask;",
@@ -106,7 +106,7 @@ TEST(Playback, PaintsRecords)
     const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
     for (const auto& [name, records, picture] : cases) {
         Page page;
-        EXPECT_TRUE(play(page.context(), metafile(records), wholePage)) << name;
+        EXPECT_TRUE(play(page.context(), metafile(records), WholePage)) << name;
         EXPECT_EQ(page.picture(), picture) << name;
     }
     EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before);
@@ -124,7 +124,7 @@ TEST(Playback, LeavesItsTargetAsItWas)
     const int level = SaveDC(target);
     // The file's clip can't reach beyond the target's, and what it saves, opens and selects ends with it.
     EXPECT_TRUE(play(target,
-                     metafile("38 1 0 0 0 255; 37 1; 33; 75 0 5; 34 -9; 27 5 5; 24 255;" + bar + "59;"),
+                     metafile("38 1 0 0 0 255; 37 1; 33; 75 0 5; 34 -9; 27 5 5; 24 255;" + Bar + "59;"),
                      {0, 0, 6, 3}));
     EXPECT_EQ(page.picture(),
               "............ ..####...... ..####...... ............ ............ ............ ");
@@ -144,7 +144,7 @@ TEST(Playback, LeavesItsTargetAsItWas)
 TEST(Playback, MapsTheFrame)
 {
     Page page;
-    EXPECT_TRUE(play(page.context(), metafile(bar), {3, 6, 9, 0}));
+    EXPECT_TRUE(play(page.context(), metafile(Bar), {3, 6, 9, 0}));
     EXPECT_EQ(page.picture(),
               "............ ............ ............ ...######... ...######... ............ ");
 }
@@ -236,21 +236,21 @@ TEST(Playback, PlaysWhatIsSound)
                                    "43 1 2;"};
     for (const std::string& record : unsound) {
         Page page;
-        EXPECT_FALSE(play(page.context(), metafile(record + bar), wholePage)) << record;
+        EXPECT_FALSE(play(page.context(), metafile(record + Bar), WholePage)) << record;
         EXPECT_EQ(page.picture().substr(13, 12), "############") << record;
     }
     // No next record is found.
     for (const int size : {0, 4, 10, 255}) {
         Page page;
-        auto bytes = metafile(bar + bar);
+        auto bytes = metafile(Bar + Bar);
         bytes[88 + 4] = static_cast<BYTE>(size);
-        EXPECT_FALSE(play(page.context(), bytes, wholePage));
+        EXPECT_FALSE(play(page.context(), bytes, WholePage));
         EXPECT_EQ(page.picture().find('#'), std::string::npos);
     }
     Page page;
-    EXPECT_FALSE(play(page.context(), metafile(bar, false), wholePage));
+    EXPECT_FALSE(play(page.context(), metafile(Bar, false), WholePage));
     const int before = gdiUnplayedRecords(EMR_PLGBLT);
-    EXPECT_TRUE(play(page.context(), metafile("79; 48 0;"), wholePage));
+    EXPECT_TRUE(play(page.context(), metafile("79; 48 0;"), WholePage));
     EXPECT_EQ(gdiUnplayedRecords(EMR_PLGBLT), before + 1);
     EXPECT_EQ(gdiUnplayedRecords(EMR_SELECTPALETTE), 0);
 }

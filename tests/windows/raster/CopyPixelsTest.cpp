@@ -51,9 +51,9 @@ private:
 // Four by three pixels: red, green and blue by diagonals.
 void paintDiagonals(HDC context)
 {
-    constexpr COLORREF colors[] = {red, green, blue};
+    constexpr COLORREF Colors[] = {Red, Green, Blue};
     for (int i = 0; i < 12; ++i) {
-        SetPixelV(context, i % 4, i / 4, colors[(i % 4 + i / 4) % 3]);
+        SetPixelV(context, i % 4, i / 4, Colors[(i % 4 + i / 4) % 3]);
     }
 }
 
@@ -106,8 +106,8 @@ TEST(CopyPixels, FollowEveryTruthTable)
         // Pixel i stands for entry i: pattern, source and destination are its bits.
         std::string expected = "\n";
         for (int i = 0; i < 8; ++i) {
-            SetPixelV(d, i, 0, (i & 1) != 0 ? white : black);
-            SetPixelV(source.context(), i, 0, (i & 2) != 0 ? white : black);
+            SetPixelV(d, i, 0, (i & 1) != 0 ? White : Black);
+            SetPixelV(source.context(), i, 0, (i & 2) != 0 ? White : Black);
             expected += (table >> i & 1) != 0 ? '.' : '#';
         }
         for (int half = 0; half < 2; ++half) {
@@ -123,19 +123,19 @@ TEST(CopyPixels, MeetMonochromeBitmapsByTheColoursOfContexts)
     const MemoryBitmap source(4, 3, 32);
     paintDiagonals(source.context());
     const MemoryBitmap mask(CreateBitmap(4, 3, 1, 1, nullptr));
-    SetBkColor(source.context(), green);
+    SetBkColor(source.context(), Green);
     BitBlt(mask.context(), 0, 0, 4, 3, source.context(), 0, 0, SRCCOPY);
     EXPECT_EQ(pictureOf(mask.context(), 4, 3), "\n#.##\n.##.\n##.#");
 
     const RasterPage page(10, 3);
     HDC d = page.context();
-    SetTextColor(d, blue);
-    SetBkColor(d, yellow);
+    SetTextColor(d, Blue);
+    SetBkColor(d, Yellow);
     BitBlt(d, 0, 0, 4, 3, mask.context(), 0, 0, SRCCOPY);
     EXPECT_EQ(gdiDeviceCalls(d, "BitBlt"), 1);
     // The three steps that leave out one colour choose the same pixels, whatever the sizes are.
-    SetTextColor(d, black);
-    SetBkColor(d, white);
+    SetTextColor(d, Black);
+    SetBkColor(d, White);
     for (const auto& [from, operation] :
          {std::pair{&source, SRCINVERT}, {&mask, SRCAND}, {&source, SRCINVERT}}) {
         StretchBlt(d, 5, 0, 5, 3, from->context(), 0, 0, 4, 3, operation);
@@ -157,7 +157,7 @@ struct ShrinkCase {
 };
 
 // The source's columns are white, black, white, white: a line that nearest pixels lose or keep by chance.
-const ShrinkCase shrinkCases[] = {
+const ShrinkCase ShrinkCases[] = {
     {"halves", 24, BLACKONWHITE, {0, 0, 2, 2}, {0, 0, 4, 4}, SRCCOPY, "80ff20"},
     {"partial weights", 8, WHITEONBLACK, {0, 0, 3, 2}, {0, 0, 4, 4}, SRCCOPY, "bf80ff"},
     {"rows only", 32, BLACKONWHITE, {0, 0, 4, 2}, {0, 0, 4, 4}, SRCCOPY, "ff00ffff"},
@@ -199,7 +199,7 @@ void paintLine(HDC context)
 
 TEST(CopyPixels, KeepThinLinesOfPicturesMadeSmaller)
 {
-    for (const ShrinkCase& shrink : shrinkCases) {
+    for (const ShrinkCase& shrink : ShrinkCases) {
         const MemoryBitmap source = shrink.bits == 0 ? MemoryBitmap(CreateBitmap(4, 4, 1, 1, nullptr))
                                                      : MemoryBitmap(4, 4, shrink.bits);
         paintLine(source.context());
@@ -260,7 +260,7 @@ TEST(CopyPixels, MadeSmallerAreTheSameByEveryWay)
     EXPECT_EQ(levelsOf(d, 6).substr(6), "ff8080");
 
     const MemoryBitmap mask(CreateBitmap(2, 2, 1, 1, nullptr));
-    SetBkColor(source.context(), white);
+    SetBkColor(source.context(), White);
     StretchBlt(mask.context(), 0, 0, 2, 2, source.context(), 0, 0, 4, 4, SRCCOPY);
     EXPECT_EQ(pictureOf(mask.context(), 2, 2), "\n#.\n#.");
 }
@@ -293,7 +293,7 @@ TEST(CopyPixels, MirrorInPlace)
     // Where axes point back, a size below 0 is one above 0 on the page.
     const RasterPage page(2, 2);
     const MemoryBitmap source(2, 2, 32);
-    SetPixelV(source.context(), 0, 0, red);
+    SetPixelV(source.context(), 0, 0, Red);
     SetMapMode(page.context(), MM_ANISOTROPIC);
     SetViewportExtEx(page.context(), -1, -1, nullptr);
     StretchBlt(page.context(), 0, 0, -2, -2, source.context(), 0, 0, 2, 2, SRCCOPY);
@@ -306,9 +306,9 @@ TEST(CopyPixels, AreTheSameInAllFormsOfBitmaps)
     const auto draw = [](HDC d) {
         const RECT all{0, 0, 16, 8};
         FillRect(d, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-        use(d, CreateSolidBrush(red));
+        use(d, CreateSolidBrush(Red));
         Ellipse(d, 0, 0, 8, 8);
-        use(d, geometricPen(0, 3, black));
+        use(d, geometricPen(0, 3, Black));
         line(d, {10, 1}, {14, 6});
         SetROP2(d, 6); // what is there is inverted
         Rectangle(d, 8, 3, 14, 6);

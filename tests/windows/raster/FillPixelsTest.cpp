@@ -41,19 +41,19 @@ struct Drawing {
     const char* picture;
 };
 
-const Drawing drawings[] = {
+const Drawing Drawings[] = {
     // A focus frame drawn twice is gone; swapped corners fill the same.
     {"frames", 26, 9,
      [](HDC d) {
          RECT rects[] = {{1, 1, 7, 6},   {8, 1, 14, 6},  {15, 1, 21, 6},
                          {16, 2, 20, 5}, {25, 8, 22, 1}, {1, 7, 1, 9}};
-         FrameRect(d, &rects[0], Fill(red));
+         FrameRect(d, &rects[0], Fill(Red));
          DrawFocusRect(d, &rects[1]);
          DrawFocusRect(d, &rects[2]);
          DrawFocusRect(d, &rects[2]);
-         FillRect(d, &rects[3], Fill(green));
-         FillRect(d, &rects[4], Fill(blue));
-         FrameRect(d, &rects[5], Fill(red));
+         FillRect(d, &rects[3], Fill(Green));
+         FillRect(d, &rects[4], Fill(Blue));
+         FrameRect(d, &rects[5], Fill(Red));
      },
      "\n..........................\n.rrrrrr.#.#.#.........bbb.\n.r....r......#..gggg..bbb."
      "\n.r....r.#.......gggg..bbb.\n.r....r......#..gggg..bbb.\n.rrrrrr.#.#.#.........bbb."
@@ -62,7 +62,7 @@ const Drawing drawings[] = {
      [](HDC d) {
          RECT rect{1, 1, 9, 7};
          DrawEdge(d, &rect, BDR_SUNKENOUTER, BF_LEFT | BF_BOTTOM | BF_MONO | BF_ADJUST);
-         FillRect(d, &rect, Fill(red));
+         FillRect(d, &rect, Fill(Red));
      },
      "\n..........\n.#rrrrrrr.\n.#rrrrrrr.\n.#rrrrrrr.\n.#rrrrrrr.\n.#rrrrrrr.\n.########.\n.........."},
     {"diagonal edges", 40, 12,
@@ -71,13 +71,13 @@ const Drawing drawings[] = {
                               BF_DIAGONAL_ENDBOTTOMRIGHT, BF_DIAGONAL};
          for (int i = 0; i < 5; ++i) {
              RECT rect{8 * i, 0, 8 * i + 7, 4};
-             FillRect(d, &rect, Fill(red));
+             FillRect(d, &rect, Fill(Red));
              const UINT edge = i == 4 ? BDR_SUNKENOUTER : BDR_RAISEDOUTER | BDR_RAISEDINNER;
              DrawEdge(d, &rect, edge, ends[i] | BF_MONO | BF_MIDDLE | BF_ADJUST);
-             SetPixelV(d, rect.left, rect.top, blue);
-             SetPixelV(d, rect.right - 1, rect.bottom - 1, green);
+             SetPixelV(d, rect.left, rect.top, Blue);
+             SetPixelV(d, rect.right - 1, rect.bottom - 1, Green);
              rect = {8 * i, 5, 8 * i + 4, 12};
-             FillRect(d, &rect, Fill(red));
+             FillRect(d, &rect, Fill(Red));
              DrawEdge(d, &rect, BDR_RAISEDINNER, ends[i]); // white at the top
          }
          RECT hostile{INT_MIN, INT_MIN, INT_MAX, INT_MAX};
@@ -91,16 +91,16 @@ const Drawing drawings[] = {
      "\n.rrr....rrr.....?rrr....rrr?....?rrr....\n.rrr....rrr.....?rrr....rrr?....?rrr...."},
     {"floods", 20, 8,
      [](HDC d) {
-         box(d, white, {1, 1, 9, 7});
-         box(d, white, {11, 1, 19, 7});
-         useBrush(d, red);
-         ExtFloodFill(d, 3, 3, black, FLOODFILLBORDER);
-         useBrush(d, green);
-         ExtFloodFill(d, 13, 3, white, FLOODFILLSURFACE);
-         ExtFloodFill(d, 11, 1, white, FLOODFILLSURFACE); // is black there
-         useBrush(d, blue);
-         ExtFloodFill(d, 0, 0, white, FLOODFILLSURFACE);
-         ExtFloodFill(d, INT_MAX, INT_MIN, white, FLOODFILLBORDER);
+         box(d, White, {1, 1, 9, 7});
+         box(d, White, {11, 1, 19, 7});
+         useBrush(d, Red);
+         ExtFloodFill(d, 3, 3, Black, FLOODFILLBORDER);
+         useBrush(d, Green);
+         ExtFloodFill(d, 13, 3, White, FLOODFILLSURFACE);
+         ExtFloodFill(d, 11, 1, White, FLOODFILLSURFACE); // is black there
+         useBrush(d, Blue);
+         ExtFloodFill(d, 0, 0, White, FLOODFILLSURFACE);
+         ExtFloodFill(d, INT_MAX, INT_MIN, White, FLOODFILLBORDER);
      },
      "\nbbbbbbbbbbbbbbbbbbbb\nb########bb########b\nb#rrrrrr#bb#gggggg#b\nb#rrrrrr#bb#gggggg#b"
      "\nb#rrrrrr#bb#gggggg#b\nb#rrrrrr#bb#gggggg#b\nb########bb########b\nbbbbbbbbbbbbbbbbbbbb"},
@@ -108,16 +108,16 @@ const Drawing drawings[] = {
     {"binary operations", 18, 6,
      [](HDC d) {
          SelectObject(d, GetStockObject(NULL_PEN));
-         box(d, green, {0, 0, 19, 4});
+         box(d, Green, {0, 0, 19, 4});
          SetROP2(d, R2_NOTXORPEN);
-         box(d, black, {1, 1, 5, 6});
+         box(d, Black, {1, 1, 5, 6});
          SetROP2(d, R2_BLACK);
-         box(d, black, {6, 1, 10, 6});
+         box(d, Black, {6, 1, 10, 6});
          SetROP2(d, 7); // exclusive or
-         box(d, white, {11, 1, 15, 6});
-         box(d, white, {11, 1, 15, 6});
+         box(d, White, {11, 1, 15, 6});
+         box(d, White, {11, 1, 15, 6});
          SetROP2(d, 6); // not
-         box(d, white, {15, 1, 18, 6});
+         box(d, White, {15, 1, 18, 6});
      },
      "\ngggggggggggggggggg\ng???gg###gggggg??g\ng???gg###gggggg??g\n.###..###......##.\n.###..###......##."
      "\n.................."},
@@ -125,7 +125,7 @@ const Drawing drawings[] = {
      [](HDC d) {
          POINT star[] = {{6, 0}, {10, 10}, {0, 4}, {12, 4}, {2, 10}};
          SelectObject(d, GetStockObject(NULL_PEN));
-         useBrush(d, red);
+         useBrush(d, Red);
          Polygon(d, star, 5);
          SetPolyFillMode(d, WINDING);
          for (POINT& point : star) {
@@ -135,7 +135,7 @@ const Drawing drawings[] = {
          const HRGN frame = CreateRectRgn(0, 0, 4, 3);
          const HRGN hole = CreateRectRgn(1, 1, 3, 2);
          CombineRgn(frame, frame, hole, RGN_DIFF);
-         FillRgn(d, frame, Fill(blue));
+         FillRgn(d, frame, Fill(Blue));
          DeleteObject(frame);
          DeleteObject(hole);
      },
@@ -147,7 +147,7 @@ const Drawing drawings[] = {
      [](HDC d) {
          const DWORD caps[] = {PS_ENDCAP_FLAT, PS_ENDCAP_SQUARE, PS_ENDCAP_ROUND};
          const DWORD joins[] = {PS_JOIN_MITER, PS_JOIN_BEVEL, PS_JOIN_ROUND};
-         const COLORREF colors[] = {black, red, blue};
+         const COLORREF colors[] = {Black, Red, Blue};
          for (int i = 0; i < 3; ++i) {
              use(d, geometricPen(caps[i], 5, colors[i]));
              const LONG left = 4 + 12 * i + i / 2;
@@ -182,7 +182,7 @@ const Drawing drawings[] = {
 
 TEST(FillPixels, AreExact)
 {
-    for (const Drawing& drawing : drawings) {
+    for (const Drawing& drawing : Drawings) {
         const RasterPage page(drawing.width, drawing.height);
         drawing.draw(page.context());
         EXPECT_EQ(page.picture(), drawing.picture) << drawing.name;

@@ -7,19 +7,19 @@
 #include <iterator>
 #include <string>
 
-constexpr COLORREF red = 0x0000FF;
-constexpr COLORREF green = 0x00FF00;
-constexpr COLORREF blue = 0xFF0000;
-constexpr COLORREF yellow = 0x00FFFF;
-constexpr COLORREF white = 0xFFFFFF;
-constexpr COLORREF black = 0x000000;
+constexpr COLORREF Red = 0x0000FF;
+constexpr COLORREF Green = 0x00FF00;
+constexpr COLORREF Blue = 0xFF0000;
+constexpr COLORREF Yellow = 0x00FFFF;
+constexpr COLORREF White = 0xFFFFFF;
+constexpr COLORREF Black = 0x000000;
 
 // '?' for a colour that is none of these.
 inline char letterOf(COLORREF color)
 {
-    constexpr COLORREF colors[] = {red, green, blue, yellow, white, black};
-    const auto* found = std::find(std::begin(colors), std::end(colors), color);
-    return "rgby.#?"[found - std::begin(colors)];
+    constexpr COLORREF Colors[] = {Red, Green, Blue, Yellow, White, Black};
+    const auto* found = std::find(std::begin(Colors), std::end(Colors), color);
+    return "rgby.#?"[found - std::begin(Colors)];
 }
 
 template <class ColorAt>

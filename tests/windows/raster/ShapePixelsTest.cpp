@@ -24,10 +24,10 @@ void useBrush(HDC d, COLORREF color)
     use(d, CreateSolidBrush(color));
 }
 
-const Drawing drawings[] = {
+const Drawing Drawings[] = {
     {"RectanglesByMode", 20, 11,
      [](HDC d) {
-         useBrush(d, red);
+         useBrush(d, Red);
          Rectangle(d, 1, 1, 7, 5);
          SetGraphicsMode(d, GM_ADVANCED);
          Rectangle(d, 8, 1, 14, 5);
@@ -35,9 +35,9 @@ const Drawing drawings[] = {
          Rectangle(d, 15, 1, 19, 5);
          SetGraphicsMode(d, GM_COMPATIBLE);
          Rectangle(d, 15, 6, 19, 10);
-         use(d, geometricPen(PS_JOIN_MITER, 3, black));
+         use(d, geometricPen(PS_JOIN_MITER, 3, Black));
          Rectangle(d, 2, 7, 6, 10);
-         use(d, geometricPen(PS_JOIN_MITER | PS_INSIDEFRAME, 2, black));
+         use(d, geometricPen(PS_JOIN_MITER | PS_INSIDEFRAME, 2, Black));
          Rectangle(d, 8, 6, 14, 11);
      },
      R"(
@@ -54,7 +54,7 @@ const Drawing drawings[] = {
 .######.######......)"},
     {"ArcsByDirection", 33, 11,
      [](HDC d) {
-         useBrush(d, red);
+         useBrush(d, Red);
          Pie(d, 0, 0, 11, 11, 11, 5, 5, 0);
          SetArcDirection(d, AD_CLOCKWISE);
          Chord(d, 11, 0, 22, 11, 22, 5, 16, 11);
@@ -99,17 +99,17 @@ const Drawing drawings[] = {
 ######################)"},
     {"DashesByCap", 23, 13,
      [](HDC d) {
-         use(d, geometricPen(PS_DASH | PS_ENDCAP_SQUARE, 3, black));
+         use(d, geometricPen(PS_DASH | PS_ENDCAP_SQUARE, 3, Black));
          line(d, {2, 1}, {20, 1});
-         use(d, geometricPen(PS_DASH | PS_ENDCAP_FLAT, 3, black));
+         use(d, geometricPen(PS_DASH | PS_ENDCAP_FLAT, 3, Black));
          line(d, {2, 5}, {20, 5});
-         use(d, geometricPen(PS_DOT | PS_ENDCAP_SQUARE, 3, black));
+         use(d, geometricPen(PS_DOT | PS_ENDCAP_SQUARE, 3, Black));
          line(d, {2, 9}, {20, 9});
          // Gaps of one pixel stay open.
          SetGraphicsMode(d, GM_ADVANCED);
          const XFORM larger{1.5F, 0, 0, 1.5F, 0, 0};
          SetWorldTransform(d, &larger);
-         use(d, geometricPen(PS_DOT, 1, black));
+         use(d, geometricPen(PS_DOT, 1, Black));
          line(d, {2, 8}, {12, 8});
      },
      R"(
@@ -128,10 +128,10 @@ const Drawing drawings[] = {
 ...##.##.##.##.##......)"},
     {"HatchesAndPatterns", 24, 8,
      [](HDC d) {
-         SetBkColor(d, yellow);
-         SetTextColor(d, blue);
+         SetBkColor(d, Yellow);
+         SetTextColor(d, Blue);
          SelectObject(d, GetStockObject(NULL_PEN));
-         use(d, CreateHatchBrush(HS_BDIAGONAL, black));
+         use(d, CreateHatchBrush(HS_BDIAGONAL, Black));
          Rectangle(d, 0, 0, 9, 9);
          const BYTE rows[] = {0xC0, 0, 0x80, 0};
          HBITMAP mono = CreateBitmap(2, 2, 1, 1, rows);
@@ -140,7 +140,7 @@ const Drawing drawings[] = {
          Rectangle(d, 8, 0, 13, 9);
          SetBkMode(d, TRANSPARENT);
          SetBrushOrgEx(d, 1, 2, nullptr);
-         use(d, CreateHatchBrush(HS_CROSS, black));
+         use(d, CreateHatchBrush(HS_CROSS, Black));
          Rectangle(d, 15, 0, 25, 9);
      },
      R"(
@@ -154,7 +154,7 @@ y#yyyyyyyyyy...#########
 #yyyyyyyybyb.........#..)"},
     {"PathsAndClips", 24, 10,
      [](HDC d) {
-         useBrush(d, red);
+         useBrush(d, Red);
          BeginPath(d);
          MoveToEx(d, 1, 1, nullptr);
          LineTo(d, 9, 1);
@@ -169,7 +169,7 @@ y#yyyyyyyyyy...#########
          SelectClipPath(d, RGN_COPY);
          const RECT all{0, 0, 24, 6};
          FillRect(d, &all, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
-         use(d, geometricPen(0, 3, red));
+         use(d, geometricPen(0, 3, Red));
          line(d, {0, 2}, {24, 2});
      },
      R"(
@@ -193,7 +193,7 @@ TEST_P(ShapePixels, AreExact)
     EXPECT_EQ(page.picture(), drawing.picture);
 }
 
-INSTANTIATE_TEST_SUITE_P(Raster, ShapePixels, testing::ValuesIn(drawings),
+INSTANTIATE_TEST_SUITE_P(Raster, ShapePixels, testing::ValuesIn(Drawings),
                          [](const auto& drawing) { return drawing.param.name; });
 
 // With and without rotation, from any point round the whole ellipse.
@@ -204,7 +204,7 @@ TEST(ShapePixels, WholePiesWithoutAPenAreEllipses)
             const auto picture = [&](const auto& draw) {
                 const RasterPage page(30, 24);
                 SelectObject(page.context(), GetStockObject(NULL_PEN));
-                useBrush(page.context(), red);
+                useBrush(page.context(), Red);
                 SetGraphicsMode(page.context(), mode);
                 SetWorldTransform(page.context(), &world);
                 draw(page.context());
@@ -223,10 +223,10 @@ TEST(ShapePixels, OfLargeOutlinesShowWhatIsOnThePage)
     constexpr LONG Far = 100000000;
     const RasterPage page(8, 6);
     SelectObject(page.context(), GetStockObject(NULL_PEN));
-    useBrush(page.context(), red);
+    useBrush(page.context(), Red);
     const POINT lowerHalf[] = {{-Far, 3}, {Far, 3}, {Far, Far}, {-Far, Far}};
     Polygon(page.context(), lowerHalf, 4);
-    useBrush(page.context(), blue);
+    useBrush(page.context(), Blue);
     const POINT rightOf[] = {{4 - Far, -Far}, {4 + Far, Far}, {Far, -Far}}; // above the line y = x - 4
     Polygon(page.context(), rightOf, 3);
     EXPECT_EQ(page.picture(), R"(
@@ -269,7 +269,7 @@ TEST(TextPixels, HaveTheirLinesWhereTheFaceSays)
     SetTextAlign(page.context(), TA_BASELINE);
     ExtTextOutA(page.context(), 0, 100, 0, nullptr, "  ", 2, nullptr);
     const auto isInk = [&](int y) {
-        return GetPixel(page.context(), 5, y) == black;
+        return GetPixel(page.context(), 5, y) == Black;
     };
     std::vector<int> tops;
     for (int y = 1; y < 160; ++y) {

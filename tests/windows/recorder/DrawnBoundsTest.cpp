@@ -12,11 +12,11 @@
 
 namespace {
 
-constexpr int side = 400;
+constexpr int Side = 400;
 
 struct Box {
-    int left = side;
-    int top = side;
+    int left = Side;
+    int top = Side;
     int right = -1;
     int bottom = -1;
 
@@ -35,15 +35,15 @@ std::ostream& operator<<(std::ostream& stream, const Box& box)
 // Where a metafile of the whole screen paints on a page of its resolution.
 Box inkOf(HENHMETAFILE metafile)
 {
-    const GdiDeviceOptions options{side, side};
+    const GdiDeviceOptions options{Side, Side};
     const HDC page = gdiCreateDevice(&options);
     const RECT screen{0, 0, 1920, 1440};
     EXPECT_TRUE(PlayEnhMetaFile(page, metafile, &screen));
     Box ink;
     int stride = 0;
     const unsigned char* row = gdiDeviceBits(page, &stride);
-    for (int y = 0; y < side; ++y, row += stride) {
-        for (int x = 0; x < side; ++x) {
+    for (int y = 0; y < Side; ++y, row += stride) {
+        for (int x = 0; x < Side; ++x) {
             const unsigned char* const pixel = row + std::ptrdiff_t{4} * x;
             if (std::min({pixel[0], pixel[1], pixel[2]}) < 255) {
                 ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x),
@@ -162,9 +162,9 @@ void choosePen(HDC context, Random& random)
         return;
     }
     const LOGBRUSH brush{BS_SOLID, 0, 0};
-    constexpr DWORD caps[] = {PS_ENDCAP_ROUND, PS_ENDCAP_SQUARE, PS_ENDCAP_FLAT};
-    constexpr DWORD joins[] = {PS_JOIN_ROUND, PS_JOIN_BEVEL, PS_JOIN_MITER};
-    use(context, ExtCreatePen(PS_GEOMETRIC | style | caps[random.number(0, 2)] | joins[random.number(0, 2)],
+    constexpr DWORD Caps[] = {PS_ENDCAP_ROUND, PS_ENDCAP_SQUARE, PS_ENDCAP_FLAT};
+    constexpr DWORD Joins[] = {PS_JOIN_ROUND, PS_JOIN_BEVEL, PS_JOIN_MITER};
+    use(context, ExtCreatePen(PS_GEOMETRIC | style | Caps[random.number(0, 2)] | Joins[random.number(0, 2)],
                               static_cast<DWORD>(width), &brush, 0, nullptr));
     SetMiterLimit(context, static_cast<FLOAT>(random.number(1, 12)), nullptr);
 }
@@ -182,7 +182,7 @@ void drawPart(HDC context, Points p)
     part(context, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y, p[3].x, p[3].y);
 }
 
-constexpr void (*shapes[])(HDC, Points) = {
+constexpr void (*Shapes[])(HDC, Points) = {
     [](HDC context, Points p) {
         MoveToEx(context, p[0].x, p[0].y, nullptr);
         LineTo(context, p[1].x, p[1].y);
@@ -235,7 +235,7 @@ TEST(DrawnBounds, HoldTheInkOfShapes)
                 use(context, CreateSolidBrush(0x808080));
                 SetArcDirection(context, random.often() ? AD_COUNTERCLOCKWISE : AD_CLOCKWISE);
                 const POINT points[] = {random.point(), random.point(), random.point(), random.point()};
-                shapes[random.number(0, static_cast<int>(std::size(shapes)) - 1)](context, points);
+                Shapes[random.number(0, static_cast<int>(std::size(Shapes)) - 1)](context, points);
                 slack = slackOf(context);
             });
         EXPECT_TRUE(result.header.holds(result.ink, slack))

@@ -60,7 +60,7 @@ HBRUSH stockBrush(int index)
     return static_cast<HBRUSH>(GetStockObject(index));
 }
 
-const Drawing drawings[] = {
+const Drawing Drawings[] = {
     {"BoxesWithAllEdgesInAdvancedModeOnly",
      [](HDC context) {
          Rectangle(context, 110, 70, 10, 20);
@@ -193,7 +193,7 @@ const Drawing drawings[] = {
      {"81: 0 0 3 3 0 0 0 1 1 1 80 40 120 8 0 13369376 4 4 40 1 2 2097153 0 0 0 0 0 0 1 2"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Recorder, RecordedCalls, testing::ValuesIn(drawings),
+INSTANTIATE_TEST_SUITE_P(Recorder, RecordedCalls, testing::ValuesIn(Drawings),
                          [](const auto& test) { return std::string(test.param.name); });
 
 TEST(MetafileText, HasCharactersAndAdvances)

@@ -49,16 +49,16 @@ void drawText(HDC context)
 
 void drawBitmap(HDC context)
 {
-    constexpr int side = 16;
+    constexpr int Side = 16;
     BITMAPINFO info{};
-    info.bmiHeader = {sizeof(BITMAPINFOHEADER), side, side, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+    info.bmiHeader = {sizeof(BITMAPINFOHEADER), Side, Side, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
     std::vector<BYTE> rows;
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x) {
+    for (int y = 0; y < Side; ++y) {
+        for (int x = 0; x < Side; ++x) {
             rows.insert(rows.end(), {static_cast<BYTE>(x * 16), static_cast<BYTE>(y * 16), 64});
         }
     }
-    StretchDIBits(context, 420, 230, 80, 80, 0, 0, side, side, rows.data(), &info, DIB_RGB_COLORS, SRCCOPY);
+    StretchDIBits(context, 420, 230, 80, 80, 0, 0, Side, Side, rows.data(), &info, DIB_RGB_COLORS, SRCCOPY);
 }
 
 } // namespace

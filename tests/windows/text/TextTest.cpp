@@ -21,7 +21,7 @@ LOGFONTA fontOf(const char* face, LONG height, LONG weight = 0, LONG width = 0, 
     return font;
 }
 
-const LOGFONTA arial = fontOf("Arial", -13);
+const LOGFONTA Arial = fontOf("Arial", -13);
 
 // The font goes when the context does.
 void selectFont(HDC context, const LOGFONTA& font)
@@ -98,8 +98,8 @@ struct MeasureCase {
 };
 
 // The numbers of the tables of the Liberation fonts, scaled and rounded. The last is at the limit of sizes.
-const MeasureCase measureCases[] = {
-    {arial, {15, 12, 0, 6, 400, 0x27, 70}},
+const MeasureCase MeasureCases[] = {
+    {Arial, {15, 12, 0, 6, 400, 0x27, 70}},
     {fontOf("System", 0), {16, 13, 0, 6, 400, 0x27, 77}},
     {fontOf("No Such Face", 16), {16, 13, 0, 6, 400, 0x27, 77}},
     {fontOf("Times New Roman", -96, 700), {107, 86, 4, 41, 700, 0x17, 535}},
@@ -110,7 +110,7 @@ const MeasureCase measureCases[] = {
 
 TEST_F(TextTest, MeasuresAreThoseOfTheFaceInWholePixels)
 {
-    for (const MeasureCase& expected : measureCases) {
+    for (const MeasureCase& expected : MeasureCases) {
         selectFont(m_screen, expected.font);
         EXPECT_EQ(measures(), expected.measures) << expected.font.lfFaceName;
     }
@@ -133,7 +133,7 @@ TEST_F(TextTest, MeasuresFollowTheMapping)
 
 TEST_F(TextTest, PartialExtentsEndAtTheMaximum)
 {
-    selectFont(m_screen, arial);
+    selectFont(m_screen, Arial);
     SetTextCharacterExtra(m_screen, 1);
     INT extents[5] = {};
     INT fit = -1;
@@ -195,7 +195,7 @@ struct DrawTextCase {
     std::string outputs; // with DT_CALCRECT right and bottom afterwards
 };
 
-const DrawTextCase drawTextCases[] = {
+const DrawTextCase DrawTextCases[] = {
     {"o\nw \r\n\nn\n", 0, {9, 5, 90, 80}, 60, "9,5 [9 5 15 19] o|9,20 [9 20 21 34] w |9,50 [9 50 15 64] n|"},
     {"on\ntw", DT_SINGLELINE | DT_NOCLIP, {9, 5, 90, 80}, 15, "9,5 [9 5 40 19] on\ntw|"},
     {"on tw  thr", DT_WORDBREAK, {0, 0, 31, 9}, 30, "0,0 [0 0 38 14] on tw  |0,15 [0 15 14 29] thr|"},
@@ -246,10 +246,10 @@ const DrawTextCase drawTextCases[] = {
 
 TEST_F(TextTest, LinesOfDrawText)
 {
-    for (const DrawTextCase& expected : drawTextCases) {
+    for (const DrawTextCase& expected : DrawTextCases) {
         SCOPED_TRACE(expected.text);
         RECT rect = expected.rect;
-        std::string lines = outputs(arial, [&](HDC context) {
+        std::string lines = outputs(Arial, [&](HDC context) {
             EXPECT_EQ(DrawTextA(context, expected.text, -1, &rect, expected.flags), expected.result);
         });
         if (expected.flags & DT_CALCRECT) {
@@ -281,7 +281,7 @@ struct RunCase {
 };
 
 // "end" is 21 wide, 12 above the base line and 3 below it.
-const RunCase runCases[] = {
+const RunCase RunCases[] = {
     {TA_RIGHT | TA_BOTTOM, 0, {1, 0, 0, 1, 0, 0}, "100,50 [79 35 99 49] end|"},
     {TA_CENTER | TA_BASELINE, 0, {1, 0, 0, 1, 0, 0}, "100,50 [90 38 110 52] end|"},
     {TA_LEFT, 900, {1, 0, 0, 1, 0, 0}, "100,50 [100 29 114 49] end|"},
@@ -293,7 +293,7 @@ const RunCase runCases[] = {
 
 TEST_F(TextTest, CellFollowsAlignmentAndDirection)
 {
-    for (const RunCase& expected : runCases) {
+    for (const RunCase& expected : RunCases) {
         const auto draw = [&](HDC context) {
             SetTextAlign(context, expected.alignment);
             SetGraphicsMode(context, GM_ADVANCED);
@@ -318,7 +318,7 @@ TEST_F(TextTest, RunsOfExtTextOut)
         ExtTextOutA(context, 5, 6, 0, nullptr, "end", 3, nullptr);
         ExtTextOutA(context, 5, 6, 0, nullptr, "it", 2, nullptr);
     };
-    EXPECT_EQ(outputs(arial, draw), "5,6 [5 6 64 20] end|5,6 [1 2 29 39] |40,41 [40 41 54 55] end|"
+    EXPECT_EQ(outputs(Arial, draw), "5,6 [5 6 64 20] end|5,6 [1 2 29 39] |40,41 [40 41 54 55] end|"
                                     "55,41 [55 41 57 55] it|");
 }
 
