@@ -185,8 +185,9 @@ void makeFloorPostScript(int rows, std::string& page)
     page.reserve(RoomForHead + static_cast<std::size_t>(rows) * RoomPerRow);
     FloorPostScript out(page);
     out.writeHead(tableBounds(rows));
-    out.write(PostScriptProlog::jshow, PostScriptProlog::framerect, PostScriptProlog::solidrect,
-              PostScriptProlog::ellipse, PostScriptProlog::hatch);
+    out.write(postscript::PostScriptProlog::jshow, postscript::PostScriptProlog::framerect,
+              postscript::PostScriptProlog::solidrect, postscript::PostScriptProlog::ellipse,
+              postscript::PostScriptProlog::hatch);
     drawTable(out, rows);
     out.write("\nshowpage\n\n");
 }

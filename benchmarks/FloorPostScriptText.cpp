@@ -117,7 +117,7 @@ void makeFloorPostScriptText(int rows, std::string& page)
     page.reserve(RoomForHead + static_cast<std::size_t>(rows) * RoomPerRow);
     FloorPostScriptText out(page, textBounds(rows));
     out.writeHead(textBounds(rows));
-    out.write(PostScriptProlog::jshow, PostScriptProlog::rotatedshow);
+    out.write(postscript::PostScriptProlog::jshow, postscript::PostScriptProlog::rotatedshow);
     drawText(out, rows);
     out.write("\nshowpage\n\n");
 }

@@ -3,6 +3,8 @@
 
 #include "HostCallback.h"
 
+using namespace krnos;
+
 namespace {
 
 using Handler = void(const char* caption, const char* expression, const char* module, const char* file,

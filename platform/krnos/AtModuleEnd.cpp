@@ -3,6 +3,8 @@
 #include <atomic>
 #include <type_traits>
 
+using namespace krnos;
+
 // Static objects that end are what has to be over by then.
 static_assert(std::is_trivially_destructible_v<AtModuleEnd>);
 

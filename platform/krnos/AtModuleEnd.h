@@ -5,6 +5,8 @@
 // and given back here, where nothing of the module runs any more.
 #pragma once
 
+namespace krnos {
+
 class AtModuleEnd {
 public:
     // `end` is called once; of several, the one that was asked for last comes first. The object stands in static
@@ -19,3 +21,5 @@ private:
     void (*const m_end)();
     const AtModuleEnd* m_earlier = nullptr;
 };
+
+} // namespace krnos

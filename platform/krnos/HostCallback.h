@@ -7,6 +7,8 @@
 
 #include <mutex>
 
+namespace krnos {
+
 template <typename Function>
 class HostCallback {
 public:
@@ -34,3 +36,5 @@ private:
     Function* m_function = nullptr;
     void* m_context = nullptr;
 };
+
+} // namespace krnos

@@ -14,6 +14,8 @@
 #include "HostCallback.h"
 #include "NeutralLocale.h"
 
+using namespace krnos;
+
 namespace {
 
 using Sink = void(const char* line, void* context);

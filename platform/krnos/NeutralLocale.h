@@ -6,6 +6,8 @@
 #include <clocale>
 #include <locale.h>
 
+namespace krnos {
+
 class NeutralLocale {
 public:
     NeutralLocale() noexcept : m_former(uselocale(neutral())) {}
@@ -23,3 +25,5 @@ private:
 
     locale_t m_former;
 };
+
+} // namespace krnos

@@ -9,6 +9,8 @@
 
 #include "NeutralLocale.h"
 
+using namespace krnos;
+
 namespace {
 
 // All nines; for a negative number without room for a sign and a digit, zero. `room` is without terminator.

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <iterator>
 
+namespace krnutil {
+
 namespace {
 
 constexpr std::size_t HeaderAt = 14; // after the head of the file
@@ -50,3 +52,5 @@ void makeOpaqueIfUnused(unsigned char* pixels, std::size_t count) noexcept
         pixels[i * PixelSize + 3] = 255;
     }
 }
+
+} // namespace krnutil

@@ -6,6 +6,8 @@
 
 #include <cstddef>
 
+namespace krnutil {
+
 // Whether the header of a BMP file has a mask for alpha ([MS-WMF] 2.2.2.3 to 2.2.2.5; bV4AlphaMask). False for bytes that
 // are no such header.
 bool hasAlphaMask(const unsigned char* file, std::size_t size) noexcept;
@@ -13,3 +15,5 @@ bool hasAlphaMask(const unsigned char* file, std::size_t size) noexcept;
 // Makes 32-bit pixels opaque whose fourth bytes are all 0. Where only one of them is something else they are alpha,
 // and all stay.
 void makeOpaqueIfUnused(unsigned char* pixels, std::size_t count) noexcept;
+
+} // namespace krnutil

@@ -13,6 +13,8 @@
 #include "ImageReader.h"
 #include "ImageScreening.h"
 
+using namespace krnutil;
+
 namespace {
 
 constexpr std::uint64_t MostPixelBytes = std::uint64_t{256} << 20;

@@ -17,6 +17,8 @@
 #include "AtModuleEnd.h"
 #include "sys/krnos.h"
 
+using namespace krnos;
+
 // FreeImage's header declares Windows types under their own names, so it gets a namespace to do that in. The
 // system headers that it asks for are above and are not read again.
 namespace freeImage {
@@ -32,10 +34,10 @@ static_assert(int{::FIF_UNKNOWN} == int{freeImage::FIF_UNKNOWN} && int{::FIF_BMP
 static_assert(int{::FIF_ICO} == int{freeImage::FIF_ICO} && int{::FIF_JPEG} == int{freeImage::FIF_JPEG});
 static_assert(int{::FIF_PNG} == int{freeImage::FIF_PNG} && int{::FIF_TIFF} == int{freeImage::FIF_TIFF});
 static_assert(int{::FIF_GIF} == int{freeImage::FIF_GIF} && LoadNoPixels == FIF_LOAD_NOPIXELS);
-static_assert(sizeof(ImageReaderFunctions) == sizeof(freeImage::FreeImageIO));
-static_assert(offsetof(ImageReaderFunctions, read) == offsetof(freeImage::FreeImageIO, read_proc));
-static_assert(offsetof(ImageReaderFunctions, seek) == offsetof(freeImage::FreeImageIO, seek_proc));
-static_assert(offsetof(ImageReaderFunctions, tell) == offsetof(freeImage::FreeImageIO, tell_proc));
+static_assert(sizeof(krnutil::ImageReaderFunctions) == sizeof(freeImage::FreeImageIO));
+static_assert(offsetof(krnutil::ImageReaderFunctions, read) == offsetof(freeImage::FreeImageIO, read_proc));
+static_assert(offsetof(krnutil::ImageReaderFunctions, seek) == offsetof(freeImage::FreeImageIO, seek_proc));
+static_assert(offsetof(krnutil::ImageReaderFunctions, tell) == offsetof(freeImage::FreeImageIO, tell_proc));
 static_assert(int{freeImage::FIT_BITMAP} == static_cast<int>(PixelKind::Standard));
 static_assert(int{freeImage::FIT_UINT16} == static_cast<int>(PixelKind::Uint16));
 static_assert(int{freeImage::FIT_RGB16} == static_cast<int>(PixelKind::Rgb16));

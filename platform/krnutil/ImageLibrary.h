@@ -30,10 +30,12 @@ struct ImageLibrary {
     FREE_IMAGE_FORMAT (*getFileTypeFromMemory)(FIMEMORY* memory, int size);
     BOOL (*saveToMemory)(FREE_IMAGE_FORMAT format, FIBITMAP* bitmap, FIMEMORY* memory, int flags);
 
-    FREE_IMAGE_FORMAT (*getFileTypeFromHandle)(ImageReaderFunctions* functions, void* handle, int size);
-    BOOL (*validateFromHandle)(FREE_IMAGE_FORMAT format, ImageReaderFunctions* functions, void* handle);
-    FIBITMAP* (*loadFromHandle)(FREE_IMAGE_FORMAT format, ImageReaderFunctions* functions, void* handle,
-                                int flags);
+    FREE_IMAGE_FORMAT (*getFileTypeFromHandle)
+    (krnutil::ImageReaderFunctions* functions, void* handle, int size);
+    BOOL (*validateFromHandle)
+    (FREE_IMAGE_FORMAT format, krnutil::ImageReaderFunctions* functions, void* handle);
+    FIBITMAP* (*loadFromHandle)(FREE_IMAGE_FORMAT format, krnutil::ImageReaderFunctions* functions,
+                                void* handle, int flags);
     BOOL (*fifSupportsNoPixels)(FREE_IMAGE_FORMAT format);
     BOOL (*fifSupportsExportBPP)(FREE_IMAGE_FORMAT format, int bits);
     int (*getFIFCount)();

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstring>
 
+namespace krnutil {
+
 unsigned int ImageReader::read(void* buffer, unsigned int size, unsigned int count) noexcept
 {
     const std::size_t wanted = std::size_t{size} * count;
@@ -44,3 +46,5 @@ ImageReaderFunctions ImageReader::functions() noexcept
                 return static_cast<ImageReader*>(handle)->m_position;
             }};
 }
+
+} // namespace krnutil

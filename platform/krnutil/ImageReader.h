@@ -8,6 +8,8 @@
 
 #include <cstddef>
 
+namespace krnutil {
+
 // The functions as FreeImage calls them (FreeImageIO of its header), each with the reader as its handle.
 #pragma pack(push, 1)
 struct ImageReaderFunctions {
@@ -42,3 +44,5 @@ private:
     long m_size;
     long m_position = 0;
 };
+
+} // namespace krnutil

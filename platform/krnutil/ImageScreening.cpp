@@ -6,6 +6,8 @@
 #include <iterator>
 #include <string_view>
 
+namespace krnutil {
+
 namespace {
 
 // The bytes of the image, looked at within their bounds only.
@@ -209,3 +211,5 @@ bool hasSoundHeader(FREE_IMAGE_FORMAT format, const unsigned char* data, std::si
     const ImageBytes image(data, size);
     return format == FIF_ICO ? hasSoundIcon(image) : format != FIF_TIFF || hasSoundSamples(image);
 }
+
+} // namespace krnutil

@@ -9,6 +9,8 @@
 
 #include "sys/krnutil.h"
 
+namespace krnutil {
+
 // Bytes that the pixels take once decoded, the largest number that the data states, for the formats whose header
 // FreeImage does not read alone; 0 when it states none or the format is not one of these.
 std::uint64_t statedPixelBytes(FREE_IMAGE_FORMAT format, const unsigned char* data, std::size_t size);
@@ -21,3 +23,5 @@ bool isSoundDecoder(FREE_IMAGE_FORMAT format);
 // with; of other formats every one does. FreeImage takes an icon's bits per pixel and the signs of its sides as
 // they come, and ends the process over samples in a TIFF file that it has no form for.
 bool hasSoundHeader(FREE_IMAGE_FORMAT format, const unsigned char* data, std::size_t size);
+
+} // namespace krnutil

@@ -7,6 +7,9 @@
 #include "moduleHeap.h"
 #include "surface.h"
 
+using namespace drawing;
+using namespace metafile;
+
 namespace {
 
 // Handles are logged in 32 bits, as the line's format has it.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace metafile {
+
 MetafileFields::MetafileFields(metafile::Page page, bool lowerCase)
 {
     for (const metafile::Record& record : metafile::Records(page)) {
@@ -48,3 +50,5 @@ MetafileFields::Step MetafileFields::stepOverBlanks(unsigned int field)
     }
     return step;
 }
+
+} // namespace metafile

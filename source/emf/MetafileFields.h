@@ -11,6 +11,8 @@
 #include "sys/tovoarray.h"
 #include "sys/tovostr.h"
 
+namespace metafile {
+
 struct MetafileField {
     unsigned int position; // of its record in the page, in bytes
     POINTL place;
@@ -56,3 +58,5 @@ private:
     ReadingOrder m_order;
     Vector<Step, 1> m_steps; // those known, by field; a `before` of `none` is not known
 };
+
+} // namespace metafile

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+namespace metafile {
+
 namespace {
 
 // For each length of a beginning of the text, the longest shorter beginning that it ends with (Knuth, Morris and
@@ -140,3 +142,5 @@ bool MetafileSearch::adjoins(unsigned int field, unsigned int next) const
     const RECTL& following = m_fields[next].bounds;
     return following.top == bounds.top && std::int64_t{bounds.right} + Gap >= following.left;
 }
+
+} // namespace metafile

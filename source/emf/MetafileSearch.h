@@ -10,6 +10,8 @@
 #include "sys/tovoarray.h"
 #include "sys/tovostr.h"
 
+namespace metafile {
+
 // Characters of one record that belong to a hit. The last index can lie beyond the record's text.
 struct MatchEntry {
     unsigned int position; // of the record in the page, in bytes
@@ -57,3 +59,5 @@ private:
     Vector<unsigned int, 10> m_borders;   // for a plain search, see firstCandidate
     Vector<std::string_view, 10> m_words; // of m_text, for a search of words
 };
+
+} // namespace metafile

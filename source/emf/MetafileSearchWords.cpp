@@ -1,6 +1,8 @@
 // The search for a phrase of whole words.
 #include "MetafileSearch.h"
 
+namespace metafile {
+
 namespace {
 
 // How many words of the fields of one candidate are read, counted from the beginning of its first field.
@@ -55,3 +57,5 @@ MetafileSearch::Outcome MetafileSearch::wordsRunOn(unsigned int field, WordCurso
     }
     return failure;
 }
+
+} // namespace metafile

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstring>
 
+namespace metafile {
+
 namespace {
 
 // Whether `count` elements at an offset lie after the fields of a text record and inside it.
@@ -51,3 +53,5 @@ void appendCharacters(const metafile::Record& record, const MetafileText& text, 
     }
     out.grow(count);
 }
+
+} // namespace metafile

@@ -7,6 +7,8 @@
 #include "sys/recordReader.h"
 #include "sys/tovostr.h"
 
+namespace metafile {
+
 // The fields of an EMR_EXTTEXTOUTA or EMR_EXTTEXTOUTW ([MS-EMF] 2.3.5.7, 2.3.5.8). Its characters, if it has
 // any, lie inside the record and after these fields.
 struct MetafileText {
@@ -25,3 +27,5 @@ std::optional<MetafileText> textOf(const metafile::Record& record);
 // Adds the characters as 8 bits, a zero among them as a blank: one for each of the record, so that an index into
 // them is one into the record's. Throws KrnException without memory.
 void appendCharacters(const metafile::Record& record, const MetafileText& text, TovoTextString& out);
+
+} // namespace metafile

@@ -15,6 +15,9 @@
 #include "pageCountWord.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+using namespace metafile;
+
 namespace {
 
 // Two numbers, the word, two blanks and a terminator at most.

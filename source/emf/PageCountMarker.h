@@ -11,6 +11,8 @@
 
 #include <windows.h>
 
+namespace metafile {
+
 struct PageCountMarker {
     static constexpr std::string_view Letters = "TPC";
     static constexpr std::size_t Size = Letters.size() + 2 * sizeof(LONG);
@@ -39,3 +41,5 @@ struct PageCountMarker {
     }
 };
 static_assert(PageCountMarker::Size == 11);
+
+} // namespace metafile

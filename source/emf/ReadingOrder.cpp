@@ -6,6 +6,10 @@
 
 #include "wrappingInt.h"
 
+namespace metafile {
+
+using namespace drawing;
+
 namespace {
 
 constexpr int LineReach = 5;
@@ -107,3 +111,5 @@ void ReadingOrder::sort()
         m_leastFrom.atPut(rank, least);
     }
 }
+
+} // namespace metafile

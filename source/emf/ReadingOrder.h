@@ -11,6 +11,8 @@
 #include "sys/tovoarray.h"
 #include <windows.h>
 
+namespace metafile {
+
 class ReadingOrder {
 public:
     static constexpr unsigned int None = 0xFFFFFFFF;
@@ -41,3 +43,5 @@ private:
     Vector<unsigned int, 100> m_order;  // numbers by y, x and number
     Vector<Candidate, 100> m_leastFrom; // for each rank in it, what has the least key from there on
 };
+
+} // namespace metafile

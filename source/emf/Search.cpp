@@ -5,6 +5,8 @@
 #include "MetafileSearch.h"
 #include "markMetafile.h"
 
+using namespace metafile;
+
 unsigned int CMetaFilePlayerEMF::findNextField(unsigned char* page, unsigned int length, int& x, int& y,
                                                TovoTextString& text)
 {

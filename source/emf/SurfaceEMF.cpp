@@ -2,6 +2,8 @@
 
 #include "PageCountMarker.h"
 
+using namespace metafile;
+
 CSurfaceEMF::CSurfaceEMF() : m_initialFont(nullptr), m_metafile(nullptr) {}
 
 CSurfaceEMF::CSurfaceEMF(RECT* bounds) : m_initialFont(nullptr), m_metafile(nullptr)

@@ -6,6 +6,10 @@
 
 #include "wordSeparators.h"
 
+namespace metafile {
+
+using namespace drawing;
+
 class WordCursor {
 public:
     // In front of the first word.
@@ -34,3 +38,5 @@ private:
     std::size_t m_start = 0;
     std::size_t m_end = 0;
 };
+
+} // namespace metafile

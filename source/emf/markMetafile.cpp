@@ -6,6 +6,10 @@
 
 #include "moduleHeap.h"
 
+namespace metafile {
+
+using namespace drawing;
+
 namespace {
 
 using Entries = std::span<const MatchEntry>;
@@ -136,3 +140,5 @@ unsigned char* markMetafile(metafile::Page page, const MatchEntries& found, unsi
     }
     return marked;
 }
+
+} // namespace metafile

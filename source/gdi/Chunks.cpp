@@ -8,6 +8,9 @@
 #include "undo.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+using namespace gdi;
+
 namespace {
 
 struct JoinedText {

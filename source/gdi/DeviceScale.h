@@ -5,6 +5,10 @@
 
 #include "wrappingInt.h"
 
+namespace gdi {
+
+using namespace drawing;
+
 // The extents of a context's map mode and the scale that they make; 1 for a null context.
 struct DeviceScale {
     explicit DeviceScale(HDC hdc) : viewport{1, 1}, window{1, 1}
@@ -38,3 +42,5 @@ struct DeviceScale {
     float x;
     float y;
 };
+
+} // namespace gdi

@@ -5,6 +5,8 @@
 #include "moduleHeap.h"
 #include "surfaceGDI.h"
 
+using namespace drawing;
+
 namespace {
 
 struct FontList {

@@ -6,14 +6,16 @@
 #include "hidden.h"
 #include "surfaceGDI.h"
 
+namespace gdi {
 struct DeviceScale;
+}
 
 class SURFACE_HIDDEN CSurfaceGDI::Detail {
 public:
     explicit Detail(CSurfaceGDI& surface) : m_surface(surface) {}
 
     HBRUSH pictureBrush(int position) const;
-    void drawJoined(Array<CSurfaceTextChunk, 2>& chunks, RECT device, const DeviceScale& scale,
+    void drawJoined(Array<CSurfaceTextChunk, 2>& chunks, RECT device, const gdi::DeviceScale& scale,
                     unsigned int flags);
     void drawStyled(const char* text, RECT* rect, unsigned int flags);
 

@@ -7,6 +7,9 @@
 #include "pictureDecoding.h"
 #include "surfaceGDI.h"
 
+using namespace drawing;
+using namespace gdi;
+
 namespace {
 
 constexpr unsigned int NotHeld = 0; // positions count from 1

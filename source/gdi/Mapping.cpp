@@ -2,6 +2,8 @@
 #include "surfaceGDI.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+
 void CSurfaceGDI::setMapMode(int mode)
 {
     if (GetMapMode(m_hdc) == mode) {

@@ -9,6 +9,8 @@
 #include "undo.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+
 namespace {
 
 void describeFont(char* buffer, HFONT font)

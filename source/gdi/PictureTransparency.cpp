@@ -4,6 +4,8 @@
 #include "moduleHeap.h"
 #include "surfacePicture.h"
 
+using namespace drawing;
+
 namespace {
 
 constexpr COLORREF White = 0xFFFFFF;

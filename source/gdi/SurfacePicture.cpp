@@ -7,6 +7,9 @@
 #include "sys/errorNumbers.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+using namespace gdi;
+
 namespace {
 
 constexpr int HatchSize = 8; // of the smallest brush that devices take

@@ -9,6 +9,9 @@
 #include "undo.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+using namespace gdi;
+
 namespace {
 
 // The one drawing call of the process at a time.

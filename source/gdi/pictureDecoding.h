@@ -5,6 +5,10 @@
 #include "imageNumbers.h"
 #include "surfacePicture.h"
 
+namespace gdi {
+
+using namespace drawing;
+
 // Pictures of type 7 are JPEG, all others PNG.
 inline FREE_IMAGE_FORMAT formatOf(const CSurfacePicture& picture)
 {
@@ -16,3 +20,5 @@ inline FIBITMAP* decoded(FreeImageDesc& library, const CSurfacePicture& picture)
 {
     return library.imageLoadFromMem(formatOf(picture), picture.m_data, picture.m_length);
 }
+
+} // namespace gdi

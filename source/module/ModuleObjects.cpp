@@ -7,11 +7,13 @@
 #include "versionNumbers.h"
 #include "versionText.h"
 
-KrnLog moduleLog("surface", nullptr, true, true);
-XHeap moduleHeap("SRF", 0, 65535, true, 768, 0);
-ThreadMutex__ drawTextLock("DrawTextLock");
+using namespace drawing;
 
-const char* moduleVersionText()
+KrnLog drawing::moduleLog("surface", nullptr, true, true);
+XHeap drawing::moduleHeap("SRF", 0, 65535, true, 768, 0);
+ThreadMutex__ drawing::drawTextLock("DrawTextLock");
+
+const char* drawing::moduleVersionText()
 {
     return SURFACE_VERSION;
 }

@@ -7,6 +7,8 @@
 #include "ModuleVersionDetail.h"
 #include "moduleHeap.h"
 
+using namespace drawing;
+
 namespace {
 
 constexpr std::uint64_t PeHeaderField = 60;

@@ -7,6 +7,8 @@
 #include "metaFilePlayerSVG.h"
 #include "moduleHeap.h"
 
+using namespace drawing;
+
 namespace {
 
 enum MetaFileFormat { UnknownFormat = 0, EnhancedMetafile = 1, SvgPage = 2 };

@@ -6,6 +6,9 @@
 #include "PostScriptPieces.h"
 #include "arcGeometry.h"
 
+using namespace drawing;
+using namespace postscript;
+
 namespace {
 
 constexpr TextRoom ArcRoom{100};

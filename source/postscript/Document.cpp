@@ -10,6 +10,9 @@
 #include "putInFront.h"
 #include "versionText.h"
 
+using namespace drawing;
+using namespace postscript;
+
 namespace {
 
 int wholePoints(int millimetres)

@@ -8,6 +8,8 @@
 #include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
 
+using namespace postscript;
+
 namespace {
 
 // Of the numbers as an interpreter reads them.

@@ -11,6 +11,9 @@
 #include "decodedImage.h"
 #include "sys/errorNumbers.h"
 
+using namespace drawing;
+using namespace postscript;
+
 namespace {
 
 constexpr unsigned char NotTheMask = 1; // joins each alpha, so that only 0 and 1 become the mask value

@@ -10,6 +10,9 @@
 #include "imageNumbers.h"
 #include "putByNumber.h"
 
+using namespace drawing;
+using namespace postscript;
+
 CPostScriptImage* CSurfacePSPrinter::Detail::imageAt(unsigned int id) const
 {
     return m_page.m_images.atGet(id);

@@ -15,6 +15,9 @@
 #include "putInFront.h"
 #include "undo.h"
 
+using namespace drawing;
+using namespace postscript;
+
 namespace {
 
 std::string_view viewOf(const TovoBinaryString& bytes)

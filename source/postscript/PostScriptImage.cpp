@@ -3,6 +3,8 @@
 
 #include "moduleHeap.h"
 
+using namespace drawing;
+
 CPostScriptImage::CPostScriptImage()
     : m_width(0), m_height(0), m_bitsPerPixel(0), m_compressed(false), m_owners(1)
 {

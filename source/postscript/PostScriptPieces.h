@@ -8,6 +8,12 @@
 #include "pageText.h"
 #include "rectangle.h"
 
+namespace postscript {
+
+using namespace drawing;
+using drawing::maximumLength;
+using drawing::putPiece;
+
 // "x y " with y negated.
 struct PsPoint {
     int x, y;
@@ -87,3 +93,5 @@ inline FixedNumber finiteNumber(double value, int decimals)
     constexpr int Room = 49; // holds every float
     return FixedNumber{std::isfinite(value) ? saturateToFloat(value) : 0.0F, decimals, Room};
 }
+
+} // namespace postscript

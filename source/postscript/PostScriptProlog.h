@@ -4,6 +4,8 @@
 
 #include <string_view>
 
+namespace postscript {
+
 struct PostScriptProlog {
     // Named as their files are. NOLINTBEGIN(readability-identifier-naming)
     static const std::string_view chord;
@@ -20,3 +22,5 @@ struct PostScriptProlog {
     static const std::string_view transparentimage;
     // NOLINTEND(readability-identifier-naming)
 };
+
+} // namespace postscript

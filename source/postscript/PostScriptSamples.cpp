@@ -3,6 +3,8 @@
 #include <array>
 #include <cstring>
 
+namespace postscript {
+
 namespace {
 
 constexpr std::size_t BytesOnALine = 150;
@@ -83,3 +85,5 @@ void decodeRunLengths(TovoBinaryString& out, std::string_view stream)
         }
     }
 }
+
+} // namespace postscript

@@ -8,6 +8,8 @@
 
 #include "sys/tovostr.h"
 
+namespace postscript {
+
 inline constexpr int WithTransparency = 32; // bits for a pixel
 
 // Strings count in 32 bits; more than that is memory that there is not.
@@ -28,3 +30,5 @@ void decodeHexadecimal(TovoBinaryString& out, std::string_view text);
 // What a stream in the form of the RunLengthDecode filter (PLRM 3.13.3) stands for. A stream that breaks off
 // ends there.
 void decodeRunLengths(TovoBinaryString& out, std::string_view stream);
+
+} // namespace postscript

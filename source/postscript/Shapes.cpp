@@ -7,6 +7,9 @@
 #include "brushStyles.h"
 #include "undo.h"
 
+using namespace drawing;
+using namespace postscript;
+
 namespace {
 
 constexpr TextRoom ShapeRoom{100};

@@ -9,6 +9,9 @@
 #include "brushStyles.h"
 #include "penStyles.h"
 
+using namespace drawing;
+using namespace postscript;
+
 namespace {
 
 constexpr std::string_view Caps[] = {" 1 setlinecap ", " 2 setlinecap ", " 0 setlinecap "};

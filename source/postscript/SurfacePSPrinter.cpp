@@ -7,6 +7,8 @@
 #include "PostScriptDetail.h"
 #include "rectangle.h"
 
+using namespace drawing;
+
 namespace {
 
 void addOwnerToEach(const Array<CPostScriptImage, 10>& images)

@@ -16,6 +16,9 @@
 #include "textFlags.h"
 #include "undo.h"
 
+using namespace drawing;
+using namespace postscript;
+
 namespace {
 
 // As the y of a chunk: it has none of its own.

@@ -9,6 +9,8 @@
 #include "moduleHeap.h"
 #include "toldOnce.h"
 
+using namespace drawing;
+
 namespace {
 
 constexpr const char* TrapTexts[] = {

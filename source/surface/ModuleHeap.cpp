@@ -4,7 +4,9 @@
 
 #include "sys/moduleObject.h"
 
-void* allocateFromModuleHeap(std::size_t size) noexcept
+using namespace drawing;
+
+void* drawing::allocateFromModuleHeap(std::size_t size) noexcept
 {
     if (size > std::numeric_limits<unsigned int>::max()) {
         return nullptr;
@@ -12,7 +14,7 @@ void* allocateFromModuleHeap(std::size_t size) noexcept
     return moduleHeap.alloc(static_cast<unsigned int>(size), false);
 }
 
-void freeToModuleHeap(void* block) noexcept
+void drawing::freeToModuleHeap(void* block) noexcept
 {
     moduleHeap.free(block);
 }

@@ -6,6 +6,8 @@
 #include "color.h"
 #include "moduleHeap.h"
 
+using namespace drawing;
+
 CSurface::CSurface()
     : m_width(0), m_height(0), m_pageWidth(0), m_pageHeight(0), m_outputWidth(0), m_outputHeight(0),
       m_drawMode(0), m_foreColor(0), m_backColor(0), m_clipRegion{}, m_viewportOriginX(0),

@@ -8,6 +8,8 @@
 #include "color.h"
 #include "moduleHeap.h"
 
+using namespace drawing;
+
 CSurfaceFont::CSurfaceFont(char* faceName, float size, bool bold, bool italic, bool strikethru,
                            bool underline)
     : m_size(size), m_bold(bold), m_italic(italic), m_underline(underline),

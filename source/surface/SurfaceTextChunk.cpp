@@ -2,6 +2,8 @@
 
 #include "moduleHeap.h"
 
+using namespace drawing;
+
 CSurfaceTextChunk::CSurfaceTextChunk()
     : m_isNewLine(false), m_position{}, m_followsPrevious(false), m_textLength(-1),
       m_underline(false), m_findPosition{}

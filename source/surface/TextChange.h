@@ -3,6 +3,8 @@
 
 #include "sys/tovostr.h"
 
+namespace drawing {
+
 class TextChange {
 public:
     explicit TextChange(TovoTextString& text) : m_text(text), m_length(text.length()) {}
@@ -22,3 +24,5 @@ private:
     unsigned int m_length;
     bool m_kept = false;
 };
+
+} // namespace drawing

@@ -7,6 +7,8 @@
 
 #include "surface.h"
 
+using namespace drawing;
+
 namespace {
 
 struct Entity {
@@ -50,7 +52,7 @@ void appendView(TovoTextString& out, std::string_view text)
 
 } // namespace
 
-void appendEscaped(TovoTextString& out, const char* text, unsigned int length)
+void drawing::appendEscaped(TovoTextString& out, const char* text, unsigned int length)
 {
     const std::string_view whole(text, length);
     std::string_view rest = whole.substr(0, whole.find('\0'));

@@ -6,6 +6,8 @@
 
 #include "rectangle.h"
 
+namespace drawing {
+
 // To eleven places, as the page formats have it: what is truncated to whole numbers depends on it.
 inline constexpr double Pi = 3.14159265359;
 
@@ -28,3 +30,5 @@ inline double angleOf(const POINT& centre, const POINT& point)
     }
     return angle;
 }
+
+} // namespace drawing

@@ -7,6 +7,8 @@
 
 #include "textFlags.h"
 
+namespace drawing {
+
 // The first `length` characters, or all there are before the terminator; WholeText: all, any other number below 0: none.
 // No byte after them is looked at.
 inline std::string_view leftOf(const char* text, int length)
@@ -19,3 +21,5 @@ inline std::string_view leftOf(const char* text, int length)
     return std::string_view(
         text, end != nullptr ? static_cast<std::size_t>(static_cast<const char*>(end) - text) : limit);
 }
+
+} // namespace drawing

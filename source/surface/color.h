@@ -1,6 +1,8 @@
 // The parts of a 32-bit colour: red in the low byte, then green, then blue. The top byte is nobody's here.
 #pragma once
 
+namespace drawing {
+
 constexpr unsigned long cutColor(unsigned long color)
 {
     return color & 0xFFFFFFFFUL; // `unsigned long` has 64 bits on some systems
@@ -27,3 +29,5 @@ constexpr unsigned long colorOf(int red, int green, int blue)
     return (static_cast<unsigned long>(red) & 0xFFU) | ((static_cast<unsigned long>(green) & 0xFFU) << 8U) |
            ((static_cast<unsigned long>(blue) & 0xFFU) << 16U);
 }
+
+} // namespace drawing

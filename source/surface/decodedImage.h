@@ -3,6 +3,8 @@
 
 #include "sys/krnutil.h"
 
+namespace drawing {
+
 // By the data's own signature.
 inline FREE_IMAGE_FORMAT formatOfData(FreeImageDesc& library, unsigned char* data, int size)
 {
@@ -34,3 +36,5 @@ private:
     FreeImageDesc& m_library;
     FIBITMAP* m_bitmap;
 };
+
+} // namespace drawing

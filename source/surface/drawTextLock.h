@@ -3,5 +3,9 @@
 
 #include "sys/krnos.h"
 
+namespace drawing {
+
 // Made when the module is loaded and destroyed when it is unloaded.
 extern ThreadMutex__ drawTextLock;
+
+} // namespace drawing

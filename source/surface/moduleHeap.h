@@ -9,6 +9,8 @@
 
 #include "sys/krnos.h"
 
+namespace drawing {
+
 // Made when the module is loaded and destroyed, in the reverse order, when it is unloaded.
 extern KrnLog moduleLog;
 extern XHeap moduleHeap;
@@ -42,3 +44,5 @@ void destroyInModuleHeap(T* object)
         freeToModuleHeap(object);
     }
 }
+
+} // namespace drawing

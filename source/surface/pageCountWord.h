@@ -5,6 +5,8 @@
 
 #include "sys/krnutil.h"
 
+namespace drawing {
+
 class PageCountWord {
 public:
     static constexpr int Room = 300; // characters, the terminator included
@@ -22,3 +24,5 @@ public:
 private:
     char m_text[Room];
 };
+
+} // namespace drawing

@@ -16,6 +16,8 @@
 #include "sys/krnos.h"
 #include "sys/tovostr.h"
 
+namespace drawing {
+
 // A number with `decimals` digits after the point. `room` is the size in bytes of the buffer that the text
 // has to fit, its terminator counted: a page format fixes it, since it decides the text of extreme values.
 struct FixedNumber {
@@ -117,3 +119,5 @@ void appendPieces(TovoTextString& out, const Pieces&... pieces)
     ((end = putPiece(end, pieces)), ...);
     out.grow(static_cast<unsigned int>(end - start));
 }
+
+} // namespace drawing

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+namespace drawing {
+
 inline constexpr int PenLineMask = 0xF;
 inline constexpr int PenWithoutLine = 5;
 inline constexpr unsigned int PenCapBit = 8; // the first of the four bits of the field
@@ -16,3 +18,5 @@ constexpr std::string_view textOfField(const std::string_view (&texts)[N], int s
     const std::size_t value = (static_cast<unsigned int>(style) >> firstBit) & 0xFU;
     return value < N ? texts[value] : std::string_view();
 }
+
+} // namespace drawing

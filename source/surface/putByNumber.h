@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <limits>
 
+namespace drawing {
+
 // Stores at the 0-based place `number`, with room ahead: the tables themselves make exactly the room they need,
 // and ascending numbers would move all they hold each time.
 template <typename Table, typename Value>
@@ -18,3 +20,5 @@ void putByNumber(Table& table, unsigned int number, const Value& value)
     }
     table.atPut(number, value);
 }
+
+} // namespace drawing

@@ -5,6 +5,8 @@
 
 #include "sys/tovostr.h"
 
+namespace drawing {
+
 // In place, since the page may be large and its buffer mostly has the room.
 inline void putInFront(TovoTextString& page, const TovoTextString& head)
 {
@@ -15,3 +17,5 @@ inline void putInFront(TovoTextString& page, const TovoTextString& head)
     }
     page.grow(head.length());
 }
+
+} // namespace drawing

@@ -5,6 +5,8 @@
 
 #include "wrappingInt.h"
 
+namespace drawing {
+
 constexpr int widthOf(const RECT& rect)
 {
     return wrapSubtract(rect.right, rect.left);
@@ -14,3 +16,5 @@ constexpr int heightOf(const RECT& rect)
 {
     return wrapSubtract(rect.bottom, rect.top);
 }
+
+} // namespace drawing

@@ -4,6 +4,8 @@
 #include "sys/krnos.h"
 #include "sys/tovoarray.h"
 
+namespace drawing {
+
 // Whether `number` is reported for the first time; it counts as reported then. What cannot be remembered, for want of memory or
 // because too many were reported already, is not reported.
 inline bool firstTold(Vector<unsigned int, 10>& told, unsigned int number)
@@ -24,3 +26,5 @@ inline bool firstTold(Vector<unsigned int, 10>& told, unsigned int number)
     }
     return true;
 }
+
+} // namespace drawing

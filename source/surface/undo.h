@@ -3,6 +3,8 @@
 
 #include <utility>
 
+namespace drawing {
+
 // Runs `work` and gives its result. When it ends by an exception, `undo` puts back what it changed, and the
 // exception goes on. `undo` runs in a handler, not in a destructor, so it may call operations that a host overrides.
 template <typename Work, typename Undo>
@@ -15,3 +17,5 @@ decltype(auto) doOrUndo(Work&& work, Undo&& undo)
         throw;
     }
 }
+
+} // namespace drawing

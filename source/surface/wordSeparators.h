@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+namespace drawing {
+
 // A zero byte separates too: it is where a text was cut into words.
 inline constexpr std::array<bool, 256> WordSeparators = [] {
     std::array<bool, 256> separators{};
@@ -17,3 +19,5 @@ constexpr bool isWordSeparator(char character)
 {
     return WordSeparators[static_cast<unsigned char>(character)];
 }
+
+} // namespace drawing

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <limits>
 
+namespace drawing {
+
 constexpr int wrapToInt(std::uint32_t bits)
 {
     return static_cast<int>(bits);
@@ -53,3 +55,5 @@ constexpr float saturateToFloat(double value)
     }
     return value == value ? static_cast<float>(value) : 0.0F;
 }
+
+} // namespace drawing

@@ -7,5 +7,9 @@
 
 #include "sys/tovostr.h"
 
+namespace drawing {
+
 // Appends `length` bytes of `text` to `out`, escaped.
 void appendEscaped(TovoTextString& out, const char* text, unsigned int length);
+
+} // namespace drawing

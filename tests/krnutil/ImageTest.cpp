@@ -139,7 +139,7 @@ TEST_F(Image, OfFourthBytesThatAreUnusedIsSeen)
     // Which headers have a mask for alpha is asked of the reader itself, for FreeImage takes only the first one.
     const auto masked = [&](std::uint32_t header, std::uint32_t compression, std::uint32_t mask) {
         const std::string image = bmp32(header, compression, colours + number(mask, 4), unused);
-        return hasAlphaMask(reinterpret_cast<const unsigned char*>(image.data()), image.size());
+        return krnutil::hasAlphaMask(reinterpret_cast<const unsigned char*>(image.data()), image.size());
     };
     for (const std::uint32_t header : {56U, 108U, 124U}) {
         EXPECT_TRUE(masked(header, 3, 0xFF000000)) << header;
@@ -148,7 +148,7 @@ TEST_F(Image, OfFourthBytesThatAreUnusedIsSeen)
     EXPECT_TRUE(masked(40, 6, 0xFF000000));
     EXPECT_FALSE(masked(40, 3, 0xFF000000)); // a pixel is there
     EXPECT_FALSE(masked(64, 3, 0xFF000000)); // of another system
-    EXPECT_FALSE(hasAlphaMask(nullptr, 0));
+    EXPECT_FALSE(krnutil::hasAlphaMask(nullptr, 0));
 }
 
 TEST_F(Image, IsDecodedByItsOwnSignatureInSilence)

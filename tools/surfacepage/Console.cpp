@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstring>
 
+namespace pagetool {
+
 namespace {
 
 constexpr std::chrono::milliseconds Moment(500);
@@ -125,3 +127,5 @@ void Console::clearProgress()
         _progressShown = false;
     }
 }
+
+} // namespace pagetool

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace pagetool {
+
 class Console {
 public:
     Console();
@@ -43,3 +45,5 @@ private:
     bool _progressShown = false;
     Clock::time_point _nextProgress;
 };
+
+} // namespace pagetool

@@ -9,6 +9,8 @@
 #include "Console.h"
 #include "sys/krnos.h"
 
+namespace pagetool {
+
 namespace {
 
 // The log calls back on the thread that logs.
@@ -97,3 +99,5 @@ int runJobs(const std::vector<std::string>& files, unsigned int threads, const F
     krnSetLogSink(nullptr, nullptr);
     return console.close() ? worst.load() : static_cast<int>(Outcome::Failed);
 }
+
+} // namespace pagetool

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace pagetool {
+
 class Console;
 
 // What became of a file, by exit code; the highest is that of the run.
@@ -47,3 +49,5 @@ using FileCommand = std::function<Outcome(FileJob& job)>;
 // Runs the command on each file in `threads` threads and gives the exit code. What the library logs meanwhile is a
 // complaint about the file that it works on.
 int runJobs(const std::vector<std::string>& files, unsigned int threads, const FileCommand& command);
+
+} // namespace pagetool

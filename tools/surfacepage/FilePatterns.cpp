@@ -4,6 +4,8 @@
 #include <map>
 #include <string_view>
 
+namespace pagetool {
+
 std::vector<std::string> outputNames(const std::string& pattern, const std::vector<std::string>& files,
                                      std::string& problem)
 {
@@ -26,3 +28,5 @@ std::vector<std::string> outputNames(const std::string& pattern, const std::vect
     }
     return names;
 }
+
+} // namespace pagetool

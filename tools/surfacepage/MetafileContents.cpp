@@ -6,6 +6,8 @@
 #include "quotedText.h"
 #include "sys/krnos.h"
 
+namespace pagetool {
+
 namespace {
 
 std::string narrow(const metafile::Record& record, std::size_t offset, std::size_t count)
@@ -149,3 +151,5 @@ std::optional<std::string> pictureOf(const metafile::Record& record)
     }
     return std::nullopt;
 }
+
+} // namespace pagetool

@@ -7,6 +7,8 @@
 
 #include "RecordWalk.h"
 
+namespace pagetool {
+
 struct PlacedText {
     POINTL place; // logical units
     std::string text;
@@ -20,3 +22,5 @@ std::optional<std::string> fontOf(const metafile::Record& record);
 
 // 100 x 50 pixels of 24 bits
 std::optional<std::string> pictureOf(const metafile::Record& record);
+
+} // namespace pagetool

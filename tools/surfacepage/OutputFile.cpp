@@ -11,6 +11,8 @@
 #include <filesystem>
 #include <memory>
 
+namespace pagetool {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -98,3 +100,5 @@ Outcome OutputFile::failOfSystem(int error)
 {
     return _job.fail(std::string("can't write ").append(_path).append(": ").append(std::strerror(error)));
 }
+
+} // namespace pagetool

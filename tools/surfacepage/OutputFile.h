@@ -6,6 +6,8 @@
 
 #include "FileJobs.h"
 
+namespace pagetool {
+
 class OutputFile {
 public:
     // Complaints go to the job.
@@ -31,3 +33,5 @@ private:
     std::string _place;      // behind links
     std::string _temporary;  // empty: there is none
 };
+
+} // namespace pagetool

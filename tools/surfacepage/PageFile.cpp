@@ -12,6 +12,8 @@
 
 #include "metaFilePlayer.h"
 
+namespace pagetool {
+
 namespace {
 
 // The page operations take a length as an int.
@@ -90,3 +92,5 @@ std::optional<StoredPage> readPage(FileJob& job)
     }
     return page;
 }
+
+} // namespace pagetool

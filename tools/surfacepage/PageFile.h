@@ -7,6 +7,8 @@
 
 #include "FileJobs.h"
 
+namespace pagetool {
+
 struct StoredPage {
     unsigned char* data() { return bytes.data(); }
     unsigned int size() const { return static_cast<unsigned int>(bytes.size()); }
@@ -19,3 +21,5 @@ struct StoredPage {
 
 // Nothing for a file that can't be read, is longer than a page can be, or is no page; it has been said then.
 std::optional<StoredPage> readPage(FileJob& job);
+
+} // namespace pagetool

@@ -9,6 +9,8 @@
 #include "metaFilePlayer.h"
 #include "quotedText.h"
 
+namespace pagetool {
+
 namespace {
 
 // The numbers of requiredPictureType.
@@ -176,3 +178,5 @@ PageInventory inventoryOf(StoredPage& page)
     }
     return inventory;
 }
+
+} // namespace pagetool

@@ -9,6 +9,8 @@
 
 #include "PageFile.h"
 
+namespace pagetool {
+
 struct PageInventory {
     // Listed once, in the order of their first use.
     void addFont(const std::string& font);
@@ -25,3 +27,5 @@ private:
 };
 
 PageInventory inventoryOf(StoredPage& page);
+
+} // namespace pagetool

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+namespace pagetool {
+
 namespace {
 
 struct RecordName {
@@ -59,3 +61,5 @@ std::string recordName(DWORD type)
     return named != std::end(RecordNames) ? std::string(named->name)
                                           : std::string("record ").append(std::to_string(type));
 }
+
+} // namespace pagetool

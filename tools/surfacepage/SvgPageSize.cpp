@@ -6,6 +6,8 @@
 #include "RecordingSurface.h"
 #include "metaFilePlayerSVG.h"
 
+namespace pagetool {
+
 SvgPageSize svgPageSize(std::string_view page)
 {
     // The sizes are in the page's first tag of this kind. A player wants the element closed and nothing in it.
@@ -20,3 +22,5 @@ SvgPageSize svgPageSize(std::string_view page)
     player.play(&surface, &nowhere);
     return {{surface.m_width, surface.m_height}, {surface.m_pageWidth, surface.m_pageHeight}};
 }
+
+} // namespace pagetool

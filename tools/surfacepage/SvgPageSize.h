@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+namespace pagetool {
+
 struct SvgPageSize {
     bool isUsable() const { return units.cx > 0 && units.cy > 0 && millimetres.cx > 0 && millimetres.cy > 0; }
 
@@ -14,3 +16,5 @@ struct SvgPageSize {
 
 // Reads no more of the page than its head. Sizes that the page doesn't give are 0.
 SvgPageSize svgPageSize(std::string_view page);
+
+} // namespace pagetool

@@ -6,6 +6,8 @@
 
 #include "FileJobs.h"
 
+namespace pagetool {
+
 struct InfoOptions {
     bool brief = false; // counts only
 };
@@ -41,3 +43,5 @@ Outcome findCommand(FileJob& job, const FindOptions& options);
 
 // The surface calls of an SVG page or the records of a metafile, one a line. Fails for a damaged page, at its damage.
 Outcome traceCommand(FileJob& job);
+
+} // namespace pagetool

@@ -6,6 +6,8 @@
 #include "commands.h"
 #include "metaFilePlayer.h"
 
+namespace pagetool {
+
 namespace {
 
 struct FreeFoundPage {
@@ -83,3 +85,5 @@ Outcome findCommand(FileJob& job, const FindOptions& options)
     }
     return outcome;
 }
+
+} // namespace pagetool

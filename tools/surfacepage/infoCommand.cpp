@@ -6,6 +6,8 @@
 #include "metaFilePlayer.h"
 #include "quotedText.h"
 
+namespace pagetool {
+
 namespace {
 
 std::string by(long long width, long long height, const char* unit)
@@ -80,3 +82,5 @@ Outcome infoCommand(FileJob& job, const InfoOptions& options)
     job.print(sheet.text);
     return inventory.damage.empty() ? Outcome::Done : job.fail(inventory.damage);
 }
+
+} // namespace pagetool

@@ -11,6 +11,8 @@
 #include "FilePatterns.h"
 #include "commands.h"
 
+using namespace pagetool;
+
 namespace {
 
 // What is wrong with the arguments; CLI11 reports it.

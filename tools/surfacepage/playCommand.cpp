@@ -17,6 +17,8 @@
 #include "surfacePSPrinter.h"
 #include "surfaceSVG.h"
 
+namespace pagetool {
+
 namespace {
 
 // The paper of a page in hundredths of a millimetre, and the extent of an SVG page's coordinates.
@@ -204,3 +206,5 @@ Outcome playCommand(FileJob& job, const PlayOptions& options)
     OutputFile output(job, name);
     return format->play(job, *page, sheet, output, options.dpi);
 }
+
+} // namespace pagetool

@@ -3,6 +3,8 @@
 #include "commands.h"
 #include "metaFilePlayer.h"
 
+namespace pagetool {
+
 Outcome stampCommand(FileJob& job, const StampOptions& options)
 {
     std::optional<StoredPage> page = readPage(job);
@@ -17,3 +19,5 @@ Outcome stampCommand(FileJob& job, const StampOptions& options)
     }
     return OutputFile(job, job.file()).write(page->bytes);
 }
+
+} // namespace pagetool

@@ -10,6 +10,8 @@
 #include "metaFilePlayer.h"
 #include "quotedText.h"
 
+namespace pagetool {
+
 namespace {
 
 constexpr std::size_t ProgressEvery = 4096; // lines
@@ -105,3 +107,5 @@ Outcome traceCommand(FileJob& job)
     return player != nullptr && player->play(&surface, &whole) == 1 ? Outcome::Done
                                                                     : job.fail("can't be played to its end");
 }
+
+} // namespace pagetool

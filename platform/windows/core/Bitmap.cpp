@@ -6,6 +6,8 @@
 #include <cstring>
 #include <new>
 
+namespace wingdi {
+
 namespace {
 
 constexpr RGBQUAD BlackAndWhite[] = {{0, 0, 0, 0}, {0xFF, 0xFF, 0xFF, 0}};
@@ -220,3 +222,5 @@ void Bitmap::setRow(int y, const BitmapView& source, int sourceY) noexcept
         setPixel(x, y, source.pixel(x, sourceY));
     }
 }
+
+} // namespace wingdi

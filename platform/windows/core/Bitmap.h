@@ -9,6 +9,8 @@
 #include <span>
 #include <vector>
 
+namespace wingdi {
+
 // The most bytes that one bitmap may take.
 constexpr std::size_t LargestBitmap = std::size_t{256} << 20;
 
@@ -106,3 +108,5 @@ private:
     std::vector<BYTE> m_bits;
     std::vector<RGBQUAD> m_palette;
 };
+
+} // namespace wingdi

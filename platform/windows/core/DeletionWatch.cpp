@@ -5,6 +5,10 @@
 #include "AtModuleEnd.h"
 #include "Device.h"
 
+namespace wingdi {
+
+using namespace krnos;
+
 namespace {
 
 struct Watchers {
@@ -45,3 +49,5 @@ void DeletionWatch::objectDeleted(HGDIOBJ object)
         device->objectDeleted(object);
     }
 }
+
+} // namespace wingdi

@@ -13,6 +13,8 @@
 
 #include "Region.h"
 
+namespace wingdi {
+
 class BrushObject;
 class DeviceContext;
 class GdiObject;
@@ -171,3 +173,5 @@ public:
 private:
     Device& m_device;
 };
+
+} // namespace wingdi

@@ -8,6 +8,8 @@
 #include "HandleTable.h"
 #include "StockObjects.h"
 
+using namespace wingdi;
+
 DeviceContext::DeviceContext(ContextKind kind, std::unique_ptr<Device> device)
     : GdiObject(ObjectKind::Context), m_contextKind(kind), m_device(std::move(device))
 {
@@ -79,7 +81,7 @@ RECT DeviceContext::deviceArea() const noexcept
     return {0, 0, m_device->capability(HORZRES), m_device->capability(VERTRES)};
 }
 
-HDC addContext(std::shared_ptr<DeviceContext> context) noexcept
+HDC wingdi::addContext(std::shared_ptr<DeviceContext> context) noexcept
 {
     return guarded<HDC>(nullptr, [&]() -> HDC {
         ContextState& state = context->state;
@@ -97,7 +99,7 @@ HDC addContext(std::shared_ptr<DeviceContext> context) noexcept
     });
 }
 
-std::shared_ptr<DeviceContext> findContext(HDC handle, const char* function)
+std::shared_ptr<DeviceContext> wingdi::findContext(HDC handle, const char* function)
 {
     std::shared_ptr<DeviceContext> context =
         HandleTable::instance().find<DeviceContext>(handle, ObjectKind::Context);

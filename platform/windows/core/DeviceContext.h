@@ -13,6 +13,8 @@
 #include "GdiObject.h"
 #include "Mapping.h"
 
+namespace wingdi {
+
 // What SaveDC keeps.
 struct ContextState {
     std::shared_ptr<PenObject> pen;
@@ -86,5 +88,7 @@ Result onContext(HDC handle, const char* function, Result failure, const Body& b
 // Runs the body and gives `failure` when memory ran out.
 template <class Result, class Body>
 Result guarded(Result failure, const Body& body) noexcept;
+
+} // namespace wingdi
 
 #include "DeviceContextCalls.h"

@@ -5,6 +5,8 @@
 
 #include "failWith.h"
 
+namespace wingdi {
+
 std::shared_ptr<DeviceContext> findContext(HDC handle, const char* function);
 
 template <class Result, class Body>
@@ -28,3 +30,5 @@ Result onContext(HDC handle, const char* function, Result failure, const Body& b
         return body(*context);
     });
 }
+
+} // namespace wingdi

@@ -6,6 +6,8 @@
 
 #include "Bitmap.h"
 
+namespace wingdi {
+
 namespace {
 
 constexpr std::size_t HeaderSize = sizeof(BITMAPINFOHEADER);
@@ -134,3 +136,5 @@ DibSize measureDib(const BITMAPINFO* info, UINT usage) noexcept
     const std::optional<DibHead> head = readDibHead(info, usage);
     return head ? DibSize{head->headBytes, head->bitsBytes} : DibSize{};
 }
+
+} // namespace wingdi

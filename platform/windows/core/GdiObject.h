@@ -11,6 +11,8 @@
 #include "Bitmap.h"
 #include "Region.h"
 
+namespace wingdi {
+
 enum class ObjectKind : unsigned char { Pen, Brush, Font, Bitmap, Region, Metafile, Context };
 
 class GdiObject {
@@ -88,3 +90,5 @@ public:
 
     std::vector<BYTE> bytes; // begins with a checked header
 };
+
+} // namespace wingdi

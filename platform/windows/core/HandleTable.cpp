@@ -6,6 +6,10 @@
 
 #include "AtModuleEnd.h"
 
+namespace wingdi {
+
+using namespace krnos;
+
 namespace {
 
 // A handle is generation and slot side by side in the width of a pointer. Generations begin at 1, so that no handle is
@@ -131,3 +135,5 @@ DWORD HandleTable::count() noexcept
     const std::lock_guard lock(m_mutex);
     return m_count;
 }
+
+} // namespace wingdi

@@ -10,6 +10,8 @@
 
 #include "GdiObject.h"
 
+namespace wingdi {
+
 class HandleTable {
 public:
     static HandleTable& instance();
@@ -62,3 +64,5 @@ private:
     std::vector<std::size_t> m_free;
     DWORD m_count = 0;
 };
+
+} // namespace wingdi

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 
+namespace wingdi {
+
 namespace {
 
 constexpr double Lowest = std::numeric_limits<LONG>::min();
@@ -60,3 +62,5 @@ Mapping mappingOf(const XFORM& transform) noexcept
 {
     return {transform.eM11, transform.eM12, transform.eM21, transform.eM22, transform.eDx, transform.eDy};
 }
+
+} // namespace wingdi

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+namespace wingdi {
+
 struct DevicePoint {
     double x;
     double y;
@@ -38,3 +40,5 @@ Mapping mappingOf(const XFORM& transform) noexcept;
 
 // Rounds and saturates to 32 bits; not-a-number gives 0.
 LONG toDeviceUnit(double value) noexcept;
+
+} // namespace wingdi

@@ -5,6 +5,8 @@
 
 #include "Region.h"
 
+namespace wingdi {
+
 namespace {
 
 constexpr std::size_t MostRows = 1'000'000;
@@ -180,3 +182,5 @@ Region Region::fromPolygons(std::span<const POINT> points, std::span<const INT> 
     }
     return Region(box);
 }
+
+} // namespace wingdi

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <new>
 
+namespace wingdi {
+
 namespace {
 
 constexpr int MostRectangles = 1'000'000;
@@ -149,3 +151,5 @@ int Region::complexity() const noexcept
     }
     return cairo_region_num_rectangles(m_region.get()) == 1 ? SIMPLEREGION : COMPLEXREGION;
 }
+
+} // namespace wingdi

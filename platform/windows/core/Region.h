@@ -9,6 +9,8 @@
 
 struct _cairo_region; // NOLINT(bugprone-reserved-identifier): cairo's own tag
 
+namespace wingdi {
+
 // Coordinates of regions are cut off at +-this, so that widths and moves stay in 32 bits.
 constexpr LONG RegionLimit = 1 << 26;
 
@@ -45,3 +47,5 @@ private:
 
     std::shared_ptr<_cairo_region> m_region; // null: empty
 };
+
+} // namespace wingdi

@@ -3,6 +3,8 @@
 
 #include "Bitmap.h"
 
+namespace wingdi {
+
 namespace {
 
 class RunLengthReader {
@@ -113,3 +115,5 @@ std::optional<std::vector<BYTE>> expandRle(const DibHead& head, std::span<const 
     }
     return std::move(reader.rows());
 }
+
+} // namespace wingdi

@@ -1,5 +1,7 @@
 #include "ScreenDevice.h"
 
+namespace wingdi {
+
 int ScreenDevice::capability(int index) const
 {
     switch (index) {
@@ -109,3 +111,5 @@ bool ScreenDevice::text(DeviceContext& /*context*/, const TextOutput& /*output*/
 {
     return true;
 }
+
+} // namespace wingdi

@@ -3,6 +3,8 @@
 
 #include "Device.h"
 
+namespace wingdi {
+
 class ScreenDevice : public Device {
 public:
     // The measures of the screen: 508 mm of 1920 pixels are 96 dots per inch exactly.
@@ -36,3 +38,5 @@ public:
                  UINT usage, const SourceArea& area, DWORD operation) override;
     bool text(DeviceContext& context, const TextOutput& output) override;
 };
+
+} // namespace wingdi

@@ -9,6 +9,10 @@
 #include "DeviceContext.h"
 #include "HandleTable.h"
 
+namespace wingdi {
+
+using namespace krnos;
+
 namespace {
 
 struct StockBrush {
@@ -137,3 +141,5 @@ std::shared_ptr<BrushObject> makeSolidBrush(COLORREF color)
     brush->color = color & 0xFFFFFF;
     return brush;
 }
+
+} // namespace wingdi

@@ -5,6 +5,8 @@
 
 #include "GdiObject.h"
 
+namespace wingdi {
+
 // An object by its number (WHITE_BRUSH, ...); null for a number that names none, or without memory.
 std::shared_ptr<GdiObject> stockObject(int index);
 
@@ -14,3 +16,5 @@ std::shared_ptr<BitmapObject> makeDefaultBitmap();
 
 // A brush that is in no table, for one fill.
 std::shared_ptr<BrushObject> makeSolidBrush(COLORREF color);
+
+} // namespace wingdi

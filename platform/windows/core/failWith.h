@@ -3,9 +3,13 @@
 
 #include <windows.h>
 
+namespace wingdi {
+
 template <class Answer>
 Answer failWith(DWORD error, Answer answer) noexcept
 {
     SetLastError(error);
     return answer;
 }
+
+} // namespace wingdi

@@ -8,6 +8,8 @@
 #include "StockObjects.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 HBITMAP addBitmap(std::shared_ptr<Bitmap> bitmap)

@@ -6,6 +6,8 @@
 #include "HandleTable.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // What a context without a clip shows: everything.

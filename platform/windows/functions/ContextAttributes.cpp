@@ -5,6 +5,8 @@
 #include "DeviceContext.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // Enough for every drawing; files that save without end are refused there.

@@ -7,6 +7,8 @@
 #include "ScreenDevice.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 HDC addNew(ContextKind kind, std::unique_ptr<Device> device)

@@ -6,6 +6,8 @@
 #include "DeviceContext.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 LONG sum(std::int64_t first, std::int64_t second) noexcept

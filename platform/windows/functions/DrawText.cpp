@@ -8,6 +8,8 @@
 #include "OutputRun.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // Numbers of lines and sums of heights may leave 32 bits.

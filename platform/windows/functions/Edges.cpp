@@ -7,6 +7,8 @@
 #include "StockObjects.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // Numbers of the system colours that edges are made of.

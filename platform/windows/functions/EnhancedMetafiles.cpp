@@ -10,6 +10,8 @@
 #include "MetafileDevice.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // The oldest of the three headers ends before the pixel format.

@@ -17,6 +17,9 @@
 #include "DeviceContext.h"
 #include "failWith.h"
 
+using namespace krnos;
+using namespace wingdi;
+
 namespace {
 
 // A file of the system, which is closed with it.

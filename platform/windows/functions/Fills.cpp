@@ -8,6 +8,8 @@
 #include "StockObjects.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // FillRect also takes the number of a system colour, plus 1, in the place of a handle.

@@ -3,5 +3,9 @@
 
 #include <windows.h>
 
+namespace wingdi {
+
 LOGFONTW wideDescription(const LOGFONTA& font);
 LOGFONTA narrowDescription(const LOGFONTW& font);
+
+} // namespace wingdi

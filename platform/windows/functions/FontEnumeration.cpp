@@ -9,6 +9,8 @@
 #include "RealizedFont.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 constexpr BYTE StrokePrecision = 3;  // OUT_STROKE_PRECIS, which outline fonts report

@@ -11,6 +11,8 @@
 #include "HandleTable.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // Both forms begin with the same 28 bytes, up to the face.
@@ -19,7 +21,7 @@ static_assert(CommonSize == offsetof(LOGFONTW, lfFaceName));
 
 } // namespace
 
-LOGFONTW wideDescription(const LOGFONTA& font)
+LOGFONTW wingdi::wideDescription(const LOGFONTA& font)
 {
     LOGFONTW wide{};
     std::memcpy(&wide, &font, CommonSize);
@@ -31,7 +33,7 @@ LOGFONTW wideDescription(const LOGFONTA& font)
     return wide;
 }
 
-LOGFONTA narrowDescription(const LOGFONTW& font)
+LOGFONTA wingdi::narrowDescription(const LOGFONTW& font)
 {
     LOGFONTA narrow{};
     std::memcpy(&narrow, &font, CommonSize);

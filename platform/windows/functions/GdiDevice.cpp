@@ -12,6 +12,8 @@
 #include "failWith.h"
 #include "gdidevice.h"
 
+using namespace wingdi;
+
 namespace {
 
 // Looked up without being counted as a call.

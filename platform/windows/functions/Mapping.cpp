@@ -7,6 +7,8 @@
 #include "DeviceContext.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // Logical units in 254 mm of the fixed modes, from MM_LOMETRIC to MM_TWIPS: a tenth and a hundredth of a millimetre,

@@ -9,6 +9,8 @@
 #include "DeviceContext.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // Absolute, without links; empty when there is no such file.

@@ -8,6 +8,8 @@
 #include "HandleTable.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // The bytes of a description, and how few of them a caller's buffer may take.

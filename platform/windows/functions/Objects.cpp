@@ -6,6 +6,8 @@
 #include "StockObjects.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 thread_local DWORD lastError = ERROR_SUCCESS;

@@ -2,6 +2,8 @@
 #include "DeviceContext.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 BOOL step(HDC handle, const char* function, PathStep pathStep)

@@ -8,6 +8,8 @@
 #include "StockObjects.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 constexpr COLORREF ColorMask = 0xFFFFFF;

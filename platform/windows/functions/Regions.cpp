@@ -5,6 +5,8 @@
 #include "HandleTable.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 HRGN addRegion(Region region)

@@ -6,6 +6,8 @@
 #include "DeviceContext.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // Which counts of points a shape takes: at least so many, and a multiple of `step` more.

@@ -4,6 +4,8 @@
 
 #include "DeviceContext.h"
 
+using namespace wingdi;
+
 namespace {
 
 // Classic values of the system colours, from COLOR_SCROLLBAR (0) to COLOR_INFOTEXT (23).

@@ -5,6 +5,8 @@
 #include "TextMeasure.h"
 #include "failWith.h"
 
+using namespace wingdi;
+
 namespace {
 
 // Partial extents stop at the first above `maximum`.

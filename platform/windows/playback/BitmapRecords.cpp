@@ -7,6 +7,8 @@
 #include "SourceBitmap.h"
 #include "UnplayedRecords.h"
 
+namespace wingdi {
+
 namespace {
 
 template <class Fields>
@@ -140,3 +142,5 @@ std::span<const RecordEntry> bitmapRecords() noexcept
 {
     return Entries;
 }
+
+} // namespace wingdi

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstring>
 
+namespace wingdi {
+
 namespace {
 
 bool isRunLength(DWORD compression) noexcept
@@ -109,3 +111,5 @@ bool FileDib::isMonochrome() const noexcept
     return described && described->bitsPerPixel == 1 && described->palette.size() == 2 &&
            colorOf(described->palette[0]) == colorOf(Black) && colorOf(described->palette[1]) == 0xFFFFFF;
 }
+
+} // namespace wingdi

@@ -12,6 +12,8 @@
 #include "Playback.h"
 #include "sys/recordReader.h"
 
+namespace wingdi {
+
 // Where in a record head and pixels of a bitmap are.
 struct DibPlace {
     DWORD headOffset;
@@ -46,3 +48,5 @@ private:
     std::vector<BYTE> m_owned;
     std::span<const BYTE> m_bits;
 };
+
+} // namespace wingdi

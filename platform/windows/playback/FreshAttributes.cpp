@@ -2,6 +2,8 @@
 
 #include "DeviceContext.h"
 
+namespace wingdi {
+
 namespace {
 
 bool selectStock(HDC context, const GdiObject& selected, int index)
@@ -69,3 +71,5 @@ bool setFreshAttributes(HDC context, const ContextState& state)
     return selectStock(context, *state.pen, BLACK_PEN) && selectStock(context, *state.brush, WHITE_BRUSH) &&
            selectStock(context, *state.font, SYSTEM_FONT);
 }
+
+} // namespace wingdi

@@ -9,6 +9,8 @@
 #include "PlayedRegion.h"
 #include "RecordHandlers.h"
 
+namespace wingdi {
+
 namespace {
 
 constexpr int Steps = 256;       // of a rectangle's gradient, as many as a channel has
@@ -162,3 +164,5 @@ std::span<const RecordEntry> gradientRecords() noexcept
 {
     return Entries;
 }
+
+} // namespace wingdi

@@ -1,6 +1,8 @@
 // Records of map mode, extents, origins and world transform. They go to the context of the file's device.
 #include "RecordHandlers.h"
 
+namespace wingdi {
+
 namespace {
 
 bool setMapMode(Playback& playback, const metafile::Record& record)
@@ -63,3 +65,5 @@ std::span<const RecordEntry> mappingRecords() noexcept
 {
     return Entries;
 }
+
+} // namespace wingdi

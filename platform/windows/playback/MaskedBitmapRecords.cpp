@@ -10,6 +10,8 @@
 #include "SourceBitmap.h"
 #include "UnplayedRecords.h"
 
+namespace wingdi {
+
 namespace {
 
 // A rectangle of pixels of a view that cover a rectangle of logical units.
@@ -168,3 +170,5 @@ std::span<const RecordEntry> maskedBitmapRecords() noexcept
 {
     return Entries;
 }
+
+} // namespace wingdi

@@ -6,6 +6,8 @@
 #include "SourceBitmap.h"
 #include "UnplayedRecords.h"
 
+namespace wingdi {
+
 namespace {
 
 void selectObject(Playback& playback, const EMRSELECTOBJECT& record)
@@ -133,3 +135,5 @@ std::span<const RecordEntry> objectRecords() noexcept
 {
     return Entries;
 }
+
+} // namespace wingdi

@@ -16,6 +16,8 @@
 #include "gdidevice.h"
 #include "sys/recordReader.h"
 
+using namespace wingdi;
+
 namespace {
 
 constexpr DWORD TypeLimit = 128; // above all types that are documented
@@ -96,7 +98,7 @@ bool play(HDC handle, DeviceContext& context, metafile::Page page, const RECT& r
 
 } // namespace
 
-void countUnplayed(DWORD type) noexcept
+void wingdi::countUnplayed(DWORD type) noexcept
 {
     ++unplayed[type < TypeLimit ? type : 0];
 }

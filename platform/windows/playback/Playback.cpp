@@ -6,6 +6,8 @@
 #include "FreshAttributes.h"
 #include "PlayedRegion.h"
 
+namespace wingdi {
+
 namespace {
 
 constexpr std::size_t DeepestSave = 1000;
@@ -201,3 +203,5 @@ bool Playback::spendDecodedBytes(std::size_t bytes) noexcept
     m_decodedBytes += bytes;
     return true;
 }
+
+} // namespace wingdi

@@ -21,6 +21,8 @@
 #include "PlayedObjects.h"
 #include "ReferenceDevice.h"
 
+namespace wingdi {
+
 class Playback {
 public:
     // Saves the target's state.
@@ -88,3 +90,5 @@ private:
     std::size_t m_decodedBytes = 0;
     PlayedObjects m_objects;
 };
+
+} // namespace wingdi

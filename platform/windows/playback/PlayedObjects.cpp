@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace wingdi {
+
 namespace {
 
 // The header counts objects in 16 bits. Its own count is not held against a file: many writers get it wrong by one.
@@ -53,3 +55,5 @@ void PlayedObjects::remove(DWORD number) noexcept
         DeleteObject(std::exchange(m_objects[number], nullptr));
     }
 }
+
+} // namespace wingdi

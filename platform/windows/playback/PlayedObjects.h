@@ -5,6 +5,8 @@
 
 #include <vector>
 
+namespace wingdi {
+
 class PlayedObjects {
 public:
     PlayedObjects() = default;
@@ -23,3 +25,5 @@ public:
 private:
     std::vector<HGDIOBJ> m_objects;
 };
+
+} // namespace wingdi

@@ -6,6 +6,8 @@
 
 #include "HandleTable.h"
 
+namespace wingdi {
+
 Region regionOfRectangles(std::span<const RECT> rectangles)
 {
     if (rectangles.size() <= 1) {
@@ -37,3 +39,5 @@ PlayedRegion::~PlayedRegion()
 {
     DeleteObject(m_handle);
 }
+
+} // namespace wingdi

@@ -8,6 +8,8 @@
 
 #include "Region.h"
 
+namespace wingdi {
+
 // The region of rectangles, joined by halves so that many cost little more than few.
 Region regionOfRectangles(std::span<const RECT> rectangles);
 // The region of polygons. Corners are drawn in to 131,072 pixels: scanning taller ones would take a file's time for
@@ -27,3 +29,5 @@ public:
 private:
     HRGN m_handle;
 };
+
+} // namespace wingdi

@@ -5,6 +5,8 @@
 
 #include "RecordHandlers.h"
 
+namespace wingdi {
+
 namespace {
 
 using Points = std::vector<POINT>;
@@ -146,3 +148,5 @@ std::span<const RecordEntry> polyRecords() noexcept
 {
     return Entries;
 }
+
+} // namespace wingdi

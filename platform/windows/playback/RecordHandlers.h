@@ -9,6 +9,8 @@
 #include "Playback.h"
 #include "sys/recordReader.h"
 
+namespace wingdi {
+
 // False when fields of the record contradict its size: nothing was drawn. What the device refuses is no such case.
 using RecordHandler = bool (*)(Playback& playback, const metafile::Record& record);
 
@@ -60,3 +62,5 @@ bool playValue(Playback& playback, const metafile::Record& record)
     function(playback.target(), *value);
     return true;
 }
+
+} // namespace wingdi

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstddef>
 
+namespace wingdi {
+
 namespace {
 
 // Older headers have no micrometres, and some writers leave nonsense there: they count where they agree with the
@@ -67,3 +69,5 @@ Mapping ReferenceDevice::onto(const RECT& rect) const noexcept
     mapping.dy = rect.top - m_top * mapping.yy;
     return mapping;
 }
+
+} // namespace wingdi

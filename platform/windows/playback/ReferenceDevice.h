@@ -10,6 +10,8 @@
 #include "ScreenDevice.h"
 #include "sys/recordReader.h"
 
+namespace wingdi {
+
 class ReferenceDevice : public ScreenDevice {
 public:
     // From the header record; nothing when it has no sizes above 0.
@@ -30,3 +32,5 @@ private:
     double m_width = 0;
     double m_height = 0;
 };
+
+} // namespace wingdi

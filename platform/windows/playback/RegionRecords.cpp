@@ -7,6 +7,8 @@
 #include "PlayedRegion.h"
 #include "RecordHandlers.h"
 
+namespace wingdi {
+
 namespace {
 
 // The rectangles of region data ([MS-EMF] 2.2.24); nothing when it is unsound.
@@ -178,3 +180,5 @@ std::span<const RecordEntry> regionRecords() noexcept
 {
     return Entries;
 }
+
+} // namespace wingdi

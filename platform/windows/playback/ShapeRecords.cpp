@@ -2,6 +2,8 @@
 // right and bottom edges, as it does in calls of the advanced graphics mode.
 #include "RecordHandlers.h"
 
+namespace wingdi {
+
 namespace {
 
 void moveTo(Playback& playback, const EMRPOINT& record)
@@ -96,3 +98,5 @@ std::span<const RecordEntry> shapeRecords() noexcept
 {
     return Entries;
 }
+
+} // namespace wingdi

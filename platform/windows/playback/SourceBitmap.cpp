@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+namespace wingdi {
+
 SourceBitmap::SourceBitmap(HDC target, const FileDib& dib, bool monochrome)
 {
     if (monochrome) {
@@ -36,3 +38,5 @@ SourceContext::~SourceContext()
 {
     DeleteDC(m_context);
 }
+
+} // namespace wingdi

@@ -5,6 +5,8 @@
 
 #include "FileDib.h"
 
+namespace wingdi {
+
 class SourceBitmap {
 public:
     // A monochrome bitmap (whose colours are those of the contexts that use it), or a DIB section of the file's form.
@@ -33,3 +35,5 @@ public:
 private:
     HDC m_context;
 };
+
+} // namespace wingdi

@@ -3,6 +3,8 @@
 
 #include "RecordHandlers.h"
 
+namespace wingdi {
+
 namespace {
 
 // Palettes on devices of true colour, colour management, layout, the header again.
@@ -86,3 +88,5 @@ std::span<const RecordEntry> stateRecords() noexcept
 {
     return Entries;
 }
+
+} // namespace wingdi

@@ -3,6 +3,8 @@
 
 #include "RecordHandlers.h"
 
+namespace wingdi {
+
 namespace {
 
 // How one piece of text lies among the file's units. Letters stand upright on the page also where the page's axes
@@ -187,3 +189,5 @@ std::span<const RecordEntry> textRecords() noexcept
 {
     return Entries;
 }
+
+} // namespace wingdi

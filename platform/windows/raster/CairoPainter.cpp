@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <cstring>
 
+namespace wingdi {
+
 namespace {
 
 // Larger pictures are beyond cairo.
@@ -179,3 +181,5 @@ void CairoPainter::layMask(Canvas& canvas, const RECT& window, const Ink& ink)
         layCovered(pixels, x, y, count, rows + stride * (y - window.top) + (x - window.left), ink);
     });
 }
+
+} // namespace wingdi

@@ -14,6 +14,8 @@
 using cairo_t = struct _cairo;                 // NOLINT(bugprone-reserved-identifier): cairo's own tags
 using cairo_surface_t = struct _cairo_surface; // NOLINT(bugprone-reserved-identifier)
 
+namespace wingdi {
+
 struct CairoRelease {
     void operator()(cairo_t* cairo) const noexcept;
     void operator()(cairo_surface_t* surface) const noexcept;
@@ -69,3 +71,5 @@ private:
     std::unique_ptr<cairo_surface_t, CairoRelease> m_mask;
     std::unique_ptr<cairo_t, CairoRelease> m_maskCairo;
 };
+
+} // namespace wingdi

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace wingdi {
+
 // Colours as 0x00RRGGBB.
 struct ColorRule {
     enum class Kind : unsigned char { None, ToMonochrome, FromMonochrome };
@@ -25,3 +27,5 @@ struct ColorRule {
     DWORD back = 0; // what becomes white, or what white becomes
     DWORD text = 0; // what black becomes
 };
+
+} // namespace wingdi

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace wingdi {
+
 constexpr bool isEmpty(const RECT& rect)
 {
     return rect.left >= rect.right || rect.top >= rect.bottom;
@@ -31,3 +33,5 @@ constexpr bool liesWithin(const RECT& inner, const RECT& outer)
 
 // Farther points than this from what is seen are cut off before cairo, whose coordinates end at 2^23.
 constexpr int Nearby = 1 << 20;
+
+} // namespace wingdi

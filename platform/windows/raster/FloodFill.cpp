@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+namespace wingdi {
+
 namespace {
 
 // Remembers which pixels of the canvas were reached, so that it does not matter what they look like meanwhile.
@@ -96,3 +98,5 @@ bool flood(Canvas& canvas, POINT start, DWORD color, bool untilBorder, const std
     }
     return true;
 }
+
+} // namespace wingdi

@@ -5,6 +5,8 @@
 #include "DeviceContext.h"
 #include "PixelRows.h"
 
+namespace wingdi {
+
 namespace {
 
 int wrapped(std::int64_t value, int size)
@@ -153,3 +155,5 @@ std::shared_ptr<const Tile> InkPot::patternTile(const std::shared_ptr<const Bitm
     m_tile = tile;
     return tile;
 }
+
+} // namespace wingdi

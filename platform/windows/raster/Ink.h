@@ -9,6 +9,8 @@
 
 #include "RasterOperation.h"
 
+namespace wingdi {
+
 class Bitmap;
 class BrushObject;
 class DeviceContext;
@@ -66,3 +68,5 @@ private:
     DWORD m_backColor = 0;
     std::shared_ptr<const Tile> m_tile;
 };
+
+} // namespace wingdi

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace wingdi {
+
 namespace {
 
 constexpr double Farthest = 1 << 26;
@@ -184,3 +186,5 @@ void Outline::trace(cairo_t* cairo) const
         }
     }
 }
+
+} // namespace wingdi

@@ -10,6 +10,8 @@
 
 using cairo_t = struct _cairo; // NOLINT(bugprone-reserved-identifier): cairo's own tag
 
+namespace wingdi {
+
 class Outline {
 public:
     enum class Step : unsigned char { Move, Line, Curve, Close };
@@ -63,3 +65,5 @@ private:
     std::vector<Step> m_steps;
     std::vector<DevicePoint> m_points;
 };
+
+} // namespace wingdi

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace wingdi {
+
 namespace {
 
 // A half-plane x * nx + y * ny >= limit.
@@ -195,3 +197,5 @@ Outline Outline::clippedLines(const RECT& rect, std::span<const double> dashes) 
     }
     return lines;
 }
+
+} // namespace wingdi

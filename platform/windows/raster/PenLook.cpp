@@ -7,6 +7,8 @@
 
 #include "DeviceContext.h"
 
+namespace wingdi {
+
 namespace {
 
 // What cairo's curves may be off by, as it comes.
@@ -199,3 +201,5 @@ void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, c
         cairo_set_tolerance(cairo, Tolerance);
     });
 }
+
+} // namespace wingdi

@@ -10,6 +10,8 @@
 #include "Ink.h"
 #include "Outline.h"
 
+namespace wingdi {
+
 class DeviceContext;
 class PenObject;
 
@@ -34,3 +36,5 @@ PenLook lookOf(const DeviceContext& context, const PenObject& pen);
 void strokeThin(Canvas& canvas, const Outline& outline, const PenLook& pen, const Ink& ink);
 void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, const PenLook& pen,
                 const Ink& ink);
+
+} // namespace wingdi

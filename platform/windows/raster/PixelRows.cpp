@@ -5,6 +5,8 @@
 
 #include "DeviceContext.h"
 
+namespace wingdi {
+
 namespace {
 
 // Nearer to white than to black.
@@ -128,3 +130,5 @@ void Canvas::storePixels(int x, int y, int count, const DWORD* pixels)
         m_bitmap->setPixel(x + i, y, pixels[i] & 0xFFFFFF);
     }
 }
+
+} // namespace wingdi

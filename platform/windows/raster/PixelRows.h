@@ -10,6 +10,8 @@
 #include "DeviceRect.h"
 #include "Ink.h"
 
+namespace wingdi {
+
 class DeviceContext;
 class Region;
 
@@ -86,3 +88,5 @@ private:
     std::vector<RECT> m_clip;
     std::vector<DWORD> m_row;
 };
+
+} // namespace wingdi

@@ -6,6 +6,8 @@
 #include "DeviceRect.h"
 #include "PixelRows.h"
 
+namespace wingdi {
+
 namespace {
 
 constexpr LONG Farthest = 1 << 26;
@@ -272,3 +274,5 @@ DWORD PixelSource::mixTurned(int x, int y, const DevicePoint& middle) const
     }
     return mixed.result();
 }
+
+} // namespace wingdi

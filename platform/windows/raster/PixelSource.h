@@ -13,6 +13,9 @@
 
 #include "ColorRule.h"
 #include "ShrunkPixels.h"
+
+namespace wingdi {
+
 // Two corners, which may be swapped: that mirrors.
 struct CornerPair {
     POINT first;
@@ -75,3 +78,5 @@ private:
     std::vector<DWORD> m_sourceRow; // the row that was read last, from the leftmost column in use on
     int m_sourceRowAt = -1;
 };
+
+} // namespace wingdi

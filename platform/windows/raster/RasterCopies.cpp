@@ -7,6 +7,8 @@
 #include "PixelSource.h"
 #include "RasterDevice.h"
 
+namespace wingdi {
+
 namespace {
 
 LONG sum(int first, int second)
@@ -128,3 +130,5 @@ bool RasterDevice::copyDib(DeviceContext& context, const RECT& target, const BIT
     lay(context, canvas, pixels, ternaryOf(operation));
     return true;
 }
+
+} // namespace wingdi

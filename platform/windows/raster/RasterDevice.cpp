@@ -9,6 +9,8 @@
 #include "DeviceContext.h"
 #include "PenLook.h"
 
+namespace wingdi {
+
 namespace {
 
 // What the device knows of itself, in the order of m_capabilities.
@@ -128,3 +130,5 @@ bool RasterDevice::mayStretch()
     }
     return true;
 }
+
+} // namespace wingdi

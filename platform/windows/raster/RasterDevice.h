@@ -21,6 +21,8 @@
 #include "PixelRows.h"
 #include "gdidevice.h"
 
+namespace wingdi {
+
 class PixelSource;
 struct PenLook;
 struct ShapeFrame;
@@ -94,3 +96,5 @@ private:
     bool m_pathMoved = false; // MoveToEx: the next line begins a figure
     bool m_pathWidened = false;
 };
+
+} // namespace wingdi

@@ -4,6 +4,8 @@
 #include "RasterDevice.h"
 #include "ShapeOutlines.h"
 
+namespace wingdi {
+
 void RasterDevice::fillRects(DeviceContext& context, std::span<const RECT> rects, const Ink& ink)
 {
     Canvas canvas(context);
@@ -63,3 +65,5 @@ COLORREF RasterDevice::pixel(DeviceContext& context, POINT point)
     const POINT at = context.mapping().toDevice(point);
     return canvas.contains(at.x, at.y) ? colorOf(canvas.view().pixel(at.x, at.y)) : CLR_INVALID;
 }
+
+} // namespace wingdi

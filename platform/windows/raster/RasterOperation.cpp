@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+namespace wingdi {
+
 namespace {
 
 // A truth table as a sum (exclusive or) of products: the coefficients, each all ones or all zeros.
@@ -84,3 +86,5 @@ void combine(BYTE operation, DWORD* pixels, const DWORD* pattern, const DWORD* s
                     (s & (c[2] ^ (c[6] & p) ^ (d & (c[3] ^ (c[7] & p)))));
     }
 }
+
+} // namespace wingdi

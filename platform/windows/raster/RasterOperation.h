@@ -7,6 +7,8 @@
 
 #include <cstddef>
 
+namespace wingdi {
+
 constexpr BYTE CopyPattern = 0xF0;
 
 constexpr BYTE ternaryOf(DWORD operation)
@@ -35,3 +37,5 @@ constexpr bool usesSource(BYTE operation)
 void combine(BYTE operation, DWORD* pixels, DWORD pattern, const DWORD* source, std::size_t count) noexcept;
 void combine(BYTE operation, DWORD* pixels, const DWORD* pattern, const DWORD* source,
              std::size_t count) noexcept;
+
+} // namespace wingdi

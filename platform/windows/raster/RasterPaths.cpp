@@ -6,6 +6,8 @@
 #include "RasterDevice.h"
 #include "ShapeOutlines.h"
 
+namespace wingdi {
+
 bool RasterDevice::path(DeviceContext& context, PathStep step)
 {
     switch (step) {
@@ -92,3 +94,5 @@ bool RasterDevice::selectClipPath(DeviceContext& context, int mode)
     m_pathState = PathState::None;
     return true;
 }
+
+} // namespace wingdi

@@ -8,6 +8,8 @@
 #include "RasterDevice.h"
 #include "ShapeOutlines.h"
 
+namespace wingdi {
+
 namespace {
 
 DevicePoint exactPoint(const Mapping& mapping, POINT point)
@@ -237,3 +239,5 @@ bool RasterDevice::angleArc(DeviceContext& context, POINT center, DWORD radius, 
     appendArc(outline, frame, sweep);
     return draw(context, outline, false);
 }
+
+} // namespace wingdi

@@ -10,6 +10,8 @@
 #include "RealizedFont.h"
 #include "ShapeOutlines.h"
 
+namespace wingdi {
+
 namespace {
 
 // A point of the line: so far along its base line, so far below it.
@@ -168,3 +170,5 @@ bool RasterDevice::text(DeviceContext& context, const TextOutput& output)
     }
     return true;
 }
+
+} // namespace wingdi

@@ -7,6 +7,8 @@
 #include "DeviceContext.h"
 #include "DeviceRect.h"
 
+namespace wingdi {
+
 namespace {
 
 constexpr double Quarter = std::numbers::pi / 2;
@@ -221,3 +223,5 @@ DevicePoint frameCenter(const ShapeFrame& frame)
     const EllipseForm ellipse = ellipseIn(frame);
     return mapped(frame, {ellipse.x, ellipse.y});
 }
+
+} // namespace wingdi

@@ -7,6 +7,8 @@
 #include "Outline.h"
 #include "Region.h"
 
+namespace wingdi {
+
 // The bounding rectangle of a shape, as points of the grid that both belong to it, and the way from its units to
 // device units.
 struct ShapeFrame {
@@ -52,3 +54,5 @@ DevicePoint arcStart(const ShapeFrame& frame, const ArcSweep& arc);
 // Adds the arc to a figure whose last point is its start.
 void appendArc(Outline& outline, const ShapeFrame& frame, const ArcSweep& arc);
 DevicePoint frameCenter(const ShapeFrame& frame);
+
+} // namespace wingdi

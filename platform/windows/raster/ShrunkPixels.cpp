@@ -8,6 +8,8 @@
 #include "PixelRows.h"
 #include "RasterOperation.h"
 
+namespace wingdi {
+
 namespace {
 
 std::int64_t floorOf(std::int64_t value, std::int64_t divisor)
@@ -157,7 +159,7 @@ void MixedPixel::add(DWORD pixel)
     if (!takesColorsLast(m_rule, m_shrinking)) {
         m_rule.apply(&pixel, 1);
     }
-    ::add(m_sums, pixel, 1);
+    wingdi::add(m_sums, pixel, 1);
     m_merged = merged(m_shrinking, m_merged, pixel);
     ++m_count;
 }
@@ -251,3 +253,5 @@ const DWORD* ShrunkPixels::read(std::size_t column, std::size_t row, std::size_t
                    [pixels](std::size_t span) { return pixels[span]; });
     return m_stretch.data();
 }
+
+} // namespace wingdi

@@ -12,6 +12,8 @@
 #include "Bitmap.h"
 #include "ColorRule.h"
 
+namespace wingdi {
+
 // What becomes of source pixels that share a target pixel.
 enum class Shrinking : unsigned char {
     Nearest, // the one that the target pixel's middle falls on stays
@@ -97,3 +99,5 @@ private:
     std::vector<DWORD> m_picture;
     std::vector<DWORD> m_stretch;
 };
+
+} // namespace wingdi

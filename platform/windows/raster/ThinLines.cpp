@@ -6,6 +6,8 @@
 
 #include "PenLook.h"
 
+namespace wingdi {
+
 namespace {
 
 constexpr int Farthest = 1 << 26;
@@ -181,3 +183,5 @@ void strokeThin(Canvas& canvas, const Outline& outline, const PenLook& pen, cons
         }
     }
 }
+
+} // namespace wingdi

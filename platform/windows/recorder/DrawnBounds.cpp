@@ -7,6 +7,8 @@
 #include <numbers>
 #include <numeric>
 
+namespace wingdi {
+
 namespace {
 
 LONG saturated(std::int64_t value) noexcept
@@ -116,3 +118,5 @@ DrawnBounds boundsOfArc(const DrawnBounds& ellipse, POINT start, POINT end) noex
     }
     return bounds;
 }
+
+} // namespace wingdi

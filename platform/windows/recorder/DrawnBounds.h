@@ -7,6 +7,8 @@
 
 #include "Mapping.h"
 
+namespace wingdi {
+
 struct DrawnBounds {
     RECTL box{0, 0, -1, -1}; // so written in records when nothing is drawn
 
@@ -28,3 +30,5 @@ DrawnBounds boundsWithEdges(const Mapping& mapping, const RECT& rect) noexcept;
 DrawnBounds boundsOfArea(const Mapping& mapping, const RECT& rect) noexcept;
 // The pixels of the part of an ellipse in this box that runs counter-clockwise between the radials through two points.
 DrawnBounds boundsOfArc(const DrawnBounds& ellipse, POINT start, POINT end) noexcept;
+
+} // namespace wingdi

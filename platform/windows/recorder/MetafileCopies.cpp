@@ -8,6 +8,8 @@
 #include "MetafileDevice.h"
 #include "PackedDib.h"
 
+namespace wingdi {
+
 namespace {
 
 constexpr XFORM Identity{1, 0, 0, 1, 0, 0};
@@ -165,3 +167,5 @@ bool MetafileDevice::copyDib(DeviceContext& context, const RECT& target, const B
     markDrawn(context, bounds);
     return true;
 }
+
+} // namespace wingdi

@@ -7,6 +7,8 @@
 
 #include "DeviceContext.h"
 
+namespace wingdi {
+
 namespace {
 
 // The reference device: the screen. A pixel is 0.26458 mm along both axes, 96 to the inch.
@@ -137,3 +139,5 @@ RECTL MetafileDevice::markPath(const DeviceContext& context, bool stroked)
     markDrawn(context, bounds);
     return bounds.box;
 }
+
+} // namespace wingdi

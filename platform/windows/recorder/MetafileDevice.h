@@ -19,6 +19,8 @@
 #include "RecordBuffer.h"
 #include "RecordedObjects.h"
 
+namespace wingdi {
+
 class MetafileDevice : public Device {
 public:
     // The picture's frame in hundredths of a millimetre; null for the bounds of what is drawn.
@@ -118,3 +120,5 @@ private:
     RECT m_box;
     std::uint64_t m_length;
 };
+
+} // namespace wingdi

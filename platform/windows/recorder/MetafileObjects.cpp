@@ -6,6 +6,8 @@
 #include "MetafileDevice.h"
 #include "PackedDib.h"
 
+namespace wingdi {
+
 void MetafileDevice::recordDeletions() noexcept
 {
     m_objects.takeDeleted([this](DWORD entry) {
@@ -114,3 +116,5 @@ bool MetafileDevice::recordBrush(const BrushObject& brush, DWORD entry)
     dib.writeBits(tail + dib.headLength());
     return true;
 }
+
+} // namespace wingdi

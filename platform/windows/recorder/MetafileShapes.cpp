@@ -9,6 +9,8 @@
 #include "DeviceContext.h"
 #include "MetafileDevice.h"
 
+namespace wingdi {
+
 namespace {
 
 struct PolyTypes {
@@ -282,3 +284,5 @@ bool MetafileDevice::setPixel(DeviceContext& context, POINT point, COLORREF colo
     markDrawn(context, boundsOfPoints(context.mapping(), {&point, 1}));
     return record(EMR_SETPIXELV, EMRSETPIXELV{{}, {point.x, point.y}, color}) != nullptr;
 }
+
+} // namespace wingdi

@@ -4,6 +4,8 @@
 #include "DeviceContext.h"
 #include "MetafileDevice.h"
 
+namespace wingdi {
+
 namespace {
 
 template <class Number>
@@ -164,3 +166,5 @@ void RegionRecord::write(BYTE* target) const noexcept
         std::memcpy(target + sizeof(header), m_rectangles.data(), length);
     }
 }
+
+} // namespace wingdi

@@ -6,6 +6,8 @@
 #include "MetafileDevice.h"
 #include "TextInk.h"
 
+namespace wingdi {
+
 namespace {
 
 // Hundredths of a millimetre along one pixel of the reference device.
@@ -70,3 +72,5 @@ bool MetafileDevice::text(DeviceContext& context, const TextOutput& output)
     markDrawn(context, drawn);
     return true;
 }
+
+} // namespace wingdi

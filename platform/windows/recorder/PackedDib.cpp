@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+namespace wingdi {
+
 PackedDib::PackedDib(const BitmapView& view) noexcept
     : m_view(view),
       m_rowLength(
@@ -63,3 +65,5 @@ std::uint64_t PackedDib::colorCount() const noexcept
 {
     return m_view.bitsPerPixel <= 8 ? std::uint64_t{1} << m_view.bitsPerPixel : 0;
 }
+
+} // namespace wingdi

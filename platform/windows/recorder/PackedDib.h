@@ -7,6 +7,8 @@
 
 #include "Bitmap.h"
 
+namespace wingdi {
+
 class PackedDib {
 public:
     explicit PackedDib(const BitmapView& view) noexcept;
@@ -27,3 +29,5 @@ private:
     const BitmapView& m_view;
     std::uint64_t m_rowLength; // padded to 32 bits
 };
+
+} // namespace wingdi

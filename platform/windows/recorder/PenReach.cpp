@@ -6,6 +6,8 @@
 
 #include "DeviceContext.h"
 
+namespace wingdi {
+
 namespace {
 
 // The widest that a pen of one logical unit can be on the device.
@@ -35,3 +37,5 @@ LONG penReach(const DeviceContext& context, Corners corners) noexcept
     const double width = cosmetic ? 0 : pen->width * widestUnit(context.mapping());
     return width <= 1 ? 0 : toDeviceUnit((width * reachOfEnds(context, *pen, corners) + 1) / 2);
 }
+
+} // namespace wingdi

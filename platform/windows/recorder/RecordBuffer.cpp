@@ -2,6 +2,8 @@
 
 #include <new>
 
+namespace wingdi {
+
 BYTE* RecordBuffer::extend(std::uint64_t length) noexcept
 {
     const std::size_t start = m_bytes.size();
@@ -18,3 +20,5 @@ BYTE* RecordBuffer::extend(std::uint64_t length) noexcept
     ++m_records;
     return m_bytes.data() + start;
 }
+
+} // namespace wingdi

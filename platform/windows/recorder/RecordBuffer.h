@@ -8,6 +8,8 @@
 #include <type_traits>
 #include <vector>
 
+namespace wingdi {
+
 // The most bytes that a recorded metafile may take.
 constexpr std::uint64_t LargestMetafile = std::uint64_t{1} << 30;
 
@@ -54,3 +56,5 @@ private:
     DWORD m_records = 0;
     bool m_stopped = false;
 };
+
+} // namespace wingdi

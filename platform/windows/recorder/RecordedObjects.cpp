@@ -4,6 +4,8 @@
 #include <exception>
 #include <functional>
 
+namespace wingdi {
+
 namespace {
 
 constexpr DWORD MostEntries = 0xFFFF; // the header counts them in 16 bits
@@ -100,3 +102,5 @@ DWORD& RecordedObjects::savedHolds(DWORD entry) noexcept
 {
     return m_savedHolds[std::min<std::size_t>(entry, m_savedHolds.size() - 1)];
 }
+
+} // namespace wingdi

@@ -15,6 +15,8 @@
 
 #include "GdiObject.h"
 
+namespace wingdi {
+
 class RecordedObjects {
 public:
     // The entry of a handle; 0 when it has none.
@@ -78,3 +80,5 @@ private:
 };
 static_assert(static_cast<int>(ObjectKind::Pen) == 0 && static_cast<int>(ObjectKind::Brush) == 1 &&
               static_cast<int>(ObjectKind::Font) == 2);
+
+} // namespace wingdi

@@ -12,6 +12,8 @@
 #include "RealizedFont.h"
 #include "TextFrame.h"
 
+namespace wingdi {
+
 namespace {
 
 // Two axes on the device and where they meet.
@@ -149,3 +151,5 @@ DrawnBounds boundsOfInk(const DeviceContext& context, const TextOutput& text)
     bounds.grow(toDeviceUnit(std::ceil(driftOf(context, text))) + roundingOf(text));
     return bounds;
 }
+
+} // namespace wingdi

@@ -3,6 +3,8 @@
 
 #include "DrawnBounds.h"
 
+namespace wingdi {
+
 class DeviceContext;
 struct TextOutput;
 
@@ -12,3 +14,5 @@ bool isUpright(const TextOutput& text) noexcept;
 // The pixels of the letters, of the lines under and through them, and of their background. Nothing for text without
 // letters.
 DrawnBounds boundsOfInk(const DeviceContext& context, const TextOutput& text);
+
+} // namespace wingdi

@@ -7,6 +7,8 @@
 
 #include "sys/krnos.h"
 
+namespace wingdi {
+
 namespace {
 
 using CodePage = std::array<WCHAR, 256>;
@@ -75,3 +77,5 @@ std::string utf8Text(const std::u16string& text)
     }
     return result;
 }
+
+} // namespace wingdi

@@ -7,9 +7,13 @@
 #include <string>
 #include <vector>
 
+namespace wingdi {
+
 WCHAR wideCharacter(char character) noexcept;
 std::vector<WCHAR> wideText(const char* text, std::size_t length);
 
 // "?" for what the code page lacks.
 std::string codePageText(const std::string& utf8);
 std::string utf8Text(const std::u16string& text);
+
+} // namespace wingdi

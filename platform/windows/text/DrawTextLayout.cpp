@@ -5,6 +5,8 @@
 
 #include "CodePageText.h"
 
+namespace wingdi {
+
 namespace {
 
 constexpr UINT TabBits = 0xFF00;
@@ -234,3 +236,5 @@ void DrawTextLayout::appendPart(std::size_t first, std::size_t last)
         m_text.push_back(m_text[index]);
     }
 }
+
+} // namespace wingdi

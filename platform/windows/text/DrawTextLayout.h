@@ -10,6 +10,8 @@
 
 #include "TextMeasure.h"
 
+namespace wingdi {
+
 // The DT_ flags of one call. DT_TABSTOP claims bits 8 to 15 for the tab's width; the flags that are there are
 // off then.
 struct DrawTextFormat {
@@ -77,3 +79,5 @@ private:
     std::vector<std::size_t> m_underlined; // in order
     std::vector<DrawTextLine> m_lines;
 };
+
+} // namespace wingdi

@@ -9,6 +9,8 @@
 
 #include "CodePageText.h"
 
+using namespace wingdi;
+
 // The leak check's own switch; there in a process that runs with one, else null.
 // NOLINTBEGIN(bugprone-reserved-identifier): the sanitizer's names
 extern "C" {
@@ -227,7 +229,7 @@ void ReleasePattern::operator()(FcPattern* pattern) const noexcept
     FcPatternDestroy(pattern);
 }
 
-std::shared_ptr<const FoundFont> findFont(const LOGFONTW& description)
+std::shared_ptr<const FoundFont> wingdi::findFont(const LOGFONTW& description)
 {
     static std::map<FontRequest, std::shared_ptr<const FoundFont>> foundFonts;
     FontRequest request = requestFor(description);
@@ -250,7 +252,7 @@ std::shared_ptr<const FoundFont> findFont(const LOGFONTW& description)
     return found;
 }
 
-std::vector<InstalledFont> installedFonts()
+std::vector<InstalledFont> wingdi::installedFonts()
 {
     struct ReleaseObjects {
         void operator()(FcObjectSet* objects) const noexcept { FcObjectSetDestroy(objects); }

@@ -12,6 +12,8 @@
 struct _cairo_font_face; // NOLINT(bugprone-reserved-identifier): cairo's own tag
 struct _FcPattern;       // NOLINT(bugprone-reserved-identifier): fontconfig's own tag
 
+namespace wingdi {
+
 struct ReleasePattern {
     void operator()(_FcPattern* pattern) const noexcept;
 };
@@ -42,3 +44,5 @@ struct InstalledFont {
 
 // All faces with outlines, by family and style, each once.
 std::vector<InstalledFont> installedFonts();
+
+} // namespace wingdi

@@ -8,6 +8,8 @@
 
 #include "CodePageText.h"
 
+using namespace wingdi;
+
 namespace {
 
 // The longest text of one call, as long as a record can reasonably hold.
@@ -155,7 +157,7 @@ BOOL textOut(DeviceContext& context, POINT reference, UINT options, const RECT* 
 
 } // namespace
 
-bool outputRun(DeviceContext& context, TextMeasure& measure, const OutputRun& run)
+bool wingdi::outputRun(DeviceContext& context, TextMeasure& measure, const OutputRun& run)
 {
     if (!measure.font() && !run.text.empty()) {
         return false;

@@ -7,6 +7,8 @@
 
 #include "TextMeasure.h"
 
+namespace wingdi {
+
 struct OutputRun {
     POINT reference; // logical; the context's position takes its place under TA_UPDATECP
     UINT options;    // ETO_OPAQUE, ETO_CLIPPED, ETO_GLYPH_INDEX
@@ -17,3 +19,5 @@ struct OutputRun {
 
 // Hands the run to the context's device. Moves the context's position under TA_UPDATECP.
 bool outputRun(DeviceContext& context, TextMeasure& measure, const OutputRun& run);
+
+} // namespace wingdi

@@ -13,6 +13,8 @@
 #include "DeviceContext.h"
 #include "TextFrame.h"
 
+namespace wingdi {
+
 namespace {
 
 // The cell of a font without a height, as the system font's at 96 dots per inch.
@@ -242,3 +244,5 @@ cairo_scaled_font_t* RealizedFont::scaledFont() const
     }
     return font;
 }
+
+} // namespace wingdi

@@ -8,9 +8,12 @@
 
 #include "FontCatalogue.h"
 
+struct _cairo_scaled_font; // NOLINT(bugprone-reserved-identifier): cairo's own tag
+
+namespace wingdi {
+
 class DeviceContext;
 struct TextFrame;
-struct _cairo_scaled_font; // NOLINT(bugprone-reserved-identifier): cairo's own tag
 
 // What the size of a font depends on beside its description.
 struct FontScale {
@@ -62,3 +65,5 @@ private:
     double m_emWidth = 1;
     mutable std::atomic<_cairo_scaled_font*> m_scaledFont{nullptr};
 };
+
+} // namespace wingdi

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+namespace wingdi {
+
 namespace {
 
 // Beyond these, results would be no numbers; what they scale is clamped later anyway.
@@ -74,3 +76,5 @@ TextFrame TextFrame::of(const DeviceContext& context)
     }
     return frame;
 }
+
+} // namespace wingdi

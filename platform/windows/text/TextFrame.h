@@ -7,6 +7,8 @@
 
 #include "DeviceContext.h"
 
+namespace wingdi {
+
 // A direction; y grows downward on the device.
 struct TextVector {
     double x;
@@ -30,3 +32,5 @@ struct TextFrame {
 
     static TextFrame of(const DeviceContext& context);
 };
+
+} // namespace wingdi

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace wingdi {
+
 namespace {
 
 // Keeps the sums of many in 64 bits.
@@ -41,3 +43,5 @@ int TextMeasure::breakExtra() noexcept
     ++m_breaks;
     return static_cast<int>(std::int64_t{m_breakExtra} * m_breaks / m_breakCount - before);
 }
+
+} // namespace wingdi

@@ -10,6 +10,8 @@
 #include "RealizedFont.h"
 #include "TextFrame.h"
 
+namespace wingdi {
+
 class TextMeasure {
 public:
     explicit TextMeasure(const DeviceContext& context);
@@ -42,3 +44,5 @@ private:
     int m_breakCount;
     int m_breaks = 0;
 };
+
+} // namespace wingdi

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <mutex>
 
+namespace wingdi {
+
 // FreeType wants its calls on one library, and on one face, to come one at a time.
 class FreeTypeLibrary {
 public:
@@ -199,3 +201,5 @@ const Typeface::GlyphPage& Typeface::loadPage(unsigned int number) const
     m_pages[number].store(m_ownedPages.back().get(), std::memory_order_release);
     return *m_ownedPages.back();
 }
+
+} // namespace wingdi

@@ -11,6 +11,8 @@
 
 struct FT_FaceRec_; // NOLINT(bugprone-reserved-identifier): FreeType's own tag
 
+namespace wingdi {
+
 class FreeTypeLibrary;
 
 // Font units, of which `unitsPerEm` make the em; heights grow upward from the base line.
@@ -65,3 +67,5 @@ private:
     mutable std::array<std::atomic<const GlyphPage*>, 256> m_pages{};
     mutable std::vector<std::unique_ptr<GlyphPage>> m_ownedPages;
 };
+
+} // namespace wingdi

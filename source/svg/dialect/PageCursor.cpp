@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <climits>
 
+namespace svg {
+
 namespace {
 
 constexpr int NoDigit = 16;
@@ -51,3 +53,5 @@ IntegerRead<const char> readNumber(const char* at, int base)
     }
     return {static_cast<int>(negative ? -magnitude : std::min<long long>(magnitude, INT_MAX)), cursor};
 }
+
+} // namespace svg

@@ -7,6 +7,8 @@
 
 #include <cstring>
 
+namespace svg {
+
 inline bool beginsWith(const char* text, const char* prefix)
 {
     while (*prefix != '\0' && *text == *prefix) {
@@ -141,3 +143,5 @@ Char* readCoordinate(Char* from, const char* key, int& number)
     number = read.value;
     return read.end;
 }
+
+} // namespace svg

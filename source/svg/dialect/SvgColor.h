@@ -4,6 +4,10 @@
 #include "color.h"
 #include "sys/krnos.h"
 
+namespace svg {
+
+using namespace drawing;
+
 inline constexpr char RgbWord[] = "rgb";
 
 // Reads the colour at `text`; false, and nothing changed, unless all three numbers are there. Each is cut to
@@ -19,3 +23,5 @@ inline bool readColor(const char* text, unsigned long& color)
     color = colorOf(red, green, blue);
     return true;
 }
+
+} // namespace svg

@@ -4,6 +4,8 @@
 // of attributes hold the opening quote: the value begins right after them.
 #pragma once
 
+namespace svg {
+
 // Symbols that a <use> names in its xlink:href, after "#".
 inline constexpr char FrameRectSymbol[] = "FrameRect";
 inline constexpr char FocusRectSymbol[] = "FocusRect";
@@ -81,3 +83,5 @@ inline constexpr SvgHatch SvgHatches[] = {
 };
 inline constexpr int SvgHatchCount = static_cast<int>(sizeof(SvgHatches) / sizeof(SvgHatches[0]));
 static_assert(SvgHatchCount == 6, "one hatch for each of the brush styles 2 to 7");
+
+} // namespace svg

@@ -16,6 +16,9 @@
 #include "surface.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 template <typename Table>

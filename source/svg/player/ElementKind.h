@@ -1,6 +1,8 @@
 // Kinds of elements in a page, as the walks tell them apart.
 #pragma once
 
+namespace svg {
+
 enum SvgRecordType {
     RecordUnknown = 0,
     RecordProlog = 1,
@@ -24,3 +26,5 @@ enum SvgRecordType {
     RecordGroupEnd = 97,
     RecordDefs = 99
 };
+
+} // namespace svg

@@ -38,7 +38,7 @@ public:
 private:
     CMetaFilePlayerSVG& m_player;
     char* m_next;
-    const ValueDuring<char*> m_withinPiece;
+    const svg::ValueDuring<char*> m_withinPiece;
     char* m_element = nullptr;
-    int m_type = RecordUnknown;
+    int m_type = svg::RecordUnknown;
 };

@@ -11,6 +11,9 @@
 #include "surface.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 // A number has to begin with a digit, a point or a sign, after blanks.

@@ -14,6 +14,9 @@
 #include "toldOnce.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 // What the writer leaves of an image that it could not convert decodes to this many bytes at most.

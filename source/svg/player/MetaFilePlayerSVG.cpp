@@ -12,6 +12,9 @@
 #include "surface.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 constexpr int DeepestNesting = 1000;

@@ -9,6 +9,8 @@
 #include "PageCursor.h"
 #include "WalkMemory.h"
 
+using namespace svg;
+
 namespace {
 
 // What an element's text begins with. The first row that fits wins.

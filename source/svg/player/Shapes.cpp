@@ -12,6 +12,9 @@
 #include "surface.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 // The draw operations that a path element can name. A name is tested by its first three letters.

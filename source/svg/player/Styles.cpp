@@ -10,6 +10,9 @@
 #include "penStyles.h"
 #include "surfaceAttributes.h"
 
+using namespace drawing;
+using namespace svg;
+
 int CMetaFilePlayerSVG::processStrokeAttribute(char* text, CSurfacePen* pen)
 {
     int style = 0;

@@ -20,6 +20,9 @@
 #include "textFlags.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 constexpr int NoPosition = INT_MAX;

@@ -1,6 +1,8 @@
 // A variable that has another value for the span of a scope, and its old one again after it.
 #pragma once
 
+namespace svg {
+
 template <typename T>
 class ValueDuring {
 public:
@@ -13,3 +15,5 @@ private:
     T& m_variable;
     T m_before;
 };
+
+} // namespace svg

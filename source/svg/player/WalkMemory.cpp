@@ -6,6 +6,8 @@
 #include "PageCursor.h"
 #include "sys/krnos.h"
 
+using namespace svg;
+
 namespace {
 
 constexpr char OpeningText[] = "<svg";

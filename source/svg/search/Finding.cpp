@@ -11,6 +11,8 @@
 #include "wordSeparators.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+
 // A text cut into words.
 struct PageTextSearch::WordText {
     const char* word(unsigned int index) const { return text.text() + words[index]; }

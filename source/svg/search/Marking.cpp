@@ -6,6 +6,9 @@
 #include "SvgDialect.h"
 #include "pageText.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 constexpr std::string_view SpanEnd = "</tspan>";

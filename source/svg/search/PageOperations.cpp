@@ -14,6 +14,9 @@
 #include "pageCountWord.h"
 #include "pageText.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 // The text that a mark of the page count lets be overwritten; both null when there is none.

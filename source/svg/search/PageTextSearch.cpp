@@ -9,6 +9,9 @@
 #include "moduleHeap.h"
 #include "surface.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 // Makes an element that `owner` is to own. Its place comes first, so that it is never without an owner.

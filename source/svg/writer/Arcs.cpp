@@ -13,6 +13,9 @@
 #include "pageText.h"
 #include "rectangle.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 constexpr TextRoom ArcRoom{500};

@@ -10,6 +10,9 @@
 #include "putInFront.h"
 #include "versionText.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 constexpr char Prolog[] = "<?xml version='1.0' encoding='UTF-8' standalone='no'?>\n"

@@ -13,6 +13,9 @@
 #include "pageText.h"
 #include "undo.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 // Rooms, terminator counted, that bound the text of extreme numbers.

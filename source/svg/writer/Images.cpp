@@ -19,6 +19,9 @@
 #include "sys/krnutil.h"
 #include "toldOnce.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 // The format of the data by the caller's picture type; unknown: by the data's own signature.

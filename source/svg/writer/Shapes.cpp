@@ -11,6 +11,9 @@
 #include "rectangle.h"
 #include "undo.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 constexpr TextRoom ElementRoom{400}; // characters; longer than all elements but long point lists

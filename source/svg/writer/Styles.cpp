@@ -11,6 +11,9 @@
 #include "penStyles.h"
 #include "wrappingInt.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 // Dashes by the pen's line style (the low bits of its style word), in pen widths; 0 ends a row. A row that

@@ -7,6 +7,8 @@
 #include "color.h"
 #include "rectangle.h"
 
+using namespace drawing;
+
 CSurfaceSVG::CSurfaceSVG()
     : m_clipCount(0), m_patternCount(0), m_symbolsUsed(0), m_nofmPending(false), m_currentClip(0),
       m_fontGroupOpen(false), m_textPathCount(0)

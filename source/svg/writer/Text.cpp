@@ -17,6 +17,9 @@
 #include "textFlags.h"
 #include "xmlText.h"
 
+using namespace drawing;
+using namespace svg;
+
 namespace {
 
 constexpr unsigned int ClippedOption = 0x4;
