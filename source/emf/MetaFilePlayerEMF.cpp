@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "MetafileText.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "surface.h"
 
 using namespace drawing;

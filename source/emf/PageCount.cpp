@@ -12,21 +12,13 @@
 
 #include "MetafileText.h"
 #include "PageCountMarker.h"
-#include "pageCountWord.h"
+#include "pageCountText.h"
 #include "wrappingInt.h"
 
 using namespace drawing;
 using namespace metafile;
 
 namespace {
-
-// Two numbers, the word, two blanks and a terminator at most.
-constexpr unsigned int StampRoom = 2 * 11 + PageCountWord::Room + 2;
-
-struct Stamp {
-    char text[StampRoom];
-    unsigned int length;
-};
 
 constexpr DWORD FontCount = 100; // objects above are not followed
 
@@ -73,13 +65,9 @@ void followFont(Walk& walk, const metafile::Record& record)
 }
 
 // A text that begins with a blank has room for the total alone.
-Stamp makeStamp(bool totalOnly, int pageNumber, int pageCount)
+PageCountText makeStamp(bool totalOnly, int pageNumber, int pageCount)
 {
-    Stamp stamp;
-    stamp.length = static_cast<unsigned int>(
-        totalOnly ? intlSprintf(stamp.text, "%d", pageCount)
-                  : intlSprintf(stamp.text, "%d %s %d", pageNumber, PageCountWord().text(), pageCount));
-    return stamp;
+    return totalOnly ? PageCountText(pageCount) : PageCountText(pageNumber, pageCount);
 }
 
 bool beginsWithBlank(const metafile::Record& record, const MetafileText& text)
@@ -91,26 +79,26 @@ bool beginsWithBlank(const metafile::Record& record, const MetafileText& text)
                                    : record.field<WCHAR>(text.offsetOf(0)) == u' ';
 }
 
-void writeCharacters(unsigned char* target, unsigned int characterSize, const Stamp& stamp)
+void writeCharacters(unsigned char* target, unsigned int characterSize, const PageCountText& stamp)
 {
     if (characterSize == 1) {
-        std::memcpy(target, stamp.text, stamp.length);
+        std::memcpy(target, stamp.text(), stamp.length());
         return;
     }
     // The conversion ends its text, the record's has no end of its own.
-    unsigned short wide[StampRoom];
-    intlCStringToUnicode(stamp.text, wide, static_cast<int>(stamp.length) + 1);
-    std::memcpy(target, wide, std::size_t{stamp.length} * sizeof(wide[0]));
+    unsigned short wide[PageCountText::Room];
+    intlCStringToUnicode(stamp.text(), wide, static_cast<int>(stamp.length()) + 1);
+    std::memcpy(target, wide, std::size_t{stamp.length()} * sizeof(wide[0]));
 }
 
 // What the screen says of the stamp in a font of the page.
 struct Measured {
-    INT extents[StampRoom]; // from the start of the text, for as many characters as fit
-    LONG width;             // of all of it
+    INT extents[PageCountText::Room]; // from the start of the text, for as many characters as fit
+    LONG width;                       // of all of it
 };
 
 // Changes nothing and gives false where the screen cannot measure. Throws KrnException without memory for it.
-bool measure(const Stamp& stamp, const LOGFONTW& description, Measured& measured)
+bool measure(const PageCountText& stamp, const LOGFONTW& description, Measured& measured)
 {
     constexpr int Maximum = 400;
     SetLastError(ERROR_SUCCESS);
@@ -119,8 +107,8 @@ bool measure(const Stamp& stamp, const LOGFONTW& description, Measured& measured
     const HGDIOBJ before = SelectObject(screen, font);
     INT fit = 0;
     SIZE size{0, 0};
-    const bool done = GetTextExtentExPointA(screen, stamp.text, static_cast<int>(stamp.length), Maximum, &fit,
-                                            measured.extents, &size) != FALSE;
+    const bool done = GetTextExtentExPointA(screen, stamp.text(), static_cast<int>(stamp.length()), Maximum,
+                                            &fit, measured.extents, &size) != FALSE;
     const bool noMemory =
         screen == nullptr || font == nullptr || (!done && GetLastError() == ERROR_NOT_ENOUGH_MEMORY);
     SelectObject(screen, before);
@@ -154,7 +142,7 @@ void align(EMREXTTEXTOUT& fields, const PageCountMarker& band, LONG width)
 struct Patch {
     metafile::Record record;
     MetafileText text;
-    Stamp stamp;
+    PageCountText stamp;
     PageCountMarker band;
     bool isMeasured; // else spacing and place stay
     Measured measured;
@@ -165,7 +153,7 @@ bool hasAdvances(const Patch& patch)
 {
     const std::size_t offset = patch.text.fields.emrtext.offDx;
     return offset >= sizeof(EMREXTTEXTOUT) &&
-           offset + patch.stamp.length * sizeof(INT) <= patch.record.bytes.size();
+           offset + patch.stamp.length() * sizeof(INT) <= patch.record.bytes.size();
 }
 
 void measure(Patch& patch, const unsigned char* fontRecord)
@@ -178,7 +166,7 @@ void measure(Patch& patch, const unsigned char* fontRecord)
     std::fill(std::begin(patch.measured.extents), std::end(patch.measured.extents), 0);
     if (hasAdvances(patch)) {
         std::memcpy(patch.measured.extents, patch.record.bytes.data() + patch.text.fields.emrtext.offDx,
-                    patch.stamp.length * sizeof(INT));
+                    patch.stamp.length() * sizeof(INT));
     }
     LOGFONTW font;
     std::memcpy(&font, fontRecord + FontOffset, sizeof(font));
@@ -189,17 +177,17 @@ void measure(Patch& patch, const unsigned char* fontRecord)
 void write(unsigned char* page, const Patch& patch)
 {
     unsigned char* const target = page + patch.record.position;
-    const Stamp& stamp = patch.stamp;
+    const PageCountText& stamp = patch.stamp;
     EMREXTTEXTOUT fields = patch.text.fields;
-    fields.emrtext.nChars = stamp.length;
+    fields.emrtext.nChars = stamp.length();
     fields.emrtext.fOptions = 0;
     writeCharacters(target + patch.text.offsetOf(0), patch.text.characterSize, stamp);
     if (patch.isMeasured) {
-        INT advances[StampRoom];
-        std::adjacent_difference(patch.measured.extents, patch.measured.extents + stamp.length, advances,
+        INT advances[PageCountText::Room];
+        std::adjacent_difference(patch.measured.extents, patch.measured.extents + stamp.length(), advances,
                                  [](INT extent, INT before) { return wrapSubtract(extent, before); });
         if (hasAdvances(patch)) {
-            std::memcpy(target + fields.emrtext.offDx, advances, stamp.length * sizeof(INT));
+            std::memcpy(target + fields.emrtext.offDx, advances, stamp.length() * sizeof(INT));
         }
         align(fields, patch.band, patch.measured.width);
     }
@@ -234,10 +222,10 @@ private:
 };
 
 // A text record after a marker receives the stamp, where it has room; else the next one does.
-void stampText(const metafile::Record& record, const MetafileText& text, const Stamp& stamp, Walk& walk,
-               Patches& patches)
+void stampText(const metafile::Record& record, const MetafileText& text, const PageCountText& stamp,
+               Walk& walk, Patches& patches)
 {
-    if (text.fields.emrtext.nChars < stamp.length) {
+    if (text.fields.emrtext.nChars < stamp.length()) {
         return;
     }
     Patch patch{record, text, stamp, *walk.marker, false, {}};

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 
 namespace metafile {
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "surfaceGDI.h"
 
 using namespace drawing;

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "GdiDetail.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "pictureDecoding.h"
 #include "surfaceGDI.h"
 

@@ -4,7 +4,7 @@
 
 #include "GdiDetail.h"
 #include "brushStyles.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "surfaceGDI.h"
 #include "undo.h"
 #include "wrappingInt.h"

@@ -1,7 +1,7 @@
 // A picture drawn with one colour left out, on devices that know raster operations and no transparency.
 #include <cstdlib>
 
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "surfacePicture.h"
 
 using namespace drawing;

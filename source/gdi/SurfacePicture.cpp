@@ -2,7 +2,7 @@
 #include "surfacePicture.h"
 
 #include "imageNumbers.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "pictureDecoding.h"
 #include "sys/errorNumbers.h"
 #include "wrappingInt.h"

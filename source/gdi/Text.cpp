@@ -4,7 +4,7 @@
 #include "DeviceScale.h"
 #include "GdiDetail.h"
 #include "boundedText.h"
-#include "drawTextLock.h"
+#include "moduleObjects.h"
 #include "surfaceGDI.h"
 #include "undo.h"
 #include "wrappingInt.h"

@@ -1,11 +1,9 @@
 // What the module makes once when it is loaded. Destruction at unload runs in the reverse order.
 #include <windows.h>
 
-#include "drawTextLock.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "moduleUse.h"
 #include "versionNumbers.h"
-#include "versionText.h"
 
 using namespace drawing;
 

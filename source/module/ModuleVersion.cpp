@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "ModuleVersionDetail.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 
 using namespace drawing;
 

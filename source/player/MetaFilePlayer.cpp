@@ -5,7 +5,7 @@
 
 #include "metaFilePlayerEMF.h"
 #include "metaFilePlayerSVG.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 
 using namespace drawing;
 

@@ -6,9 +6,8 @@
 #include "PostScriptPieces.h"
 #include "PostScriptProlog.h"
 #include "PostScriptSamples.h"
-#include "PostScriptUnits.h"
+#include "moduleObjects.h"
 #include "putInFront.h"
-#include "versionText.h"
 
 using namespace drawing;
 using namespace postscript;

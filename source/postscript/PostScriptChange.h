@@ -5,7 +5,32 @@
 #pragma once
 
 #include "PostScriptDetail.h"
-#include "TextChange.h"
+#include "sys/tovostr.h"
+
+namespace postscript {
+
+// What is appended to one text, cut off again unless it is kept.
+class TextChange {
+public:
+    explicit TextChange(TovoTextString& text) : m_text(text), m_length(text.length()) {}
+    TextChange(const TextChange&) = delete;
+    TextChange& operator=(const TextChange&) = delete;
+    ~TextChange()
+    {
+        if (!m_kept) {
+            m_text.cutTo(m_length);
+        }
+    }
+
+    void keep() { m_kept = true; }
+
+private:
+    TovoTextString& m_text;
+    unsigned int m_length;
+    bool m_kept = false;
+};
+
+} // namespace postscript
 
 class CSurfacePSPrinter::Detail::Change {
 public:

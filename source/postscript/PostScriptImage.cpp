@@ -1,7 +1,7 @@
 // CPostScriptImage: its fields and its owners.
 #include "surfacePSPrinter.h"
 
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 
 using namespace drawing;
 

@@ -14,6 +14,9 @@ using namespace drawing;
 using drawing::maximumLength;
 using drawing::putPiece;
 
+// Sizes of pages are in millimetres; an interpreter starts with points.
+inline constexpr double PointsPerMillimetre = 2.83465;
+
 // "x y " with y negated.
 struct PsPoint {
     int x, y;

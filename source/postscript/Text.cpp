@@ -11,7 +11,6 @@
 #include "PostScriptChange.h"
 #include "PostScriptDetail.h"
 #include "PostScriptPieces.h"
-#include "PostScriptUnits.h"
 #include "boundedText.h"
 #include "textFlags.h"
 #include "undo.h"

@@ -6,7 +6,7 @@
 #include <iterator>
 
 #include "PostScriptDetail.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "toldOnce.h"
 
 using namespace drawing;

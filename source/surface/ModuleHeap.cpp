@@ -1,4 +1,4 @@
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 
 #include <limits>
 

@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "color.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 
 using namespace drawing;
 

@@ -6,7 +6,7 @@
 
 #include "brushStyles.h"
 #include "color.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 
 using namespace drawing;
 

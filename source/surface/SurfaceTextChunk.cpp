@@ -1,6 +1,6 @@
 #include "surfaceTextChunk.h"
 
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 
 using namespace drawing;
 

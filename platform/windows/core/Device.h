@@ -12,6 +12,7 @@
 #include <span>
 
 #include "Region.h"
+#include "TextFrame.h"
 
 namespace wingdi {
 
@@ -78,16 +79,9 @@ struct TextOutput {
     // the cell of the whole: its advances by the line height, inclusive, neither clipped nor the ink.
     double baselineX;
     double baselineY;
-    double directionX; // unit vector of the base line in the device
-    double directionY;
     std::span<const double> deviceAdvances;
     RECTL bounds;
-    // Unit vectors on the device: along each letter's own base line, and down from it. They differ from the line's
-    // where the font's orientation turns letters in their line, and where the world transform mirrors.
-    double glyphRightX;
-    double glyphRightY;
-    double glyphDownX;
-    double glyphDownY;
+    TextFrame frame;
 };
 
 // A rectangle of a source that a copy reads.

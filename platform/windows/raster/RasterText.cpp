@@ -32,11 +32,8 @@ struct LineSpace {
 
 LineSpace spaceOf(const TextOutput& output)
 {
-    // Down from the line lies where down from the letters lies, on the other side where they are mirrored.
-    const double turn =
-        output.glyphRightX * output.glyphDownY - output.glyphRightY * output.glyphDownX < 0 ? -1 : 1;
-    return {output.baselineX,  output.baselineY,          output.directionX,
-            output.directionY, -turn * output.directionY, turn * output.directionX};
+    const TextFrame& frame = output.frame;
+    return {output.baselineX, output.baselineY, frame.right.x, frame.right.y, frame.down.x, frame.down.y};
 }
 
 // The part of the line from `left` to `right` along it, from `top` to `bottom` below its base line.
@@ -103,8 +100,9 @@ std::vector<cairo_glyph_t> placeGlyphs(const TextOutput& output, const LineSpace
 void RasterDevice::drawGlyphs(Canvas& canvas, const TextOutput& output, const Ink& ink)
 {
     const LineSpace space = spaceOf(output);
+    const TextFrame& frame = output.frame;
     const cairo_matrix_t turn{
-        output.glyphRightX, output.glyphRightY, output.glyphDownX, output.glyphDownY, 0, 0};
+        frame.glyphRight.x, frame.glyphRight.y, frame.glyphDown.x, frame.glyphDown.y, 0, 0};
     const std::vector<cairo_glyph_t> glyphs = placeGlyphs(output, space, turn, canvas.box());
     cairo_scaled_font_t* font = output.font->scaledFont();
     if (glyphs.empty() || font == nullptr) {

@@ -10,7 +10,6 @@
 
 #include "DeviceContext.h"
 #include "RealizedFont.h"
-#include "TextFrame.h"
 
 namespace wingdi {
 
@@ -19,8 +18,8 @@ namespace {
 // Two axes on the device and where they meet.
 struct Axes {
     DevicePoint start;
-    DevicePoint right;
-    DevicePoint down;
+    TextVector right;
+    TextVector down;
 
     DevicePoint at(double along, double below) const noexcept
     {
@@ -58,7 +57,7 @@ double driftOf(const DeviceContext& context, const TextOutput& text)
     if (context.state.mapMode == MM_TEXT && context.state.graphicsMode == GM_COMPATIBLE) {
         return 0; // units are pixels
     }
-    const double scale = TextFrame::of(context).along;
+    const double scale = text.frame.along;
     double drift = 0;
     double logical = 0;
     double device = 0;
@@ -80,8 +79,9 @@ void addLetters(InkBox& ink, const TextOutput& text, const Axes& line)
         return;
     }
     const bool indices = (text.options & ETO_GLYPH_INDEX) != 0;
-    const bool together = text.glyphRightX == text.directionX && text.glyphRightY == text.directionY;
-    Axes letters{line.start, {text.glyphRightX, text.glyphRightY}, {text.glyphDownX, text.glyphDownY}};
+    const TextFrame& frame = text.frame;
+    const bool together = frame.glyphRight.x == frame.right.x && frame.glyphRight.y == frame.right.y;
+    Axes letters{line.start, frame.glyphRight, frame.glyphDown};
     std::array<cairo_glyph_t, 64> glyphs;
     std::size_t count = 0;
     double along = 0;
@@ -107,19 +107,18 @@ void addLetters(InkBox& ink, const TextOutput& text, const Axes& line)
 // Letters that lie askew fall anywhere between pixels, and whoever paints them rounds.
 LONG roundingOf(const TextOutput& text) noexcept
 {
-    const auto along = [](double x, double y) {
-        return x == 0 || y == 0;
+    const auto alongAxis = [](TextVector vector) {
+        return vector.x == 0 || vector.y == 0;
     };
-    const bool square = along(text.directionX, text.directionY) &&
-                        along(text.glyphRightX, text.glyphRightY) && along(text.glyphDownX, text.glyphDownY);
-    return square ? 0 : 1;
+    const TextFrame& frame = text.frame;
+    return alongAxis(frame.right) && alongAxis(frame.glyphRight) && alongAxis(frame.glyphDown) ? 0 : 1;
 }
 
 } // namespace
 
 bool isUpright(const TextOutput& text) noexcept
 {
-    return text.directionX == 1 && text.glyphRightX == 1 && text.glyphDownY == 1;
+    return text.frame.right.x == 1 && text.frame.glyphRight.x == 1 && text.frame.glyphDown.y == 1;
 }
 
 DrawnBounds boundsOfInk(const DeviceContext& context, const TextOutput& text)
@@ -127,11 +126,7 @@ DrawnBounds boundsOfInk(const DeviceContext& context, const TextOutput& text)
     if (text.text.empty() || !text.font) {
         return {};
     }
-    // Down from the line lies where down from the letters lies, on the other side where they are mirrored.
-    const double turn = text.glyphRightX * text.glyphDownY < text.glyphRightY * text.glyphDownX ? -1 : 1;
-    const Axes line{{text.baselineX, text.baselineY},
-                    {text.directionX, text.directionY},
-                    {-turn * text.directionY, turn * text.directionX}};
+    const Axes line{{text.baselineX, text.baselineY}, text.frame.right, text.frame.down};
     InkBox ink;
     addLetters(ink, text, line);
     const TEXTMETRICA& metrics = text.font->metrics();

@@ -173,12 +173,7 @@ bool wingdi::outputRun(DeviceContext& context, TextMeasure& measure, const Outpu
     output.text = run.text;
     output.advances = advances.logical;
     output.font = measure.font();
-    output.directionX = frame.right.x;
-    output.directionY = frame.right.y;
-    output.glyphRightX = frame.glyphRight.x;
-    output.glyphRightY = frame.glyphRight.y;
-    output.glyphDownX = frame.glyphDown.x;
-    output.glyphDownY = frame.glyphDown.y;
+    output.frame = frame;
     output.deviceAdvances = advances.device;
 
     const POINT start = context.mapping().toDevice(output.reference);

@@ -103,7 +103,7 @@ int rounded(double value) noexcept
 
 SharedFont RealizedFont::realize(const DeviceContext& context)
 {
-    return realize(context, TextFrame::of(context));
+    return realize(context, frameOfText(context));
 }
 
 SharedFont RealizedFont::realize(const DeviceContext& context, const TextFrame& frame)

@@ -15,6 +15,9 @@ namespace wingdi {
 class DeviceContext;
 struct TextFrame;
 
+// Of what is drawn on the context with the font that is selected now.
+TextFrame frameOfText(const DeviceContext& context);
+
 // What the size of a font depends on beside its description.
 struct FontScale {
     double along = 1;       // device units of a logical unit in the direction of the line

@@ -1,4 +1,6 @@
 #include "TextFrame.h"
+#include "DeviceContext.h"
+#include "RealizedFont.h"
 
 #include <algorithm>
 #include <cmath>
@@ -44,7 +46,7 @@ Axis axisOnDevice(const Mapping& mapping, TextVector logical)
 
 } // namespace
 
-TextFrame TextFrame::of(const DeviceContext& context)
+TextFrame frameOfText(const DeviceContext& context)
 {
     const ContextState& state = context.state;
     const LONG escapement = state.font ? state.font->description.lfEscapement : 0;

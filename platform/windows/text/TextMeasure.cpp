@@ -19,7 +19,7 @@ int extraOnDevice(int logical, double scale)
 } // namespace
 
 TextMeasure::TextMeasure(const DeviceContext& context)
-    : m_frame(TextFrame::of(context)), m_font(RealizedFont::realize(context, m_frame)),
+    : m_frame(frameOfText(context)), m_font(RealizedFont::realize(context, m_frame)),
       m_characterExtra(extraOnDevice(context.state.characterExtra, m_frame.along)),
       m_breakExtra(extraOnDevice(context.state.breakExtra, m_frame.along)),
       m_breakCount(context.state.breakCount)

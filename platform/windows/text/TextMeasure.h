@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "DeviceContext.h"
 #include "RealizedFont.h"
 #include "TextFrame.h"
 

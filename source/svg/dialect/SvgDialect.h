@@ -1,10 +1,46 @@
 // The words of the page format that its writer and its player share.
 //
-// The writer puts these texts into a page and the player looks for them literally, so each is named once. Keys
-// of attributes hold the opening quote: the value begins right after them.
+// The writer puts these texts into a page, and player and search look for them literally, so each is named once. Keys
+// of attributes hold the opening quote: the value begins right after them. Attributes of SVG that hold plain numbers
+// (x, y, width and the like) are written out where they are used.
 #pragma once
 
 namespace svg {
+
+// Tags, as the player looks for them: most without their end, so that a longer name begins with a shorter one.
+inline constexpr char TextTag[] = "<text ";
+inline constexpr char TextEnd[] = "</text";
+inline constexpr char TextEndTag[] = "</text>";
+inline constexpr char TextPathTag[] = "<textPath";
+inline constexpr char TextPathEndTag[] = "</textPath>";
+inline constexpr char SpanTag[] = "<tspan";
+inline constexpr char SpanEnd[] = "</tspan";
+inline constexpr char SpanEndTag[] = "</tspan>";
+inline constexpr char SvgTag[] = "<svg";
+inline constexpr char SvgEnd[] = "</svg";
+inline constexpr char SvgEndTag[] = "</svg>";
+inline constexpr char DefsTag[] = "<defs>";
+inline constexpr char DefsStart[] = "<defs";
+inline constexpr char DefsEndTag[] = "</defs>";
+inline constexpr char GroupTag[] = "<g ";
+inline constexpr char GroupEnd[] = "</g";
+inline constexpr char SymbolTag[] = "<symbol";
+inline constexpr char SymbolEndTag[] = "</symbol>";
+inline constexpr char PatternTag[] = "<pattern";
+inline constexpr char PatternEndTag[] = "</pattern>";
+inline constexpr char ClipPathTag[] = "<clipPath";
+inline constexpr char ClipPathEndTag[] = "</clipPath>";
+inline constexpr char ImageTag[] = "<image";
+inline constexpr char UseTag[] = "<use";
+inline constexpr char PathTag[] = "<path";
+inline constexpr char RectTag[] = "<rect";
+inline constexpr char EllipseTag[] = "<ellipse";
+inline constexpr char LineTag[] = "<line";
+inline constexpr char PolygonTag[] = "<polygon";
+inline constexpr char PolylineTag[] = "<polyline";
+inline constexpr char CommentStart[] = "<!--";
+inline constexpr char PrologStart[] = "<?xml";
+inline constexpr char DoctypeStart[] = "<!DOCTYPE svg";
 
 // Symbols that a <use> names in its xlink:href, after "#".
 inline constexpr char FrameRectSymbol[] = "FrameRect";
@@ -16,6 +52,10 @@ inline constexpr char TiledImageSymbol[] = "TiledImage";
 inline constexpr char ClipId[] = "clip";
 inline constexpr char PatternId[] = "pattern";
 inline constexpr char ImageId[] = "image";
+
+// The first two, as other elements refer to them.
+inline constexpr char ClipReference[] = "#clip";
+inline constexpr char PatternReference[] = "#pattern";
 
 inline constexpr char ClipPathKey[] = "clip-path='";
 inline constexpr char FillKey[] = "fill='";

@@ -38,7 +38,7 @@ int CMetaFilePlayerSVG::processGroupElement(char** element)
 
 int CMetaFilePlayerSVG::Detail::processClipGroup(char* element)
 {
-    char* const number = findAfter(findKey(element, ClipPathKey), "#clip");
+    char* const number = findAfter(findKey(element, ClipPathKey), ClipReference);
     RECT* const clip = number != nullptr ? clipOfNumber(integerAt(number)) : nullptr;
     if (clip == nullptr) {
         return -1;

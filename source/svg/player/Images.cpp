@@ -8,7 +8,7 @@
 #include "SvgPlayerDetail.h"
 #include "WalkMemory.h"
 #include "imageNumbers.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "surface.h"
 #include "sys/krnutil.h"
 #include "toldOnce.h"

@@ -8,7 +8,7 @@
 #include "SvgPlayerDetail.h"
 #include "ValueDuring.h"
 #include "WalkMemory.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "surface.h"
 #include "wrappingInt.h"
 

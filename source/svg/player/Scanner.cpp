@@ -7,6 +7,7 @@
 
 #include "ElementKind.h"
 #include "PageCursor.h"
+#include "SvgDialect.h"
 #include "WalkMemory.h"
 
 using namespace svg;
@@ -20,14 +21,14 @@ struct RecordStart {
 };
 
 constexpr RecordStart RecordStarts[] = {
-    {"<text ", RecordText},      {"<path", RecordPath},           {"<svg", RecordSvg},
-    {"<g ", RecordGroup},        {"</g", RecordGroupEnd},         {"<rect", RecordRect},
-    {"<ellipse", RecordEllipse}, {"<line", RecordLine},           {"<!--", RecordComment},
-    {"<use", RecordUse},         {"<clipPath", RecordClipPath},   {"<image", RecordImage},
-    {"<pattern", RecordPattern}, {"<polygon", RecordPolygon},     {"<polyline", RecordPolyline},
-    {"<symbol", RecordSymbol},   {"<tspan", RecordTSpan},         {"<textPath", RecordTextPath},
-    {"<?xml", RecordProlog},     {"<!DOCTYPE svg", RecordProlog}, {"</svg", RecordProlog},
-    {"<defs>", RecordDefs},
+    {TextTag, RecordText},       {PathTag, RecordPath},         {SvgTag, RecordSvg},
+    {GroupTag, RecordGroup},     {GroupEnd, RecordGroupEnd},    {RectTag, RecordRect},
+    {EllipseTag, RecordEllipse}, {LineTag, RecordLine},         {CommentStart, RecordComment},
+    {UseTag, RecordUse},         {ClipPathTag, RecordClipPath}, {ImageTag, RecordImage},
+    {PatternTag, RecordPattern}, {PolygonTag, RecordPolygon},   {PolylineTag, RecordPolyline},
+    {SymbolTag, RecordSymbol},   {SpanTag, RecordTSpan},        {TextPathTag, RecordTextPath},
+    {PrologStart, RecordProlog}, {DoctypeStart, RecordProlog},  {SvgEnd, RecordProlog},
+    {DefsTag, RecordDefs},
 };
 
 // Elements that end at a closing tag of their own kind, and the text that opens one inside another.
@@ -38,14 +39,14 @@ struct NestingText {
 };
 
 constexpr NestingText NestingTexts[] = {
-    {RecordText, "</text>", "<text "},
-    {RecordTSpan, "</tspan>", "<tspan"},
-    {RecordTextPath, "</textPath>", "<textPath"},
-    {RecordPattern, "</pattern>", "<pattern"},
-    {RecordSymbol, "</symbol>", "<symbol"},
-    {RecordClipPath, "</clipPath>", "<clipPath"},
-    {RecordSvg, "</svg>", "<svg"},
-    {RecordDefs, "</defs>", "<defs"},
+    {RecordText, TextEndTag, TextTag},
+    {RecordTSpan, SpanEndTag, SpanTag},
+    {RecordTextPath, TextPathEndTag, TextPathTag},
+    {RecordPattern, PatternEndTag, PatternTag},
+    {RecordSymbol, SymbolEndTag, SymbolTag},
+    {RecordClipPath, ClipPathEndTag, ClipPathTag},
+    {RecordSvg, SvgEndTag, SvgTag},
+    {RecordDefs, DefsEndTag, DefsStart},
 };
 
 const NestingText* nestingTextOf(int type)

@@ -65,7 +65,7 @@ int CMetaFilePlayerSVG::processFillAttribute(char* text, CSurfaceBrush* brush)
 int CMetaFilePlayerSVG::processStyleAttribute(char** value, RECT** clip, unsigned long* fillColor,
                                               unsigned long* strokeColor, bool* hasFill, bool* hasStroke)
 {
-    if (char* const number = findAfter(*value, "#clip")) {
+    if (char* const number = findAfter(*value, ClipReference)) {
         *clip = Detail(*this).clipOfNumber(integerAt(number));
     }
     const char* const stroke = findAfter(*value, "stroke:");

@@ -15,7 +15,7 @@
 #include "SvgDialect.h"
 #include "SvgPlayerDetail.h"
 #include "WalkMemory.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "surface.h"
 #include "textFlags.h"
 #include "wrappingInt.h"
@@ -118,13 +118,13 @@ int CMetaFilePlayerSVG::processTextElement(char** element)
         getAttributeValue(attribute, &className);
     }
     text.className = className;
-    return findKey(body, "<tspan") != nullptr ? Detail(*this).drawRuns(text, body)
-                                              : Detail(*this).drawPlainText(text, body);
+    return findKey(body, SpanTag) != nullptr ? Detail(*this).drawRuns(text, body)
+                                             : Detail(*this).drawPlainText(text, body);
 }
 
 int CMetaFilePlayerSVG::Detail::drawPlainText(TextElement& text, char* body)
 {
-    char* const end = findKey(body, "</text");
+    char* const end = findKey(body, TextEnd);
     if (end == nullptr) {
         return 0;
     }
@@ -203,7 +203,7 @@ int CMetaFilePlayerSVG::processTSpanElement(char* element, CSurfaceTextChunk* ch
     if (const char* const find = findAfter(element, FindKey)) {
         intlSscanNumeric(find, "'%d,%d'", &chunk->m_findPosition[0], &chunk->m_findPosition[1]);
     }
-    if (const char* const end = findKey(content, "</tspan")) {
+    if (const char* const end = findKey(content, SpanEnd)) {
         chunk->m_text = CSurface::fromXML(TovoTextString(content, static_cast<unsigned int>(end - content)));
     }
     return 0;
@@ -224,7 +224,7 @@ int CMetaFilePlayerSVG::processTextRect(char* element, RECT* rect)
 
 int CMetaFilePlayerSVG::processClipPath(char* element, RECT** rect)
 {
-    char* const number = findAfter(element, "#clip");
+    char* const number = findAfter(element, ClipReference);
     RECT* const clip = number != nullptr ? Detail(*this).clipOfNumber(integerAt(number)) : nullptr;
     if (clip != nullptr) {
         *rect = clip;

@@ -4,14 +4,12 @@
 #include <cstring>
 
 #include "PageCursor.h"
+#include "SvgDialect.h"
 #include "sys/krnos.h"
 
 using namespace svg;
 
 namespace {
-
-constexpr char OpeningText[] = "<svg";
-constexpr char ClosingText[] = "</svg>";
 
 } // namespace
 
@@ -54,10 +52,10 @@ void SvgNesting::match(char* text, SearchedBytes& searched)
     char* last = text;
     for (char* tag = std::strchr(text, '<'); tag != nullptr; tag = std::strchr(tag + 1, '<')) {
         last = tag;
-        if (beginsWith(tag, OpeningText)) {
+        if (beginsWith(tag, SvgTag)) {
             m_openings.add(Opening{tag, nullptr, innermost});
             innermost = m_openings.size();
-        } else if (beginsWith(tag, ClosingText)) {
+        } else if (beginsWith(tag, SvgEndTag)) {
             if (innermost == 0) {
                 m_unmatchedClosings.add(tag);
                 continue;
@@ -117,9 +115,9 @@ char* SvgNesting::closingTag(char* element, char* end, SearchedBytes& searched)
     if (found == nullptr) {
         return nullptr;
     }
-    const std::ptrdiff_t closingLength = std::strlen(ClosingText);
+    const std::ptrdiff_t closingLength = std::strlen(SvgEndTag);
     const bool tooNear = found->closing != nullptr && found->closing - element < closingLength &&
-                         beginsWith(found->closing, ClosingText);
+                         beginsWith(found->closing, SvgEndTag);
     char* const closing = tooNear ? closingOfEnclosing(*found) : found->closing;
     // A tag that has lost its > to the end of the text around is no closing tag any more.
     return closing != nullptr && end - closing >= closingLength ? closing : nullptr;

@@ -11,9 +11,6 @@ using namespace svg;
 
 namespace {
 
-constexpr std::string_view SpanEnd = "</tspan>";
-constexpr std::string_view TextEnd = "</text>";
-
 // The place after the next `text` from `from` on; the page's end when it is not there.
 std::size_t placeAfter(std::string_view page, std::string_view text, std::size_t from)
 {
@@ -32,8 +29,8 @@ std::string_view spanAt(std::string_view page, const TextRun& run, int limit)
 {
     const auto start = static_cast<std::size_t>(run.m_offset);
     const std::string_view limited = page.substr(0, static_cast<std::size_t>(limit));
-    const std::size_t tag = limited.find(SpanEnd, start);
-    return between(page, start, tag != std::string_view::npos ? tag + SpanEnd.size() + 1 : limited.size());
+    const std::size_t tag = limited.find(SpanEndTag, start);
+    return between(page, start, tag != std::string_view::npos ? tag + sizeof(SpanEndTag) : limited.size());
 }
 
 void appendMark(TovoTextString& marked, const TextRun& run)
@@ -85,7 +82,7 @@ void PageTextSearch::writeMarkedPage(std::string_view page, TovoTextString& mark
         // A record inside what was replaced already ends at the same tag as the one before.
         if (offset >= copied) {
             appendPieces(marked, between(page, copied, offset));
-            copied = placeAfter(page, TextEnd, offset);
+            copied = placeAfter(page, TextEndTag, offset);
         }
         writeRecord(page, *records[i], marked);
     }
@@ -100,9 +97,9 @@ void PageTextSearch::writeRecord(std::string_view page, const TextRecord& record
     appendPieces(marked, between(page, offset, placeAfter(page, ">", offset)));
     const Array<TextRun, 10>& runs = record.m_runs;
     if (runs.size() == 1) {
-        appendPieces(marked, "<tspan");
+        appendPieces(marked, SpanTag);
         appendMark(marked, *runs[0]);
-        appendPieces(marked, viewOf(record.m_text), SpanEnd);
+        appendPieces(marked, viewOf(record.m_text), SpanEndTag);
     }
     for (unsigned int i = 1; i < runs.size(); ++i) {
         const TextRun& run = *runs[i];
@@ -110,10 +107,10 @@ void PageTextSearch::writeRecord(std::string_view page, const TextRecord& record
         if (run.m_findLength != 0) {
             appendPieces(marked, between(page, start, page.find('>', start)));
             appendMark(marked, run);
-            appendPieces(marked, viewOf(run.m_text), SpanEnd, "\n");
+            appendPieces(marked, viewOf(run.m_text), SpanEndTag, "\n");
             continue;
         }
         appendPieces(marked, spanAt(page, run, i + 1 < runs.size() ? runs[i + 1]->m_offset : record.m_end));
     }
-    appendPieces(marked, TextEnd, "\n");
+    appendPieces(marked, TextEndTag, "\n");
 }

@@ -10,8 +10,8 @@
 #include "PageCursor.h"
 #include "PageTextSearch.h"
 #include "SvgDialect.h"
-#include "moduleHeap.h"
-#include "pageCountWord.h"
+#include "moduleObjects.h"
+#include "pageCountText.h"
 #include "pageText.h"
 
 using namespace drawing;
@@ -30,7 +30,7 @@ PageCountField nextPageCountField(char* from, const char* mark)
 {
     char* start = findAfter(findKey(from, mark), ">");
     char* end = findTag(start, "<");
-    if (end != nullptr && beginsWith(end, "<tspan")) {
+    if (end != nullptr && beginsWith(end, SpanTag)) {
         start = findAfter(end, ">");
         end = findTag(start, "<");
     }
@@ -56,15 +56,13 @@ bool CMetaFilePlayerSVG::insertPageCount(unsigned char* page, int length, int pa
     }
     TovoTextString mark;
     appendPieces(mark, "class='", PageCountClass, "'");
-    TovoTextString number;
-    appendPieces(number, pageNumber);
-    TovoTextString numberAndCount(number);
-    appendPieces(numberAndCount, " ", std::string_view(PageCountWord().text()), " ", pageCount);
+    const PageCountText number(pageNumber);
+    const PageCountText numberAndCount(pageNumber, pageCount);
     TovoTextString copy(page, static_cast<unsigned int>(length));
     bool changed = false;
     PageCountField field = nextPageCountField(copy.text(), mark.text());
     for (; field.start != nullptr; field = nextPageCountField(field.end, mark.text())) {
-        const TovoTextString& text = *field.start == ' ' ? number : numberAndCount;
+        const PageCountText& text = *field.start == ' ' ? number : numberAndCount;
         if (text.length() < static_cast<std::size_t>(field.end - field.start)) {
             std::memcpy(field.start, text.text(), text.length());
             changed = true;
@@ -88,7 +86,7 @@ void CMetaFilePlayerSVG::getImageSize(unsigned char* page, int length, unsigned 
         return;
     }
     std::string_view rest = viewOf(page, static_cast<unsigned int>(length));
-    for (const char* const mark : {"<svg", "viewBox"}) {
+    for (const char* const mark : {SvgTag, "viewBox"}) {
         const std::size_t place = rest.find(mark);
         if (place == std::string_view::npos) {
             return;

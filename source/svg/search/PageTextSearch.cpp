@@ -6,7 +6,7 @@
 
 #include "PageCursor.h"
 #include "SvgDialect.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "surface.h"
 
 using namespace drawing;
@@ -86,7 +86,7 @@ void PageTextSearch::parsePage(TovoTextString* page)
     char* const pageStart = page->text();
     char* at = std::strpbrk(pageStart, "'\"<");
     while (at != nullptr) {
-        if (beginsWith(at, "<text ")) {
+        if (beginsWith(at, TextTag)) {
             at = parseTextElement(at, pageStart);
         } else {
             char* const end = std::strchr(at + 1, *at == '<' ? '>' : *at);
@@ -131,17 +131,17 @@ char* PageTextSearch::parseTextElement(char* element, char* pageStart)
     if (end > body && end[-1] == '<') {
         end[-1] = '\0';
     }
-    char* span = findTag(body, "<tspan");
+    char* span = findTag(body, SpanTag);
     record->addRun(offsetOf(element), span != nullptr ? "" : body);
     while (span != nullptr) {
         char* const text = findAfter(span, ">");
-        char* const textEnd = findTag(text, "</tspan");
+        char* const textEnd = findTag(text, SpanEnd);
         if (textEnd == nullptr) {
             break;
         }
         *textEnd = '\0';
         record->addRun(offsetOf(span), text);
-        span = findTag(textEnd + 1, "<tspan");
+        span = findTag(textEnd + 1, SpanTag);
     }
     return end + 1;
 }

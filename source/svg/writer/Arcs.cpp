@@ -34,20 +34,25 @@ void appendArguments(TovoTextString& out, std::string_view name, const RECT& rec
                  "' />\n");
 }
 
+} // namespace
+
 // The elliptical arc command after its start point (SVG 1.0, 8.3.8). The axes are never turned.
-struct ArcPath {
+struct CSurfaceSVG::Detail::ArcPath {
+    ArcPath(CSurfaceSVG& page, RECT* rect, POINT from, POINT to)
+    {
+        page.SVGArc(rect, &from, &to, rx, ry, start, end, largeArc, sweep);
+    }
+
+    void append(TovoTextString& out) const
+    {
+        appendPieces(out, int{start.x}, " ", int{start.y}, "A", rx, " ", ry, " 0 ", largeArc, " ", sweep, " ",
+                     int{end.x}, " ", int{end.y});
+    }
+
     int rx, ry;
     POINT start, end;
     int largeArc, sweep;
 };
-
-void appendArc(TovoTextString& out, const ArcPath& arc)
-{
-    appendPieces(out, int{arc.start.x}, " ", int{arc.start.y}, "A", arc.rx, " ", arc.ry, " 0 ", arc.largeArc,
-                 " ", arc.sweep, " ", int{arc.end.x}, " ", int{arc.end.y});
-}
-
-} // namespace
 
 void CSurfaceSVG::SVGArc(RECT* rect, POINT* start, POINT* end, int& rx, int& ry, POINT& startOut,
                          POINT& endOut, int& largeArc, int& sweep)
@@ -72,58 +77,43 @@ void CSurfaceSVG::drawArc(RECT* rect, int x1, int y1, int x2, int y2)
     if (rect == nullptr) {
         return;
     }
-    POINT start{x1, y1};
-    POINT end{x2, y2};
-    ArcPath arc{};
-    SVGArc(rect, &start, &end, arc.rx, arc.ry, arc.start, arc.end, arc.largeArc, arc.sweep);
     TovoTextString element(ArcRoom);
-    appendPieces(element, "<path d='M");
-    appendArc(element, arc);
+    appendPieces(element, PathTag, " d='M");
+    Detail::ArcPath(*this, rect, POINT{x1, y1}, POINT{x2, y2}).append(element);
     appendPieces(element, "' ", FillKey, "none' ");
     appendPenStyle(element);
-    appendArguments(element, ArcName, *rect, start, end);
+    appendArguments(element, ArcName, *rect, POINT{x1, y1}, POINT{x2, y2});
     m_body.append(element);
 }
 
 void CSurfaceSVG::drawChord(RECT* rect, int x1, int y1, int x2, int y2)
 {
-    if (rect == nullptr) {
-        return;
+    if (rect != nullptr) {
+        Detail(*this).drawSector(ChordName, rect, POINT{x1, y1}, POINT{x2, y2});
     }
-    POINT start{x1, y1};
-    POINT end{x2, y2};
-    ArcPath arc{};
-    SVGArc(rect, &start, &end, arc.rx, arc.ry, arc.start, arc.end, arc.largeArc, arc.sweep);
-    Detail::Change change(*this);
-    TovoTextString element(ArcRoom);
-    appendPieces(element, "<path d='M");
-    appendArc(element, arc);
-    appendPieces(element, " z' ");
-    appendPenStyle(element);
-    appendFillStyle(element);
-    appendArguments(element, ChordName, *rect, start, end);
-    m_body.append(element);
-    change.keep();
 }
 
 void CSurfaceSVG::drawPie(RECT* rect, int x1, int y1, int x2, int y2)
 {
-    if (rect == nullptr) {
-        return;
+    if (rect != nullptr) {
+        Detail(*this).drawSector(PieName, rect, POINT{x1, y1}, POINT{x2, y2});
     }
-    POINT start{x1, y1};
-    POINT end{x2, y2};
-    ArcPath arc{};
-    SVGArc(rect, &start, &end, arc.rx, arc.ry, arc.start, arc.end, arc.largeArc, arc.sweep);
-    const POINT centre = centreOf(*rect);
-    Detail::Change change(*this);
+}
+
+void CSurfaceSVG::Detail::drawSector(std::string_view name, RECT* rect, POINT start, POINT end)
+{
+    Change change(m_page);
     TovoTextString element(ArcRoom);
-    appendPieces(element, "<path d='M", int{centre.x}, " ", int{centre.y}, "L");
-    appendArc(element, arc);
+    appendPieces(element, PathTag, " d='M");
+    if (name == PieName) {
+        const POINT centre = centreOf(*rect);
+        appendPieces(element, int{centre.x}, " ", int{centre.y}, "L");
+    }
+    ArcPath(m_page, rect, start, end).append(element);
     appendPieces(element, " z' ");
-    appendPenStyle(element);
-    appendFillStyle(element);
-    appendArguments(element, PieName, *rect, start, end);
-    m_body.append(element);
+    m_page.appendPenStyle(element);
+    m_page.appendFillStyle(element);
+    appendArguments(element, name, *rect, start, end);
+    m_page.m_body.append(element);
     change.keep();
 }

@@ -6,9 +6,9 @@
 
 #include "SvgDialect.h"
 #include "SvgWriterDetail.h"
+#include "moduleObjects.h"
 #include "pageText.h"
 #include "putInFront.h"
-#include "versionText.h"
 
 using namespace drawing;
 using namespace svg;
@@ -34,16 +34,16 @@ void appendSection(TovoTextString& head, const TovoTextString& definitions)
 
 void appendSymbol(TovoTextString& head, std::string_view name, std::string_view style)
 {
-    appendPieces(head, "\t<symbol id='", name, "'><rect x='0' y='0' width='100%' height='100%'", style,
-                 "/></symbol>\n");
+    appendPieces(head, "\t", SymbolTag, " id='", name, "'>", RectTag,
+                 " x='0' y='0' width='100%' height='100%'", style, "/>", SymbolEndTag, "\n");
 }
 
 void appendHatches(TovoTextString& head)
 {
     for (const SvgHatch& hatch : SvgHatches) {
-        appendPieces(head, "<pattern id='", std::string_view(hatch.name),
+        appendPieces(head, PatternTag, " id='", std::string_view(hatch.name),
                      "' patternUnits='userSpaceOnUse' x='0' y='0' width='9' height='9' stroke-width='1'>\n",
-                     std::string_view(hatch.tile), "\n</pattern>\n");
+                     std::string_view(hatch.tile), "\n", PatternEndTag, "\n");
     }
 }
 
@@ -52,9 +52,9 @@ void appendHatches(TovoTextString& head)
 int CSurfaceSVG::closeSurface()
 {
     TovoTextString head;
-    appendPieces(head, Prolog, "<!-- Created by Tovo ", std::string_view(moduleVersionText()), " -->\n\n",
-                 "<svg width='", m_pageWidth, "mm' height='", m_pageHeight, "mm' ", ViewBoxKey, "0 0 ",
-                 m_width, " ", m_height, "'", Namespaces, ">\n\n");
+    appendPieces(head, Prolog, CommentStart, " Created by Tovo ", std::string_view(moduleVersionText()),
+                 " -->\n\n", SvgTag, " width='", m_pageWidth, "mm' height='", m_pageHeight, "mm' ",
+                 ViewBoxKey, "0 0 ", m_width, " ", m_height, "'", Namespaces, ">\n\n");
     Detail(*this).appendDefinitions(head);
     constexpr std::string_view EndOfGroup = "</g>\n";
     constexpr std::string_view End = "</svg>\n\n";
@@ -89,7 +89,7 @@ void CSurfaceSVG::Detail::appendDefinitions(TovoTextString& head) const
     if (!anyDefinition && m_page.m_symbolsUsed == 0) {
         return;
     }
-    head.append("<defs>\n");
+    appendPieces(head, DefsTag, "\n");
     appendSection(head, m_page.m_clipDefs);
     appendSection(head, m_page.m_textPathDefs);
     appendSection(head, m_page.m_imageDefs);
@@ -109,5 +109,5 @@ void CSurfaceSVG::Detail::appendDefinitions(TovoTextString& head) const
     if ((m_page.m_symbolsUsed & TiledImageUsed) != 0) {
         appendSymbol(head, TiledImageSymbol, " stroke-width='0'");
     }
-    head.append("</defs>\n\n");
+    appendPieces(head, DefsEndTag, "\n\n");
 }

@@ -42,7 +42,7 @@ void appendFaceName(TovoTextString& out, const char* faceName)
 
 void CSurfaceSVG::writeEndGroup()
 {
-    m_body.append("</g>\n");
+    appendPieces(m_body, GroupEnd, ">\n");
 }
 
 void CSurfaceSVG::setFont(CSurfaceFont* font)
@@ -78,7 +78,7 @@ void CSurfaceSVG::writeFont(char* faceName, float size, bool bold, bool italic, 
         writeEndGroup();
     }
     TovoTextString element(TextRoom{200});
-    appendPieces(element, "<g ", FontFamilyKey);
+    appendPieces(element, GroupTag, FontFamilyKey);
     appendFaceName(element, faceName);
     appendPieces(element, "' ", FontSizeKey, FixedNumber{size, 2, FontSizeRoom}, "pt' ", FontStyleKey,
                  std::string_view(italic ? ItalicWord : "normal"), "' ", FontWeightKey,
@@ -114,7 +114,7 @@ void CSurfaceSVG::setClippingRegion(RECT* rect)
 
 void CSurfaceSVG::writeClippingRegion()
 {
-    appendPieces(m_body, "<g ", ClipPathKey, "url(#", ClipId, m_currentClip, ")'>\n");
+    appendPieces(m_body, GroupTag, ClipPathKey, "url(", ClipReference, m_currentClip, ")'>\n");
 }
 
 void CSurfaceSVG::setTransform(float m11, float m12, float m21, float m22, float dx, float dy)
@@ -131,7 +131,7 @@ void CSurfaceSVG::setTransform(float m11, float m12, float m21, float m22, float
 
 void CSurfaceSVG::writeTransform()
 {
-    appendPieces(m_body, "<g ", TransformWord, "='", MatrixWord, transformNumber(m_transform[0]), ",",
+    appendPieces(m_body, GroupTag, TransformWord, "='", MatrixWord, transformNumber(m_transform[0]), ",",
                  transformNumber(m_transform[1]), ",", transformNumber(m_transform[2]), ",",
                  transformNumber(m_transform[3]), ",", transformNumber(m_transform[4]), ",",
                  transformNumber(m_transform[5]), ")'>\n");

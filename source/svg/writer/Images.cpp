@@ -12,7 +12,7 @@
 #include "SvgWriterDetail.h"
 #include "decodedImage.h"
 #include "imageNumbers.h"
-#include "moduleHeap.h"
+#include "moduleObjects.h"
 #include "pageText.h"
 #include "rectangle.h"
 #include "sys/errorNumbers.h"
@@ -92,7 +92,7 @@ void CSurfaceSVG::includeImage(unsigned int id, unsigned char* data, int size, i
     int textLength = 0;
     const int error = convertImage(data, size, picType, text.characters, textLength);
     TovoTextString element(TextRoom{200});
-    appendPieces(element, "<image id='", ImageId, id, "' width='", width, "' height='", height, "' ",
+    appendPieces(element, ImageTag, " id='", ImageId, id, "' width='", width, "' height='", height, "' ",
                  PictureTypeKey, picType, "' preserveAspectRatio='defer' ", HrefKey, "data:;base64,\n");
     if (error == 0) {
         element.append(text.characters, static_cast<unsigned int>(textLength));
@@ -157,23 +157,23 @@ void CSurfaceSVG::drawImage(RECT* rect, unsigned int id, int mode, int x, int y)
     const int height = heightOf(*rect);
     Detail::Change change(*this);
     TovoTextString element(TextRoom{400});
-    appendPieces(element, "\n<svg x='", int{rect->left}, "' y='", int{rect->top}, "' width='", width,
+    appendPieces(element, "\n", SvgTag, " x='", int{rect->left}, "' y='", int{rect->top}, "' width='", width,
                  "' height='", height, "' ", ViewBoxKey, "0 0 ");
     if (mode == ScaledMode) {
         appendPieces(element, int{size->x}, " ", int{size->y});
     } else if (mode == NaturalMode || mode == TiledMode) {
         appendPieces(element, width, " ", height);
     }
-    appendPieces(element, "' preserveAspectRatio='xMinYMin meet'>\n\t<use x='", x, "' y='", y);
+    appendPieces(element, "' preserveAspectRatio='xMinYMin meet'>\n\t", UseTag, " x='", x, "' y='", y);
     if (mode == TiledMode) {
         makePatternDef(wrapToInt(id));
-        appendPieces(element, "' width='", width, "' height='", height, "' ", FillKey, "url(#", PatternId,
-                     m_patternCount, ")' ", HrefKey, "#", TiledImageSymbol);
+        appendPieces(element, "' width='", width, "' height='", height, "' ", FillKey, "url(",
+                     PatternReference, m_patternCount, ")' ", HrefKey, "#", TiledImageSymbol);
         m_symbolsUsed |= Detail::TiledImageUsed;
     } else {
         appendPieces(element, "' ", HrefKey, "#", ImageId, id);
     }
-    appendPieces(element, "'/>\n</svg>\n");
+    appendPieces(element, "'/>\n", SvgEndTag, "\n");
     m_body.append(element);
     change.keep();
 }
@@ -185,7 +185,7 @@ void CSurfaceSVG::makePatternDef(int image)
         return;
     }
     ++m_patternCount;
-    appendPieces(m_patternDefs, "<pattern id='", PatternId, m_patternCount,
+    appendPieces(m_patternDefs, PatternTag, " id='", PatternId, m_patternCount,
                  "' patternUnits='userSpaceOnUse' x='0' y='0' width='", int{size->x}, "' height='",
-                 int{size->y}, "'><use ", HrefKey, "#", ImageId, image, "'/></pattern>\n");
+                 int{size->y}, "'>", UseTag, " ", HrefKey, "#", ImageId, image, "'/>", PatternEndTag, "\n");
 }

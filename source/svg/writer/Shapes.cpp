@@ -36,7 +36,7 @@ void appendPoints(TovoTextString& out, const POINT* points, unsigned int count)
 
 void appendUse(TovoTextString& out, const RECT& rect, std::string_view symbol)
 {
-    appendPieces(out, "<use x='", int{rect.left}, "' y='", int{rect.top}, "' width='", widthOf(rect),
+    appendPieces(out, UseTag, " x='", int{rect.left}, "' y='", int{rect.top}, "' width='", widthOf(rect),
                  "' height='", heightOf(rect), "' ", HrefKey, "#", symbol, "'");
 }
 
@@ -85,7 +85,7 @@ void CSurfaceSVG::drawFocusRect(RECT* rect)
 void CSurfaceSVG::drawLine(int x1, int y1, int x2, int y2)
 {
     TovoTextString element(ElementRoom);
-    appendPieces(element, "<line x1='", x1, "' y1='", y1, "' x2='", x2, "' y2='", y2, "'");
+    appendPieces(element, LineTag, " x1='", x1, "' y1='", y1, "' x2='", x2, "' y2='", y2, "'");
     appendPenStyle(element);
     appendPieces(element, " />\n");
     m_body.append(element);
@@ -103,8 +103,8 @@ void CSurfaceSVG::drawRectangle(RECT* rect, int rx, int ry)
     }
     Detail::Change change(*this);
     TovoTextString element(ElementRoom);
-    appendPieces(element, "<rect x='", int{rect->left}, "' y='", int{rect->top}, "' width='", widthOf(*rect),
-                 "' height='", heightOf(*rect), "'");
+    appendPieces(element, RectTag, " x='", int{rect->left}, "' y='", int{rect->top}, "' width='",
+                 widthOf(*rect), "' height='", heightOf(*rect), "'");
     if (rx > 0) {
         appendPieces(element, " rx='", rx, "'");
     }
@@ -137,7 +137,7 @@ void CSurfaceSVG::drawEllipse(RECT* rect, bool /*filled*/)
     const int ry = heightOf(*rect) / 2;
     Detail::Change change(*this);
     TovoTextString element(ElementRoom);
-    appendPieces(element, "<ellipse cx='", wrapAdd(rect->left, rx), "' cy='", wrapAdd(rect->top, ry),
+    appendPieces(element, EllipseTag, " cx='", wrapAdd(rect->left, rx), "' cy='", wrapAdd(rect->top, ry),
                  "' rx='", std::abs(rx), "' ry='", std::abs(ry), "' ");
     appendFillStyle(element);
     appendPenStyle(element);
@@ -158,7 +158,7 @@ void CSurfaceSVG::drawPolygon(POINT* points, unsigned int count, bool filled)
     }
     Detail::Change change(*this);
     TovoTextString element(ElementRoom);
-    appendPieces(element, "<polygon ", PointsKey);
+    appendPieces(element, PolygonTag, " ", PointsKey);
     appendPoints(element, points, count);
     appendPieces(element, "'");
     appendPenStyle(element);
@@ -181,7 +181,7 @@ void CSurfaceSVG::drawPolyline(POINT* points, unsigned int count)
         return;
     }
     TovoTextString element(ElementRoom);
-    appendPieces(element, "<polyline ", PointsKey);
+    appendPieces(element, PolylineTag, " ", PointsKey);
     appendPoints(element, points, count);
     appendPieces(element, "'");
     appendPenStyle(element);
@@ -196,7 +196,7 @@ void CSurfaceSVG::drawPath(RECT* rect, bool filled)
     }
     Detail::Change change(*this);
     TovoTextString element(ElementRoom);
-    appendPieces(element, "<path ");
+    appendPieces(element, PathTag, " ");
     appendPath(element, rect);
     appendPenStyle(element);
     if (filled) {
@@ -214,7 +214,7 @@ void CSurfaceSVG::drawPath(POINT* points, unsigned int count, bool filled)
     }
     Detail::Change change(*this);
     TovoTextString element(ElementRoom);
-    appendPieces(element, "<path ");
+    appendPieces(element, PathTag, " ");
     appendPath(element, points, count);
     appendPenStyle(element);
     if (filled) {

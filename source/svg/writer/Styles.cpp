@@ -94,7 +94,7 @@ void CSurfaceSVG::appendFillStyle(TovoTextString& out)
         appendPieces(out, " ", FillKey, "none' ");
     } else {
         makePatternDef();
-        appendPieces(out, " ", FillKey, "url(#", PatternId, m_patternCount, ")' ");
+        appendPieces(out, " ", FillKey, "url(", PatternReference, m_patternCount, ")' ");
     }
 }
 
@@ -104,7 +104,7 @@ void CSurfaceSVG::appendClipStyle(TovoTextString& out, RECT* rect)
         return;
     }
     makeClipDef(rect);
-    appendPieces(out, " ", ClipPathKey, "url(#", ClipId, m_clipCount, ")' ");
+    appendPieces(out, " ", ClipPathKey, "url(", ClipReference, m_clipCount, ")' ");
 }
 
 void CSurfaceSVG::appendPath(TovoTextString& out, RECT* rect)
@@ -129,9 +129,9 @@ void CSurfaceSVG::appendPath(TovoTextString& out, POINT* points, unsigned int co
 void CSurfaceSVG::makeClipDef(RECT* rect)
 {
     ++m_clipCount;
-    appendPieces(m_clipDefs, "<clipPath id='", ClipId, m_clipCount, "'><path ");
+    appendPieces(m_clipDefs, ClipPathTag, " id='", ClipId, m_clipCount, "'>", PathTag, " ");
     appendPath(m_clipDefs, rect);
-    appendPieces(m_clipDefs, " /></clipPath>\n");
+    appendPieces(m_clipDefs, " />", ClipPathEndTag, "\n");
 }
 
 void CSurfaceSVG::makePatternDef()
@@ -144,8 +144,8 @@ void CSurfaceSVG::makePatternDef()
     const int hatch = wrapSubtract(style, FirstHatchBrush);
     const bool known = hatch >= 0 && hatch < SvgHatchCount;
     ++m_patternCount;
-    appendPieces(m_patternDefs, "<pattern id='", PatternId, m_patternCount, "' ", StrokeKey,
+    appendPieces(m_patternDefs, PatternTag, " id='", PatternId, m_patternCount, "' ", StrokeKey,
                  RgbColor{m_brush.getColor()}, "' ", HrefKey, "#",
-                 std::string_view(known ? SvgHatches[hatch].name : ""), "'></pattern>\n");
+                 std::string_view(known ? SvgHatches[hatch].name : ""), "'>", PatternEndTag, "\n");
     m_symbolsUsed |= Detail::HatchUsed;
 }

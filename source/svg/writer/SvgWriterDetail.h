@@ -3,6 +3,8 @@
 // Made where it is called, and gone with the call. Writing in several steps is the business of Change (SvgChange.h).
 #pragma once
 
+#include <string_view>
+
 #include "hidden.h"
 #include "surfaceSVG.h"
 
@@ -25,6 +27,7 @@ public:
     };
 
     class Change;
+    struct ArcPath;
 
     explicit Detail(CSurfaceSVG& page) : m_page(page) {}
 
@@ -32,6 +35,7 @@ public:
     void appendTextHead(TovoTextString& out, RECT* rect, int flags, const char* spaceAttribute);
     bool writeChunks(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int flags,
                      const TextRotation& rotation);
+    void drawSector(std::string_view name, RECT* rect, POINT start, POINT end);
     // Null for a number without an image.
     const POINT* sizeOfImage(int id) const;
 

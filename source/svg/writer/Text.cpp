@@ -81,8 +81,8 @@ void CSurfaceSVG::appendTextStyle(TovoTextString& out, int flags)
 void CSurfaceSVG::Detail::appendTextHead(TovoTextString& out, RECT* rect, int flags,
                                          const char* spaceAttribute)
 {
-    appendPieces(out, "<text x='", anchorOf(*rect, static_cast<unsigned int>(flags)), "' y='", int{rect->top},
-                 "' dy='1em'", std::string_view(spaceAttribute),
+    appendPieces(out, TextTag, "x='", anchorOf(*rect, static_cast<unsigned int>(flags)), "' y='",
+                 int{rect->top}, "' dy='1em'", std::string_view(spaceAttribute),
                  std::string_view(m_page.m_nofmPending ? " class='nofm'" : ""));
     m_page.m_nofmPending = false;
     m_page.appendTextStyle(out, rect, flags);
@@ -98,7 +98,7 @@ void CSurfaceSVG::drawString(const char* text, RECT* rect, unsigned int flags)
     TovoTextString element(TextRoom{200});
     Detail(*this).appendTextHead(element, rect, wrapToInt(flags), "");
     appendEscaped(element, text, lengthOf(text));
-    appendPieces(element, "</text>\n");
+    appendPieces(element, TextEndTag, "\n");
     m_body.append(element);
     change.keep();
 }
@@ -114,11 +114,11 @@ void CSurfaceSVG::drawTextAt(const char* text, POINT* point, unsigned int flags)
         return;
     }
     TovoTextString element(TextRoom{200});
-    appendPieces(element, "<text x='", int{point->x}, "' y='", int{point->y}, "' dy='1em'");
+    appendPieces(element, TextTag, "x='", int{point->x}, "' y='", int{point->y}, "' dy='1em'");
     appendTextStyle(element, wrapToInt(flags));
     appendPieces(element, ">");
     appendEscaped(element, text, lengthOf(text));
-    appendPieces(element, "</text>\n");
+    appendPieces(element, TextEndTag, "\n");
     m_body.append(element);
 }
 
@@ -129,16 +129,16 @@ void CSurfaceSVG::drawTextOnBaseLine(int x, int y, unsigned int options, RECT* r
     }
     Detail::Change change(*this);
     TovoTextString element(TextRoom{200});
-    appendPieces(element, "<text x='", x, "' y='", y, "' ");
+    appendPieces(element, TextTag, "x='", x, "' y='", y, "' ");
     if ((options & ClippedOption) != 0 && rect != nullptr) {
         makeClipDef(rect);
-        appendPieces(element, " ", ClipPathKey, "url(#", ClipId, m_clipCount, ")'");
+        appendPieces(element, " ", ClipPathKey, "url(", ClipReference, m_clipCount, ")'");
     }
     appendTextStyle(element, wrapToInt(options));
     appendPieces(element, " xml:space='preserve' class='", BaseLineClass, "'>");
     const std::string_view characters = leftOf(text, length);
     appendEscaped(element, characters.data(), static_cast<unsigned int>(characters.size()));
-    appendPieces(element, "</text>\n");
+    appendPieces(element, TextEndTag, "\n");
     m_body.append(element);
     change.keep();
 }
@@ -181,11 +181,11 @@ bool CSurfaceSVG::Detail::writeChunks(Array<CSurfaceTextChunk, 2>* chunks, RECT*
             }
             appendChunk(element, *chunk, rect->top, rotation);
             if (rotation.textAngle != 0) {
-                appendPieces(element, "\t</textPath>\n");
+                appendPieces(element, "\t", TextPathEndTag, "\n");
             }
         }
     }
-    appendPieces(element, "</text>\n");
+    appendPieces(element, TextEndTag, "\n");
     m_page.m_body.append(element);
     change.keep();
     return true;
@@ -194,7 +194,7 @@ bool CSurfaceSVG::Detail::writeChunks(Array<CSurfaceTextChunk, 2>* chunks, RECT*
 void CSurfaceSVG::Detail::appendChunk(TovoTextString& out, const CSurfaceTextChunk& chunk, int top,
                                       const TextRotation& rotation)
 {
-    appendPieces(out, "\t<tspan");
+    appendPieces(out, "\t", SpanTag);
     if (!chunk.m_followsPrevious) {
         appendPieces(out, " x='", int{chunk.m_position.x}, "' y='");
         if (rotation.textAngle == 0) {
@@ -218,7 +218,7 @@ void CSurfaceSVG::Detail::appendChunk(TovoTextString& out, const CSurfaceTextChu
     }
     appendPieces(out, ">");
     appendEscaped(out, chunk.m_text.text(), chunk.m_text.length());
-    appendPieces(out, "</tspan>\n");
+    appendPieces(out, SpanEndTag, "\n");
 }
 
 void CSurfaceSVG::Detail::appendGlyphRotation(TovoTextString& out, int angle, unsigned int characters)
@@ -255,10 +255,10 @@ void CSurfaceSVG::createTextPath(TovoTextString& out, int x, int y, int angle)
         return;
     }
     ++m_textPathCount;
-    appendPieces(m_textPathDefs, "<path id='", TextPathId, m_textPathCount, "' d='M", x, " ", y, "L",
+    appendPieces(m_textPathDefs, PathTag, " id='", TextPathId, m_textPathCount, "' d='M", x, " ", y, "L",
                  wrapAdd(x, PathLength), " ", y, "' transform='translate(0 0) rotate( ", -angle, " ", x, " ",
                  y, ")'/>\n");
     // The offset cancels the absolute x of the runs on the path.
-    appendPieces(out, "<textPath ", HrefKey, "#", TextPathId, m_textPathCount, "' startOffset='",
+    appendPieces(out, TextPathTag, " ", HrefKey, "#", TextPathId, m_textPathCount, "' startOffset='",
                  wrapSubtract(0, x), "'>");
 }

@@ -1,4 +1,4 @@
-// The module's own heap "SRF" and its log.
+// What exists once for each loaded module: its own heap "SRF", its log, the lock of drawn text, its version.
 //
 // The classes of the interface have their operator new from ModuleObject, which allocates here; objects of other classes
 // are made by makeInModuleHeap.
@@ -14,6 +14,11 @@ namespace drawing {
 // Made when the module is loaded and destroyed, in the reverse order, when it is unloaded.
 extern KrnLog moduleLog;
 extern XHeap moduleHeap;
+// Serialises the drawing of text on devices across all threads and surfaces.
+extern ThreadMutex__ drawTextLock;
+
+// The four numbers with points between them, as documents carry them in their first comment.
+const char* moduleVersionText();
 
 // A block of the module's heap; null without memory, also for a size beyond the heap's 32 bits.
 void* allocateFromModuleHeap(std::size_t size) noexcept;

@@ -1,11 +1,10 @@
 // How a line of text lies on the device: where it runs, where its letters stand up, and how large logical units are
-// along and across it. Made of the selected font's angles and the context's mapping.
+// along and across it. Made by frameOfText() of the selected font's
+// angles and the context's mapping.
 //
 // Text stands upright on the device however the page's axes point (MM_LOMETRIC grows upward, say), and angles are
 // counter-clockwise as seen. The world transform turns, scales and mirrors text like everything else.
 #pragma once
-
-#include "DeviceContext.h"
 
 namespace wingdi {
 
@@ -29,8 +28,6 @@ struct TextFrame {
     // -1 where logical axes point to the left or upward on the page.
     int signX;
     int signY;
-
-    static TextFrame of(const DeviceContext& context);
 };
 
 } // namespace wingdi

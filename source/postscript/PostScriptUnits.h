@@ -1,8 +1,0 @@
-// Sizes of pages are in millimetres; an interpreter starts with points.
-#pragma once
-
-namespace postscript {
-
-inline constexpr double PointsPerMillimetre = 2.83465;
-
-} // namespace postscript
