@@ -30,9 +30,9 @@ struct ImageLibrary {
     FREE_IMAGE_FORMAT (*getFileTypeFromMemory)(FIMEMORY* memory, int size);
     BOOL (*saveToMemory)(FREE_IMAGE_FORMAT format, FIBITMAP* bitmap, FIMEMORY* memory, int flags);
 
-    FREE_IMAGE_FORMAT (*getFileTypeFromHandle)
+    FREE_IMAGE_FORMAT(*getFileTypeFromHandle)
     (krnutil::ImageReaderFunctions* functions, void* handle, int size);
-    BOOL (*validateFromHandle)
+    BOOL(*validateFromHandle)
     (FREE_IMAGE_FORMAT format, krnutil::ImageReaderFunctions* functions, void* handle);
     FIBITMAP* (*loadFromHandle)(FREE_IMAGE_FORMAT format, krnutil::ImageReaderFunctions* functions,
                                 void* handle, int flags);
