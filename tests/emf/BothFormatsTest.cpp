@@ -1,9 +1,9 @@
 // One report as a page of either format: where the page operations answer differently.
 #include "MetafileBuilder.h"
-#include "player/PlayedPage.h"
+#include "support/PlayedPage.h"
+#include "support/SearchedPage.h"
 #include "surfaceEMF.h"
 #include "surfaceSVG.h"
-#include "svgpages/SearchedPage.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Metafiles of other programs, whole and damaged, through all page operations.
 #include "MetafileBuilder.h"
 #include "metaFilePlayerEMF.h"
-#include "svgpages/SearchedPage.h"
+#include "support/SearchedPage.h"
 
 #include <gtest/gtest.h>
 

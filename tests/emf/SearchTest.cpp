@@ -1,7 +1,7 @@
 // Searching a metafile page to its end: which hits come, and what the marked page is.
 #include "MetafileBuilder.h"
 #include "metaFilePlayerEMF.h"
-#include "svgpages/SearchedPage.h"
+#include "support/SearchedPage.h"
 #include "sys/tovostr.h"
 
 #include <gtest/gtest.h>

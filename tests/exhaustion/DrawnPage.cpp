@@ -8,12 +8,13 @@
 #include <gdidevice.h>
 
 #include "support/MetafileRecords.h"
+#include "support/PixelPage.h"
+#include "support/Runs.h"
 #include "support/bitmapFile.h"
 #include "surfaceEMF.h"
 #include "surfaceHdc.h"
 #include "surfacePSPrinter.h"
 #include "surfaceSVG.h"
-#include "text/Runs.h"
 
 namespace {
 
@@ -183,13 +184,9 @@ std::string faultOfMetafile(const std::string& page)
     metafileRecords(std::vector<unsigned char>(page.begin(), page.end())); // expects by itself
     const HENHMETAFILE metafile =
         SetEnhMetaFileBits(static_cast<UINT>(page.size()), reinterpret_cast<const BYTE*>(page.data()));
-    GdiDeviceOptions options;
-    options.width = 40;
-    options.height = 30;
-    const HDC device = gdiCreateDevice(&options);
+    const PixelPage device(40, 30);
     const RECT target{0, 0, 40, 30};
-    const bool played = PlayEnhMetaFile(device, metafile, &target) != FALSE;
-    DeleteDC(device);
+    const bool played = PlayEnhMetaFile(device.context(), metafile, &target) != FALSE;
     DeleteEnhMetaFile(metafile);
     return played ? "" : "it does not play";
 }

@@ -1,11 +1,11 @@
 // Pictures on pixels: modes, transparency, and what is reported when a device can't do it.
-#include <gdidevice.h>
 
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "support/PixelPage.h"
 #include "support/bitmapFile.h"
 #include "surfaceHdc.h"
 #include "sys/errorNumbers.h"
@@ -13,13 +13,13 @@
 
 namespace {
 
-// Pixels as letters; what has no letter is "?".
+// Pixels as letters, those of a page and one for transparent ones.
 struct Paint {
     char letter;
     std::string bytes; // blue, green, red, alpha
 };
 const Paint Paints[] = {{'r', std::string("\0\0\xFF\xFF", 4)},    {'g', std::string("\0\xFF\0\xFF", 4)},
-                        {'b', std::string("\xFF\0\0\xFF", 4)},    {'k', std::string("\0\0\0\xFF", 4)},
+                        {'b', std::string("\xFF\0\0\xFF", 4)},    {'#', std::string("\0\0\0\xFF", 4)},
                         {'T', std::string("\xFF\xFF\0\0", 4)}, // transparent
                         {'.', std::string("\xFF\xFF\xFF\xFF", 4)}};
 
@@ -37,27 +37,6 @@ std::string imageOf(const std::vector<std::string>& rows)
     return bitmapOf(pixels, 32, rows.size());
 }
 
-// What is on a page of 8 by 6 pixels.
-std::string pageOf(HDC device)
-{
-    int stride = 0;
-    const unsigned char* const bits = gdiDeviceBits(device, &stride);
-    std::string page;
-    for (int y = 0; y < 6; ++y) {
-        for (int x = 0; x < 8; ++x) {
-            const std::string pixel(
-                reinterpret_cast<const char*>(bits + std::ptrdiff_t{y} * stride + std::ptrdiff_t{4} * x), 3);
-            char letter = '?';
-            for (const Paint& paint : Paints) {
-                letter = paint.letter != 'T' && paint.bytes.compare(0, 3, pixel) == 0 ? paint.letter : letter;
-            }
-            page += letter;
-        }
-        page += '\n';
-    }
-    return page;
-}
-
 struct PictureCase {
     const char* name;
     std::vector<std::string> image;
@@ -69,27 +48,27 @@ struct PictureCase {
     const char* log = "";
 };
 
-const std::vector<std::string> Quarters = {"rg", "bk"};
-const std::vector<std::string> Holed = {"rTg", "bkT"};
-const std::string Empty = "........\n";
-const std::string Opaque = "r?g.....\nbk?.....\n" + Empty + Empty + Empty + Empty;
+const std::vector<std::string> Quarters = {"rg", "b#"};
+const std::vector<std::string> Holed = {"rTg", "b#T"};
+const std::string Empty = "\n........";
+const std::string Opaque = "\nrcg.....\nb#c....." + Empty + Empty + Empty + Empty;
 const GdiDeviceOptions WithoutBlits{8, 6, 96, 0};
 const GdiDeviceOptions Failing{8, 6, 96, RC_BITBLT | RC_STRETCHBLT, 1};
 
 const PictureCase Cases[] = {
-    {"scaled", Quarters, Empty + ".rrgg...\n.rrgg...\n.bbkk...\n.bbkk...\n" + Empty, {1, 1, 5, 5}, {}, 1},
-    {"own size", Quarters, Empty + ".rg.....\n.bk.....\n" + Empty + Empty + Empty, {1, 1, 7, 5}, {}, 0},
+    {"scaled", Quarters, Empty + "\n.rrgg...\n.rrgg...\n.bb##...\n.bb##..." + Empty, {1, 1, 5, 5}, {}, 1},
+    {"own size", Quarters, Empty + "\n.rg.....\n.b#....." + Empty + Empty + Empty, {1, 1, 7, 5}, {}, 0},
     {"top rows in a low rectangle",
      Quarters,
-     Empty + ".rg.....\n" + Empty + Empty + Empty + Empty,
+     Empty + "\n.rg....." + Empty + Empty + Empty + Empty,
      {1, 1, 7, 2},
      {},
      0},
-    {"further down", Quarters, Empty + ".k......\n" + Empty + Empty + Empty + Empty, {1, 1, 7, 2}, {1, 1}, 0},
-    {"tiled", Quarters, Empty + ".grgrg..\n.kbkbk..\n.grgrg..\n" + Empty + Empty, {1, 1, 6, 4}, {1, 0}, 2},
+    {"further down", Quarters, Empty + "\n.#......" + Empty + Empty + Empty + Empty, {1, 1, 7, 2}, {1, 1}, 0},
+    {"tiled", Quarters, Empty + "\n.grgrg..\n.#b#b#..\n.grgrg.." + Empty + Empty, {1, 1, 6, 4}, {1, 0}, 2},
     {"no mode", Quarters, Empty + Empty + Empty + Empty + Empty + Empty, {1, 1, 6, 4}, {}, 3},
-    {"holes, own size", Holed, Empty + ".r.g....\n" + Empty + Empty + Empty + Empty, {1, 1, 7, 2}, {}, 0},
-    {"holes, scaled", Holed, "rr..gg..\nrr..gg..\nbbkk....\nbbkk....\n" + Empty + Empty, {0, 0, 6, 4}, {}, 1},
+    {"holes, own size", Holed, Empty + "\n.r.g...." + Empty + Empty + Empty + Empty, {1, 1, 7, 2}, {}, 0},
+    {"holes, scaled", Holed, "\nrr..gg..\nrr..gg..\nbb##....\nbb##...." + Empty + Empty, {0, 0, 6, 4}, {}, 1},
     {"no raster steps",
      Holed,
      Opaque,
@@ -115,9 +94,9 @@ TEST(Pictures, AreDrawnInTheirModes)
     for (const PictureCase& c : Cases) {
         std::string log;
         krnSetLogSink([](const char* line, void* text) { *static_cast<std::string*>(text) += line; }, &log);
-        const HDC device = gdiCreateDevice(&c.device);
+        const PixelPage page(c.device);
         {
-            CSurfaceHdc surface(device);
+            CSurfaceHdc surface(page.context());
             std::string image = imageOf(c.image);
             auto* const bytes = reinterpret_cast<unsigned char*>(image.data());
             const int width = static_cast<int>(c.image[0].size());
@@ -128,9 +107,8 @@ TEST(Pictures, AreDrawnInTheirModes)
             RECT rect = c.rect;
             surface.drawImage(&rect, 8, c.mode, c.offset.x, c.offset.y);
             surface.drawImage(&rect, Id, c.mode, c.offset.x, c.offset.y);
-            EXPECT_EQ(c.page, pageOf(device)) << c.name;
+            EXPECT_EQ(c.page, page.picture()) << c.name;
         }
-        DeleteDC(device);
         krnSetLogSink(nullptr, nullptr);
         EXPECT_EQ(c.log, log) << c.name;
     }
@@ -139,7 +117,8 @@ TEST(Pictures, AreDrawnInTheirModes)
 // A tile smaller than a hatch is made one, and is one from then on.
 TEST(Pictures, SmallerThanAHatchBecomeOne)
 {
-    const HDC device = gdiCreateDevice(nullptr);
+    const PixelPage page;
+    const HDC device = page.context();
     std::string image = imageOf({"rg"});
     CSurfacePicture picture;
     picture.m_width = 2;
@@ -159,17 +138,15 @@ TEST(Pictures, SmallerThanAHatchBecomeOne)
     EXPECT_EQ(krnError::ImageLibraryMissing, picture.draw(device, &rect, 0, 0, 1));
     krnSetImageLibrary(nullptr);
     picture.m_data = nullptr; // belongs to the test
-    DeleteDC(device);
 }
 
 // A brush of a picture fills with it; one of no picture is hollow; one that can't be decoded changes nothing.
 TEST(Pictures, FillAsBrushes)
 {
-    const GdiDeviceOptions options{8, 6, 96};
-    const HDC device = gdiCreateDevice(&options);
+    const PixelPage page(8, 6);
     {
-        CSurfaceHdc surface(device);
-        std::string image = imageOf(std::vector<std::string>(8, "rgbkrgbk"));
+        CSurfaceHdc surface(page.context());
+        std::string image = imageOf(std::vector<std::string>(8, "rgb#rgb#"));
         surface.includeImage(1, reinterpret_cast<unsigned char*>(image.data()),
                              static_cast<int>(image.size()), 8, 8, 8);
         surface.includeImage(2, reinterpret_cast<unsigned char*>(image.data()), 9, 8, 8, 8);
@@ -182,10 +159,9 @@ TEST(Pictures, FillAsBrushes)
             surface.drawRectangle(&rect);
             rect = {0, 3, 9, 7};
         }
-        const std::string row = "rgbkrgbk\n";
-        EXPECT_EQ(row + row + row + row + row + row, pageOf(device));
+        const std::string row = "\nrgb#rgb#";
+        EXPECT_EQ(row + row + row + row + row + row, page.picture());
     }
-    DeleteDC(device);
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // What calls on a recording surface leave in the metafile, in their order.
 #include "RecordedPage.h"
 
+#include "support/Runs.h"
 #include "surfaceHdc.h"
-#include "text/Runs.h"
 
 namespace {
 
@@ -50,11 +50,13 @@ const RecordedCase Cases[] = {
          s.polygon(nullptr, 3);
          s.drawRectangle(nullptr);
      },
-     "27: 1 2\n54: 3 4\n43: 10 20 29 39\n44: 10 20 29 39 5 6\n45: 10 20 29 39 1 2 3 4\n47: 10 20 29 39 1 2 3 "
-     "4\n46: 10 20 29 39 1 2 3 4\n87: 1 2 30 60 3 131073 262174 3932165\n39: 1 0 255 0\n37: 1\n76: 1 2 2 3 1 "
+     "MOVETOEX: 1 2\nLINETO: 3 4\nRECTANGLE: 10 20 29 39\nROUNDRECT: 10 20 29 39 5 6\nARC: 10 20 29 39 1 2 3 "
+     "4\nPIE: 10 20 29 39 1 2 3 "
+     "4\nCHORD: 10 20 29 39 1 2 3 4\nPOLYLINE16: 1 2 30 60 3 131073 262174 3932165\nCREATEBRUSHINDIRECT: 1 0 "
+     "255 0\nSELECTOBJECT: 1\nBITBLT: 1 2 2 3 1 "
      "2 2 2 "
      "15728673" +
-         NoBitmap + "37: -2147483648\n40: 1\n53: 1 2 3 1\n"},
+         NoBitmap + "SELECTOBJECT: -2147483648\nDELETEOBJECT: 1\nEXTFLOODFILL: 1 2 3 1\n"},
     {"EdgesPolygonsAndFocus",
      [](CSurfaceEMF& s) {
          POINT points[] = {{1, 2}, {30, 4}, {5, 60}};
@@ -66,13 +68,16 @@ const RecordedCase Cases[] = {
          s.setMapMode(MM_TEXT); // is in force
          s.setMapMode(MM_HIMETRIC);
      },
-     "86: 1 2 30 60 3 131073 262174 3932165\n87: 1 2 30 4 2 131073 262174\n43: 10 20 29 39\n"
-     "39: 1 0 13160660 0\n37: 1\n76: 10 20 10 39 10 20 1 20 15728673" +
+     "POLYGON16: 1 2 30 60 3 131073 262174 3932165\nPOLYLINE16: 1 2 30 4 2 131073 262174\nRECTANGLE: 10 20 "
+     "29 39\n"
+     "CREATEBRUSHINDIRECT: 1 0 13160660 0\nSELECTOBJECT: 1\nBITBLT: 10 20 10 39 10 20 1 20 15728673" +
          NoBitmap +
-         "37: -2147483648\n40: 1\n"
-         "94: 1 0 32 48 80 32 40 8 8 65537 0 32 0 0 0 0 0 16777215 170 85 170 85 170 85 170 85\n37: 1\n"
-         "76: 10 20 12 20 10 20 3 1 5898313" +
-         NoBitmap + "76: 10 21 12 21 10 21 3 1 5898313" + NoBitmap + "37: -2147483648\n40: 1\n17: 3\n"},
+         "SELECTOBJECT: -2147483648\nDELETEOBJECT: 1\n"
+         "CREATEDIBPATTERNBRUSHPT: 1 0 32 48 80 32 40 8 8 65537 0 32 0 0 0 0 0 16777215 170 85 170 85 170 85 "
+         "170 85\nSELECTOBJECT: 1\n"
+         "BITBLT: 10 20 12 20 10 20 3 1 5898313" +
+         NoBitmap + "BITBLT: 10 21 12 21 10 21 3 1 5898313" + NoBitmap +
+         "SELECTOBJECT: -2147483648\nDELETEOBJECT: 1\nSETMAPMODE: 3\n"},
     // A brush that leaves is deleted; all but solid ones reset the brush origin.
     {"PensAndBrushes",
      [](CSurfaceEMF& s) {
@@ -83,8 +88,11 @@ const RecordedCase Cases[] = {
          s.setBrush(0, 1);
          s.setPen(0, 0x2200, 1);
      },
-     "95: 1 0 0 0 0 65537 3 0 255 0 0 0\n37: 1\n39: 2 0 65280 0\n37: 2\n39: 3 2 65280 2\n37: 3\n40: 2\n13: 0 "
-     "0\n37: -2147483643\n40: 3\n13: 0 0\n95: 2 0 0 0 0 74240 1 0 0 0 0 0\n37: 2\n40: 1\n"},
+     "EXTCREATEPEN: 1 0 0 0 0 65537 3 0 255 0 0 0\nSELECTOBJECT: 1\nCREATEBRUSHINDIRECT: 2 0 65280 "
+     "0\nSELECTOBJECT: 2\nCREATEBRUSHINDIRECT: 3 2 65280 2\nSELECTOBJECT: 3\nDELETEOBJECT: 2\nSETBRUSHORGEX: "
+     "0 "
+     "0\nSELECTOBJECT: -2147483643\nDELETEOBJECT: 3\nSETBRUSHORGEX: 0 0\nEXTCREATEPEN: 2 0 0 0 0 74240 1 0 0 "
+     "0 0 0\nSELECTOBJECT: 2\nDELETEOBJECT: 1\n"},
     // 5 is white, and 24 is no system colour.
     {"Colours",
      [](CSurfaceEMF& s) {
@@ -96,7 +104,7 @@ const RecordedCase Cases[] = {
          s.setBackMode(1);
          s.drawEraseRectangle(nullptr, 0x123456);
      },
-     "24: 16777215\n24: 24\n18: 1\n24: 1193046\n24: 24\n"},
+     "SETTEXTCOLOR: 16777215\nSETTEXTCOLOR: 24\nSETBKMODE: 1\nSETTEXTCOLOR: 1193046\nSETTEXTCOLOR: 24\n"},
     // A second transform multiplies on top of the first, and only one is kept to go back to.
     {"Mapping",
      [](CSurfaceEMF& s) {
@@ -110,10 +118,12 @@ const RecordedCase Cases[] = {
          s.resetBrushOrg(&origin, 5);
          s.resetBrushOrg(nullptr, -3);
      },
-     "36: 1065353216 0 0 1065353216 1084227584 1086324736 2\n75: 48 5 32 1 1 16 6 8 35 46 6 8 35 46\n36: "
+     "MODIFYWORLDTRANSFORM: 1065353216 0 0 1065353216 1084227584 1086324736 2\nEXTSELECTCLIPRGN: 48 5 32 1 1 "
+     "16 6 8 35 46 6 8 35 46\nMODIFYWORLDTRANSFORM: "
      "1073741824 "
-     "0 0 1073741824 0 0 2\n35: 1065353216 0 0 1065353216 1084227584 1086324736\n75: 0 5\n13: -5 5\n13: -3 "
-     "1\n13: 0 "
+     "0 0 1073741824 0 0 2\nSETWORLDTRANSFORM: 1065353216 0 0 1065353216 1084227584 "
+     "1086324736\nEXTSELECTCLIPRGN: 0 5\nSETBRUSHORGEX: -5 5\nSETBRUSHORGEX: -3 "
+     "1\nSETBRUSHORGEX: 0 "
      "0\n"},
     // A font that leaves the device goes at the next change; one of a size below 0 has a line's height.
     {"Fonts",
@@ -125,9 +135,10 @@ const RecordedCase Cases[] = {
          s.setTextStyle(&style);
          s.drawText("AB", in({1, 2, 100, 200}), 0);
      },
-     "font 1 -16 0 0\n37: 1\nfont 2 4 0 0\n37: 2\n40: 1\nfont 1 4 450 300\n37: 1\n24: 16711680\n18: "
+     "font 1 -16 0 0\nSELECTOBJECT: 1\nfont 2 4 0 0\nSELECTOBJECT: 2\nDELETEOBJECT: 1\nfont 1 4 450 "
+     "300\nSELECTOBJECT: 1\nSETTEXTCOLOR: 16711680\nSETBKMODE: "
      "1\n'AB' 1 2 4 "
-     "3\n37: -2147483635\n"},
+     "3\nSELECTOBJECT: -2147483635\n"},
     // A last single ampersand is not drawn.
     {"PlainText",
      [](CSurfaceEMF& s) {
@@ -148,9 +159,11 @@ const RecordedCase Cases[] = {
          s.drawTextOnBaseLine(7, 8, 4, in({1, 2, 3, 4}), cut, 2);
          s.drawTextOnBaseLine(7, 8, 0, nullptr, text, 5);
      },
-     "font 1 -16 0 0\n37: 1\n18: 1\n'&' 1 2 4 11\n'A' 1 2 4 11\n'a&' 1 2 4 9\n24: 255\n'Mid' 37 60 4 "
+     "font 1 -16 0 0\nSELECTOBJECT: 1\nSETBKMODE: 1\n'&' 1 2 4 11\n'A' 1 2 4 11\n'a&' 1 2 4 9\nSETTEXTCOLOR: "
+     "255\n'Mid' 37 60 4 "
      "13\n'End' 21 60 "
-     "4 11\n'C' 44 91 4 12\n'C' 44 137 4 12\n22: 24\n'ba' 7 8 4 9\n22: 0\n22: 24\n'base' 7 8 0 9\n22: 0\n37: "
+     "4 11\n'C' 44 91 4 12\n'C' 44 137 4 12\nSETTEXTALIGN: 24\n'ba' 7 8 4 9\nSETTEXTALIGN: 0\nSETTEXTALIGN: "
+     "24\n'base' 7 8 0 9\nSETTEXTALIGN: 0\nSELECTOBJECT: "
      "-2147483635\n"},
     {"TurnedText",
      [](CSurfaceEMF& s) {
@@ -158,9 +171,10 @@ const RecordedCase Cases[] = {
          s.drawStringRotated("R", in({1, 2, 100, 200}), 0, 10, 20);
          chooseArial(s, 12); // is made again: the turned one had come between
      },
-     "font 1 -16 0 0\n37: 1\nfont 2 -16 200 100\n37: 2\n18: 1\n'R' 1 2 4 12\n37: 1\n40: 2\nfont 2 -16 0 "
-     "0\n37: "
-     "2\n37: -2147483635\n"},
+     "font 1 -16 0 0\nSELECTOBJECT: 1\nfont 2 -16 200 100\nSELECTOBJECT: 2\nSETBKMODE: 1\n'R' 1 2 4 "
+     "12\nSELECTOBJECT: 1\nDELETEOBJECT: 2\nfont 2 -16 0 "
+     "0\nSELECTOBJECT: "
+     "2\nSELECTOBJECT: -2147483635\n"},
     // Text is drawn in device units, and the mapping comes back.
     {"StretchedPages",
      [](CSurfaceEMF& s) {
@@ -170,9 +184,11 @@ const RecordedCase Cases[] = {
          s.setTransform(1, 0, 0, 1, 10, 20);
          s.drawString("A", in({1, 2, 100, 200}), 0);
      },
-     "17: 8\n11: 200 300\n9: 100 100\n36: 1065353216 0 0 1065353216 1092616192 1101004800 2\n35: 1065353216 "
+     "SETMAPMODE: 8\nSETVIEWPORTEXTEX: 200 300\nSETWINDOWEXTEX: 100 100\nMODIFYWORLDTRANSFORM: 1065353216 0 "
+     "0 1065353216 1092616192 1101004800 2\nSETWORLDTRANSFORM: 1065353216 "
      "0 0 "
-     "1065353216 1101004800 1114636288\n17: 1\n18: 1\n'A' 2 6 4 10\n17: 8\n11: 200 300\n9: 100 100\n35: "
+     "1065353216 1101004800 1114636288\nSETMAPMODE: 1\nSETBKMODE: 1\n'A' 2 6 4 10\nSETMAPMODE: "
+     "8\nSETVIEWPORTEXTEX: 200 300\nSETWINDOWEXTEX: 100 100\nSETWORLDTRANSFORM: "
      "1065353216 0 "
      "0 1065353216 1092616192 1101004800\n"},
     // Lines that are too high get a smaller font; the largest need of a run tightens all; a run with a tab has none.
@@ -186,14 +202,16 @@ const RecordedCase Cases[] = {
          EXPECT_EQ(0, GetTextCharacterExtra(s.getHDC()));
          EXPECT_EQ(12, s.m_font.getSize());
      },
-     "font 1 -16 0 0\n37: 1\n35:" + Page +
-         "17: 1\nfont 2 -9 0 0\n37: 2\n18: 1\n39: 3 0 0 0\n37: 3\n76: 16 19 17 19 "
+     "font 1 -16 0 0\nSELECTOBJECT: 1\nSETWORLDTRANSFORM:" + Page +
+         "SETMAPMODE: 1\nfont 2 -9 0 0\nSELECTOBJECT: 2\nSETBKMODE: 1\nCREATEBRUSHINDIRECT: 3 0 0 "
+         "0\nSELECTOBJECT: 3\nBITBLT: 16 19 17 19 "
          "16 19 2 1 15728673" +
          NoBitmap +
-         "37: -2147483648\n40: 3\n'One & under' 5 10 4 4\n'secondtab\t.' 5 20 4 2\n40: 1\nfont 1 -16 0 "
-         "0\n37: 1\n17: "
-         "1\n35:" +
-         Page + "37: -2147483635\n"},
+         "SELECTOBJECT: -2147483648\nDELETEOBJECT: 3\n'One & under' 5 10 4 4\n'secondtab\t.' 5 20 4 "
+         "2\nDELETEOBJECT: 1\nfont 1 -16 0 "
+         "0\nSELECTOBJECT: 1\nSETMAPMODE: "
+         "1\nSETWORLDTRANSFORM:" +
+         Page + "SELECTOBJECT: -2147483635\n"},
     // Lines without room for their own height leave a size below 0, which the formula of the height takes as well.
     {"LinesOnEachOther",
      [](CSurfaceEMF& s) {
@@ -203,14 +221,15 @@ const RecordedCase Cases[] = {
          Array<CSurfaceTextChunk, 2> pointers = pointersTo(runs);
          EXPECT_TRUE(s.drawString(&pointers, in({5, 10, 300, 200}), 0));
      },
-     "font 1 -13 0 0\n37: 1\n35: 1065353216 0 0 1065353216 0 0\n17: 1\nfont 2 1 0 0\n37: 2\n18: 1\n"
-     "'One' 5 10 4 1\n'two' 5 11 4 0\n40: 1\nfont 1 -13 0 0\n37: 1\n17: 1\n"
-     "35: 1065353216 0 0 1065353216 0 0\n37: -2147483635\n"},
+     "font 1 -13 0 0\nSELECTOBJECT: 1\nSETWORLDTRANSFORM: 1065353216 0 0 1065353216 0 0\nSETMAPMODE: 1\nfont "
+     "2 1 0 0\nSELECTOBJECT: 2\nSETBKMODE: 1\n"
+     "'One' 5 10 4 1\n'two' 5 11 4 0\nDELETEOBJECT: 1\nfont 1 -13 0 0\nSELECTOBJECT: 1\nSETMAPMODE: 1\n"
+     "SETWORLDTRANSFORM: 1065353216 0 0 1065353216 0 0\nSELECTOBJECT: -2147483635\n"},
     {"Marker",
      [](CSurfaceEMF& s) {
          s.printerNofMMarker({-5, 500});
      },
-     "70: 11 -79474604 -184549377 1\n"},
+     "GDICOMMENT: 11 -79474604 -184549377 1\n"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Calls, RecordedSurface, testing::ValuesIn(Cases),

@@ -1,6 +1,6 @@
 // Surfaces of several threads at once: each gets its own page, as if it were alone. This program also runs under
 // ThreadSanitizer (./test threads).
-#include <gdidevice.h>
+#include "support/PixelPage.h"
 
 #include <string>
 #include <thread>
@@ -45,19 +45,16 @@ std::string recordedPage(int page)
 
 std::string paintedPage(int page)
 {
-    const GdiDeviceOptions options{240, 260, 96};
-    const HDC device = gdiCreateDevice(&options);
+    const PixelPage device(240, 260);
     std::string colors;
-    {
-        CSurfaceHdc surface(device);
-        drawPage(surface, page);
-        int stride = 0;
-        const unsigned char* const bits = gdiDeviceBits(device, &stride);
-        for (int i = 0; i < stride * options.height; ++i) {
-            colors += i % 4 == 3 ? '\0' : static_cast<char>(bits[i]); // the fourth byte is nobody's
+    CSurfaceHdc surface(device.context());
+    drawPage(surface, page);
+    for (int y = 0; y < device.height(); ++y) {
+        for (int x = 0; x < device.width(); ++x) {
+            const COLORREF color = device.at(x, y);
+            colors.append(reinterpret_cast<const char*>(&color), sizeof(color));
         }
     }
-    DeleteDC(device);
     return colors;
 }
 

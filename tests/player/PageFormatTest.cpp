@@ -1,5 +1,5 @@
 // The way into a player: telling a page's format from its bytes, and what happens when nothing can be played.
-#include "PlayedPage.h"
+#include "support/PlayedPage.h"
 
 #include "metaFilePlayerSVG.h"
 

@@ -7,11 +7,27 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <set>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
+
+struct RecordName {
+    std::uint32_t type;
+    const char* name;
+};
+inline constexpr RecordName RecordNames[] = {
+#include "recordNames.inc"
+};
+
+// As in the enumeration, without its prefix; the number of a type that has none.
+inline std::string nameOfRecord(std::uint32_t type)
+{
+    const auto* const named = std::ranges::find(RecordNames, type, &RecordName::type);
+    return named != std::end(RecordNames) ? named->name : std::to_string(type);
+}
 
 struct MetafileRecord {
     std::uint32_t type = 0;
@@ -46,7 +62,9 @@ inline std::vector<MetafileRecord> metafileRecords(const std::vector<unsigned ch
         return records;
     }
 
-    const std::set<std::uint32_t> creations = {38, 39, 82, 93, 94, 95};
+    const std::set<std::uint32_t> creations = {
+        EMR_CREATEPEN,       EMR_CREATEBRUSHINDIRECT,     EMR_EXTCREATEFONTINDIRECTW,
+        EMR_CREATEMONOBRUSH, EMR_CREATEDIBPATTERNBRUSHPT, EMR_EXTCREATEPEN};
     std::set<std::int32_t> live;
     std::int32_t handles = 1;
     for (const MetafileRecord& record : records) {
@@ -54,26 +72,26 @@ inline std::vector<MetafileRecord> metafileRecords(const std::vector<unsigned ch
             EXPECT_TRUE(live.insert(record.fields[0]).second)
                 << "object " << record.fields[0] << " made twice";
             handles = std::max(handles, record.fields[0] + 1);
-        } else if (record.type == 37 && record.fields[0] >= 0) {
+        } else if (record.type == EMR_SELECTOBJECT && record.fields[0] >= 0) {
             EXPECT_TRUE(live.contains(record.fields[0])) << "object " << record.fields[0] << " selected";
-        } else if (record.type == 40) {
+        } else if (record.type == EMR_DELETEOBJECT) {
             EXPECT_EQ(live.erase(record.fields[0]), 1U) << "object " << record.fields[0] << " deleted";
         }
     }
     const std::vector<std::int32_t>& header = records.front().fields;
-    EXPECT_EQ(records.front().type, 1U);
+    EXPECT_EQ(records.front().type, std::uint32_t{EMR_HEADER});
     EXPECT_EQ(header[10], static_cast<std::int32_t>(bytes.size()));
     EXPECT_EQ(header[11], static_cast<std::int32_t>(records.size()));
     EXPECT_EQ(header[12], handles);
-    EXPECT_EQ(records.back().type, 14U);
+    EXPECT_EQ(records.back().type, std::uint32_t{EMR_EOF});
     EXPECT_EQ(records.back().fields, (std::vector<std::int32_t>{0, 16, 20}));
     return records;
 }
 
-// A record as its type and at most so many fields: "43: 10 20 109 69".
+// A record as its name and at most so many fields: "RECTANGLE: 10 20 109 69".
 inline std::string textOf(const MetafileRecord& record, std::size_t fields = SIZE_MAX)
 {
-    std::string text = std::to_string(record.type).append(":");
+    std::string text = nameOfRecord(record.type).append(":");
     for (std::size_t index = 0; index < std::min(fields, record.fields.size()); ++index) {
         text.append(" ").append(std::to_string(record.fields[index]));
     }

@@ -89,10 +89,9 @@ void draw(CSurfaceGDI& surface, const Drawing& drawing)
 }
 
 // The page left and right of its middle.
-std::pair<std::vector<unsigned char>, std::vector<unsigned char>> halvesOf(const Drawing& drawing,
-                                                                           bool recorded)
+std::pair<std::vector<COLORREF>, std::vector<COLORREF>> halvesOf(const Drawing& drawing, bool recorded)
 {
-    const HDC page = gdiCreateDevice(&Wide);
+    const PixelPage page(Wide);
     if (recorded) {
         RECT frame{0, 0, 50800, 38100};
         CSurfaceEMF surface(&frame);
@@ -101,21 +100,18 @@ std::pair<std::vector<unsigned char>, std::vector<unsigned char>> halvesOf(const
         std::vector<unsigned char> bytes(static_cast<std::size_t>(surface.getDataLength()));
         unsigned int size = static_cast<unsigned int>(bytes.size());
         surface.getData(bytes.data(), size);
-        EXPECT_TRUE(play(page, bytes, {0, 0, 1920, 1440}));
+        EXPECT_TRUE(play(page.context(), bytes, {0, 0, 1920, 1440}));
     } else {
-        CSurfaceHdc surface(page);
+        CSurfaceHdc surface(page.context());
         draw(surface, drawing);
     }
-    std::vector<unsigned char> left;
-    std::vector<unsigned char> right;
-    int stride = 0;
-    const unsigned char* row = gdiDeviceBits(page, &stride);
-    for (int y = 0; y < Wide.height; ++y, row += stride) {
-        const unsigned char* const middle = row + std::ptrdiff_t{2} * Wide.width;
-        left.insert(left.end(), row, middle);
-        right.insert(right.end(), middle, middle + std::ptrdiff_t{2} * Wide.width);
+    std::vector<COLORREF> left;
+    std::vector<COLORREF> right;
+    for (int y = 0; y < page.height(); ++y) {
+        for (int x = 0; x < page.width(); ++x) {
+            (x < page.width() / 2 ? left : right).push_back(page.at(x, y));
+        }
     }
-    DeleteDC(page);
     return {left, right};
 }
 

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <map>
@@ -10,11 +11,12 @@
 #include <string>
 #include <vector>
 
-#include "gdidevice.h"
+#include "support/MetafileRecords.h"
+#include "support/PixelPage.h"
 
 using Words = std::vector<std::int32_t>;
 
-// Records end with ';'. Each is a type and its fields: whole numbers, or real ones that end with 'f'.
+// Records end with ';'. Each is a name, or a type without one, and its fields: whole numbers, or real ones that end with 'f'.
 //   @four    the four fields of a bitmap's place; the bitmap, one of `bitmaps`, follows at the record's end
 //   R( ... ) the data of a region of rectangles; $ its length in bytes
 class HandMadeMetafile {
@@ -25,7 +27,7 @@ public:
         : m_words{1,       88, 0, 0, 11, 5, 0, 0,   1200, 600, 0x464D4520,
                   0x10000, 0,  0, 9, 0,  0, 0, 100, 100,  100, 100}
     {
-        std::istringstream stream(withEnd ? records + "14 0 16 20;" : records);
+        std::istringstream stream(withEnd ? records + "EOF 0 16 20;" : records);
         for (std::string record; std::getline(stream, record, ';');) {
             enter(record, bitmaps);
         }
@@ -57,6 +59,9 @@ private:
                 }
                 m_words[begin + 2] = static_cast<std::int32_t>((m_words.size() - begin - 8) / 4);
                 m_words[m_regionLength] = static_cast<std::int32_t>((m_words.size() - begin) * 4);
+            } else if (const auto* const named = std::ranges::find(RecordNames, word, &RecordName::name);
+                       named != std::end(RecordNames)) {
+                m_words.push_back(static_cast<std::int32_t>(named->type));
             } else if (word.back() == 'f' && word[1] != 'x') {
                 const float value = std::stof(word);
                 std::memcpy(&m_words.emplace_back(), &value, sizeof(value));
@@ -94,34 +99,15 @@ inline bool play(HDC target, const std::vector<unsigned char>& bytes, const RECT
     return played;
 }
 
-// A white page of the frame's size.
-class Page {
+// A page of the frame's size; its picture has a blank after each row.
+class Page : public PixelPage {
 public:
-    Page() : m_context(gdiCreateDevice(&Options)) {}
-    Page(const Page&) = delete;
-    Page& operator=(const Page&) = delete;
-    ~Page() { DeleteDC(m_context); }
+    Page() : PixelPage(12, 6) {}
 
-    HDC context() const { return m_context; }
-    // Rows of a letter for each pixel: '#' black, '.' white, r g b c m y; '?' for others.
     std::string picture() const
     {
-        int stride = 0;
-        const unsigned char* row = gdiDeviceBits(m_context, &stride);
-        std::string text;
-        for (int y = 0; y < Options.height; ++y, row += stride) {
-            for (int x = 0; x < Options.width; ++x) {
-                const unsigned char* pixel = row + std::ptrdiff_t{4} * x;
-                const int color = pixel[2] << 16 | pixel[1] << 8 | pixel[0];
-                const bool pure = (color & 0x010101) * 255 == color;
-                text += pure ? "#bgcrmy."[(color >> 14 & 4) | (color >> 7 & 2) | (color & 1)] : '?';
-            }
-            text += ' ';
-        }
-        return text;
+        std::string rows = PixelPage::picture().substr(1) + ' ';
+        std::replace(rows.begin(), rows.end(), '\n', ' ');
+        return rows;
     }
-
-private:
-    static constexpr GdiDeviceOptions Options{12, 6};
-    HDC m_context;
 };

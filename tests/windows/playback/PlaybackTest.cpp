@@ -29,9 +29,9 @@ std::vector<unsigned char> metafile(const std::string& records, bool withEnd = t
 }
 
 // Fills without outlines; fills all, to show clips and mappings.
-const std::string Black = "37 0x80000008; 37 0x80000004;";
-const std::string All = "43 -99 -99 99 99;";
-const std::string Bar = "76 0 0 0 0 0 1 12 2 0x42 0 0 0 0 0 0 0 0 0 0 0 0 0 0;";
+const std::string Black = "SELECTOBJECT 0x80000008; SELECTOBJECT 0x80000004;";
+const std::string All = "RECTANGLE -99 -99 99 99;";
+const std::string Bar = "BITBLT 0 0 0 0 0 1 12 2 0x42 0 0 0 0 0 0 0 0 0 0 0 0 0 0;";
 
 TEST(Playback, PaintsRecords)
 {
@@ -41,66 +41,83 @@ TEST(Playback, PaintsRecords)
         std::string picture;
     } cases[] = {
         {"objects, one of them with a number used again",
-         "38 1 0 0 0 0xFF; 39 2 0 0xFF0000 0; 37 1; 37 2; 43 1 1 4 4; 40 2; 39 2 0 0xFF00 0; 37 2; 37 77; 43 "
-         "6 0 9 2;",
+         "CREATEPEN 1 0 0 0 0xFF; CREATEBRUSHINDIRECT 2 0 0xFF0000 0; SELECTOBJECT 1; SELECTOBJECT 2; "
+         "RECTANGLE 1 1 4 4; DELETEOBJECT 2; CREATEBRUSHINDIRECT 2 0 0xFF00 0; SELECTOBJECT 2; SELECTOBJECT "
+         "77; RECTANGLE "
+         "POLYLINETO 0 9 2;",
          "......rrrr.. .rrrr.rggr.. .rbbr.rrrr.. .rbbr....... .rrrr....... ............ "},
         {"lines",
-         "27 1 0; 54 1 5; 87 0 0 0 0 3 0x10003 0x10009 0x50009; 27 9 5; 89 0 0 0 0 1 0x50005;"
-         "7 0 0 0 0 2 4 2 2 11 0 11 2 11 4 11 6; 15 6 3 0xFF;",
+         "MOVETOEX 1 0; LINETO 1 5; POLYLINE16 0 0 0 0 3 0x10003 0x10009 0x50009; MOVETOEX 9 5; POLYLINETO16 "
+         "0 0 0 0 1 0x50005;"
+         "POLYPOLYLINE 0 0 0 0 2 4 2 2 11 0 11 2 11 4 11 6; SETPIXELV 6 3 0xFF;",
          ".#.........# .#.#######.# .#.......#.. .#....r..#.. .#.......#.# ......####.# "},
         {"polygons",
-         Black + "3 0 0 0 0 4 0 0 3 0 3 3 0 3;"
-                 "91 0 0 0 0 2 8 4 4 5 11 0x6000B 0x60005 0x20007 0x20009 0x40009 0x40007;",
+         Black + "POLYGON 0 0 0 0 4 0 0 3 0 3 3 0 3;"
+                 "POLYPOLYGON16 0 0 0 0 2 8 4 4 5 11 0x6000B 0x60005 0x20007 0x20009 0x40009 0x40007;",
          "###..######. ###..######. ###..##..##. .....##..##. .....######. .....######. "},
         {"figures of PolyDraw",
-         "92 0 0 0 0 3 0x10001 0x10005 0x40005 0x030206; 27 6 5; 56 0 0 0 0 3 7 5 9 5 11 5 0x040404;",
+         "POLYDRAW16 0 0 0 0 3 0x10001 0x10005 0x40005 0x030206; MOVETOEX 6 5; POLYDRAW 0 0 0 0 3 7 5 9 5 11 "
+         "5 0x040404;",
          "............ .#####...... ..##.#...... ....##...... .....#...... ......#####. "},
         {"a filled path, a clip path",
          Black +
-             "59; 27 1 1; 54 4 1; 54 4 4; 54 1 4; 61; 60; 62 0 0 0 0;"
-             "59; 86 0 0 0 0 4 0x10006 0x1000B 0x50008 0x50006; 60; 67 5;" +
+             "BEGINPATH; MOVETOEX 1 1; LINETO 4 1; LINETO 4 4; LINETO 1 4; CLOSEFIGURE; ENDPATH; FILLPATH 0 "
+             "0 0 0;"
+             "BEGINPATH; POLYGON16 0 0 0 0 4 0x10006 0x1000B 0x50008 0x50006; ENDPATH; SELECTCLIPPATH 5;" +
              All,
          "............ .###..#####. .###..#####. .###..####.. ......###... ............ "},
         {"saved states",
-         Black + "33; 39 1 0 0xFF 0; 37 1; 30 0 0 4 6; 10 -2 0; 43 0 0 20 3; 34 -1; 34 -1; 34 5; 43 6 0 8 3;",
+         Black + "SAVEDC; CREATEBRUSHINDIRECT 1 0 0xFF 0; SELECTOBJECT 1; INTERSECTCLIPRECT 0 0 4 6; "
+                 "SETWINDOWORGEX -2 0; RECTANGLE 0 0 20 3; RESTOREDC -1; RESTOREDC -1; RESTOREDC 5; "
+                 "RECTANGLE 6 0 8 3;",
          "..rr..##.... ..rr..##.... ..rr..##.... ............ ............ ............ "},
         {"clips",
-         Black + "75 $ 5 R( 1 1 4 4 6 2 11 5 ); 26 0 1; 29 2 0 3 6;" + All +
-             "28; 75 0 5; 39 1 0 0xFF 0; 37 1; 43 0 0 12 3; 75 $ 5 R( 0 5 12 6 );" + All,
+         Black + "EXTSELECTCLIPRGN $ 5 R( 1 1 4 4 6 2 11 5 ); OFFSETCLIPRGN 0 1; EXCLUDECLIPRECT 2 0 3 6;" +
+             All +
+             "SETMETARGN; EXTSELECTCLIPRGN 0 5; CREATEBRUSHINDIRECT 1 0 0xFF 0; SELECTOBJECT 1; RECTANGLE 0 "
+             "0 12 3; EXTSELECTCLIPRGN $ 5 R( 0 5 12 6 );" +
+             All,
          "............ ............ .r.r........ .#.#..#####. .#.#..#####. ......rrrrr. "},
         {"regions",
-         "39 1 0 0xFF 0; 71 0 0 0 0 $ 1 R( 1 1 4 4 6 2 11 5 ); 37 0x80000004; 74 0 0 0 0 $ R( 0 0 2 1 );"
-         "73 0 0 0 0 $ R( 3 3 8 4 ); 72 0 0 0 0 $ 1 1 1 R( 8 0 12 4 );",
+         "CREATEBRUSHINDIRECT 1 0 0xFF 0; FILLRGN 0 0 0 0 $ 1 R( 1 1 4 4 6 2 11 5 ); SELECTOBJECT "
+         "0x80000004; PAINTRGN 0 0 0 0 $ R( 0 0 2 1 );"
+         "INVERTRGN 0 0 0 0 $ R( 3 3 8 4 ); FRAMERGN 0 0 0 0 $ 1 1 1 R( 8 0 12 4 );",
          "##......rrrr .rrr....r..r .rrr..rrrrrr .rrc##ccrrrr ......rrrrr. ............ "},
         {"axes that point up",
-         Black + "17 8; 9 24 -12; 11 12 6; 12 0 6; 43 2 2 10 4; 17 2; 32 2 1 2 1; 43 80 30 100 50;",
+         Black + "SETMAPMODE 8; SETWINDOWEXTEX 24 -12; SETVIEWPORTEXTEX 12 6; SETVIEWPORTORGEX 0 6; "
+                 "RECTANGLE 2 2 10 4; SETMAPMODE 2; SCALEWINDOWEXTEX 2 1 2 1; RECTANGLE 80 30 100 50;",
          "............ ........##.. ........##.. ............ .####....... ............ "},
         {"world transforms",
-         Black + "35 0f 1f -1f 0f 6f 0f; 43 1 0 2 4; 36 1f 0f 0f 1f 2f -5f 2; 43 1 1 3 2;"
-                 "36 0f 0f 0f 0f 0f 0f 1; 43 0 0 1 6;",
+         Black + "SETWORLDTRANSFORM 0f 1f -1f 0f 6f 0f; RECTANGLE 1 0 2 4; MODIFYWORLDTRANSFORM 1f 0f 0f 1f "
+                 "2f -5f 2; RECTANGLE 1 1 3 2;"
+                 "MODIFYWORLDTRANSFORM 0f 0f 0f 0f 0f 0f 1; RECTANGLE 0 0 1 6;",
          "#........... #.####...... #........... #........#.. #........#.. #........... "},
         {"raster operations",
-         Bar + "76 0 0 0 0 4 0 4 3 0x550009 0 0 0 0 0 0 0 0 0 0 0 0 0 0; 20 6; 27 0 2; 54 12 2;",
+         Bar + "BITBLT 0 0 0 0 4 0 4 3 0x550009 0 0 0 0 0 0 0 0 0 0 0 0 0 0; SETROP2 6; MOVETOEX 0 2; LINETO "
+               "12 2;",
          "....####.... ####....#### ....####.... ............ ............ ............ "},
         {"bitmaps",
-         "81 0 0 0 0 0 0 0 0 2 2 @four 0 0xCC0020 2 2; 81 0 0 0 0 3 0 0 0 2 2 @four 0 0xCC0020 4 4;"
-         "81 0 0 0 0 8 0 0 0 2 2 @four24 0 0xCC0020 2 2; 81 0 0 0 0 0 4 0 0 2 2 @runs 0 0xCC0020 2 2;"
-         "80 0 0 0 0 8 4 0 0 2 2 @four 0 0 2; 80 0 0 0 0 11 4 0 0 2 2 @four 0 0 1;",
+         "STRETCHDIBITS 0 0 0 0 0 0 0 0 2 2 @four 0 0xCC0020 2 2; STRETCHDIBITS 0 0 0 0 3 0 0 0 2 2 @four 0 "
+         "0xCC0020 4 4;"
+         "STRETCHDIBITS 0 0 0 0 8 0 0 0 2 2 @four24 0 0xCC0020 2 2; STRETCHDIBITS 0 0 0 0 0 4 0 0 2 2 @runs "
+         "0 0xCC0020 2 2;"
+         "SETDIBITSTODEVICE 0 0 0 0 8 4 0 0 2 2 @four 0 0 2; SETDIBITSTODEVICE 0 0 0 0 11 4 0 0 2 2 @four 0 "
+         "0 1;",
          "#..##...br.. rg.##...br.. ...rrgg..... ...rrgg..... r#......#... rr......rg.r "},
         {"copies, monochrome ones in the text's colours",
-         "24 0xFF; 25 0xFF0000;"
-         "76 0 0 0 0 1 1 4 2 0xCC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @bits;"
-         "77 0 0 0 0 6 0 4 4 0xCC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;",
+         "SETTEXTCOLOR 0xFF; SETBKCOLOR 0xFF0000;"
+         "BITBLT 0 0 0 0 1 1 4 2 0xCC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @bits;"
+         "STRETCHBLT 0 0 0 0 6 0 4 4 0xCC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;",
          "......##.... .brbr.##.... .rbrb.rrgg.. ......rrgg.. ............ ............ "},
         {"chosen pixels",
-         "39 1 0 0xFF0000 0; 37 1; 37 0x80000008;" + All +
-             "116 0 0 0 0 0 0 4 4 0xFFFFFF 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;"
-             "116 0 0 0 0 8 4 2 1 0xFFFFFF 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;" // no colour mixed
-             "78 0 0 0 0 6 0 2 2 0xAACC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 0 0 0 @mask;",
+         "CREATEBRUSHINDIRECT 1 0 0xFF0000 0; SELECTOBJECT 1; SELECTOBJECT 0x80000008;" + All +
+             "TRANSPARENTBLT 0 0 0 0 0 0 4 4 0xFFFFFF 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;"
+             "TRANSPARENTBLT 0 0 0 0 8 4 2 1 0xFFFFFF 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;" // no colour mixed
+             "MASKBLT 0 0 0 0 6 0 2 2 0xAACC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 0 0 0 @mask;",
          "##bbbbb.bbbb ##bbbbrbbbbb rrggbbbbbbbb rrggbbbbbbbb bbbbbbbbrbbb bbbbbbbbbbbb "},
         {"gradients",
-         "118 0 0 0 0 2 1 0 1 1 0xFF000000 0 4 3 0xFF000000 0 0 1;"
-         "118 0 0 0 0 3 1 2 6 0 0 0xFF00 12 0 0 0xFF00 6 6 0 0xFF00 0 1 2;",
+         "GRADIENTFILL 0 0 0 0 2 1 0 1 1 0xFF000000 0 4 3 0xFF000000 0 0 1;"
+         "GRADIENTFILL 0 0 0 0 3 1 2 6 0 0 0xFF00 12 0 0 0xFF00 6 6 0 0xFF00 0 1 2;",
          "......bbbbbb .ggg..bbbbb. .ggg..bbbb.. ......bbb... ......bb.... ......b..... "},
     };
     const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
@@ -124,7 +141,9 @@ TEST(Playback, LeavesItsTargetAsItWas)
     const int level = SaveDC(target);
     // The file's clip can't reach beyond the target's, and what it saves, opens and selects ends with it.
     EXPECT_TRUE(play(target,
-                     metafile("38 1 0 0 0 255; 37 1; 33; 75 0 5; 34 -9; 27 5 5; 24 255;" + Bar + "59;"),
+                     metafile("CREATEPEN 1 0 0 0 255; SELECTOBJECT 1; SAVEDC; EXTSELECTCLIPRGN 0 5; "
+                              "RESTOREDC -9; MOVETOEX 5 5; SETTEXTCOLOR 255;" +
+                              Bar + "BEGINPATH;"),
                      {0, 0, 6, 3}));
     EXPECT_EQ(page.picture(),
               "............ ..####...... ..####...... ............ ............ ............ ");
@@ -178,18 +197,22 @@ std::string recordedAgain(
 // the axes point up, text is turned over around its reference point.
 TEST(Playback, RecordsAgain)
 {
-    const std::string wide = "84 0 0 0 0 1 0 0 5 3 2 76 0 0 0 -1 -1 80 0x620061 4 4;";
-    EXPECT_EQ(recordedAgain("39 5 0 255 0; 37 5; 70 4 0x01020304; 70 4 0x2B464D45;" + wide +
-                            "83 0 0 0 0 1 0 0 5 3 2 76 0 0 0 -1 -1 80 0x6261 4 4;"),
-              "33:; 39: 1 0 255 0; 37: 1; 70: 4 16909060; 35: 1073741824 0 0 1073741824 0 0; "
-              "84: 5 3 2 6422625 4 4; 84: 5 3 2 6422625 4 4; 34: -1; 40: 1; ");
+    const std::string wide = "EXTTEXTOUTW 0 0 0 0 1 0 0 5 3 2 76 0 0 0 -1 -1 80 0x620061 4 4;";
     EXPECT_EQ(
-        recordedAgain("108 7 2 2 0x300 1 0 0 0x6261;"
-                      "97 0 0 0 0 1 0 0 1 5 3 2 80 0 0 0 -1 -1 84 0x620061 4 4;"),
-        "33:; 35: 1073741824 0 0 1073741824 0 0; 84: 7 2 2 6422625 8 9; 84: 5 3 2 6422625 4 4; 34: -1; ");
-    EXPECT_EQ(recordedAgain("17 8; 11 1 -1;" + wide + "54 9 9;"),
-              "33:; 35: 1073741824 0 0 1073741824 0 -1052770304; 84: 5 3 2 6422625 4 4; "
-              "35: 1073741824 0 0 -1073741824 0 0; 54: 9 9; 34: -1; ");
+        recordedAgain("CREATEBRUSHINDIRECT 5 0 255 0; SELECTOBJECT 5; GDICOMMENT 4 0x01020304; GDICOMMENT 4 "
+                      "0x2B464D45;" +
+                      wide + "EXTTEXTOUTA 0 0 0 0 1 0 0 5 3 2 76 0 0 0 -1 -1 80 0x6261 4 4;"),
+        "SAVEDC:; CREATEBRUSHINDIRECT: 1 0 255 0; SELECTOBJECT: 1; GDICOMMENT: 4 16909060; "
+        "SETWORLDTRANSFORM: 1073741824 0 0 1073741824 0 0; "
+        "EXTTEXTOUTW: 5 3 2 6422625 4 4; EXTTEXTOUTW: 5 3 2 6422625 4 4; RESTOREDC: -1; DELETEOBJECT: 1; ");
+    EXPECT_EQ(recordedAgain("SMALLTEXTOUT 7 2 2 0x300 1 0 0 0x6261;"
+                            "POLYTEXTOUTW 0 0 0 0 1 0 0 1 5 3 2 80 0 0 0 -1 -1 84 0x620061 4 4;"),
+              "SAVEDC:; SETWORLDTRANSFORM: 1073741824 0 0 1073741824 0 0; EXTTEXTOUTW: 7 2 2 6422625 8 9; "
+              "EXTTEXTOUTW: 5 3 2 6422625 4 4; RESTOREDC: -1; ");
+    EXPECT_EQ(recordedAgain("SETMAPMODE 8; SETVIEWPORTEXTEX 1 -1;" + wide + "LINETO 9 9;"),
+              "SAVEDC:; SETWORLDTRANSFORM: 1073741824 0 0 1073741824 0 -1052770304; EXTTEXTOUTW: 5 3 2 "
+              "6422625 4 4; "
+              "SETWORLDTRANSFORM: 1073741824 0 0 -1073741824 0 0; LINETO: 9 9; RESTOREDC: -1; ");
 }
 
 // Attributes that differ from those of a fresh context are records, both ways; colour and font of texts come back in
@@ -216,24 +239,31 @@ TEST(Playback, RecordsTheWayToFreshAttributesAndBack)
         SelectObject(recording, GetStockObject(NULL_PEN));
         SelectObject(recording, GetStockObject(NULL_BRUSH));
     };
-    EXPECT_EQ(
-        recordedAgain("33; 24 77; 34 -1; 24 99;", prepare),
-        "24: 255; 25: 7; 22: 2; 18: 1; 20: 1; 19: 2; 21: 4; 57: 2; 120: 5 1; 58: 1073741824; 13: 3 4; "
-        "27: 5 6; 82: 1 -20 0 0 0 0; 37: 1; 37: -2147483640; 37: -2147483643; "
-        "33:; 24: 0; 25: 16777215; 22: 0; 18: 2; 20: 13; 19: 1; 21: 1; 57: 1; 120: 0 0; 58: 1092616192; "
-        "13: 0 0; 27: 0 0; 37: -2147483641; 37: -2147483648; 37: -2147483635; "
-        "33:; 24: 77; 34: -1; 24: 99; 34: -1; 24: 255; 37: 1; ");
-    EXPECT_EQ(recordedAgain("37 0x8000000B; 24 0;"), "33:; 37: -2147483637; 24: 0; 34: -1; ");
+    EXPECT_EQ(recordedAgain("SAVEDC; SETTEXTCOLOR 77; RESTOREDC -1; SETTEXTCOLOR 99;", prepare),
+              "SETTEXTCOLOR: 255; SETBKCOLOR: 7; SETTEXTALIGN: 2; SETBKMODE: 1; SETROP2: 1; SETPOLYFILLMODE: "
+              "2; SETSTRETCHBLTMODE: 4; SETARCDIRECTION: 2; SETTEXTJUSTIFICATION: 5 1; SETMITERLIMIT: "
+              "1073741824; SETBRUSHORGEX: 3 4; "
+              "MOVETOEX: 5 6; EXTCREATEFONTINDIRECTW: 1 -20 0 0 0 0; SELECTOBJECT: 1; SELECTOBJECT: "
+              "-2147483640; SELECTOBJECT: -2147483643; "
+              "SAVEDC:; SETTEXTCOLOR: 0; SETBKCOLOR: 16777215; SETTEXTALIGN: 0; SETBKMODE: 2; SETROP2: 13; "
+              "SETPOLYFILLMODE: 1; SETSTRETCHBLTMODE: 1; SETARCDIRECTION: 1; SETTEXTJUSTIFICATION: 0 0; "
+              "SETMITERLIMIT: 1092616192; "
+              "SETBRUSHORGEX: 0 0; MOVETOEX: 0 0; SELECTOBJECT: -2147483641; SELECTOBJECT: -2147483648; "
+              "SELECTOBJECT: -2147483635; "
+              "SAVEDC:; SETTEXTCOLOR: 77; RESTOREDC: -1; SETTEXTCOLOR: 99; RESTOREDC: -1; SETTEXTCOLOR: 255; "
+              "SELECTOBJECT: 1; ");
+    EXPECT_EQ(recordedAgain("SELECTOBJECT 0x8000000B; SETTEXTCOLOR 0;"),
+              "SAVEDC:; SELECTOBJECT: -2147483637; SETTEXTCOLOR: 0; RESTOREDC: -1; ");
 }
 
 TEST(Playback, PlaysWhatIsSound)
 {
-    const std::string unsound[] = {"86 0 0 0 0 0x40000001 0;",
-                                   "91 0 0 0 0 2 3 2 -2 0 1 2;",
-                                   "84 0 0 0 0 1 0 0 0 0 5 -4 0 0 0 0 0 76;",
-                                   "81 0 0 0 0 0 0 0 0 2 2 80 -16 16 9 0 0xCC0020 2 2;",
-                                   "75 48 5 32 1 0x10000001 16 0 0 0 0 0 0 9 9;",
-                                   "43 1 2;"};
+    const std::string unsound[] = {"POLYGON16 0 0 0 0 0x40000001 0;",
+                                   "POLYPOLYGON16 0 0 0 0 2 3 2 -2 0 1 2;",
+                                   "EXTTEXTOUTW 0 0 0 0 1 0 0 0 0 5 -4 0 0 0 0 0 76;",
+                                   "STRETCHDIBITS 0 0 0 0 0 0 0 0 2 2 80 -16 16 9 0 0xCC0020 2 2;",
+                                   "EXTSELECTCLIPRGN 48 5 32 1 0x10000001 16 0 0 0 0 0 0 9 9;",
+                                   "RECTANGLE 1 2;"};
     for (const std::string& record : unsound) {
         Page page;
         EXPECT_FALSE(play(page.context(), metafile(record + Bar), WholePage)) << record;
@@ -250,7 +280,7 @@ TEST(Playback, PlaysWhatIsSound)
     Page page;
     EXPECT_FALSE(play(page.context(), metafile(Bar, false), WholePage));
     const int before = gdiUnplayedRecords(EMR_PLGBLT);
-    EXPECT_TRUE(play(page.context(), metafile("79; 48 0;"), WholePage));
+    EXPECT_TRUE(play(page.context(), metafile("PLGBLT; SELECTPALETTE 0;"), WholePage));
     EXPECT_EQ(gdiUnplayedRecords(EMR_PLGBLT), before + 1);
     EXPECT_EQ(gdiUnplayedRecords(EMR_SELECTPALETTE), 0);
 }

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "windows/raster/RasterPage.h"
+#include "support/PixelPage.h"
 
 namespace {
 
@@ -59,7 +59,7 @@ void paintDiagonals(HDC context)
 
 TEST(CopyPixels, StretchMirrorTurnAndStayWhereTheSourceEnds)
 {
-    const RasterPage page(26, 13);
+    const PixelPage page(26, 13);
     HDC d = page.context();
     const MemoryBitmap source(4, 3, 24, true);
     paintDiagonals(source.context());
@@ -99,7 +99,7 @@ rb...bbrrggbb..rgbr.rrrrrr
 
 TEST(CopyPixels, FollowEveryTruthTable)
 {
-    const RasterPage page(8, 1);
+    const PixelPage page(8, 1);
     HDC d = page.context();
     const MemoryBitmap source(8, 1, 32);
     for (unsigned int table = 0; table < 256; ++table) {
@@ -127,7 +127,7 @@ TEST(CopyPixels, MeetMonochromeBitmapsByTheColoursOfContexts)
     BitBlt(mask.context(), 0, 0, 4, 3, source.context(), 0, 0, SRCCOPY);
     EXPECT_EQ(pictureOf(mask.context(), 4, 3), "\n#.##\n.##.\n##.#");
 
-    const RasterPage page(10, 3);
+    const PixelPage page(10, 3);
     HDC d = page.context();
     SetTextColor(d, Blue);
     SetBkColor(d, Yellow);
@@ -203,7 +203,7 @@ TEST(CopyPixels, KeepThinLinesOfPicturesMadeSmaller)
         const MemoryBitmap source = shrink.bits == 0 ? MemoryBitmap(CreateBitmap(4, 4, 1, 1, nullptr))
                                                      : MemoryBitmap(4, 4, shrink.bits);
         paintLine(source.context());
-        const RasterPage page(6, 8);
+        const PixelPage page(6, 8);
         HDC d = page.context();
         const RECT all{0, 0, 6, 8};
         const HBRUSH before = CreateSolidBrush(0x202020);
@@ -223,7 +223,7 @@ TEST(CopyPixels, KeepThinLinesOfPicturesMadeSmaller)
 // Through mappings, from memory with the byte that colours leave free, within a clip of many pieces, to one bit.
 TEST(CopyPixels, MadeSmallerAreTheSameByEveryWay)
 {
-    const RasterPage page(6, 4);
+    const PixelPage page(6, 4);
     HDC d = page.context();
     const MemoryBitmap source(4, 4, 24);
     paintLine(source.context());
@@ -281,7 +281,7 @@ TEST(CopyPixels, MirrorInPlace)
     for (std::size_t i = 0; i < std::size(cases); ++i) {
         const auto& [to, from] = cases[i];
         for (const LONG height : {2, -2}) { // the same picture, whatever row comes first
-            const RasterPage page(2, 2);
+            const PixelPage page(2, 2);
             const BITMAPINFO info{{40, 2, height, 1, 32, 0, 0, 0, 0, 0, 0}, {}};
             const DWORD rows[] = {pixels[height < 0 ? 2 : 0], pixels[height < 0 ? 3 : 1],
                                   pixels[height < 0 ? 0 : 2], pixels[height < 0 ? 1 : 3]};
@@ -291,7 +291,7 @@ TEST(CopyPixels, MirrorInPlace)
         }
     }
     // Where axes point back, a size below 0 is one above 0 on the page.
-    const RasterPage page(2, 2);
+    const PixelPage page(2, 2);
     const MemoryBitmap source(2, 2, 32);
     SetPixelV(source.context(), 0, 0, Red);
     SetMapMode(page.context(), MM_ANISOTROPIC);
@@ -313,14 +313,14 @@ TEST(CopyPixels, AreTheSameInAllFormsOfBitmaps)
         SetROP2(d, 6); // what is there is inverted
         Rectangle(d, 8, 3, 14, 6);
     };
-    const RasterPage page(16, 8);
+    const PixelPage page(16, 8);
     draw(page.context());
     for (const WORD bits : std::initializer_list<WORD>{4, 8, 16, 24, 32}) {
         for (const bool bottomUp : {false, true}) {
             const MemoryBitmap bitmap(16, 8, bits, bottomUp);
             draw(bitmap.context());
             EXPECT_EQ(pictureOf(bitmap.context(), 16, 8), page.picture()) << bits << bottomUp;
-            const RasterPage copy(16, 8);
+            const PixelPage copy(16, 8);
             BitBlt(copy.context(), 0, 0, 16, 8, bitmap.context(), 0, 0, SRCCOPY);
             EXPECT_EQ(copy.picture(), page.picture()) << bits << bottomUp;
         }

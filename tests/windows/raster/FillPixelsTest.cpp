@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "windows/raster/RasterPage.h"
+#include "support/PixelPage.h"
 
 namespace {
 
@@ -119,7 +119,7 @@ const Drawing Drawings[] = {
          SetROP2(d, 6); // not
          box(d, White, {15, 1, 18, 6});
      },
-     "\ngggggggggggggggggg\ng???gg###gggggg??g\ng???gg###gggggg??g\n.###..###......##.\n.###..###......##."
+     "\ngggggggggggggggggg\ngmmmgg###ggggggmmg\ngmmmgg###ggggggmmg\n.###..###......##.\n.###..###......##."
      "\n.................."},
     {"regions and fill modes", 28, 11,
      [](HDC d) {
@@ -183,7 +183,7 @@ const Drawing Drawings[] = {
 TEST(FillPixels, AreExact)
 {
     for (const Drawing& drawing : Drawings) {
-        const RasterPage page(drawing.width, drawing.height);
+        const PixelPage page(drawing.width, drawing.height);
         drawing.draw(page.context());
         EXPECT_EQ(page.picture(), drawing.picture) << drawing.name;
     }
@@ -191,7 +191,7 @@ TEST(FillPixels, AreExact)
 
 TEST(RasterPages, AreSavedAsPictures)
 {
-    const RasterPage page(3, 2);
+    const PixelPage page(3, 2);
     const std::string path = testing::TempDir() + "saved-page.png";
     EXPECT_TRUE(gdiSavePng(page.context(), path.c_str()));
     std::FILE* const file = std::fopen(path.c_str(), "rb");

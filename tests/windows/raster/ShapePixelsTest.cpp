@@ -5,7 +5,7 @@
 #include <cstring>
 #include <vector>
 
-#include "windows/raster/RasterPage.h"
+#include "support/PixelPage.h"
 
 namespace {
 
@@ -188,7 +188,7 @@ y#yyyyyyyyyy...#########
 TEST_P(ShapePixels, AreExact)
 {
     const Drawing& drawing = GetParam();
-    const RasterPage page(drawing.width, drawing.height);
+    const PixelPage page(drawing.width, drawing.height);
     drawing.draw(page.context());
     EXPECT_EQ(page.picture(), drawing.picture);
 }
@@ -202,7 +202,7 @@ TEST(ShapePixels, WholePiesWithoutAPenAreEllipses)
     for (const int mode : {GM_COMPATIBLE, GM_ADVANCED}) {
         for (const XFORM& world : {XFORM{1, 0, 0, 1, 0, 0}, XFORM{0.8F, 0.6F, -0.6F, 0.8F, 9, -5}}) {
             const auto picture = [&](const auto& draw) {
-                const RasterPage page(30, 24);
+                const PixelPage page(30, 24);
                 SelectObject(page.context(), GetStockObject(NULL_PEN));
                 useBrush(page.context(), Red);
                 SetGraphicsMode(page.context(), mode);
@@ -221,7 +221,7 @@ TEST(ShapePixels, WholePiesWithoutAPenAreEllipses)
 TEST(ShapePixels, OfLargeOutlinesShowWhatIsOnThePage)
 {
     constexpr LONG Far = 100000000;
-    const RasterPage page(8, 6);
+    const PixelPage page(8, 6);
     SelectObject(page.context(), GetStockObject(NULL_PEN));
     useBrush(page.context(), Red);
     const POINT lowerHalf[] = {{-Far, 3}, {Far, 3}, {Far, Far}, {-Far, Far}};
@@ -240,7 +240,7 @@ rrrrrrrr)");
 
 TEST(TextPixels, AreSmoothedTurnedAndClipped)
 {
-    const RasterPage page(80, 80);
+    const PixelPage page(80, 80);
     HDC d = page.context();
     LOGFONTA font{};
     font.lfHeight = -16;
@@ -260,7 +260,7 @@ TEST(TextPixels, AreSmoothedTurnedAndClipped)
 // Liberation Sans strikes out from 0.259 em above the base line downwards, and underlines from 0.033 em below it.
 TEST(TextPixels, HaveTheirLinesWhereTheFaceSays)
 {
-    const RasterPage page(60, 160);
+    const PixelPage page(60, 160);
     LOGFONTA font{};
     font.lfHeight = -100;
     font.lfStrikeOut = font.lfUnderline = 1;

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "support/MetafileRecords.h"
+#include "support/PixelPage.h"
 
 namespace {
 
@@ -35,23 +36,18 @@ std::ostream& operator<<(std::ostream& stream, const Box& box)
 // Where a metafile of the whole screen paints on a page of its resolution.
 Box inkOf(HENHMETAFILE metafile)
 {
-    const GdiDeviceOptions options{Side, Side};
-    const HDC page = gdiCreateDevice(&options);
+    const PixelPage page(Side, Side);
     const RECT screen{0, 0, 1920, 1440};
-    EXPECT_TRUE(PlayEnhMetaFile(page, metafile, &screen));
+    EXPECT_TRUE(PlayEnhMetaFile(page.context(), metafile, &screen));
     Box ink;
-    int stride = 0;
-    const unsigned char* row = gdiDeviceBits(page, &stride);
-    for (int y = 0; y < Side; ++y, row += stride) {
+    for (int y = 0; y < Side; ++y) {
         for (int x = 0; x < Side; ++x) {
-            const unsigned char* const pixel = row + std::ptrdiff_t{4} * x;
-            if (std::min({pixel[0], pixel[1], pixel[2]}) < 255) {
+            if (page.at(x, y) != White) {
                 ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x),
                        std::max(ink.bottom, y)};
             }
         }
     }
-    DeleteDC(page);
     return ink;
 }
 
@@ -107,12 +103,6 @@ public:
 private:
     std::mt19937 m_engine;
 };
-
-void use(HDC context, HGDIOBJ object)
-{
-    SelectObject(context, object);
-    DeleteObject(object);
-}
 
 // Puts 100 by 100 logical units into the middle of the page: plainly, mirrored, unevenly, or turned and sheared.
 void chooseMapping(HDC context, Random& random)

@@ -70,7 +70,8 @@ const Drawing Drawings[] = {
          SetGraphicsMode(context, GM_ADVANCED);
          Ellipse(context, 10, 20, 110, 70);
      },
-     {"43: 10 20 109 69", "44: 0 0 9 11 4 6", "47: 0 0 9 11 1 2 3 4", "42: 10 20 110 70"}},
+     {"RECTANGLE: 10 20 109 69", "ROUNDRECT: 0 0 9 11 4 6", "PIE: 0 0 9 11 1 2 3 4",
+      "ELLIPSE: 10 20 110 70"}},
     {"PointsInSixteenBitsWhenAllFit",
      [](HDC context) {
          const POINT points[] = {{1, 2}, {-3, 4}, {40000, -32768}};
@@ -80,8 +81,8 @@ const Drawing Drawings[] = {
          Polygon(context, points, 3);
          PolyPolyline(context, four, counts, 2);
      },
-     {"87: -3 2 1 4 2 131073 327677", "3: -3 -32768 40000 4 3 1 2 -3 4 40000 -32768",
-      "90: -3 0 1 4 2 4 2 2 131073 327677 0 65536"}},
+     {"POLYLINE16: -3 2 1 4 2 131073 327677", "POLYGON: -3 -32768 40000 4 3 1 2 -3 4 40000 -32768",
+      "POLYPOLYLINE16: -3 0 1 4 2 4 2 2 131073 327677 0 65536"}},
     {"BoundsOfWhatAPenOfOneUnitCovers",
      [](HDC context) {
          const POINT line[] = {{2, 3}, {5, 3}};
@@ -96,9 +97,10 @@ const Drawing Drawings[] = {
              DeleteObject(pen);
          }
      },
-     {"35: 1092616192 0 0 1092616192 0 0", "38: 1 0 1 0 0", "37: 1", "87: 14 24 56 36 2 196610 196613",
-      "37: -2147483641", "40: 1", "38: 1 0 0 0 0", "37: 1", "87: 20 30 50 30 2 196610 196613",
-      "37: -2147483641", "40: 1"}},
+     {"SETWORLDTRANSFORM: 1092616192 0 0 1092616192 0 0", "CREATEPEN: 1 0 1 0 0", "SELECTOBJECT: 1",
+      "POLYLINE16: 14 24 56 36 2 196610 196613", "SELECTOBJECT: -2147483641", "DELETEOBJECT: 1",
+      "CREATEPEN: 1 0 0 0 0", "SELECTOBJECT: 1", "POLYLINE16: 20 30 50 30 2 196610 196613",
+      "SELECTOBJECT: -2147483641", "DELETEOBJECT: 1"}},
     {"PathsWithTheirBounds",
      [](HDC context) {
          EndPath(context);
@@ -110,7 +112,7 @@ const Drawing Drawings[] = {
          FillPath(context);
          FillPath(context);
      },
-     {"59:", "27: 10 10", "54: 20 30", "61:", "60:", "62: 10 10 20 30"}},
+     {"BEGINPATH:", "MOVETOEX: 10 10", "LINETO: 20 30", "CLOSEFIGURE:", "ENDPATH:", "FILLPATH: 10 10 20 30"}},
     {"State",
      [](HDC context) {
          SetBkColor(context, 0x12345);
@@ -123,8 +125,9 @@ const Drawing Drawings[] = {
          SaveDC(context);
          RestoreDC(context, -1);
      },
-     {"25: 74565", "22: 24", "17: 8", "9: 200 100", "31: 3 1 5 2", "13: -1 3", "58: 1073741824",
-      "33:", "34: -1"}},
+     {"SETBKCOLOR: 74565", "SETTEXTALIGN: 24", "SETMAPMODE: 8", "SETWINDOWEXTEX: 200 100",
+      "SCALEVIEWPORTEXTEX: 3 1 5 2", "SETBRUSHORGEX: -1 3", "SETMITERLIMIT: 1073741824",
+      "SAVEDC:", "RESTOREDC: -1"}},
     {"Clips",
      [](HDC context) {
          const HRGN region = CreateRectRgn(1, 2, 30, 40);
@@ -135,8 +138,9 @@ const Drawing Drawings[] = {
          FillRgn(context, region, stockBrush(BLACK_BRUSH));
          DeleteObject(region);
      },
-     {"75: 48 5 32 1 1 16 1 2 30 40 1 2 30 40", "30: 5 6 7 8", "26: 1 -1", "75: 0 5",
-      "71: 1 2 29 39 48 -2147483644 32 1 1 16 1 2 30 40 1 2 30 40"}},
+     {"EXTSELECTCLIPRGN: 48 5 32 1 1 16 1 2 30 40 1 2 30 40", "INTERSECTCLIPRECT: 5 6 7 8",
+      "OFFSETCLIPRGN: 1 -1", "EXTSELECTCLIPRGN: 0 5",
+      "FILLRGN: 1 2 29 39 48 -2147483644 32 1 1 16 1 2 30 40 1 2 30 40"}},
     {"ObjectsOnceAndTheirEntriesAgain",
      [](HDC context) {
          const HBRUSH first = CreateSolidBrush(1);
@@ -158,17 +162,19 @@ const Drawing Drawings[] = {
          SelectObject(context, GetStockObject(BLACK_PEN));
          GdiComment(context, 5, reinterpret_cast<const BYTE*>("TPC\x01\x02"));
      },
-     {"39: 1 0 1 0", "37: 1", "39: 2 2 2 4", "37: 2", "37: 1", "40: 2",
-      "95: 2 0 0 0 0 65543 3 0 16711680 0 2 4 5", "37: 2", "37: -2147483643", "40: 1", "38: 1 2 1 0 7",
-      "37: 1", "40: 2", "37: -2147483641", "40: 1", "70: 5 21188692 2"}},
+     {"CREATEBRUSHINDIRECT: 1 0 1 0", "SELECTOBJECT: 1", "CREATEBRUSHINDIRECT: 2 2 2 4", "SELECTOBJECT: 2",
+      "SELECTOBJECT: 1", "DELETEOBJECT: 2", "EXTCREATEPEN: 2 0 0 0 0 65543 3 0 16711680 0 2 4 5",
+      "SELECTOBJECT: 2", "SELECTOBJECT: -2147483643", "DELETEOBJECT: 1", "CREATEPEN: 1 2 1 0 7",
+      "SELECTOBJECT: 1", "DELETEOBJECT: 2", "SELECTOBJECT: -2147483641", "DELETEOBJECT: 1",
+      "GDICOMMENT: 5 21188692 2"}},
     {"FillsWithABrushOfTheirOwn",
      [](HDC context) {
          const RECT rect{10, 20, 30, 40};
          FillRect(context, &rect, stockBrush(GRAY_BRUSH));
          FillRect(context, &rect, stockBrush(WHITE_BRUSH));
      },
-     {"37: -2147483646", "76: 10 20 29 39 10 20 20 20 15728673 0 0 *", "37: -2147483648",
-      "76: 10 20 29 39 10 20 20 20 15728673 *"}},
+     {"SELECTOBJECT: -2147483646", "BITBLT: 10 20 29 39 10 20 20 20 15728673 0 0 *",
+      "SELECTOBJECT: -2147483648", "BITBLT: 10 20 29 39 10 20 20 20 15728673 *"}},
     {"BitsOfAMonochromeSource",
      [](HDC context) {
          const BYTE rows[] = {0x80, 0, 0x40, 0};
@@ -179,7 +185,7 @@ const Drawing Drawings[] = {
          DeleteDC(source);
          DeleteObject(bitmap);
      },
-     {"77: 1 0 8 3 8 0 -8 4 8913094 0 0 1065353216 0 0 1065353216 0 0 16777215 0 108 48 156 8 2 2 "
+     {"STRETCHBLT: 1 0 8 3 8 0 -8 4 8913094 0 0 1065353216 0 0 1065353216 0 0 16777215 0 108 48 156 8 2 2 "
       "40 2 2 65537 0 8 0 0 0 0 0 16777215 64 128"}},
     {"BitsOfADib",
      [](HDC context) {
@@ -190,7 +196,7 @@ const Drawing Drawings[] = {
          info.bmiHeader.biWidth = 0x7FFFFFFF;
          StretchDIBits(context, 0, 0, 4, 4, 0, 1, 1, 1, pixels, &info, DIB_RGB_COLORS, SRCCOPY);
      },
-     {"81: 0 0 3 3 0 0 0 1 1 1 80 40 120 8 0 13369376 4 4 40 1 2 2097153 0 0 0 0 0 0 1 2"}},
+     {"STRETCHDIBITS: 0 0 3 3 0 0 0 1 1 1 80 40 120 8 0 13369376 4 4 40 1 2 2097153 0 0 0 0 0 0 1 2"}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Recorder, RecordedCalls, testing::ValuesIn(Drawings),
@@ -207,7 +213,7 @@ TEST(MetafileText, HasCharactersAndAdvances)
     ASSERT_EQ(records[1].fields.size(), 22U);
     // The scale, as the bits of a float, is 26.458334: hundredths of a millimetre along a pixel.
     EXPECT_EQ(textOf({84, {records[1].fields.begin() + 4, records[1].fields.end()}}),
-              "84: 1 1104390827 1104390827 10 20 3 76 4 1 2 3 4 84 6422625 8364 7 9 8");
+              "EXTTEXTOUTW: 1 1104390827 1104390827 10 20 3 76 4 1 2 3 4 84 6422625 8364 7 9 8");
     EXPECT_EQ(records[1].fields[0], 10);
     EXPECT_EQ(records[1].fields[2], 33);
 }
@@ -225,10 +231,10 @@ TEST(MetafileHeader, TellsBoundsFrameAndDevice)
         Arc(context, 0, 0, 100, 100, 100, 50, 50, 0);
     };
     const std::tuple<std::function<void(HDC)>, const RECT*, std::string> cases[] = {
-        {[](HDC) {}, nullptr, "1: 0 0 -1 -1 0 0 0 0"},
-        {drawArc, nullptr, "1: 50 0 99 50 1322 0 2645 1349"},
-        {drawClipped, nullptr, "1: 96 96 191 100 2540 2540 5080 2672"},
-        {drawClipped, &frame, "1: 96 96 191 100 0 0 21000 29700"},
+        {[](HDC) {}, nullptr, "HEADER: 0 0 -1 -1 0 0 0 0"},
+        {drawArc, nullptr, "HEADER: 50 0 99 50 1322 0 2645 1349"},
+        {drawClipped, nullptr, "HEADER: 96 96 191 100 2540 2540 5080 2672"},
+        {drawClipped, &frame, "HEADER: 96 96 191 100 0 0 21000 29700"},
     };
     for (const auto& [draw, given, expected] : cases) {
         MetafileRecord header = recorded(draw, given).front();

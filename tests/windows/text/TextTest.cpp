@@ -37,7 +37,7 @@ std::string outputOf(const MetafileRecord& record)
     const auto number = [&](std::size_t field) {
         return std::to_string(record.fields.at(field));
     };
-    if (record.type == 76) {
+    if (record.type == EMR_BITBLT) {
         return number(4) + "," + number(5) + " " + number(6) + "x" + number(7);
     }
     std::string text = number(7) + "," + number(8) + " [" + number(0) + " " + number(1) + " " + number(2) +
@@ -61,7 +61,7 @@ std::string outputs(const LOGFONTA& font, const std::function<void(HDC)>& draw)
     DeleteEnhMetaFile(metafile);
     std::string lines;
     for (const MetafileRecord& record : metafileRecords(bytes)) {
-        if (record.type == 76 || record.type == 84) {
+        if (record.type == EMR_BITBLT || record.type == EMR_EXTTEXTOUTW) {
             lines += outputOf(record) + "|";
         }
     }

@@ -1,5 +1,5 @@
 // Shapes, their attributes, and the symbols and patterns that they refer to: elements in, their calls out.
-#include "PlayedPage.h"
+#include "support/PlayedPage.h"
 
 namespace {
 

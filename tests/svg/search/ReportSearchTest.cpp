@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "SearchedPage.h"
 #include "reportPages.h"
 #include "storedPage.h"
+#include "support/SearchedPage.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Images of SVG pages: definitions with their bytes, placements, tiles and picture brushes, out and back.
-#include "player/PlayedPage.h"
+#include "support/PlayedPage.h"
+#include "support/SvgPage.h"
 #include "surfacePSPrinter.h"
-#include "svg/SvgPage.h"
 #include "sys/krnutil.h"
 
 namespace {
@@ -186,6 +186,11 @@ const PageCase Played[] = {
      "setBrush rgb(0,0,0) style 99 picture 3; " + PlainPen + "ellipse (1, 2, 3, 4); " +
          "setBrush rgb(1,2,3) style 2 picture 0; " + PlainPen + "ellipse (1, 2, 3, 4)"},
 };
+
+TEST_P(SvgPage, HoldsExactly)
+{
+    EXPECT_EQ(GetParam().page, drawnPage(GetParam().draw));
+}
 
 constexpr auto CaseName = [](const auto& info) {
     return std::string(info.param.name);

@@ -1,4 +1,4 @@
-#include "PlayedPage.h"
+#include "support/PlayedPage.h"
 
 #include "metaFilePlayerSVG.h"
 

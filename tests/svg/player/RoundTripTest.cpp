@@ -2,8 +2,8 @@
 // are those that went in, changed as the functions below say, and in nothing else. The page that a replay makes
 // goes the same way again. Images and page counts have tests of their own.
 #include "RandomPage.h"
-#include "player/PlayedPage.h"
-#include "svg/SvgPage.h"
+#include "support/PlayedPage.h"
+#include "support/SvgPage.h"
 
 #include <algorithm>
 #include <climits>

@@ -1,6 +1,6 @@
 // The page count that is stamped into marked text, and the size of a page.
-#include "SearchedPage.h"
-#include "player/PlayedPage.h"
+#include "support/PlayedPage.h"
+#include "support/SearchedPage.h"
 
 #include "sys/krnutil.h"
 

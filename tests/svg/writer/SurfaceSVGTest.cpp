@@ -1,5 +1,5 @@
 // The document around the elements, its bytes for the caller, and what the surface answers beside drawing.
-#include "SvgPage.h"
+#include "support/SvgPage.h"
 
 #include <climits>
 

@@ -1,5 +1,5 @@
 // Arcs, chords and pies: from two directions to a path on the ellipse, with the caller's numbers beside it.
-#include "SvgPage.h"
+#include "support/SvgPage.h"
 
 #include <climits>
 

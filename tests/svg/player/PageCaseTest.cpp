@@ -1,6 +1,6 @@
 // The two tests that all tables of pages feed, and the tables of what holds a page together: where elements
 // begin and end, which of them a walk takes, documents, groups and definitions.
-#include "PlayedPage.h"
+#include "support/PlayedPage.h"
 
 using namespace std::string_literals;
 

@@ -1,6 +1,6 @@
 // Fonts, clips and transforms: groups that stay open, and what closes them. The writer keeps no stack, so
 // the sequences pin which end tag each call writes; the last ones of a page come from closing it.
-#include "SvgPage.h"
+#include "support/SvgPage.h"
 
 #include <cfloat>
 #include <cmath>

@@ -1,14 +1,5 @@
 // Text on its way out of a page: which call an element becomes, and with what. Elements go in, calls come out.
-#include "player/PlayedPage.h"
-
-TEST_P(PageContent, GivesItsCalls)
-{
-    const PlayedPage played = playPage(framed(GetParam().page));
-    const std::string calls = Prepared + GetParam().calls;
-    EXPECT_EQ(played.calls, calls.substr(0, calls.find_last_not_of("; ") + 1)) << GetParam().page;
-    EXPECT_EQ(played.log, std::vector<std::string>());
-    EXPECT_EQ(played.assertions.size(), GetParam().assertions);
-}
+#include "support/PlayedPage.h"
 
 namespace {
 

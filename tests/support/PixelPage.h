@@ -1,10 +1,9 @@
-// A small page to draw on, and its pixels as text: one letter for each, each row after a line break.
+// A small white page of pixels to draw on, and its pixels as text: one letter for each.
 #pragma once
 
 #include <gdidevice.h>
 
-#include <algorithm>
-#include <iterator>
+#include <cstddef>
 #include <string>
 
 constexpr COLORREF Red = 0x0000FF;
@@ -14,14 +13,14 @@ constexpr COLORREF Yellow = 0x00FFFF;
 constexpr COLORREF White = 0xFFFFFF;
 constexpr COLORREF Black = 0x000000;
 
-// '?' for a colour that is none of these.
+// '#' black, '.' white, r g b c m y; '?' for others.
 inline char letterOf(COLORREF color)
 {
-    constexpr COLORREF Colors[] = {Red, Green, Blue, Yellow, White, Black};
-    const auto* found = std::find(std::begin(Colors), std::end(Colors), color);
-    return "rgby.#?"[found - std::begin(Colors)];
+    const bool pure = (color & 0x010101) * 255 == color;
+    return pure ? "#rgybmc."[(color & 1) | (color >> 7 & 2) | (color >> 14 & 4)] : '?';
 }
 
+// Each row after a line break.
 template <class ColorAt>
 std::string pictureFrom(int width, int height, const ColorAt& colorAt)
 {
@@ -40,28 +39,38 @@ inline std::string pictureOf(HDC context, int width, int height)
     return pictureFrom(width, height, [context](int x, int y) { return GetPixel(context, x, y); });
 }
 
-class RasterPage {
+class PixelPage {
 public:
-    RasterPage(int width, int height) : m_options{width, height}, m_context(gdiCreateDevice(&m_options)) {}
-    RasterPage(const RasterPage&) = delete;
-    RasterPage& operator=(const RasterPage&) = delete;
-    ~RasterPage() { DeleteDC(m_context); }
+    explicit PixelPage(const GdiDeviceOptions& options = {})
+        : m_options(options), m_context(gdiCreateDevice(&m_options)),
+          m_bits(gdiDeviceBits(m_context, &m_stride))
+    {
+    }
+    PixelPage(int width, int height) : PixelPage(GdiDeviceOptions{width, height}) {}
+    PixelPage(const PixelPage&) = delete;
+    PixelPage& operator=(const PixelPage&) = delete;
+    ~PixelPage() { DeleteDC(m_context); }
 
     HDC context() const { return m_context; }
+    int width() const { return m_options.width; }
+    int height() const { return m_options.height; }
+
     // Whatever the context's mapping and clip are.
+    COLORREF at(int x, int y) const
+    {
+        const unsigned char* const pixel = m_bits + std::ptrdiff_t{y} * m_stride + std::ptrdiff_t{4} * x;
+        return static_cast<COLORREF>(pixel[2] | pixel[1] << 8 | pixel[0] << 16);
+    }
     std::string picture() const
     {
-        int stride = 0;
-        const unsigned char* bits = gdiDeviceBits(m_context, &stride);
-        return pictureFrom(m_options.width, m_options.height, [&](int x, int y) {
-            const unsigned char* pixel = bits + std::ptrdiff_t{y} * stride + std::ptrdiff_t{4} * x;
-            return static_cast<COLORREF>(pixel[2] | pixel[1] << 8 | pixel[0] << 16);
-        });
+        return pictureFrom(width(), height(), [this](int x, int y) { return at(x, y); });
     }
 
 private:
     GdiDeviceOptions m_options;
     HDC m_context;
+    int m_stride = 0;
+    const unsigned char* m_bits;
 };
 
 // Selects an object that goes when the context does.

@@ -2,7 +2,7 @@
 // be drawn on any surface, and rewritten before it is.
 #pragma once
 
-#include "Runs.h"
+#include "support/Runs.h"
 
 #include <array>
 #include <string>

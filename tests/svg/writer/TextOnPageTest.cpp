@@ -1,15 +1,10 @@
 // Text on its way into a page: the five written forms, byte for byte, the page-count class, rotation, and the
 // escapes that all of them pass through.
-#include "Runs.h"
-#include "svg/SvgPage.h"
+#include "support/Runs.h"
+#include "support/SvgPage.h"
 
 #include <climits>
 #include <tuple>
-
-TEST_P(SvgPage, HoldsExactly)
-{
-    EXPECT_EQ(GetParam().page, drawnPage(GetParam().draw));
-}
 
 namespace {
 

@@ -1,6 +1,6 @@
 // Searching a page to its end: which hits come, in what order, what they mark, and what the marked page is.
-#include "SearchedPage.h"
-#include "player/PlayedPage.h"
+#include "support/PlayedPage.h"
+#include "support/SearchedPage.h"
 
 #include <sstream>
 

@@ -1,5 +1,5 @@
 // Large pages made to exhaust the stack or the clock: quadratic work would keep these tests from ending.
-#include "PlayedPage.h"
+#include "support/PlayedPage.h"
 
 #include "metaFilePlayerSVG.h"
 

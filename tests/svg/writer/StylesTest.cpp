@@ -1,5 +1,5 @@
 // The attributes of pens and plain brushes, branch by branch; hatches are in the test of the definitions.
-#include "SvgPage.h"
+#include "support/SvgPage.h"
 
 #include <climits>
 

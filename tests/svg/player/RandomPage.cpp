@@ -3,7 +3,7 @@
 #include "RandomPage.h"
 
 #include "RecordingSurface.h"
-#include "svg/SvgPage.h"
+#include "support/SvgPage.h"
 
 #include <algorithm>
 #include <climits>

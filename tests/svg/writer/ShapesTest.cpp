@@ -1,6 +1,6 @@
 // The element of each shape, with reversed, odd, empty and extreme arguments. Most are drawn without an
 // outline, which keeps them short.
-#include "SvgPage.h"
+#include "support/SvgPage.h"
 
 #include <climits>
 
