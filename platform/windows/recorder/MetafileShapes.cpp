@@ -90,9 +90,9 @@ bool inclusiveBox(const DeviceContext& context, const RECT& rect, RECTL& box) no
     return true;
 }
 
-// Of the shape as it is played from the record's box. Where units are no pixels, that is another pixel than the one
-// before the edge that GM_COMPATIBLE leaves out.
-DrawnBounds boundsOfShape(const DeviceContext& context, const RECTL& inclusive) noexcept
+// Of a shape as it is played from the record's box. Where units are no pixels, its last pixel is another than the one
+// before the edge that GM_COMPATIBLE leaves out of what is drawn: bounds hold both.
+DrawnBounds boundsWhenPlayed(const DeviceContext& context, const RECTL& inclusive) noexcept
 {
     return boundsWithEdges(context.mapping(),
                            {inclusive.left, inclusive.top, inclusive.right, inclusive.bottom});
@@ -186,7 +186,9 @@ bool MetafileDevice::box(DeviceContext& context, BoxShape shape, const RECT& rec
         return true;
     }
     const bool square = shape == BoxShape::Rectangle && context.mapping().isAxisAligned();
-    markStroked(context, boundsOfShape(context, inclusive), square ? Corners::Square : Corners::Any);
+    DrawnBounds bounds = boundsWhenPlayed(context, inclusive);
+    bounds.add(boundsOfArea(context.mapping(), rect).box);
+    markStroked(context, bounds, square ? Corners::Square : Corners::Any);
     if (shape == BoxShape::RoundRectangle) {
         return record(EMR_ROUNDRECT, EMRROUNDRECT{{}, inclusive, corner}) != nullptr;
     }
@@ -199,7 +201,10 @@ bool MetafileDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rec
     if (!inclusiveBox(context, rect, inclusive)) {
         return true;
     }
-    DrawnBounds bounds = boundsOfPart(context, shape, boundsOfShape(context, inclusive), start, end);
+    DrawnBounds bounds = boundsOfPart(context, shape, boundsWhenPlayed(context, inclusive), start, end);
+    if (const DrawnBounds drawn = boundsOfArea(context.mapping(), rect); !drawn.empty()) {
+        bounds.add(boundsOfPart(context, shape, drawn, start, end).box);
+    }
     if (shape == ArcShape::ArcTo) {
         bounds.add(context.mapping().toDevice(context.state.position));
     }

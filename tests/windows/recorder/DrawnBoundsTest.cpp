@@ -33,12 +33,11 @@ std::ostream& operator<<(std::ostream& stream, const Box& box)
     return stream << box.left << ' ' << box.top << ' ' << box.right << ' ' << box.bottom;
 }
 
-// Where a metafile of the whole screen paints on a page of its resolution.
-Box inkOf(HENHMETAFILE metafile)
+template <class Draw>
+Box inkOf(const Draw& draw)
 {
     const PixelPage page(Side, Side);
-    const RECT screen{0, 0, 1920, 1440};
-    EXPECT_TRUE(PlayEnhMetaFile(page.context(), metafile, &screen));
+    draw(page.context());
     Box ink;
     for (int y = 0; y < Side; ++y) {
         for (int x = 0; x < Side; ++x) {
@@ -60,7 +59,8 @@ int slackOf(HDC context)
 struct Recorded {
     Box header;
     Box record; // the first record of these types
-    Box ink;
+    Box ink;    // of the metafile, played on a page of its resolution
+    Box drawn;  // of the same calls on such a page
 };
 
 template <class Draw>
@@ -73,7 +73,11 @@ Recorded recorded(std::initializer_list<std::uint32_t> types, const Draw& draw)
     std::vector<unsigned char> bytes(GetEnhMetaFileBits(metafile, 0, nullptr));
     GetEnhMetaFileBits(metafile, static_cast<UINT>(bytes.size()), bytes.data());
     Recorded result;
-    result.ink = inkOf(metafile);
+    result.ink = inkOf([metafile](HDC page) {
+        const RECT screen{0, 0, 1920, 1440};
+        EXPECT_TRUE(PlayEnhMetaFile(page, metafile, &screen));
+    });
+    result.drawn = inkOf(draw);
     DeleteEnhMetaFile(metafile);
     const auto boxOf = [](const MetafileRecord& record) {
         return Box{record.fields[0], record.fields[1], record.fields[2], record.fields[3]};
@@ -230,6 +234,8 @@ TEST(DrawnBounds, HoldTheInkOfShapes)
             });
         EXPECT_TRUE(result.header.holds(result.ink, slack))
             << seed << ": " << result.header << " < " << result.ink;
+        EXPECT_TRUE(result.header.holds(result.drawn, 0))
+            << seed << ": " << result.header << " < " << result.drawn;
         EXPECT_TRUE(result.record.right < 0 || result.record.holds(result.ink, slack))
             << seed << ": " << result.record;
         painted += result.ink.right < 0 ? 0 : 1;
