@@ -29,6 +29,8 @@ public:
     void clear();
 
     bool empty() const noexcept { return m_steps.empty(); }
+    // How many points it has.
+    std::size_t size() const noexcept { return m_points.size(); }
     // Whether a line can go on from the last point, and that point.
     bool isOpen() const noexcept { return !m_steps.empty() && m_steps.back() != Step::Close; }
     DevicePoint last() const noexcept { return m_points.back(); }

@@ -1,5 +1,4 @@
 #include "RasterDevice.h"
-#include "failWith.h"
 
 #include <cairo.h>
 
@@ -7,7 +6,9 @@
 #include <cmath>
 
 #include "DeviceContext.h"
+#include "ManyEdges.h"
 #include "PenLook.h"
+#include "failWith.h"
 
 namespace wingdi {
 
@@ -101,6 +102,10 @@ bool RasterDevice::draw(DeviceContext& context, const Outline& outline, bool fil
 
 void RasterDevice::fill(Canvas& canvas, const Outline& outline, int fillMode, const Ink& ink)
 {
+    if (outline.size() > MostPointsForCairo) {
+        fillByRows(canvas, outline, fillMode, ink);
+        return;
+    }
     const RECT box = outline.box();
     m_painter.paint(canvas, box, ink, [&](cairo_t* cairo, const RECT& window) {
         const RECT around = grown(window, Nearby);

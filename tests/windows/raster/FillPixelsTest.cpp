@@ -3,6 +3,7 @@
 
 #include <climits>
 #include <cstdio>
+#include <random>
 #include <string>
 
 #include "support/PixelPage.h"
@@ -204,6 +205,48 @@ TEST(RasterPages, AreSavedAsPictures)
     std::remove(path.c_str());
     EXPECT_FALSE(gdiSavePng(page.context(), "/nowhere/saved-page.png"));
     EXPECT_FALSE(gdiSavePng(nullptr, path.c_str()));
+}
+
+// Areas and wide lines of very many points are painted in another way: as regions are, and as all their segments.
+TEST(FillPixels, OfVeryManyPoints)
+{
+    std::mt19937 engine(1);
+    std::vector<POINT> points;
+    for (int i = 0; i < 60; ++i) {
+        const POINT point{static_cast<LONG>(engine() % 100) - 10, static_cast<LONG>(engine() % 80) - 10};
+        points.insert(points.end(), 100, point);
+    }
+    const auto count = static_cast<int>(points.size());
+    for (const int mode : {ALTERNATE, WINDING}) {
+        const PixelPage area(80, 60);
+        SetPolyFillMode(area.context(), mode);
+        SelectObject(area.context(), GetStockObject(NULL_PEN));
+        use(area.context(), CreateSolidBrush(Blue));
+        Polygon(area.context(), points.data(), count);
+        const PixelPage region(80, 60);
+        const HRGN shape = CreatePolygonRgn(points.data(), count, mode);
+        const HBRUSH brush = CreateSolidBrush(Blue);
+        FillRgn(region.context(), shape, brush);
+        DeleteObject(brush);
+        DeleteObject(shape);
+        EXPECT_EQ(area.picture(), region.picture()) << mode;
+    }
+    const PixelPage whole(80, 60);
+    use(whole.context(), geometricPen(PS_SOLID, 5, Red));
+    Polyline(whole.context(), points.data(), count);
+    const PixelPage segments(80, 60);
+    use(segments.context(), geometricPen(PS_SOLID, 5, Red));
+    for (int i = 1; i < count; ++i) {
+        line(segments.context(), points[static_cast<std::size_t>(i) - 1],
+             points[static_cast<std::size_t>(i)]);
+    }
+    int further = 0; // of two edges a pixel apart, the gap may be filled
+    for (int i = 0; i < 80 * 60; ++i) {
+        const bool covered = segments.at(i % 80, i / 80) == Red;
+        EXPECT_TRUE(!covered || whole.at(i % 80, i / 80) == Red) << i;
+        further += !covered && whole.at(i % 80, i / 80) == Red ? 1 : 0;
+    }
+    EXPECT_LE(further, 3);
 }
 
 } // namespace
