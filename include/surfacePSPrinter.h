@@ -114,7 +114,8 @@ public:
     void restoreBrush() override;
     void restoreFont() override;
     void restorePen() override;
-    // Replaces the clip; clips do not intersect. Null is for a caller that has set one.
+    // Replaces the clip; clips do not intersect. Null is for a caller that has set one: without, the document goes back
+    // to the interpreter's own state, and with it loses the page's scale and its font.
     void setClippingRegion(RECT* rect) override;
     void setBackColor(unsigned long color) override;
     void setBackMode(int mode) override;

@@ -62,10 +62,12 @@ void CSurfacePSPrinter::Detail::beginState()
 
 void CSurfacePSPrinter::Detail::endState()
 {
-    if (m_page.m_stateDepth > 0) {
-        --m_page.m_stateDepth;
-        m_page.m_depthsWithFont &= bitOf(m_page.m_stateDepth) * 2 - 1;
+    if (m_page.m_stateDepth == 0) {
+        m_page.m_depthsWithFont = 0; // what is restored is the interpreter's own state, from before the page
+        return;
     }
+    --m_page.m_stateDepth;
+    m_page.m_depthsWithFont &= bitOf(m_page.m_stateDepth) * 2 - 1;
 }
 
 void CSurfacePSPrinter::Detail::noteFont()

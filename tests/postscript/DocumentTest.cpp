@@ -213,6 +213,8 @@ TEST(PostScriptDocument, TellsOfWhatStopsAnInterpreter)
         {"a font that a transform took along",
          [=](auto& s) { s.setTransform(1, 0, 0, 1, 0, 0), font(s, 9), s.clearTransform(), runs(s, true); },
          "underline"},
+        {"a font from before the end of no clip",
+         [=](auto& s) { font(s, 9), s.setClippingRegion(nullptr), runs(s, true); }, "underline"},
         {"a font name that ends early",
          [](auto& s) {
              char parted[] = "A(b";
