@@ -103,7 +103,8 @@ public:
     // Text by the rules of the Windows DrawText. Required.
     virtual void drawText(const char* text, RECT* rect, unsigned int flags) = 0;
     // Text from a point, which is its left end at the top. Of `flags`, those of the Windows DrawText, 2 makes the
-    // point its right end, else 1 its middle; the others have no effect on the place. Required.
+    // point its right end, else 1 its middle. Flags that place text in the height of a rectangle (4, 8) or draw nothing
+    // (0x400) are not for a point: surfaces on devices pass them on, and the text is out of sight. Required.
     virtual void drawTextAt(const char* text, POINT* point, unsigned int flags) = 0;
     // drawString with the angles for this one call. Default: nothing; only CSurfaceGDI draws here.
     virtual void drawStringRotated(const char* text, RECT* rect, unsigned int flags, int charAngle,

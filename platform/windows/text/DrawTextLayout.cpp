@@ -169,11 +169,10 @@ void DrawTextLayout::cutMiddle(DrawTextLine& line, double maximumWidth)
     const auto backslash =
         std::find(std::make_reverse_iterator(end), std::make_reverse_iterator(begin), u'\\');
     const double room = maximumWidth - static_cast<double>(ellipsisWidth());
-    std::size_t tail = line.first;
+    std::size_t tail = line.last;
     if (backslash != std::make_reverse_iterator(begin)) {
         tail = static_cast<std::size_t>(backslash.base() - m_text.begin()) - 1;
     } else {
-        tail = line.last;
         for (double x = 0; tail > line.first; --tail) {
             x += m_measure.next(m_text[tail - 1]);
             if (x > room / 2) {

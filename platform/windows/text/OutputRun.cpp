@@ -1,5 +1,4 @@
 #include "OutputRun.h"
-#include "failWith.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,6 +6,7 @@
 #include <vector>
 
 #include "CodePageText.h"
+#include "failWith.h"
 
 using namespace wingdi;
 

@@ -82,7 +82,7 @@ int drawSymbol(CSurface& surface, const SymbolUse& use, RECT rect, char* rest)
 
 int CMetaFilePlayerSVG::processDefsElement(char** element)
 {
-    Detail::ElementWalk walk = Detail::ElementWalk::inside(*this, stepOver(*element, 1));
+    Detail::ElementWalk walk = Detail::ElementWalk::inside(*this, *element + 1);
     int result = 0;
     while (result == 0 && walk.next()) {
         switch (walk.type()) {

@@ -163,7 +163,7 @@ int CMetaFilePlayerSVG::processSVGElement(char** element)
     }
     m_surface->prepareSurface();
     const ValueDuring<char*> inside(m_memory->walkEnd, m_memory->elementEnd);
-    return processElements(stepOver(*element, 1));
+    return processElements(*element + 1);
 }
 
 int CMetaFilePlayerSVG::processSVGSubElement(char** element)
@@ -191,5 +191,5 @@ int CMetaFilePlayerSVG::processSVGSubElement(char** element)
     const ValueDuring<SvgViewport*> viewportInForce(m_viewport, &viewport);
     const ValueDuring<char*> inside(m_memory->walkEnd, end);
     const ValueDuring<int> deeper(m_memory->depth, m_memory->depth + 1);
-    return processElements(stepOver(*element, 1));
+    return processElements(*element + 1);
 }

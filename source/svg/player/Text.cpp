@@ -162,7 +162,7 @@ int CMetaFilePlayerSVG::Detail::drawRuns(TextElement& text, char* body)
                 run->m_position.y = previous->m_position.y;
             }
         } else if (walk.type() == RecordTextPath) {
-            ElementWalk path = ElementWalk::inside(m_player, stepOver(walk.element(), 1));
+            ElementWalk path = ElementWalk::inside(m_player, walk.element() + 1);
             if (path.next() && path.type() == RecordTSpan) {
                 CSurfaceTextChunk* const run = runs.add();
                 m_player.processTSpanElement(path.element(), run);

@@ -95,7 +95,7 @@ TEST(Bitmaps, RunLengthsRepeatCopyAndMove)
                   2);
         std::string blue;
         for (int pixel = 0; pixel < 8; ++pixel) {
-            blue += static_cast<const char*>(bits)[4 * pixel];
+            blue += static_cast<const char*>(bits)[std::ptrdiff_t{4} * pixel];
         }
         EXPECT_EQ(blue, std::string("\0\0\0\1\1\2\0\0", 8)) << &form - forms;
         DeleteObject(section);
