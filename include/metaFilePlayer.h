@@ -1,4 +1,4 @@
-// CMetaFilePlayer: the one entry point for stored pages.
+// CMetaFilePlayer: what is done with a stored page begins here.
 //
 // A stored page is the byte buffer that a surface gave with getData. createPlayer recognises the page's format
 // from its bytes and makes the right player, CMetaFilePlayerSVG or CMetaFilePlayerEMF; the other static

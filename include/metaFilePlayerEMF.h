@@ -1,4 +1,4 @@
-// CMetaFilePlayerEMF: the player for pages stored as enhanced metafiles ([MS-EMF]), and what is done with such a
+// CMetaFilePlayerEMF: plays enhanced metafiles ([MS-EMF]), and what is done with such a
 // page without playing it.
 //
 // Made and called by CMetaFilePlayer. It can play only on a surface that has a device context to offer; the static
@@ -26,7 +26,8 @@ public:
     // a text; of a page with up to 8 markers none has been written then.
     static bool insertPageCount(unsigned char* page, int length, int pageNumber, int pageCount);
 
-    // The size of the frame in pixels of the reference device; 0 and 0 for a page that is too short or has a size
+    // The frame's width and height as the reference device counts pixels; 0 and 0 for a page that is too short or has a
+    // size
     // that is none. Both stay as they are when the header doesn't give the size of the device.
     static void getImageSize(unsigned char* page, int length, unsigned int& width, unsigned int& height);
 

@@ -90,6 +90,6 @@ private:
     CSurface* m_surface;          // the destination, not owned
     bool m_svgSeen;               // the outermost <svg has been met
     SvgViewport* m_viewport;      // the one in force
-    bool m_groupClip;             // a clip group set a clip that the next group end takes away
+    bool m_groupClip;             // a clip is set that goes with the next end of a group
     SvgWalkMemory* m_memory;      // what the walk remembers to stay linear in the page's length
 };

@@ -4,9 +4,9 @@
 // of page: CSurfaceSVG (a page of SVG text), CSurfacePSPrinter (a page of PostScript), CSurfaceGDI with its
 // subclasses CSurfaceEMF (a metafile being recorded) and CSurfaceHdc (a device context of the caller).
 //
-// Coordinates are whole numbers in the surface's logical units, y grows downward. Colours are 32-bit with red
+// Coordinates count logical units, without fractions; y grows downward. Colours are 32-bit with red
 // in the low byte. Angles are whole degrees, font sizes points. Drawing operations return nothing; trouble
-// that a caller cannot act on goes to the log and the drawing goes on. A null text, rectangle, point list or
+// that no caller could mend is logged, and drawing continues. A null text, rectangle, point list or
 // attribute draws nothing and changes nothing, unless an operation says otherwise. Exhausted memory throws
 // KrnException, and nothing else is thrown: the page is then one with or without the call that failed, never with
 // half of it. An object that is made with `new` is null when there is no memory for the object itself.
@@ -39,7 +39,7 @@ public:
 
     virtual ~CSurface();
 
-    // Copies the finished page; `size` is the room on entry and the bytes copied on return. Required.
+    // Copies the finished page; `size` comes with the room of `data` and goes with the count of bytes copied. Required.
     virtual void getData(unsigned char* buffer, unsigned int& size) = 0;
     // Bytes of the finished page. Required.
     virtual int getDataLength() = 0;
@@ -66,7 +66,7 @@ public:
     // The picture type the surface wants for an image that the caller holds as `picType`: 1 Windows bitmap,
     // 3 and 5 icon, 6 TIFF, 7 JPEG, 8 PNG, 9 GIF. Default: `picType`.
     virtual int requiredPictureType(int picType);
-    // Gives the surface the bytes of an image under the number `id`, with its size in pixels. `picType` is one of
+    // Hands over the bytes of an image, `id` its number from then on, with its width and height in pixels. `picType` is one of
     // those above, or 100 for a tile, which only CSurfacePSPrinter treats in its own way. For any other type the text
     // back ends look at the bytes themselves; on devices 7 is JPEG and all else PNG. Ids are small numbers counted from
     // 0, since the text back ends keep a table of them: from 65536 on these refuse an image, with one line in the log
@@ -74,21 +74,21 @@ public:
     // the first; CSurfaceSVG writes both and takes the size of the later one. Required.
     virtual void includeImage(unsigned int id, unsigned char* data, int size, int width, int height,
                               int picType) = 0;
-    // Draws a held image; an id that was not included draws nothing. Mode 0: at its own size from offset (x, y); 1:
+    // Draws a held image; an id that was not included draws nothing. Mode 0: unscaled, shifted by (x, y); 1:
     // scaled to the rectangle; 2: tiled over the rectangle with its origin at offset (x, y). Other modes: nothing on
     // devices, mode 0 on CSurfacePSPrinter; CSurfaceSVG writes an image that its player scales, or draws at its own
     // size where the rectangle is empty. Required.
     virtual void drawImage(RECT* rect, unsigned int id, int mode, int x, int y) = 0;
     // Ends the transform. Default: forgets it.
     virtual void clearTransform();
-    // Text with its base line at (x, y). `options` are those of the Windows ExtTextOut, of which 4 makes
+    // Text that stands on a base line through (x, y). `options` are those of the Windows ExtTextOut, of which 4 makes
     // `rect` the clip; `length` -1 means the whole text, and no byte after `length` is read. Required.
     virtual void drawTextOnBaseLine(int x, int y, unsigned int options, RECT* rect, char* text,
                                     int length) = 0;
-    // Part of the ellipse in `rect`, counter-clockwise from the direction of (x1, y1) to that of (x2, y2),
+    // The piece of the ellipse in `rect` that runs counter-clockwise between the radials through (x1, y1) and (x2, y2),
     // seen from its centre. Required.
     virtual void drawArc(RECT* rect, int x1, int y1, int x2, int y2) = 0;
-    // As drawArc, closed by a straight line and filled. Required.
+    // The piece of drawArc and its chord, filled. Required.
     virtual void drawChord(RECT* rect, int x1, int y1, int x2, int y2) = 0;
     // Required.
     virtual void drawFocusRect(RECT* rect) = 0;
@@ -106,7 +106,7 @@ public:
     // point its right end, else 1 its middle. Flags that place text in the height of a rectangle (4, 8) or draw nothing
     // (0x400) are not for a point: surfaces on devices pass them on, and the text is out of sight. Required.
     virtual void drawTextAt(const char* text, POINT* point, unsigned int flags) = 0;
-    // drawString with the angles for this one call. Default: nothing; only CSurfaceGDI draws here.
+    // As drawString, turned by angles that count for this call alone. Default: nothing; only CSurfaceGDI draws here.
     virtual void drawStringRotated(const char* text, RECT* rect, unsigned int flags, int charAngle,
                                    int textAngle);
     // The ellipse inscribed in `rect`, outlined and filled. Required.
@@ -121,13 +121,13 @@ public:
     // Reports the fonts of the device into `param`. On devices 0 is success; any other number is described at CSurfaceGDI. The text back
     // ends have no fonts to report: they give 0 and leave `param` alone. Required.
     virtual int loadFonts(DskParam* param) = 0;
-    // As drawArc, closed through the centre and filled. Required.
+    // The piece of drawArc and the two radii at its ends, filled. Required.
     virtual void drawPie(RECT* rect, int x1, int y1, int x2, int y2) = 0;
     // Closed, outlined and filled. Required.
     virtual void polygon(POINT* points, unsigned int count) = 0;
     // Open. Required.
     virtual void polyline(POINT* points, unsigned int count) = 0;
-    // The next text is the N of M page number, stamped once the total is known. For a page that can be stamped,
+    // Marks the next text as a page count, which is stamped when the total is known. For a page that can be stamped,
     // CSurfaceSVG or CSurfaceEMF: CSurfacePSPrinter does nothing, and a device context that is no metafile reports a
     // failed assertion. Required.
     virtual void printerNofMMarker(POINT point) = 0;
@@ -139,7 +139,7 @@ public:
     virtual void restoreBrush() = 0;
     virtual void restoreFont() = 0;
     virtual void restorePen() = 0;
-    // Clips later drawing to `rect`; null ends the clip. Required.
+    // From here on only what lies in `rect` shows; null lifts that. Required.
     virtual void setClippingRegion(RECT* rect) = 0;
     // Default: stores the colour.
     virtual void setBackColor(unsigned long color);
@@ -151,13 +151,13 @@ public:
     virtual void setFont(CSurfaceFont* font);
     // Default: copies the pen.
     virtual void setPen(CSurfacePen* pen);
-    // The text style is about to change to `style`; m_textStyle still holds the old one. Required.
+    // Announces the text style that m_textStyle will have next. Required.
     virtual void newTextStyle(CTextStyle* style) = 0;
     // Default: stores the colour in the text style, then calls setForeColor.
     virtual void setTextColor(unsigned long color);
     // Default: stores the angles; newTextStyle is not called.
     virtual void setTextRotation(int charAngle, int textAngle);
-    // Transform of all later drawing, in the element order of the Windows XFORM. Default: stores it.
+    // What is drawn from here on is transformed; the elements come as in an XFORM of Windows. Default: stores it.
     virtual void setTransform(float m11, float m12, float m21, float m22, float dx, float dy);
     // Default: stores the colour.
     virtual void setForeColor(unsigned long color);
@@ -179,7 +179,7 @@ public:
     // A map from the caller's own image ids to small numbers. Nothing in the module calls these two.
     // Appends `id`, seen before or not, and gives its 1-based index.
     unsigned int addImageIndx(unsigned int id);
-    // The 1-based index of the first entry equal to `id`; 0xFFFFFFFF when there is none.
+    // Where `id` comes first, counted from 1; 0xFFFFFFFF for an unknown one.
     unsigned int getImageIndx(unsigned int id);
 
     // Reports a failed assertion of a surface.

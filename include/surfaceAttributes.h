@@ -1,7 +1,7 @@
 // The four small values that a caller sets on a surface: font, pen, brush and text style.
 //
-// A CSurface holds one of each as its current attributes; callers and players build temporary ones to hand
-// over. They know nothing of a device: back ends read their fields. All four are copied freely by value.
+// Each CSurface has one of every kind in force; others are made only to be handed over.
+// They know nothing of a device: back ends read their fields. All four are copied freely by value.
 //
 // Colours are 32-bit: red in bits 0 to 7, green in 8 to 15, blue in 16 to 23. `unsigned long` may have 64
 // bits, so whatever is given is cut to 32. Objects made with `new` live in the module's own heap; `new` gives

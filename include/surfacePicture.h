@@ -1,5 +1,5 @@
 // CSurfacePicture: an image as a GDI surface keeps it. The encoded bytes are held; every draw decodes them anew,
-// so that a picture costs memory for its encoded form only.
+// so that no more than its encoded form is kept in memory.
 //
 // Made by CSurfaceGDI::includeImage and owned by the surface. One thread at a time.
 #pragma once
@@ -21,7 +21,7 @@ public:
     // The answer of findTransparentColor when there is none.
     static constexpr COLORREF noColor = 0x80000000;
 
-    // Draws on a device. Mode 0: at its own size from offset (x, y); 1: scaled to the rectangle; 2: tiled over the
+    // Draws on a device. Mode 0: unscaled, shifted by (x, y); 1: scaled to the rectangle; 2: tiled over the
     // rectangle with its origin at offset (x, y), which makes the stored size of a picture smaller than 8 by 8 in
     // either direction 8 by 8. A tile with a width or height below 1 draws nothing. Other modes
     // draw nothing, and so does a null rectangle.

@@ -1,7 +1,7 @@
-// CSurfaceSVG: turns a page into SVG 1.0 text.
+// CSurfaceSVG: writes a page as SVG 1.0.
 //
-// It draws nothing: each operation appends an element to text buffers, and closeSurface composes them into
-// one document, which the caller takes with getData and stores. CMetaFilePlayerSVG reads that text back with
+// Nothing is painted: every operation adds an element to buffers of text. closeSurface makes a document of them,
+// and getData hands it to the caller, who keeps it. CMetaFilePlayerSVG reads that text back with
 // literal searches, so the exact form of each element, blanks included, is the page format. Viewers show the
 // page too; attributes of the `tovo:` prefix keep what SVG cannot say.
 //
@@ -60,7 +60,7 @@ public:
     void drawText(const char* text, RECT* rect, unsigned int flags) override;
     void drawTextAt(const char* text, POINT* point, unsigned int flags) override;
     void ellipse(RECT* rect) override;
-    // The pen is not touched: the polygon has the current outline as well.
+    // Keeps the pen, whose outline the polygon gets too.
     void solidPolygon(POINT* points, unsigned int count, unsigned long color) override;
     void floodFill(int x, int y, unsigned long color, unsigned int type) override;
     void frameRect(RECT* rect, unsigned long color) override;
@@ -124,7 +124,7 @@ private:
     void SVGArc(RECT* rect, POINT* start, POINT* end, int& rx, int& ry, POINT& startOut, POINT& endOut,
                 int& largeArc, int& sweep);
 
-    TovoTextString m_body;      // the content in drawing order; after closeSurface the whole document
+    TovoTextString m_body;      // elements as they were drawn; once closed, the document
     TovoTextString m_imageDefs; // one image element per included image
     int m_clipCount;            // number of the last clip definition
     int m_patternCount;         // number of the last pattern definition

@@ -28,7 +28,7 @@ public:
     // Whether this run begins a new line after `previous`, which is null for the first run.
     bool isStartOfAnotherLine(CSurfaceTextChunk* previous) const;
 
-    bool m_isNewLine; // starts a line of its own, whatever its position says
+    bool m_isNewLine; // begins a new line even where its position does not
     TovoTextString m_text;
     POINT m_position;       // where the run begins
     bool m_followsPrevious; // goes on where the previous run ended

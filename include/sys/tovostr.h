@@ -2,7 +2,7 @@
 // with, and TovoBinaryString, the same for arbitrary bytes.
 //
 // Used by the whole module and by its callers. Buffers come from the string storage of krnos.h and grow in
-// steps of 64 bytes: room for n characters takes the next multiple of 64 above n. A writer that knows roughly
+// steps of 64 bytes: room for n characters takes the next multiple of 64 above n. Whoever can estimate
 // what it will write reserves first. Without memory, or beyond what 32 bits can size, every growing operation
 // throws KrnException and leaves the string as it was. Neither class takes a lock.
 #pragma once
@@ -14,7 +14,6 @@
 #include <utility>
 
 #include "sys/krnos.h"
-#include <windows.h>
 
 // The buffer behind both strings: ownership, growth and the operations that count bytes and know no text.
 //
@@ -319,12 +318,7 @@ public:
     }
 
     // In code page 1252, up to the first zero byte.
-    void toLower() noexcept
-    {
-        if (_capacity != 0) {
-            CharLowerA(_text);
-        }
-    }
+    SURFACE_API void toLower() noexcept;
 
     friend TovoTextString operator+(const TovoTextString& a, const TovoTextString& b)
     {

@@ -2,7 +2,10 @@
 // character on either side, so that positions mean the same in both.
 //
 // Called where a metafile record holds 16-bit text.
+#include <windows.h>
+
 #include "sys/krnos.h"
+#include "sys/tovostr.h"
 
 #include <algorithm>
 #include <iterator>
@@ -65,4 +68,11 @@ int intlUnicodeToCString(const unsigned short* source, char* target, int size)
 int intlCStringToUnicode(const char* source, unsigned short* target, int size)
 {
     return convertText(source, target, size, toUnicode);
+}
+
+void TovoTextString::toLower() noexcept
+{
+    if (_capacity != 0) {
+        CharLowerA(_text);
+    }
 }

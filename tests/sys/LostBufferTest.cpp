@@ -7,6 +7,8 @@
 
 #include "sys/tovostr.h"
 
+#include <windows.h>
+
 namespace {
 
 bool answersWithNothing = false;

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include <windows.h>
+
 #include "wordSeparators.h"
 #include "wrappingInt.h"
 
