@@ -1,5 +1,6 @@
-# What `cmake --install` puts where, and the Debian package that `cpack -G DEB` makes of it: the library, its headers in a
-# folder of their own, <windows.h> and gdidevice.h in another beside it, and the descriptions for CMake and pkg-config.
+# What `cmake --install` puts where, and the package that `cpack -G DEB` makes of it, or `cpack -G ZIP` for Windows: the library, its headers in a
+# folder of their own, gdidevice.h in another beside it, with <windows.h> where the system has none, and the descriptions
+# for CMake and pkg-config.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -11,7 +12,9 @@ target_include_directories(surface INTERFACE
     $<INSTALL_INTERFACE:${header_folder}> $<INSTALL_INTERFACE:${windows_folder}>)
 install(TARGETS surface EXPORT surface)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${header_folder})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/windows/include/ DESTINATION ${windows_folder})
+foreach(folder IN LISTS SURFACE_WINDOWS_FOLDERS)
+    install(DIRECTORY ${folder}/ DESTINATION ${windows_folder} FILES_MATCHING PATTERN "*.h")
+endforeach()
 
 install(EXPORT surface FILE surfaceTargets.cmake NAMESPACE surface:: DESTINATION ${package_folder})
 file(WRITE ${PROJECT_BINARY_DIR}/surfaceConfig.cmake
@@ -26,11 +29,25 @@ file(RELATIVE_PATH prefix_from_pkgconfig
 configure_file(${CMAKE_CURRENT_LIST_DIR}/surface.pc.in ${PROJECT_BINARY_DIR}/surface.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/surface.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
+if(WIN32)
+    # What the compiler's runtime libraries are licensed under, as Debian tells it.
+    install(FILES ${surface_runtime} DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(FILES /usr/share/doc/gcc-mingw-w64-base/copyright
+        DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME licence-libgcc-libstdc++.txt)
+    install(FILES /usr/share/doc/mingw-w64-common/copyright
+        DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME licence-libwinpthread.txt)
+    set(CPACK_GENERATOR ZIP)
+    math(EXPR bits "8 * ${CMAKE_SIZEOF_VOID_P}")
+    set(CPACK_SYSTEM_NAME windows${bits})
+endif()
+
 set(CPACK_PACKAGE_NAME libsurface)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT "The surface developers <surface@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "draws report pages, stores, replays, stamps and searches them")
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+if(NOT WIN32)
+    set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+endif()
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION libs)

@@ -1,3 +1,9 @@
+# Where gdidevice.h is, and <windows.h> on systems that have none of their own.
+set(SURFACE_WINDOWS_FOLDERS ${PROJECT_SOURCE_DIR}/platform/device)
+if(NOT WIN32)
+    list(APPEND SURFACE_WINDOWS_FOLDERS ${PROJECT_SOURCE_DIR}/platform/windows/include)
+endif()
+
 # The rooms of the library. Each is an object library that sees the public headers, its own folder and the rooms that it
 # names, and no other: a file that includes a foreign room does not compile. The shared library is linked from all of
 # them.
@@ -14,7 +20,7 @@ function(surface_room name)
     target_compile_definitions(${target} PRIVATE SURFACE_BUILDS_MODULE)
     target_include_directories(${target} PRIVATE
         ${PROJECT_SOURCE_DIR}/include
-        ${PROJECT_SOURCE_DIR}/platform/windows/include
+        ${SURFACE_WINDOWS_FOLDERS}
         ${CMAKE_CURRENT_SOURCE_DIR})
     foreach(seen IN LISTS room_SEES)
         target_include_directories(${target} PRIVATE $<TARGET_PROPERTY:surface_${seen},SURFACE_FOLDER>)

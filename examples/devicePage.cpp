@@ -41,8 +41,8 @@ bool playOnDevice(HDC device, Page& page, int dotsPerInch)
 bool paintPixels(Page& page, const std::filesystem::path& png, int dotsPerInch)
 {
     const HDC device = makeDevice(dotsPerInch);
-    const bool painted =
-        device != nullptr && playOnDevice(device, page, dotsPerInch) && gdiSavePng(device, png.c_str());
+    const bool painted = device != nullptr && playOnDevice(device, page, dotsPerInch) &&
+                         gdiSavePng(device, png.string().c_str());
     DeleteDC(device);
     return painted;
 }

@@ -95,10 +95,10 @@ void letterShares(CSurface& surface)
     double middle = 90;
     for (const EnergyUse& use : EnergyUses) {
         const double sweep = 360.0 * yearOf(use) / siteYear();
-        const POINT far = towards(ShareRing, middle - sweep / 2);
+        const POINT edge = towards(ShareRing, middle - sweep / 2);
         const std::string share = std::to_string(percentOf(yearOf(use), siteYear())) + " %";
-        drawCaption(surface, {ShareRing.x + (far.x - ShareRing.x) * 117 / 1000 - 12,
-                              ShareRing.y + (far.y - ShareRing.y) * 117 / 1000 - 6, share.c_str()});
+        drawCaption(surface, {ShareRing.x + (edge.x - ShareRing.x) * 117 / 1000 - 12,
+                              ShareRing.y + (edge.y - ShareRing.y) * 117 / 1000 - 6, share.c_str()});
         middle -= sweep;
     }
     drawCaptions(surface, Ink, {{ShareRing.x - 32, ShareRing.y - 6, "70 % own"}});

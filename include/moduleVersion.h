@@ -7,6 +7,8 @@
 
 #include <windows.h>
 
+#include <shlwapi.h>
+
 #include "sys/moduleObject.h"
 #include "sys/surfaceExport.h"
 
@@ -60,5 +62,10 @@ private:
 };
 
 // Fills the four numbers of the module's version; the last one is in dwPlatformID. Gives 0, or -1 for a null record
-// or one whose cbSize is below 20. A file that can't be read gives zeros.
-extern "C" SURFACE_API std::int32_t DllGetVersion(DLLVERSIONINFO* info);
+// or one whose cbSize is below 20. A file that can't be read gives zeros. The module's one entry for callers of any
+// compiler; on Windows it is found by GetProcAddress under its bare name, as the shell's DLLGETVERSIONPROC.
+#if defined(_WIN32)
+extern "C" HRESULT CALLBACK DllGetVersion(DLLVERSIONINFO* info);
+#else
+extern "C" SURFACE_API HRESULT CALLBACK DllGetVersion(DLLVERSIONINFO* info);
+#endif

@@ -6,6 +6,8 @@
 // any thread; one bitmap or memory stream belongs to one thread at a time.
 #pragma once
 
+#include <cstddef>
+
 #include <windows.h>
 
 #include "sys/surfaceExport.h"
@@ -63,7 +65,7 @@ struct fiio_mem_handle_s {
     long curpos;
     void* data;
 };
-static_assert(sizeof(fiio_mem_handle_s) == 4 * sizeof(void*));
+static_assert(sizeof(fiio_mem_handle_s) == offsetof(fiio_mem_handle_s, data) + sizeof(void*));
 
 struct ImageLibrary;
 

@@ -1,6 +1,7 @@
 #include "AtModuleEnd.h"
 
 #include <atomic>
+#include <cstdlib>
 #include <type_traits>
 
 using namespace krnos;
@@ -27,9 +28,18 @@ void AtModuleEnd::runAll()
     }
 }
 
-// 101 is the first priority that programs may use: the end of everything with a later one, or none, is over.
+// 101 is the first priority that programs may use: the end of everything with a later one, or none, is over. On Windows
+// destructors of that kind run before those of static objects, but what was asked for first comes last there.
+#if defined(_WIN32)
+extern "C" [[gnu::constructor(101)]] void surfaceModuleBegins();
+extern "C" void surfaceModuleBegins()
+{
+    std::atexit(AtModuleEnd::runAll);
+}
+#else
 extern "C" [[gnu::destructor(101)]] void surfaceModuleEnds();
 extern "C" void surfaceModuleEnds()
 {
     AtModuleEnd::runAll();
 }
+#endif

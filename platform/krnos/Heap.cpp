@@ -9,6 +9,16 @@
 // Blocks may be given back by destructors of static objects, in whatever order those run.
 static_assert(std::is_trivially_destructible_v<XHeap>);
 
+#if defined(_WIN32)
+namespace {
+
+// The compiler puts an exported class's constants into the library only where somebody needs their addresses.
+[[gnu::used]] const void* const exportedConstants[] = {&KrnException::outOfMemoryCode,
+                                                       &KrnException::outOfMemoryNumber};
+
+} // namespace
+#endif
+
 constinit XHeap kosDefaultHeap(XHeap::Exhausted::throws);
 
 void krnOutOfMemory()

@@ -7,6 +7,8 @@
 
 #include <mutex>
 
+#include "ModuleMutex.h"
+
 namespace krnos {
 
 template <typename Function>
@@ -32,7 +34,7 @@ public:
     }
 
 private:
-    std::recursive_mutex m_mutex;
+    RecursiveModuleMutex m_mutex;
     Function* m_function = nullptr;
     void* m_context = nullptr;
 };

@@ -8,6 +8,33 @@
 
 namespace krnos {
 
+#if defined(_WIN32)
+
+// The thread gets a locale of its own; of that only the form of numbers changes.
+class NeutralLocale {
+public:
+    NeutralLocale() noexcept : m_formerKind(m_configthreadlocale(_ENABLE_PER_THREAD_LOCALE))
+    {
+        std::strncpy(m_former, setlocale(LC_NUMERIC, nullptr), sizeof(m_former) - 1);
+        setlocale(LC_NUMERIC, "C");
+    }
+    ~NeutralLocale()
+    {
+        setlocale(LC_NUMERIC, m_former);
+        m_configthreadlocale(m_formerKind);
+    }
+
+    NeutralLocale(const NeutralLocale&) = delete;
+    NeutralLocale& operator=(const NeutralLocale&) = delete;
+
+private:
+    const int m_formerKind; // the locale of this thread or that of the process
+    char m_former
+        [256]{}; // longer than any name: language, country and code page have 64, 64 and 16 characters
+};
+
+#else
+
 class NeutralLocale {
 public:
     NeutralLocale() noexcept : m_former(uselocale(neutral())) {}
@@ -25,5 +52,7 @@ private:
 
     locale_t m_former;
 };
+
+#endif
 
 } // namespace krnos

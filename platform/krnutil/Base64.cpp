@@ -127,7 +127,7 @@ int base64Encode(unsigned char* data, unsigned int size, char*& text, int& lengt
     if (needed > INT_MAX || (data == nullptr && size != 0)) {
         return krnError::NoMemory;
     }
-    text = static_cast<char*>(std::malloc(needed + 1));
+    text = static_cast<char*>(std::malloc(static_cast<std::size_t>(needed) + 1));
     if (text == nullptr) {
         return krnError::NoMemory;
     }
@@ -145,7 +145,9 @@ int base64Decode(char* text, unsigned char*& data, int& size)
         return 0;
     }
     const std::uint64_t capacity = std::uint64_t{length} / 4 * 3 + 3;
-    auto* const block = capacity <= INT_MAX ? static_cast<unsigned char*>(std::malloc(capacity)) : nullptr;
+    auto* const block = capacity <= INT_MAX
+                            ? static_cast<unsigned char*>(std::malloc(static_cast<std::size_t>(capacity)))
+                            : nullptr;
     if (block == nullptr) {
         return krnError::NoMemory;
     }

@@ -3,6 +3,7 @@
 
 #include <cstdarg>
 #include <cstddef>
+#include <cstdio>
 #include <memory>
 #include <mutex>
 #include <new>
@@ -12,12 +13,14 @@
 
 #include <cinttypes>
 #include <cwchar>
-#include <dlfcn.h>
 
 #include "AtModuleEnd.h"
+#include "LoadedLibrary.h"
+#include "ModuleMutex.h"
 #include "sys/krnos.h"
 
 using namespace krnos;
+using namespace krnutil;
 
 // FreeImage's header declares Windows types under their own names, so it gets a namespace to do that in. The
 // system headers that it asks for are above and are not read again.
@@ -25,11 +28,13 @@ namespace freeImage {
 #include <FreeImage.h>
 } // namespace freeImage
 
+#if !defined(_WIN32) // where it takes the system's own types
 static_assert(sizeof(::BITMAPINFO) == sizeof(freeImage::BITMAPINFO));
 static_assert(offsetof(::BITMAPINFO, bmiColors) == offsetof(freeImage::BITMAPINFO, bmiColors));
 static_assert(offsetof(::BITMAPINFOHEADER, biBitCount) == offsetof(freeImage::BITMAPINFOHEADER, biBitCount));
 static_assert(offsetof(::BITMAPINFOHEADER, biClrUsed) == offsetof(freeImage::BITMAPINFOHEADER, biClrUsed));
 static_assert(offsetof(::RGBQUAD, rgbRed) == offsetof(freeImage::RGBQUAD, rgbRed));
+#endif
 static_assert(int{::FIF_UNKNOWN} == int{freeImage::FIF_UNKNOWN} && int{::FIF_BMP} == int{freeImage::FIF_BMP});
 static_assert(int{::FIF_ICO} == int{freeImage::FIF_ICO} && int{::FIF_JPEG} == int{freeImage::FIF_JPEG});
 static_assert(int{::FIF_PNG} == int{freeImage::FIF_PNG} && int{::FIF_TIFF} == int{freeImage::FIF_TIFF});
@@ -58,16 +63,26 @@ constexpr bool PassedAlike<void, void> = true;
 template <typename Ours, typename Theirs>
 constexpr bool CalledAlike = false;
 template <typename OurResult, typename... Ours, typename TheirResult, typename... Theirs>
-requires(sizeof...(Ours) ==
-         sizeof...(Theirs)) constexpr bool CalledAlike<OurResult(Ours...), TheirResult(Theirs...)> =
-    PassedAlike<OurResult, TheirResult> && (PassedAlike<Ours, Theirs> && ...);
+requires(sizeof...(Ours) == sizeof...(Theirs)) constexpr bool CalledAlike<
+    OurResult(WINAPI*)(Ours...), TheirResult(WINAPI*)(Theirs...)> = PassedAlike<OurResult, TheirResult> &&
+                                                                    (PassedAlike<Ours, Theirs> && ...);
 
-// Declared is the function as FreeImage's header has it.
-template <typename Declared, typename Function>
-bool find(void* handle, const char* name, Function*& function) noexcept
+// Declared is the function as FreeImage's header has it. On Windows of 32 bits its name may be decorated: an underscore in
+// front, and after it the bytes of the arguments.
+template <typename Declared, typename Result, typename... Arguments>
+bool find(void* handle, const char* name, Result(WINAPI*& function)(Arguments...)) noexcept
 {
-    static_assert(CalledAlike<Function, Declared>);
-    function = reinterpret_cast<Function*>(dlsym(handle, name));
+    using Function = Result(WINAPI*)(Arguments...);
+    static_assert(CalledAlike<Function, Declared*>);
+    function = reinterpret_cast<Function>(findFunction(handle, name));
+#if defined(_WIN32) && !defined(_WIN64)
+    if (function == nullptr) {
+        constexpr std::size_t Bytes = (0 + ... + ((sizeof(Arguments) + 3) / 4 * 4));
+        char decorated[64];
+        std::snprintf(decorated, sizeof(decorated), "_%s@%u", name, static_cast<unsigned int>(Bytes));
+        function = reinterpret_cast<Function>(findFunction(handle, decorated));
+    }
+#endif
     return function != nullptr;
 }
 
@@ -119,14 +134,13 @@ void silence(void* handle) noexcept
 {
     using TiffHandler = void(const char* module, const char* format, std::va_list arguments);
     using SetTiffHandler = TiffHandler*(TiffHandler*);
-    void (*setOutputMessage)(freeImage::FreeImage_OutputMessageFunction) = nullptr;
+    void(WINAPI * setOutputMessage)(freeImage::FreeImage_OutputMessageFunction) = nullptr;
     if (find<decltype(freeImage::FreeImage_SetOutputMessage)>(handle, "FreeImage_SetOutputMessage",
                                                               setOutputMessage)) {
         setOutputMessage(nullptr);
     }
     for (const char* const name : {"TIFFSetErrorHandler", "TIFFSetWarningHandler"}) {
-        SetTiffHandler* setHandler = nullptr;
-        if (find<SetTiffHandler>(handle, name, setHandler)) {
+        if (auto* const setHandler = reinterpret_cast<SetTiffHandler*>(findFunction(handle, name))) {
             setHandler(nullptr);
         }
     }
@@ -163,27 +177,31 @@ private:
         // What needs memory comes first, so that a library which was opened is never lost.
         auto library = std::make_unique<ImageLibrary>();
         m_loaded.reserve(m_loaded.size() + 1);
-        void* const handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
+        void* const handle = openLibrary(path);
         if (handle == nullptr) {
             return nullptr;
         }
         for (const Loaded& loaded : m_loaded) {
             if (loaded.handle == handle) {
-                dlclose(handle);
+                closeLibrary(handle);
                 return loaded.library.get();
             }
         }
         if (!findStreams(handle, *library) || !findBitmaps(handle, *library)) {
-            dlclose(handle);
+            closeLibrary(handle);
             return nullptr;
         }
         silence(handle);
         return m_loaded.emplace_back(Loaded{handle, std::move(library)}).library.get();
     }
 
+#if defined(_WIN32)
+    static constexpr char DefaultName[] = "FreeImage.dll";
+#else
     static constexpr char DefaultName[] = "libfreeimage.so.3";
+#endif
 
-    std::mutex m_mutex;
+    ModuleMutex m_mutex;
     std::string m_path = DefaultName;
     bool m_tried = false;
     const ImageLibrary* m_current = nullptr;

@@ -24,33 +24,33 @@ constexpr int LoadNoPixels = 0x8000;
 // Members are named as the functions are, without their "FreeImage_". Results of type BOOL are 0 for a failure,
 // bitmaps and streams null.
 struct ImageLibrary {
-    FIMEMORY* (*openMemory)(BYTE* data, DWORD size);
-    void (*closeMemory)(FIMEMORY* memory);
-    BOOL (*acquireMemory)(FIMEMORY* memory, BYTE** data, DWORD* size);
-    FREE_IMAGE_FORMAT (*getFileTypeFromMemory)(FIMEMORY* memory, int size);
-    BOOL (*saveToMemory)(FREE_IMAGE_FORMAT format, FIBITMAP* bitmap, FIMEMORY* memory, int flags);
+    FIMEMORY*(WINAPI* openMemory)(BYTE* data, DWORD size);
+    void(WINAPI* closeMemory)(FIMEMORY* memory);
+    BOOL(WINAPI* acquireMemory)(FIMEMORY* memory, BYTE** data, DWORD* size);
+    FREE_IMAGE_FORMAT(WINAPI* getFileTypeFromMemory)(FIMEMORY* memory, int size);
+    BOOL(WINAPI* saveToMemory)(FREE_IMAGE_FORMAT format, FIBITMAP* bitmap, FIMEMORY* memory, int flags);
 
-    FREE_IMAGE_FORMAT(*getFileTypeFromHandle)
+    FREE_IMAGE_FORMAT(WINAPI* getFileTypeFromHandle)
     (krnutil::ImageReaderFunctions* functions, void* handle, int size);
-    BOOL(*validateFromHandle)
+    BOOL(WINAPI* validateFromHandle)
     (FREE_IMAGE_FORMAT format, krnutil::ImageReaderFunctions* functions, void* handle);
-    FIBITMAP* (*loadFromHandle)(FREE_IMAGE_FORMAT format, krnutil::ImageReaderFunctions* functions,
-                                void* handle, int flags);
-    BOOL (*fifSupportsNoPixels)(FREE_IMAGE_FORMAT format);
-    BOOL (*fifSupportsExportBPP)(FREE_IMAGE_FORMAT format, int bits);
-    int (*getFIFCount)();
+    FIBITMAP*(WINAPI* loadFromHandle)(FREE_IMAGE_FORMAT format, krnutil::ImageReaderFunctions* functions,
+                                      void* handle, int flags);
+    BOOL(WINAPI* fifSupportsNoPixels)(FREE_IMAGE_FORMAT format);
+    BOOL(WINAPI* fifSupportsExportBPP)(FREE_IMAGE_FORMAT format, int bits);
+    int(WINAPI* getFIFCount)();
 
-    void (*unload)(FIBITMAP* bitmap);
+    void(WINAPI* unload)(FIBITMAP* bitmap);
 
-    BITMAPINFO* (*getInfo)(FIBITMAP* bitmap);
-    BYTE* (*getBits)(FIBITMAP* bitmap);
-    PixelKind (*getImageType)(FIBITMAP* bitmap);
+    BITMAPINFO*(WINAPI* getInfo)(FIBITMAP* bitmap);
+    BYTE*(WINAPI* getBits)(FIBITMAP* bitmap);
+    PixelKind(WINAPI* getImageType)(FIBITMAP* bitmap);
 
-    FIBITMAP* (*convertTo8Bits)(FIBITMAP* bitmap);
-    FIBITMAP* (*convertTo24Bits)(FIBITMAP* bitmap);
-    FIBITMAP* (*convertTo32Bits)(FIBITMAP* bitmap);
-    FIBITMAP* (*convertToStandardType)(FIBITMAP* bitmap, BOOL scaleLinear);
-    FIBITMAP* (*toneMapping)(FIBITMAP* bitmap, int method, double first, double second);
+    FIBITMAP*(WINAPI* convertTo8Bits)(FIBITMAP* bitmap);
+    FIBITMAP*(WINAPI* convertTo24Bits)(FIBITMAP* bitmap);
+    FIBITMAP*(WINAPI* convertTo32Bits)(FIBITMAP* bitmap);
+    FIBITMAP*(WINAPI* convertToStandardType)(FIBITMAP* bitmap, BOOL scaleLinear);
+    FIBITMAP*(WINAPI* toneMapping)(FIBITMAP* bitmap, int method, double first, double second);
 };
 
 // The library as it is set at the moment, loaded when that has not been tried yet; null when it is missing or

@@ -33,18 +33,29 @@ int ImageReader::seek(long offset, int origin) noexcept
     return 0;
 }
 
+unsigned int WINAPI ImageReader::readFrom(void* buffer, unsigned int size, unsigned int count, void* handle)
+{
+    return static_cast<ImageReader*>(handle)->read(buffer, size, count);
+}
+
+unsigned int WINAPI ImageReader::writeNothing(void*, unsigned int, unsigned int, void*)
+{
+    return 0;
+}
+
+int WINAPI ImageReader::seekIn(void* handle, long offset, int origin)
+{
+    return static_cast<ImageReader*>(handle)->seek(offset, origin);
+}
+
+long WINAPI ImageReader::tellOf(void* handle)
+{
+    return static_cast<ImageReader*>(handle)->m_position;
+}
+
 ImageReaderFunctions ImageReader::functions() noexcept
 {
-    return {[](void* buffer, unsigned int size, unsigned int count, void* handle) {
-                return static_cast<ImageReader*>(handle)->read(buffer, size, count);
-            },
-            [](void*, unsigned int, unsigned int, void*) { return 0U; },
-            [](void* handle, long offset, int origin) {
-                return static_cast<ImageReader*>(handle)->seek(offset, origin);
-            },
-            [](void* handle) {
-                return static_cast<ImageReader*>(handle)->m_position;
-            }};
+    return {readFrom, writeNothing, seekIn, tellOf};
 }
 
 } // namespace krnutil

@@ -8,15 +8,17 @@
 
 #include <cstddef>
 
+#include <windows.h>
+
 namespace krnutil {
 
 // The functions as FreeImage calls them (FreeImageIO of its header), each with the reader as its handle.
 #pragma pack(push, 1)
 struct ImageReaderFunctions {
-    unsigned int (*read)(void* buffer, unsigned int size, unsigned int count, void* handle);
-    unsigned int (*write)(void* buffer, unsigned int size, unsigned int count, void* handle);
-    int (*seek)(void* handle, long offset, int origin);
-    long (*tell)(void* handle);
+    unsigned int(WINAPI* read)(void* buffer, unsigned int size, unsigned int count, void* handle);
+    unsigned int(WINAPI* write)(void* buffer, unsigned int size, unsigned int count, void* handle);
+    int(WINAPI* seek)(void* handle, long offset, int origin);
+    long(WINAPI* tell)(void* handle);
 };
 #pragma pack(pop)
 
@@ -39,6 +41,13 @@ private:
 
     // As fseek: 0, or -1 for a place before the start. After the end there is nothing to read.
     int seek(long offset, int origin) noexcept;
+
+    // The same as FreeImage calls them.
+    static unsigned int WINAPI readFrom(void* buffer, unsigned int size, unsigned int count, void* handle);
+    static unsigned int WINAPI writeNothing(void* buffer, unsigned int size, unsigned int count,
+                                            void* handle);
+    static int WINAPI seekIn(void* handle, long offset, int origin);
+    static long WINAPI tellOf(void* handle);
 
     const unsigned char* m_data;
     long m_size;

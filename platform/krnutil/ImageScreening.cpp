@@ -113,7 +113,7 @@ std::uint64_t gifPixelBytes(const ImageBytes& image)
     while (image.byte(at) == Extension) {
         at += 2;
         while (image.byte(at) != 0) {
-            at += 1 + image.byte(at);
+            at += 1 + static_cast<std::size_t>(image.byte(at));
         }
         ++at;
     }

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 
+#include "ModuleMutex.h"
 #include "sys/krnos.h"
 
 namespace {
@@ -53,7 +54,7 @@ private:
         return number == PageCountWord ? std::optional<std::string_view>("of") : std::nullopt;
     }
 
-    std::mutex m_mutex;
+    krnos::ModuleMutex m_mutex;
     // Of the host. Without a text: taken out.
     std::map<int, std::optional<std::string>> m_texts;
 };

@@ -11,7 +11,7 @@ namespace {
 // Whether `count` elements at an offset lie after the fields of a text record and inside it.
 bool holds(const metafile::Record& record, std::uint64_t offset, std::uint64_t count, std::uint64_t size)
 {
-    return offset >= sizeof(EMREXTTEXTOUT) && offset + count * size <= record.bytes.size();
+    return offset >= sizeof(EMREXTTEXTOUTW) && offset + count * size <= record.bytes.size();
 }
 
 } // namespace
@@ -21,7 +21,7 @@ std::optional<MetafileText> textOf(const metafile::Record& record)
     if (record.type != EMR_EXTTEXTOUTA && record.type != EMR_EXTTEXTOUTW) {
         return std::nullopt;
     }
-    const std::optional<EMREXTTEXTOUT> fields = record.as<EMREXTTEXTOUT>();
+    const std::optional<EMREXTTEXTOUTW> fields = record.as<EMREXTTEXTOUTW>();
     const unsigned int characterSize = record.type == EMR_EXTTEXTOUTW ? 2 : 1;
     if (!fields || (fields->emrtext.nChars != 0 &&
                     !holds(record, fields->emrtext.offString, fields->emrtext.nChars, characterSize))) {

@@ -12,7 +12,7 @@ namespace metafile {
 // The fields of an EMR_EXTTEXTOUTA or EMR_EXTTEXTOUTW ([MS-EMF] 2.3.5.7, 2.3.5.8). Its characters, if it has
 // any, lie inside the record and after these fields.
 struct MetafileText {
-    EMREXTTEXTOUT fields;
+    EMREXTTEXTOUTW fields;
     unsigned int characterSize; // in bytes: 1 or 2
 
     std::size_t offsetOf(unsigned int character) const

@@ -123,7 +123,7 @@ bool measure(const PageCountText& stamp, const LOGFONTW& description, Measured& 
 
 // Where a text goes whose width has changed. One that didn't begin where its band begins was centred, or ended
 // with the band; others stay.
-void align(EMREXTTEXTOUT& fields, const PageCountMarker& band, LONG width)
+void align(EMREXTTEXTOUTW& fields, const PageCountMarker& band, LONG width)
 {
     RECTL& bounds = fields.rclBounds;
     if (band.left >= bounds.left) {
@@ -152,7 +152,7 @@ struct Patch {
 bool hasAdvances(const Patch& patch)
 {
     const std::size_t offset = patch.text.fields.emrtext.offDx;
-    return offset >= sizeof(EMREXTTEXTOUT) &&
+    return offset >= sizeof(EMREXTTEXTOUTW) &&
            offset + patch.stamp.length() * sizeof(INT) <= patch.record.bytes.size();
 }
 
@@ -178,7 +178,7 @@ void write(unsigned char* page, const Patch& patch)
 {
     unsigned char* const target = page + patch.record.position;
     const PageCountText& stamp = patch.stamp;
-    EMREXTTEXTOUT fields = patch.text.fields;
+    EMREXTTEXTOUTW fields = patch.text.fields;
     fields.emrtext.nChars = stamp.length();
     fields.emrtext.fOptions = 0;
     writeCharacters(target + patch.text.offsetOf(0), patch.text.characterSize, stamp);

@@ -36,7 +36,8 @@ Growth growthBy(Entries entries, metafile::Page page)
 {
     Growth growth;
     while (!entries.empty()) {
-        growth.bytes += metafile::recordAt(page, entries[0].position)->bytes.size() + 2 * sizeof(EMRSETCOLOR);
+        growth.bytes +=
+            metafile::recordAt(page, entries[0].position)->bytes.size() + 2 * sizeof(EMRSETTEXTCOLOR);
         growth.records += 3;
         entries = entries.subspan(ofOneRecord(entries).size());
     }
@@ -51,7 +52,7 @@ unsigned char* put(unsigned char* at, metafile::Page bytes)
 
 unsigned char* putTextColor(unsigned char* at, COLORREF color)
 {
-    const EMRSETCOLOR record{{EMR_SETTEXTCOLOR, sizeof(EMRSETCOLOR)}, color};
+    const EMRSETTEXTCOLOR record{{EMR_SETTEXTCOLOR, sizeof(EMRSETTEXTCOLOR)}, color};
     std::memcpy(at, &record, sizeof(record));
     return at + sizeof(record);
 }
@@ -92,7 +93,7 @@ void putMarkedPage(unsigned char* at, metafile::Page page, Entries entries)
     std::size_t copied = 0;
     for (const metafile::Record& record : metafile::Records(page)) {
         if (record.type == EMR_SETTEXTCOLOR) {
-            color = record.field<COLORREF>(offsetof(EMRSETCOLOR, crColor)).value_or(color);
+            color = record.field<COLORREF>(offsetof(EMRSETTEXTCOLOR, crColor)).value_or(color);
         }
         if (!entries.empty() && record.position == entries[0].position) {
             const Entries ofRecord = ofOneRecord(entries);

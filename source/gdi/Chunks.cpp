@@ -103,7 +103,7 @@ int CSurfaceGDI::Detail::tightening(Array<CSurfaceTextChunk, 2>& chunks, float x
         }
         const RECT rect = measured(chunk->m_text.text(), chunk->m_text.length(), flags);
         if (rect.right > target) {
-            tighten = std::max(tighten, (rect.right - target) / length + 1);
+            tighten = std::max<int>(tighten, (rect.right - target) / length + 1);
         }
     }
     return tighten;

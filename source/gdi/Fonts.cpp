@@ -48,7 +48,7 @@ void appendFont(TovoTextString& list, const LOGFONTA& font, DWORD type)
 {
     const auto& extended = reinterpret_cast<const ENUMLOGFONTEXA&>(font);
     char weight[16];
-    intlSprintf(weight, "%d", font.lfWeight);
+    intlSprintf(weight, "%d", static_cast<int>(font.lfWeight));
     appendField(list, font.lfFaceName, sizeof(font.lfFaceName));
     appendField(list, extended.elfStyle, sizeof(extended.elfStyle));
     appendField(list, extended.elfScript, sizeof(extended.elfScript));

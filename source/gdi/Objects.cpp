@@ -1,6 +1,7 @@
 // Fonts, brushes and pens: made, cached, exchanged in the device, deleted.
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 #include "GdiDetail.h"
 #include "brushStyles.h"
@@ -21,9 +22,10 @@ void describeFont(char* buffer, HFONT font)
     intlSprintf(buffer,
                 "Family=%s, size=%d, bold=%d, italic=%d, strikeout=%d, underline=%d, orientation=%d, "
                 "escapement=%d",
-                description.lfFaceName, description.lfHeight, description.lfWeight, description.lfItalic,
-                description.lfStrikeOut, description.lfUnderline, description.lfOrientation,
-                description.lfEscapement);
+                description.lfFaceName, static_cast<int>(description.lfHeight),
+                static_cast<int>(description.lfWeight), description.lfItalic, description.lfStrikeOut,
+                description.lfUnderline, static_cast<int>(description.lfOrientation),
+                static_cast<int>(description.lfEscapement));
 }
 
 void logExchangedFont(HFONT expected, HFONT found)
@@ -108,7 +110,7 @@ void CSurfaceGDI::createFont(char* face, float points, bool bold, bool italic, b
     description.lfQuality = PROOF_QUALITY;
     description.lfOrientation = wrapMultiply(orientation, TenthsOfADegree);
     description.lfEscapement = wrapMultiply(escapement, TenthsOfADegree);
-    std::strncpy(description.lfFaceName, face, sizeof(description.lfFaceName) - 1);
+    std::string_view(face).copy(description.lfFaceName, sizeof(description.lfFaceName) - 1);
 
     const HFONT font = CreateFontIndirectA(&description);
     // The font of one change ago goes now: it left the device then, so none is deleted while it is selected.

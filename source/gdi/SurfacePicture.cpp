@@ -131,6 +131,11 @@ void tile(CSurfacePicture& picture, HDC hdc, const RECT& rect, int x, int y, con
     DeleteObject(brush);
 }
 
+#if defined(_WIN32)
+// The compiler puts an exported class's constants into the library only where somebody needs their addresses.
+[[gnu::used]] const void* const ExportedConstants[] = {&CSurfacePicture::noColor};
+#endif
+
 } // namespace
 
 CSurfacePicture::CSurfacePicture()

@@ -60,7 +60,7 @@ const AttachAtLoad AttachAtLoad;
 } // namespace
 #endif
 
-std::int32_t DllGetVersion(DLLVERSIONINFO* info)
+HRESULT CALLBACK DllGetVersion(DLLVERSIONINFO* info)
 {
     if (info == nullptr || info->cbSize < sizeof(DLLVERSIONINFO)) {
         return -1;

@@ -41,8 +41,8 @@ void appendHexadecimal(TovoTextString& out, std::string_view bytes)
     char* at = out.room(length);
     while (!bytes.empty()) {
         const std::string_view line = bytes.substr(0, BytesOnALine);
-        for (const char byte : line) {
-            std::memcpy(at, DigitPairs[static_cast<unsigned char>(byte)].digits, 2);
+        for (const char value : line) {
+            std::memcpy(at, DigitPairs[static_cast<unsigned char>(value)].digits, 2);
             at += 2;
         }
         if (line.size() == BytesOnALine) {

@@ -61,7 +61,16 @@ TEST(BothFormats, StampByTheirOwnRules)
 TEST(BothFormats, TellSizesAndResumeByTheirOwnRules)
 {
     const auto [metafile, svg] = pagesWith("p of 99");
-    const std::pair<std::string, std::vector<unsigned int>> pages[] = {{metafile, {793, 1122, 2}},
+    // A frame of 210 x 297 mm in pixels of the screen.
+    const HDC screen = GetDC(nullptr);
+    const auto pixels = [screen](unsigned int millimetres, int pixelCaps, int sizeCaps) {
+        return millimetres * static_cast<unsigned int>(GetDeviceCaps(screen, pixelCaps)) /
+               static_cast<unsigned int>(GetDeviceCaps(screen, sizeCaps));
+    };
+    const unsigned int width = pixels(210, HORZRES, HORZSIZE);
+    const unsigned int height = pixels(297, VERTRES, VERTSIZE);
+    ReleaseDC(nullptr, screen);
+    const std::pair<std::string, std::vector<unsigned int>> pages[] = {{metafile, {width, height, 2}},
                                                                        {svg, {500, 700, 1}}};
     for (auto [page, answers] : pages) {
         PageSearch search{"ab"};

@@ -49,7 +49,7 @@ TEST(MetafileCorpus, IsSearchedAndStampedToItsEnd)
     }
     for (const auto& file : std::filesystem::recursive_directory_iterator(Corpus)) {
         std::string page = file.path().extension() == ".emf" ? pageOf(file.path()) : metafileOf({});
-        if (const auto known = words.find(file.path().stem()); known != words.end()) {
+        if (const auto known = words.find(file.path().stem().string()); known != words.end()) {
             EXPECT_EQ(countHits(page, {known->second.text}), known->second.hits) << file;
             EXPECT_EQ(countHits(page, {known->second.text, false, true}), known->second.wordHits) << file;
         }

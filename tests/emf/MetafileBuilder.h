@@ -45,7 +45,7 @@ inline std::string textRecord(int x, int y, const std::string& text, bool wide =
     }
     characters.resize((characters.size() + 3) / 4 * 4);
     const auto count = static_cast<DWORD>(text.size());
-    EMREXTTEXTOUT record{};
+    EMREXTTEXTOUTW record{};
     const auto advances = static_cast<DWORD>(sizeof(record) + characters.size());
     record.rclBounds = {x, y, x + 10 * static_cast<int>(count) - 1, y + 9};
     record.emrtext = {{x, y}, count, sizeof(record), ETO_CLIPPED, {}, advances};

@@ -112,8 +112,8 @@ TEST(MetafileSearch, FollowsTheReadingOrder)
     std::mt19937 random;
     for (int round = 0; round < 300; ++round) {
         const auto coordinate = [&] {
-            const int near = static_cast<int>(random() % 12) - 6;
-            return round % 2 == 0 && random() % 3 == 0 ? extremes[random() % 7] : near;
+            const int little = static_cast<int>(random() % 12) - 6;
+            return round % 2 == 0 && random() % 3 == 0 ? extremes[random() % 7] : little;
         };
         std::vector<std::string> records;
         std::vector<POINTL> places;
@@ -123,7 +123,8 @@ TEST(MetafileSearch, FollowsTheReadingOrder)
         }
         std::string page = metafileOf(records);
         for (char letter = 'a'; letter <= 'z'; ++letter) {
-            auto [x, y] = places[static_cast<std::size_t>(letter - 'a')];
+            int x = places[static_cast<std::size_t>(letter - 'a')].x;
+            int y = places[static_cast<std::size_t>(letter - 'a')].y;
             TovoTextString next;
             if (CMetaFilePlayerEMF::findNextField(reinterpret_cast<unsigned char*>(page.data()),
                                                   static_cast<unsigned int>(page.size()), x, y, next) != 0) {

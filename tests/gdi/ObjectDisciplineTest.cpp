@@ -100,6 +100,12 @@ unsigned int objects()
 
 TEST(ObjectDiscipline, LeavesNoMoreThanItsRules)
 {
+    const HDC counted = CreateCompatibleDC(nullptr);
+    const bool counts = objects() != 0;
+    DeleteDC(counted);
+    if (!counts) {
+        GTEST_SKIP() << "NOT TESTED: this system does not count drawing objects, as Wine does not";
+    }
     for (const Sequence& sequence : Sequences) {
         const unsigned int before = objects();
         const HDC context = CreateCompatibleDC(nullptr);
@@ -170,6 +176,11 @@ TEST(ObjectDiscipline, ReportsWhatSomebodyElseExchanged)
     }
 }
 
+int CALLBACK sumOf(int request, std::uint32_t value, const char** text, unsigned int* length)
+{
+    return std::strlen(*text) == *length ? request + static_cast<int>(value) : 0;
+}
+
 TEST(FontList, ComesInWhateverTheRecordOffers)
 {
     const HDC context = CreateCompatibleDC(nullptr);
@@ -178,7 +189,13 @@ TEST(FontList, ComesInWhateverTheRecordOffers)
     EXPECT_EQ(0, surface.loadFonts(&param));
     EXPECT_EQ(DskParam::buffer, param.kind);
     const std::string list = param.text;
-    EXPECT_NE(std::string::npos, list.find("Liberation Sans;Bold;Western;T;700;0;0;0;")) << list;
+#if defined(_WIN32)
+    constexpr const char* known =
+        "Liberation Sans;Regular;Western;T;400;0;0;0;"; // Windows tells one face of a family
+#else
+    constexpr const char* known = "Liberation Sans;Bold;Western;T;700;0;0;0;";
+#endif
+    EXPECT_NE(std::string::npos, list.find(known)) << list;
 
     std::string room(65536, '#');
     param.kind = DskParam::countedBuffer;
@@ -189,9 +206,7 @@ TEST(FontList, ComesInWhateverTheRecordOffers)
 
     param.kind = DskParam::otherFunction;
     param.value = 7;
-    param.answer = [](int request, std::uint32_t value, const char** text, unsigned int* length) {
-        return std::strlen(*text) == *length ? request + static_cast<int>(value) : 0;
-    };
+    param.answer = sumOf;
     EXPECT_EQ(25, surface.loadFonts(&param));
     param.answer = nullptr;
     EXPECT_EQ(-1, surface.loadFonts(&param));

@@ -95,6 +95,10 @@ TEST(Pictures, AreDrawnInTheirModes)
         std::string log;
         krnSetLogSink([](const char* line, void* text) { *static_cast<std::string*>(text) += line; }, &log);
         const PixelPage page(c.device);
+        if (*c.log != '\0' && gdiDeviceCalls(page.context(), "") < 0) { // the system's pages lack no ability
+            krnSetLogSink(nullptr, nullptr);
+            continue;
+        }
         {
             CSurfaceHdc surface(page.context());
             std::string image = imageOf(c.image);

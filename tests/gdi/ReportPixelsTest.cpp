@@ -16,16 +16,27 @@ constexpr COLORREF Red = 0x0000FF;
 constexpr COLORREF Blue = 0xFF0000;
 constexpr COLORREF White = 0xFFFFFF;
 
-// An A4 page of 2480 by 3508 pixels, row by row without gaps.
+// An A4 page, of the one resolution that a page has where the system paints it.
+#if defined(_WIN32)
+constexpr int DotsPerInch = 96;
+constexpr int PixelsWide = 794;
+constexpr int PixelsHigh = 1123;
+#else
+constexpr int DotsPerInch = 300;
+constexpr int PixelsWide = 2480;
+constexpr int PixelsHigh = 3508;
+#endif
+
+// Row by row without gaps.
 std::vector<COLORREF> played(Page page)
 {
-    constexpr int DotsPerInch = 300;
     const HDC device = makeDevice(DotsPerInch);
     EXPECT_TRUE(playOnDevice(device, page, DotsPerInch));
     int rowBytes = 0;
     const unsigned char* const bits = gdiDeviceBits(device, &rowBytes);
     std::vector<COLORREF> pixels;
-    for (const unsigned char* pixel = bits; pixel != bits + std::ptrdiff_t{3508} * rowBytes; pixel += 4) {
+    for (const unsigned char* pixel = bits; pixel != bits + std::ptrdiff_t{PixelsHigh} * rowBytes;
+         pixel += 4) {
         pixels.push_back(static_cast<COLORREF>(pixel[2] | pixel[1] << 8 | pixel[0] << 16));
     }
     DeleteDC(device);
@@ -48,8 +59,9 @@ TEST(ReportPixels, AreWhereThePageSays)
                   {101, 597, Blue},  {300, 600, Blue},  {499, 602, Blue},  {98, 600, White},
                   {502, 600, White}, {300, 595, White}, {300, 605, White}};
     for (const auto& [x, y, color] : places) {
-        const int row = y * 3508 / LogicalHeight;
-        EXPECT_EQ(pixels.at(static_cast<std::size_t>(row * 2480 + x * 2480 / LogicalWidth)), color)
+        const int row = y * PixelsHigh / LogicalHeight;
+        EXPECT_EQ(pixels.at(static_cast<std::size_t>(row * PixelsWide + x * PixelsWide / LogicalWidth)),
+                  color)
             << x << ", " << y;
     }
 }

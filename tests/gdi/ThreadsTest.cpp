@@ -2,6 +2,9 @@
 // ThreadSanitizer (./test threads).
 #include "support/PixelPage.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <thread>
 #include <vector>
@@ -31,6 +34,29 @@ void drawPage(CSurfaceGDI& surface, int page)
     }
 }
 
+#if defined(_WIN32)
+// Wine leaves in a font record what happens to be after the ends of its names and of its fields ([MS-EMF] 2.2.13).
+void clearAfterFaceNames(std::string& metafile)
+{
+    constexpr std::size_t faceName = 40;
+    constexpr std::size_t afterNames = 296;
+    constexpr std::size_t afterFields = 330;
+    std::uint32_t head[2]{}; // type and size
+    for (std::size_t at = 0; at + sizeof(head) <= metafile.size(); at += std::max(head[1], 8U)) {
+        std::memcpy(head, metafile.data() + at, sizeof(head));
+        std::size_t end = at + faceName;
+        while (head[0] == EMR_EXTCREATEFONTINDIRECTW && metafile[end] != '\0') {
+            end += sizeof(WCHAR);
+        }
+        if (head[0] == EMR_EXTCREATEFONTINDIRECTW) {
+            metafile.replace(at + afterFields, head[1] - afterFields, head[1] - afterFields, '\0');
+            std::fill(metafile.begin() + static_cast<std::ptrdiff_t>(end),
+                      metafile.begin() + static_cast<std::ptrdiff_t>(at + afterNames), '\0');
+        }
+    }
+}
+#endif
+
 std::string recordedPage(int page)
 {
     RECT frame{0, 0, 10000, 10000};
@@ -40,6 +66,9 @@ std::string recordedPage(int page)
     std::string bytes(static_cast<std::size_t>(surface.getDataLength()), '\0');
     unsigned int size = static_cast<unsigned int>(bytes.size());
     surface.getData(reinterpret_cast<unsigned char*>(bytes.data()), size);
+#if defined(_WIN32)
+    clearAfterFaceNames(bytes);
+#endif
     return bytes;
 }
 

@@ -36,6 +36,12 @@ std::string bmp(std::uint32_t width, std::uint32_t height, std::uint32_t bits, s
     return image;
 }
 
+#if defined(_WIN32)
+constexpr const char* otherLibrary = "kernel32.dll";
+#else
+constexpr const char* otherLibrary = "libc.so.6";
+#endif
+
 class Image : public testing::Test {
 protected:
     void TearDown() override { krnSetImageLibrary(nullptr); }
@@ -72,6 +78,17 @@ protected:
         return text;
     }
 
+    // False with a stand-in of the library that knows Windows bitmaps and PNG only.
+    bool hasAllFormats()
+    {
+        FIBITMAP* const bitmap = load(FIF_BMP, bmp(1, 1, 24, 4));
+        fiio_mem_handle_s handle = {};
+        const bool saves = m_desc.imageSaveToMem(FIF_TIFF, bitmap, &handle);
+        std::free(handle.data);
+        m_desc.imageUnload(bitmap);
+        return saves;
+    }
+
     // The BMP in another format.
     std::string converted(const std::string& image, FREE_IMAGE_FORMAT target)
     {
@@ -94,6 +111,9 @@ protected:
 
 TEST_F(Image, ComesOutAsAStandardBitmapWithThePixelsAfterTheHeader)
 {
+    if (!hasAllFormats()) {
+        GTEST_SKIP() << "NOT TESTED: the image library knows few formats";
+    }
     using namespace std::string_literals;
     const std::pair<std::string, const char*> cases[] = {
         {bmp(8, 1, 1, 4), "8x1x8: 0 255 0 255 0 255 0 255"},
@@ -124,6 +144,9 @@ std::string bmp32(std::uint32_t header, std::uint32_t compression, const std::st
 
 TEST_F(Image, OfFourthBytesThatAreUnusedIsSeen)
 {
+    if (!hasAllFormats()) {
+        GTEST_SKIP() << "NOT TESTED: the image library knows few formats";
+    }
     const std::string unused(2, '\0');
     const std::string colours = number(0xFF0000, 4) + number(0xFF00, 4) + number(0xFF, 4);
     EXPECT_EQ(look(FIF_UNKNOWN, bmp32(40, 0, "", unused)), "2x1x32: 1 2 3 255 4 5 6 255");
@@ -153,6 +176,9 @@ TEST_F(Image, OfFourthBytesThatAreUnusedIsSeen)
 
 TEST_F(Image, IsDecodedByItsOwnSignatureInSilence)
 {
+    if (!hasAllFormats()) {
+        GTEST_SKIP() << "NOT TESTED: the image library knows few formats";
+    }
     const std::string original = bmp(16, 16, 8, 256);
     const std::string expected = look(FIF_BMP, original);
     testing::internal::CaptureStderr();
@@ -176,6 +202,9 @@ TEST_F(Image, IsDecodedByItsOwnSignatureInSilence)
 
 TEST_F(Image, OfMoreThanItsShareOfMemoryIsRefused)
 {
+    if (!hasAllFormats()) {
+        GTEST_SKIP() << "NOT TESTED: the image library knows few formats";
+    }
     using namespace std::string_literals;
     const std::string pixels = "\x02\x02\x4C\x01\x00\x3B"s;
     const std::string smallScreen = "GIF89a\x01\x00\x01\x00\x00\x00\x00"s;
@@ -191,6 +220,9 @@ TEST_F(Image, OfMoreThanItsShareOfMemoryIsRefused)
 // Headers that FreeImage itself would follow past the end of its blocks.
 TEST_F(Image, WithAHeaderThatNoPictureHasIsRefused)
 {
+    if (!hasAllFormats()) {
+        GTEST_SKIP() << "NOT TESTED: the image library knows few formats";
+    }
     using namespace std::string_literals;
     const std::string icon = converted(bmp(16, 16, 8, 256), FIF_ICO);
     const std::size_t header = 22;
@@ -220,6 +252,9 @@ TEST_F(Image, WithAHeaderThatNoPictureHasIsRefused)
 
 TEST_F(Image, Becomes24BitsAndIsSaved)
 {
+    if (!hasAllFormats()) {
+        GTEST_SKIP() << "NOT TESTED: the image library knows few formats";
+    }
     FIBITMAP* const narrow = load(FIF_BMP, bmp(2, 1, 8, 4));
     FIBITMAP* const wide = m_desc.imageConvertTo24Bits(narrow);
     fiio_mem_handle_s handle = {};
@@ -245,7 +280,7 @@ TEST_F(Image, IsNoneWithoutTheLibrary)
     EXPECT_EQ(without.imageGetInfo(nullptr), nullptr);
     EXPECT_EQ(without.imageConvertTo24Bits(nullptr), nullptr);
     EXPECT_NE(look(FIF_BMP, image), "none") << "the one made before keeps its library";
-    krnSetImageLibrary("libc.so.6");
+    krnSetImageLibrary(otherLibrary);
     EXPECT_FALSE(FreeImageDesc(false).isProcLoaded());
     krnSetImageLibrary(nullptr);
     EXPECT_TRUE(FreeImageDesc(false).isProcLoaded());

@@ -56,7 +56,7 @@ bool drawsAndPlays()
 } // namespace
 
 // False when something could not be drawn or played. `use` is what is left of it all.
-extern "C" SURFACE_API bool useModule(ModuleUse* use, DLLVERSIONINFO* version)
+extern "C" bool useModule(ModuleUse* use, DLLVERSIONINFO* version)
 {
     const bool worked = drawsAndPlays();
     surfaceModuleUse(use);

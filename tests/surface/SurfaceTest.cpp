@@ -19,10 +19,10 @@ TEST(Surface, StartsWithDefaultsInEveryField)
     // Plain stores into memory where an object is about to begin may be dropped.
     std::fill_n<volatile unsigned char*>(memory, sizeof memory, std::uint8_t{0xAA});
     RecordingSurface* const s = ::new (memory) RecordingSurface;
-    for (const int number :
-         {s->m_width, s->m_height, s->m_pageWidth, s->m_pageHeight, s->m_outputWidth, s->m_outputHeight,
-          s->m_drawMode, s->m_clipRegion.left, s->m_clipRegion.top, s->m_clipRegion.right,
-          s->m_clipRegion.bottom, s->m_viewportOriginX, s->m_viewportOriginY}) {
+    for (const LONG number : std::initializer_list<LONG>{
+             s->m_width, s->m_height, s->m_pageWidth, s->m_pageHeight, s->m_outputWidth, s->m_outputHeight,
+             s->m_drawMode, s->m_clipRegion.left, s->m_clipRegion.top, s->m_clipRegion.right,
+             s->m_clipRegion.bottom, s->m_viewportOriginX, s->m_viewportOriginY}) {
         EXPECT_EQ(0, number);
     }
     EXPECT_EQ(6, std::ranges::count(s->m_transform, 0.0F));

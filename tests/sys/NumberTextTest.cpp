@@ -21,14 +21,19 @@ class NumberText : public testing::TestWithParam<const char*> {
 protected:
     void SetUp() override
     {
+#if defined(SURFACE_TEST_LOCALES)
         setenv("LOCPATH", SURFACE_TEST_LOCALES, 1);
+#endif
         ASSERT_NE(std::setlocale(LC_ALL, GetParam()), nullptr);
         ASSERT_STREQ(std::localeconv()->decimal_point, GetParam() == std::string("C") ? "." : ",");
     }
-    void TearDown() override { std::setlocale(LC_ALL, "C"); }
+    void TearDown() override
+    {
+        std::setlocale(LC_ALL, "C");
+    }
 };
 
-INSTANTIATE_TEST_SUITE_P(Locales, NumberText, testing::Values("C", "de_DE.UTF-8"),
+INSTANTIATE_TEST_SUITE_P(Locales, NumberText, testing::Values("C", SURFACE_TEST_LOCALE),
                          [](const auto& locale) { return locale.index == 0 ? "Neutral" : "German"; });
 
 TEST_P(NumberText, FloatsAreFixedAndFitTheirBuffer)

@@ -30,32 +30,46 @@ void addText(const metafile::Record& record, POINTL place, std::uint64_t offset,
     if (count == 0 || offset + count * characterSize > record.bytes.size()) {
         return;
     }
+    const auto start = static_cast<std::size_t>(offset);
+    const auto length = static_cast<std::size_t>(count);
     if (characterSize == 2) {
-        texts.push_back({place, narrow(record, offset, count)});
+        texts.push_back({place, narrow(record, start, length)});
         return;
     }
-    const auto piece = record.bytes.subspan(offset, count);
+    const auto piece = record.bytes.subspan(start, length);
     texts.push_back({place, std::string(piece.begin(), piece.end())});
 }
+
+// Windows does not name this record. Its rectangle may follow, and then its characters ([MS-EMF] 2.3.5.37).
+constexpr DWORD SmallTextType = 108;
+struct SmallText {
+    EMR emr;
+    POINTL ptlReference;
+    DWORD nChars;
+    DWORD fuOptions;
+    DWORD iGraphicsMode;
+    FLOAT exScale;
+    FLOAT eyScale;
+};
+static_assert(sizeof(SmallText) == 36);
 
 void addSmallText(const metafile::Record& record, std::vector<PlacedText>& texts)
 {
     constexpr DWORD WithoutRectangle = 0x100; // ETO_NO_RECT, [MS-EMF] 2.1.11
     constexpr DWORD SmallCharacters = 0x200;  // ETO_SMALL_CHARS
-    if (const auto fields = record.field<EMRSMALLTEXTOUT>(0)) {
+    if (const auto fields = record.field<SmallText>(0)) {
         const std::size_t rectangle = (fields->fuOptions & WithoutRectangle) != 0 ? 0 : sizeof(RECTL);
         const unsigned int size = (fields->fuOptions & SmallCharacters) != 0 ? 1 : 2;
-        addText(record, fields->ptlReference, sizeof(EMRSMALLTEXTOUT) + rectangle, fields->nChars, size,
-                texts);
+        addText(record, fields->ptlReference, sizeof(SmallText) + rectangle, fields->nChars, size, texts);
     }
 }
 
 void addPolyText(const metafile::Record& record, std::vector<PlacedText>& texts)
 {
     const unsigned int size = record.type == EMR_POLYTEXTOUTW ? 2 : 1;
-    const auto fields = record.field<EMRPOLYTEXTOUT>(0);
-    std::size_t offset = sizeof(EMRPOLYTEXTOUT);
-    for (DWORD left = fields ? fields->cStrings : 0; left > 0; --left, offset += sizeof(EMRTEXT)) {
+    std::size_t offset = offsetof(EMRPOLYTEXTOUTW, aemrtext);
+    DWORD left = record.field<DWORD>(offsetof(EMRPOLYTEXTOUTW, cStrings)).value_or(0);
+    for (; left > 0; --left, offset += sizeof(EMRTEXT)) {
         const auto text = record.field<EMRTEXT>(offset);
         if (!text) {
             return;
@@ -80,8 +94,8 @@ constexpr PictureField PictureFields[] = {
     {EMR_PLGBLT, InPolygon},
     {EMR_SETDIBITSTODEVICE, offsetof(EMRSETDIBITSTODEVICE, offBmiSrc)},
     {EMR_STRETCHDIBITS, offsetof(EMRSTRETCHDIBITS, offBmiSrc)},
-    {EMR_CREATEMONOBRUSH, offsetof(EMRCREATEPATTERNBRUSH, offBmi)},
-    {EMR_CREATEDIBPATTERNBRUSHPT, offsetof(EMRCREATEPATTERNBRUSH, offBmi)},
+    {EMR_CREATEMONOBRUSH, offsetof(EMRCREATEMONOBRUSH, offBmi)},
+    {EMR_CREATEDIBPATTERNBRUSHPT, offsetof(EMRCREATEDIBPATTERNBRUSHPT, offBmi)},
 };
 
 } // namespace
@@ -92,13 +106,13 @@ std::vector<PlacedText> textsOf(const metafile::Record& record)
     switch (record.type) {
     case EMR_EXTTEXTOUTA:
     case EMR_EXTTEXTOUTW:
-        if (const auto fields = record.field<EMREXTTEXTOUT>(0)) {
+        if (const auto fields = record.field<EMREXTTEXTOUTW>(0)) {
             const EMRTEXT& text = fields->emrtext;
             addText(record, text.ptlReference, text.offString, text.nChars,
                     record.type == EMR_EXTTEXTOUTW ? 2 : 1, texts);
         }
         break;
-    case EMR_SMALLTEXTOUT:
+    case SmallTextType:
         addSmallText(record, texts);
         break;
     case EMR_POLYTEXTOUTA:

@@ -1,7 +1,6 @@
 #include "OutputFile.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -16,6 +15,12 @@ namespace pagetool {
 namespace {
 
 namespace fs = std::filesystem;
+
+#if defined(_WIN32)
+constexpr int ForThisProcess = O_NOINHERIT;
+#else
+constexpr int ForThisProcess = O_CLOEXEC;
+#endif
 
 // No two of one run; left-overs of other runs are stepped over.
 std::string temporaryBeside(const fs::path& place)
@@ -46,25 +51,26 @@ const std::string& OutputFile::create()
         failOfSystem(error.value());
         return _temporary;
     }
-    struct stat status {};
-    const bool exists = stat(place.c_str(), &status) == 0;
+    const fs::file_status status = fs::status(place, error);
+    const bool exists = fs::exists(status);
     const bool danglingLink = !exists && fs::is_symlink(_path, error);
-    if (danglingLink || (exists && !S_ISREG(status.st_mode))) {
+    if (danglingLink || (exists && !fs::is_regular_file(status))) {
         _job.complain(std::string("can't write ").append(_path).append(": it is no regular file"));
         return _temporary;
     }
     const std::string temporary = temporaryBeside(place);
     const int descriptor =
-        open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, exists ? 0600 : 0666);
+        open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | ForThisProcess, exists ? 0600 : 0666);
     if (descriptor < 0) {
         failOfSystem(errno);
         return _temporary;
     }
+    close(descriptor);
     if (exists) {
         // Best effort: on file systems without permissions there is nothing to keep.
-        [[maybe_unused]] const int kept = fchmod(descriptor, status.st_mode & 0777);
+        constexpr fs::perms kept = fs::perms::owner_all | fs::perms::group_all | fs::perms::others_all;
+        fs::permissions(temporary, status.permissions() & kept, error);
     }
-    close(descriptor);
     _place = place.string();
     _temporary = temporary;
     return _temporary;
@@ -72,8 +78,10 @@ const std::string& OutputFile::create()
 
 Outcome OutputFile::commit()
 {
-    if (std::rename(_temporary.c_str(), _place.c_str()) != 0) {
-        return failOfSystem(errno);
+    std::error_code error;
+    fs::rename(_temporary, _place, error);
+    if (error) {
+        return failOfSystem(error.value());
     }
     _temporary.clear();
     return Outcome::Done;

@@ -1,13 +1,13 @@
 #include "PageFile.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
+#include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <limits>
+#include <memory>
 #include <string>
 
 #include "metaFilePlayer.h"
@@ -20,17 +20,8 @@ namespace {
 constexpr std::size_t LongestPage = std::numeric_limits<int>::max();
 constexpr std::size_t Step = std::size_t{1} << 20;
 
-struct OpenFile {
-    explicit OpenFile(const char* path) : descriptor(open(path, O_RDONLY | O_CLOEXEC | O_NOCTTY)) {}
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-    ~OpenFile()
-    {
-        if (descriptor >= 0) {
-            close(descriptor);
-        }
-    }
-    const int descriptor;
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
 bool failOfSystem(FileJob& job, int error)
@@ -48,32 +39,30 @@ bool failOfLength(FileJob& job)
 // Pipes have no size to ask for, and a file may grow meanwhile: what counts is what comes.
 bool readBytes(FileJob& job, std::vector<unsigned char>& bytes)
 {
-    const OpenFile file(job.file().c_str());
-    struct stat status {};
-    if (file.descriptor < 0 || fstat(file.descriptor, &status) != 0) {
+    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(job.file().c_str(), "rb"));
+    if (file == nullptr) {
         return failOfSystem(job, errno);
     }
-    const auto expected = S_ISREG(status.st_mode) ? static_cast<std::size_t>(status.st_size) : 0;
+    std::error_code noSize;
+    const std::uintmax_t size = std::filesystem::file_size(job.file(), noSize);
+    const std::uintmax_t expected = noSize ? 0 : size;
     if (expected > LongestPage) {
         return failOfLength(job);
     }
     std::size_t length = 0;
-    for (bytes.resize(expected + 1);;) {
-        const ssize_t count = read(file.descriptor, bytes.data() + length, bytes.size() - length);
-        if (count < 0 && errno != EINTR) {
+    for (bytes.resize(static_cast<std::size_t>(expected) + 1);;) {
+        length += std::fread(bytes.data() + length, 1, bytes.size() - length, file.get());
+        if (std::ferror(file.get()) != 0) {
             return failOfSystem(job, errno);
         }
-        if (count == 0) {
+        if (length < bytes.size()) {
             bytes.resize(length);
             return true;
         }
-        length += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
         if (length > LongestPage) {
             return failOfLength(job);
         }
-        if (length == bytes.size()) {
-            bytes.resize(std::min(length + std::max(length / 2, Step), LongestPage + 1));
-        }
+        bytes.resize(std::min(length + std::max(length / 2, Step), LongestPage + 1));
     }
 }
 

@@ -15,6 +15,12 @@ using namespace pagetool;
 
 namespace {
 
+#if defined(_WIN32)
+constexpr const char* NullDevice = "NUL";
+#else
+constexpr const char* NullDevice = "/dev/null";
+#endif
+
 // What is wrong with the arguments; CLI11 reports it.
 void refuse(const std::string& option, const std::string& problem)
 {
@@ -230,7 +236,7 @@ int main(int count, char** arguments)
     // A file must not be opened under the number of a closed standard stream: messages would go into it.
     int stream = 0;
     while (stream >= 0 && stream <= STDERR_FILENO) {
-        stream = open("/dev/null", O_RDWR);
+        stream = open(NullDevice, O_RDWR);
     }
     if (stream >= 0) {
         close(stream);

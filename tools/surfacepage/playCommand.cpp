@@ -128,6 +128,9 @@ Outcome playToPicture(FileJob& job, StoredPage& page, const Sheet& sheet, Output
     options.height = Sheet::pixels(sheet.height, dpi, MillimetresPerInch);
     options.dpi = dpi;
     const std::unique_ptr<std::remove_pointer_t<HDC>, EndDevice> device(gdiCreateDevice(&options));
+    if (device == nullptr && GetLastError() == ERROR_NOT_SUPPORTED) {
+        return job.fail("pictures have the resolution of the screen here, and --dpi can't change it");
+    }
     if (device == nullptr) {
         std::string problem = std::to_string(options.width).append(" x ");
         problem.append(std::to_string(options.height)).append(" pixels are too many for a picture");

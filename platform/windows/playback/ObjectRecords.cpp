@@ -82,7 +82,7 @@ void createBrush(Playback& playback, const EMRCREATEBRUSHINDIRECT& record)
 
 bool createPatternBrush(Playback& playback, const metafile::Record& record)
 {
-    const auto fields = record.field<EMRCREATEPATTERNBRUSH>(0);
+    const auto fields = record.field<EMRCREATEMONOBRUSH>(0);
     if (!fields) {
         return false;
     }

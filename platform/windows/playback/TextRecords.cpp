@@ -132,15 +132,16 @@ bool playText(Playback& playback, const metafile::Record& record, const EMRTEXT&
 template <class Character>
 bool textOut(Playback& playback, const metafile::Record& record)
 {
-    const auto fields = record.field<EMREXTTEXTOUT>(0);
+    const auto fields = record.field<EMREXTTEXTOUTW>(0);
     return fields && playText<Character>(playback, record, fields->emrtext);
 }
 
 template <class Character>
 bool polyTextOut(Playback& playback, const metafile::Record& record)
 {
-    const auto count = record.field<DWORD>(offsetof(EMRPOLYTEXTOUT, cStrings));
-    const auto texts = count ? record.values<EMRTEXT>(sizeof(EMRPOLYTEXTOUT), *count) : std::nullopt;
+    const auto count = record.field<DWORD>(offsetof(EMRPOLYTEXTOUTW, cStrings));
+    const auto texts =
+        count ? record.values<EMRTEXT>(offsetof(EMRPOLYTEXTOUTW, aemrtext), *count) : std::nullopt;
     if (!texts) {
         return false;
     }

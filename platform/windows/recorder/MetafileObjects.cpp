@@ -100,7 +100,7 @@ bool MetafileDevice::recordBrush(const BrushObject& brush, DWORD entry)
     const bool monochrome = brush.style == BS_PATTERN && brush.pattern->isMonochrome();
     const BitmapView view = brush.pattern->view();
     const PackedDib dib(view);
-    EMRCREATEPATTERNBRUSH fields{};
+    EMRCREATEMONOBRUSH fields{};
     fields.ihBrush = entry;
     fields.iUsage = DIB_RGB_COLORS;
     fields.offBmi = sizeof(fields);

@@ -26,10 +26,10 @@ void MetafileDevice::stateChanged(DeviceContext& context, StateField field)
     const ContextState& state = context.state;
     switch (field) {
     case StateField::BackColor:
-        record(EMR_SETBKCOLOR, EMRSETCOLOR{{}, state.backColor});
+        record(EMR_SETBKCOLOR, EMRSETBKCOLOR{{}, state.backColor});
         break;
     case StateField::TextColor:
-        record(EMR_SETTEXTCOLOR, EMRSETCOLOR{{}, state.textColor});
+        record(EMR_SETTEXTCOLOR, EMRSETTEXTCOLOR{{}, state.textColor});
         break;
     case StateField::BackMode:
         record(EMR_SETBKMODE, modeRecord(state.backMode));

@@ -27,7 +27,7 @@ bool MetafileDevice::text(DeviceContext& context, const TextOutput& output)
     if (!isUpright(output)) {
         cell.add(ink.box);
     }
-    EMREXTTEXTOUT fields{};
+    EMREXTTEXTOUTW fields{};
     fields.rclBounds = cell.box;
     fields.iGraphicsMode = static_cast<DWORD>(context.state.graphicsMode);
     if (context.state.graphicsMode == GM_COMPATIBLE) {

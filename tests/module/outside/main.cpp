@@ -1,7 +1,22 @@
+// Uses the library as a host does, and catches what is thrown in it.
 #include <cstdio>
 
 #include "moduleVersion.h"
 #include "surfaceSVG.h"
+#include "sys/krnos.h"
+
+namespace {
+
+bool catchesWhatTheLibraryThrows()
+{
+    try {
+        krnOutOfMemory();
+    } catch (const KrnException& exception) {
+        return exception.number() == KrnException::outOfMemoryNumber;
+    }
+}
+
+} // namespace
 
 int main()
 {
@@ -10,7 +25,9 @@ int main()
     CSurfaceSVG page(&millimetres, &logical);
     page.drawRectangle(&logical);
     DLLVERSIONINFO version{sizeof(DLLVERSIONINFO), 0, 0, 0, 0};
-    const bool worked = page.closeSurface() == 0 && DllGetVersion(&version) == 0;
-    std::printf("%u.%u\n", version.dwMajorVersion, version.dwMinorVersion);
+    const bool worked =
+        page.closeSurface() == 0 && DllGetVersion(&version) == 0 && catchesWhatTheLibraryThrows();
+    std::printf("%u.%u\n", static_cast<unsigned int>(version.dwMajorVersion),
+                static_cast<unsigned int>(version.dwMinorVersion));
     return worked && page.getDataLength() > 0 ? 0 : 1;
 }

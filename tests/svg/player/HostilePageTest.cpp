@@ -3,12 +3,14 @@
 
 #include "metaFilePlayerSVG.h"
 
+#if !defined(_WIN32)
 // AddressSanitizer's own strstr measures the whole text at each search, which is quadratic work too.
 extern "C" SURFACE_API const char* __asan_default_options(); // NOLINT(bugprone-reserved-identifier)
 const char* __asan_default_options()                         // NOLINT(bugprone-reserved-identifier)
 {
     return "intercept_strstr=0";
 }
+#endif
 
 namespace {
 

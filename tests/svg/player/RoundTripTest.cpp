@@ -131,7 +131,7 @@ float hundredths(float value)
 }
 
 // The side at the right or bottom moves so that the extent is even, then the sides are put in order.
-void makeEven(int& first, int& second)
+void makeEven(LONG& first, LONG& second)
 {
     second -= (second - first) % 2;
     if (second < first) {

@@ -44,7 +44,7 @@ struct BITMAP {
     WORD bmBitsPixel;
     void* bmBits;
 };
-static_assert(sizeof(BITMAP) == 24 + sizeof(void*));
+static_assert(sizeof(BITMAP) == (sizeof(void*) == 8 ? 32 : 24));
 
 extern "C" {
 

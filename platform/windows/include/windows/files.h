@@ -12,16 +12,6 @@ union LARGE_INTEGER {
 };
 static_assert(sizeof(LARGE_INTEGER) == 8);
 
-// What DllGetVersion fills; cbSize is set by the caller.
-struct DLLVERSIONINFO {
-    DWORD cbSize;
-    DWORD dwMajorVersion;
-    DWORD dwMinorVersion;
-    DWORD dwBuildNumber;
-    DWORD dwPlatformID;
-};
-static_assert(sizeof(DLLVERSIONINFO) == 20);
-
 inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(-1)); // NOLINT
 constexpr DWORD GENERIC_READ = 0x80000000;
 constexpr DWORD FILE_SHARE_READ = 1;

@@ -83,13 +83,15 @@ struct EMRSMALLTEXTOUT {
 };
 static_assert(sizeof(EMRSMALLTEXTOUT) == 36);
 
-// POLYTEXTOUTA and POLYTEXTOUTW; cStrings times EMRTEXT follow.
-struct EMRPOLYTEXTOUT {
+// With its first text; more of them follow.
+struct EMRPOLYTEXTOUTW {
     EMR emr;
     RECTL rclBounds;
     DWORD iGraphicsMode;
     FLOAT exScale;
     FLOAT eyScale;
-    DWORD cStrings;
+    LONG cStrings;
+    EMRTEXT aemrtext[1];
 };
-static_assert(sizeof(EMRPOLYTEXTOUT) == 40);
+static_assert(offsetof(EMRPOLYTEXTOUTW, aemrtext) == 40);
+using EMRPOLYTEXTOUTA = EMRPOLYTEXTOUTW;

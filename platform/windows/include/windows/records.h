@@ -57,11 +57,12 @@ struct EMRSETMODE {
 };
 static_assert(sizeof(EMRSETMODE) == 12);
 
-struct EMRSETCOLOR {
+struct EMRSETTEXTCOLOR {
     EMR emr;
     COLORREF crColor;
 };
-static_assert(sizeof(EMRSETCOLOR) == 12);
+static_assert(sizeof(EMRSETTEXTCOLOR) == 12);
+using EMRSETBKCOLOR = EMRSETTEXTCOLOR;
 
 // Window and viewport origin, brush origin, MOVETOEX, LINETO.
 struct EMRPOINT {
@@ -150,7 +151,7 @@ struct EMRCREATEBRUSHINDIRECT {
 static_assert(sizeof(EMRCREATEBRUSHINDIRECT) == 24);
 
 // CREATEMONOBRUSH and CREATEDIBPATTERNBRUSHPT; the bitmap's head and bits follow at the given offsets.
-struct EMRCREATEPATTERNBRUSH {
+struct EMRCREATEMONOBRUSH {
     EMR emr;
     DWORD ihBrush;
     DWORD iUsage;
@@ -159,7 +160,8 @@ struct EMRCREATEPATTERNBRUSH {
     DWORD offBits;
     DWORD cbBits;
 };
-static_assert(sizeof(EMRCREATEPATTERNBRUSH) == 32);
+static_assert(sizeof(EMRCREATEMONOBRUSH) == 32);
+using EMRCREATEDIBPATTERNBRUSHPT = EMRCREATEMONOBRUSH;
 
 // The file form of an extended pen ([MS-EMF] 2.2.20), with its first dash; more dashes follow.
 struct EXTLOGPEN32 {
@@ -397,7 +399,7 @@ struct EMRTEXT {
 static_assert(sizeof(EMRTEXT) == 40);
 
 // The text (8 bits a character in EXTTEXTOUTA, 16 in EXTTEXTOUTW, no terminator) and its advances follow.
-struct EMREXTTEXTOUT {
+struct EMREXTTEXTOUTW {
     EMR emr;
     RECTL rclBounds;
     DWORD iGraphicsMode;
@@ -405,4 +407,5 @@ struct EMREXTTEXTOUT {
     FLOAT eyScale;
     EMRTEXT emrtext;
 };
-static_assert(sizeof(EMREXTTEXTOUT) == 76 && offsetof(EMREXTTEXTOUT, emrtext) == 36);
+static_assert(sizeof(EMREXTTEXTOUTW) == 76 && offsetof(EMREXTTEXTOUTW, emrtext) == 36);
+using EMREXTTEXTOUTA = EMREXTTEXTOUTW;

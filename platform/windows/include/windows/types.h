@@ -28,6 +28,7 @@ using ULONG = std::uint32_t;
 using LONG = std::int32_t;
 using INT = std::int32_t;
 using BOOL = std::int32_t;
+using HRESULT = std::int32_t;
 using FLOAT = float;
 using CHAR = char;
 using WCHAR = char16_t;
