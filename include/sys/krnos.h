@@ -173,11 +173,7 @@ public:
 
 private:
     const char* m_name;
-#if defined(_WIN32)
-    void* m_mutex = nullptr; // the system's SRWLOCK, which needs no memory of its own
-#else
     std::mutex m_mutex;
-#endif
     std::atomic<std::thread::id> m_holder{};
     unsigned int m_depth = 0;
 };

@@ -152,12 +152,12 @@ std::string compressed(const std::string& data)
     }
     for (std::size_t at = 0; at < data.size();) {
         std::size_t length = 0;
-        const std::size_t most = std::min<std::size_t>(data.size() - at, Compressor::longestMatch);
+        const std::size_t most = std::min<std::size_t>(data.size() - at, Compressor::LongestMatch);
         while (at >= BytesPerPixel && length < most &&
                data[at + length] == data[at + length - BytesPerPixel]) {
             ++length;
         }
-        if (length >= Compressor::shortestMatch) {
+        if (length >= Compressor::ShortestMatch) {
             compressor.repeatPixels(static_cast<unsigned int>(length));
             at += length;
         } else {

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "AtModuleEnd.h"
-#include "ModuleMutex.h"
 #include "PngFile.h"
 
 using namespace krnos;
@@ -65,7 +64,7 @@ public:
     }
 
 private:
-    ModuleMutex m_mutex;
+    std::mutex m_mutex;
     std::vector<Page> m_pages;
 };
 

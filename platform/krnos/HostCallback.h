@@ -7,8 +7,6 @@
 
 #include <mutex>
 
-#include "ModuleMutex.h"
-
 namespace krnos {
 
 template <typename Function>
@@ -34,7 +32,7 @@ public:
     }
 
 private:
-    RecursiveModuleMutex m_mutex;
+    std::recursive_mutex m_mutex;
     Function* m_function = nullptr;
     void* m_context = nullptr;
 };

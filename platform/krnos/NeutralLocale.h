@@ -4,6 +4,7 @@
 #pragma once
 
 #include <clocale>
+#include <cstring>
 #include <locale.h>
 
 namespace krnos {
@@ -13,7 +14,7 @@ namespace krnos {
 // The thread gets a locale of its own; of that only the form of numbers changes.
 class NeutralLocale {
 public:
-    NeutralLocale() noexcept : m_formerKind(m_configthreadlocale(_ENABLE_PER_THREAD_LOCALE))
+    NeutralLocale() noexcept : m_formerKind(_configthreadlocale(_ENABLE_PER_THREAD_LOCALE))
     {
         std::strncpy(m_former, setlocale(LC_NUMERIC, nullptr), sizeof(m_former) - 1);
         setlocale(LC_NUMERIC, "C");
@@ -21,7 +22,7 @@ public:
     ~NeutralLocale()
     {
         setlocale(LC_NUMERIC, m_former);
-        m_configthreadlocale(m_formerKind);
+        _configthreadlocale(m_formerKind);
     }
 
     NeutralLocale(const NeutralLocale&) = delete;

@@ -16,7 +16,6 @@
 
 #include "AtModuleEnd.h"
 #include "LoadedLibrary.h"
-#include "ModuleMutex.h"
 #include "sys/krnos.h"
 
 using namespace krnos;
@@ -201,7 +200,7 @@ private:
     static constexpr char DefaultName[] = "libfreeimage.so.3";
 #endif
 
-    ModuleMutex m_mutex;
+    std::mutex m_mutex;
     std::string m_path = DefaultName;
     bool m_tried = false;
     const ImageLibrary* m_current = nullptr;

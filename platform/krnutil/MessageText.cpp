@@ -12,7 +12,6 @@
 #include <string>
 #include <string_view>
 
-#include "ModuleMutex.h"
 #include "sys/krnos.h"
 
 namespace {
@@ -54,7 +53,7 @@ private:
         return number == PageCountWord ? std::optional<std::string_view>("of") : std::nullopt;
     }
 
-    krnos::ModuleMutex m_mutex;
+    std::mutex m_mutex;
     // Of the host. Without a text: taken out.
     std::map<int, std::optional<std::string>> m_texts;
 };
