@@ -118,11 +118,11 @@ const ToolCase Cases[] = {
      "0   0   1 141   0   0   2  49|793 x 1122|words.emf: is an enhanced metafile, which plays to .png and "
      ".emf only, not to .ps"},
     {"PlayLeavesNothingBehind",
-     "surfacepage play bare.svg -o a.png; surfacepage play cut.emf -o b.emf; surfacepage play words.svg -o "
+     "surfacepage play bare.svg -o a.png; surfacepage play words.svg -o "
      "c.png --dpi 4800; "
      "surfacepage play words.svg -o link.png; surfacepage play words.svg -o no/d.png; ls -A",
      0,
-     "bare.svg: has no usable size|cut.emf: can't be played|39685 x 56126 pixels are too many|link.png: it "
+     "bare.svg: has no usable size|39685 x 56126 pixels are too many|link.png: it "
      "is no regular file|"
      "can't write no/d.png: No such "
      "file|bare.svg\ncut.emf\nlink.png\nsheet.emf\nsheet.svg\ntext.svg\nwords.emf\nwords.svg\n"},
@@ -141,6 +141,57 @@ const ToolCase Cases[] = {
      "surfacepage find words.svg heating -o m.svg --hit 3 && grep -c \"find='[0-9]*,[1-9]\" m.svg; "
      "surfacepage find words.svg heating -o n.svg --hit 7; ls n.svg",
      2, "hit 6|1\n|words.svg: has no hit 7 to mark|n.svg"},
+    {"NoInputIsOverwritten",
+     "ln -s words.svg soft.svg; ln words.svg hard.png; for o in words.svg ./soft.svg hard.png; do "
+     "surfacepage play --force "
+     "words.svg -o $o; surfacepage find --force words.svg heating -o $o; done; surfacepage play sheet.svg -o "
+     "'w{}.svg' && surfacepage play --force words.svg -o wsheet.svg && cmp words.svg wsheet.svg && "
+     "surfacepage "
+     "play words.svg -o wsheet.svg; cmp words.svg hard.png",
+     0,
+     "can't write words.svg: it is one of the pages that are read|words.svg: it is one|soft.svg: it is "
+     "one|soft.svg: it "
+     "is one|hard.png: it is one|hard.png: it is one|wsheet.svg: a stored page is there, which --force"},
+    {"StampsInOrder",
+     "cp sheet.svg p-2.svg; cp sheet.emf p-10.svg; cp sheet.svg p-1.svg; surfacepage stamp -n p-*.svg 1 3; "
+     "cmp sheet.svg "
+     "p-1.svg && surfacepage stamp --sort p-*.svg 1 3 && surfacepage find p-10.svg '3 of 3'; for a in '0 3' "
+     "'2 3' '1 3 "
+     "./p-1.svg'; do surfacepage stamp p-*.svg $a; done",
+     2,
+     "p-10.svg comes before p-2.svg; --sort|p-1.svg: 1 of 3\np-10.svg: 2 of 3\np-2.svg: 3 of 3\np-1.svg: 1 "
+     "of "
+     "3\np-2.svg: 2 of 3\np-10.svg: 3 of 3\nhit 1 at|counted from 1|the last page would be 4 of 3"},
+    {"StampsTheFileItself",
+     "ln sheet.svg hard.svg; i=$(stat -c %i sheet.svg); surfacepage stamp sheet.svg 7 9 && test $i = $(stat "
+     "-c %i "
+     "sheet.svg) && surfacepage find hard.svg '7 of 9'; surfacepage stamp sheet.svg sheet.emf 1000000000 "
+     "2000000000; "
+     "surfacepage stamp sheet.svg hard.svg 1 2",
+     2,
+     "7 of 9|hit 1|sheet.svg: has too little room for \"1000000000 of 2000000000\"|sheet.emf: has too little "
+     "room for "
+     "\"1000000001|sheet.svg and hard.svg are one file"},
+    {"CutPages",
+     "head -c 9000 sheet.svg >torn.svg; sed 's:</svg>::' sheet.svg >end.svg; for c in info trace text 'find "
+     "-- x' 'stamp -- 1 "
+     "2'; do set -- $c; k=$1; shift; surfacepage $k torn.svg \"$@\" >n; echo $k $?; done; surfacepage info "
+     "-b end.svg; "
+     "surfacepage play cut.emf -o b.png; surfacepage trace cut.emf | tail -n 1; surfacepage play torn.svg "
+     "cut.emf -o '{}.ps'; "
+     "echo $?; surfacepage play torn.svg cut.emf -o '{}.emf'; surfacepage play cut.emf -o cut2.emf && ls; "
+     "surfacepage info "
+     "-b cut2.emf && file=$(ls b.png) && surfacepage play torn.svg -o torn.png",
+     3,
+     "info 2|trace 2|text 2|find 2|so nothing was stamped\nstamp 2|end.svg: is cut short: 1 "
+     "elements|cut.emf: ends inside the "
+     "record at byte 3952: what there is was drawn|torn.svg: is cut short|is an enhanced metafile|2\n|can't "
+     "write cut.emf: it "
+     "is one|enhanced metafile|torn.svg: is cut short"},
+    {"Texts",
+     "surfacepage text sheet.svg sheet.emf | sort | uniq -c | sort -rn | head -n 3; surfacepage text "
+     "words.svg",
+     0, "Use\nThis year\nYear before\nTarget\n"},
     {"Traces", "surfacepage trace words.svg && surfacepage trace sheet.emf cut.emf", 2,
      "prepareSurface 794x1123 210x297 794x1123\ndrawSolidRectangle|setFont \"Arial\" 8|sheet.emf: 0 HEADER "
      "|EXTCREATEFONTINDIRECTW 1 \"Arial\" height -12 bold\n|GDICOMMENT \"TPC|EOF 0 16 20\n|cut.emf: 0 "

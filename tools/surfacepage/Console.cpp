@@ -37,37 +37,37 @@ void writeError(const std::string& text)
 
 } // namespace
 
-Console::Console() : _onTerminal(isatty(STDERR_FILENO) == 1), _nextProgress(Clock::now() + Moment) {}
+Console::Console() : m_onTerminal(isatty(STDERR_FILENO) == 1), m_nextProgress(Clock::now() + Moment) {}
 
 void Console::print(std::size_t job, std::string_view text)
 {
-    const std::lock_guard lock(_mutex);
-    if (job == _turn) {
+    const std::lock_guard lock(m_mutex);
+    if (job == m_turn) {
         write(text);
     } else {
-        _waiting[job].text.append(text);
+        m_waiting[job].text.append(text);
     }
 }
 
 void Console::finish(std::size_t job)
 {
-    const std::lock_guard lock(_mutex);
-    _waiting[job].finished = true;
+    const std::lock_guard lock(m_mutex);
+    m_waiting[job].finished = true;
     // The last one whose turn comes goes on by itself: what it has said so far is written, too.
-    for (auto next = _waiting.find(_turn); next != _waiting.end(); next = _waiting.find(_turn)) {
+    for (auto next = m_waiting.find(m_turn); next != m_waiting.end(); next = m_waiting.find(m_turn)) {
         write(next->second.text);
         next->second.text.clear();
         if (!next->second.finished) {
             return;
         }
-        _waiting.erase(next);
-        ++_turn;
+        m_waiting.erase(next);
+        ++m_turn;
     }
 }
 
 void Console::complain(std::string_view file, std::string_view what)
 {
-    const std::lock_guard lock(_mutex);
+    const std::lock_guard lock(m_mutex);
     clearProgress();
     std::fflush(stdout);
     std::string line("surfacepage: ");
@@ -79,34 +79,34 @@ void Console::complain(std::string_view file, std::string_view what)
 
 void Console::progress(std::string_view text)
 {
-    if (!_onTerminal) {
+    if (!m_onTerminal) {
         return;
     }
-    const std::lock_guard lock(_mutex);
+    const std::lock_guard lock(m_mutex);
     const Clock::time_point now = Clock::now();
-    if (now < _nextProgress) {
+    if (now < m_nextProgress) {
         return;
     }
     clearProgress();
     writeError(onOneLine(text));
-    _progressShown = true;
-    _nextProgress = now + BetweenProgress;
+    m_progressShown = true;
+    m_nextProgress = now + BetweenProgress;
 }
 
 bool Console::close()
 {
-    const std::lock_guard lock(_mutex);
+    const std::lock_guard lock(m_mutex);
     clearProgress();
     errno = 0;
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-        _outputLost = true;
+        m_outputLost = true;
     }
-    if (_outputLost) {
+    if (m_outputLost) {
         writeError(std::string("surfacepage: standard output can't be written: ")
                        .append(std::strerror(errno))
                        .append("\n"));
     }
-    return !_outputLost;
+    return !m_outputLost;
 }
 
 void Console::write(std::string_view text)
@@ -116,15 +116,15 @@ void Console::write(std::string_view text)
     }
     clearProgress();
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) {
-        _outputLost = true;
+        m_outputLost = true;
     }
 }
 
 void Console::clearProgress()
 {
-    if (_progressShown) {
+    if (m_progressShown) {
         writeError("\r\x1B[K");
-        _progressShown = false;
+        m_progressShown = false;
     }
 }
 

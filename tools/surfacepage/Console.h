@@ -36,14 +36,14 @@ private:
     void write(std::string_view text);
     void clearProgress();
 
-    std::mutex _mutex;
-    std::map<std::size_t, Waiting> _waiting; // jobs after the one whose turn it is
-    std::size_t _turn = 0;
-    bool _outputLost = false;
+    std::mutex m_mutex;
+    std::map<std::size_t, Waiting> m_waiting; // jobs after the one whose turn it is
+    std::size_t m_turn = 0;
+    bool m_outputLost = false;
 
-    const bool _onTerminal;
-    bool _progressShown = false;
-    Clock::time_point _nextProgress;
+    const bool m_onTerminal;
+    bool m_progressShown = false;
+    Clock::time_point m_nextProgress;
 };
 
 } // namespace pagetool

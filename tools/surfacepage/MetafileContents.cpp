@@ -4,24 +4,21 @@
 #include <cstdint>
 
 #include "quotedText.h"
-#include "sys/krnos.h"
+#include "utf8Text.h"
 
 namespace pagetool {
 
 namespace {
 
-std::string narrow(const metafile::Record& record, std::size_t offset, std::size_t count)
+// Zeros are blanks.
+std::string wideText(const metafile::Record& record, std::size_t offset, std::size_t count)
 {
-    std::string text;
+    std::u16string text;
     for (std::size_t i = 0; i < count; ++i) {
-        const unsigned short wide[2] = {record.field<unsigned short>(offset + 2 * i).value_or(0), 0};
-        char character[2] = " "; // of a zero, too
-        if (wide[0] != 0) {
-            intlUnicodeToCString(wide, character, sizeof(character));
-        }
-        text.push_back(character[0]);
+        const auto character = record.field<char16_t>(offset + 2 * i).value_or(0);
+        text.push_back(character != 0 ? character : u' ');
     }
-    return text;
+    return utf8Of(text);
 }
 
 void addText(const metafile::Record& record, POINTL place, std::uint64_t offset, std::uint64_t count,
@@ -33,11 +30,11 @@ void addText(const metafile::Record& record, POINTL place, std::uint64_t offset,
     const auto start = static_cast<std::size_t>(offset);
     const auto length = static_cast<std::size_t>(count);
     if (characterSize == 2) {
-        texts.push_back({place, narrow(record, start, length)});
+        texts.push_back({place, wideText(record, start, length)});
         return;
     }
     const auto piece = record.bytes.subspan(start, length);
-    texts.push_back({place, std::string(piece.begin(), piece.end())});
+    texts.push_back({place, utf8Of(std::string(piece.begin(), piece.end()))});
 }
 
 // Windows does not name this record. Its rectangle may follow, and then its characters ([MS-EMF] 2.3.5.37).
@@ -98,6 +95,17 @@ constexpr PictureField PictureFields[] = {
     {EMR_CREATEDIBPATTERNBRUSHPT, offsetof(EMRCREATEDIBPATTERNBRUSHPT, offBmi)},
 };
 
+// The bounds of a text record are in units of the page's device, whatever mapping and turn were in force.
+void placeByBounds(const metafile::Record& record, std::vector<PlacedText>& texts)
+{
+    const auto bounds = record.field<RECTL>(sizeof(EMR));
+    if (record.type == SmallTextType || texts.size() != 1 || !bounds || bounds->left > bounds->right ||
+        bounds->top > bounds->bottom) {
+        return;
+    }
+    texts.front().start = {bounds->left, bounds->top};
+}
+
 } // namespace
 
 std::vector<PlacedText> textsOf(const metafile::Record& record)
@@ -122,6 +130,7 @@ std::vector<PlacedText> textsOf(const metafile::Record& record)
     default:
         break;
     }
+    placeByBounds(record, texts);
     return texts;
 }
 
@@ -138,7 +147,7 @@ std::optional<std::string> fontOf(const metafile::Record& record)
     }
     const WCHAR* const end = std::find(font->lfFaceName, std::end(font->lfFaceName), 0);
     const auto length = static_cast<std::size_t>(end - font->lfFaceName);
-    std::string text = quotedText(narrow(record, Offset + offsetof(LOGFONTW, lfFaceName), length));
+    std::string text = quotedText(wideText(record, Offset + offsetof(LOGFONTW, lfFaceName), length));
     text.append(" height ").append(std::to_string(font->lfHeight));
     text.append(font->lfWeight >= Bold ? " bold" : "").append(font->lfItalic != 0 ? " italic" : "");
     text.append(font->lfUnderline != 0 ? " underline" : "");

@@ -5,16 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "PlacedText.h"
 #include "RecordWalk.h"
 
 namespace pagetool {
 
-struct PlacedText {
-    POINTL place; // logical units
-    std::string text;
-};
-
-// The texts that a text record draws, as 8 bits a character; none for other records and where they leave the record.
+// The texts that a text record draws; none for other records and where they leave the record.
 std::vector<PlacedText> textsOf(const metafile::Record& record);
 
 // "Arial" height -13 bold italic

@@ -34,36 +34,43 @@ std::string temporaryBeside(const fs::path& place)
 
 } // namespace
 
-OutputFile::OutputFile(FileJob& job, const std::string& path) : _job(job), _path(path) {}
+OutputFile::OutputFile(FileJob& job, const std::string& path, const OverwriteRule& rule)
+    : m_job(job), m_rule(rule), m_path(path)
+{
+}
 
 OutputFile::~OutputFile()
 {
-    if (!_temporary.empty()) {
-        unlink(_temporary.c_str());
+    if (!m_temporary.empty()) {
+        unlink(m_temporary.c_str());
     }
 }
 
 const std::string& OutputFile::create()
 {
     std::error_code error;
-    fs::path place = fs::weakly_canonical(_path, error);
+    fs::path place = fs::weakly_canonical(m_path, error);
     if (error) {
         failOfSystem(error.value());
-        return _temporary;
+        return m_temporary;
     }
     const fs::file_status status = fs::status(place, error);
     const bool exists = fs::exists(status);
-    const bool danglingLink = !exists && fs::is_symlink(_path, error);
+    const bool danglingLink = !exists && fs::is_symlink(m_path, error);
     if (danglingLink || (exists && !fs::is_regular_file(status))) {
-        _job.complain(std::string("can't write ").append(_path).append(": it is no regular file"));
-        return _temporary;
+        m_job.complain(std::string("can't write ").append(m_path).append(": it is no regular file"));
+        return m_temporary;
+    }
+    if (const std::string objection = m_rule.objectionTo(m_path); !objection.empty()) {
+        m_job.complain(std::string("can't write ").append(m_path).append(": ").append(objection));
+        return m_temporary;
     }
     const std::string temporary = temporaryBeside(place);
     const int descriptor =
         open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | ForThisProcess, exists ? 0600 : 0666);
     if (descriptor < 0) {
         failOfSystem(errno);
-        return _temporary;
+        return m_temporary;
     }
     close(descriptor);
     if (exists) {
@@ -71,19 +78,19 @@ const std::string& OutputFile::create()
         constexpr fs::perms kept = fs::perms::owner_all | fs::perms::group_all | fs::perms::others_all;
         fs::permissions(temporary, status.permissions() & kept, error);
     }
-    _place = place.string();
-    _temporary = temporary;
-    return _temporary;
+    m_place = place.string();
+    m_temporary = temporary;
+    return m_temporary;
 }
 
 Outcome OutputFile::commit()
 {
     std::error_code error;
-    fs::rename(_temporary, _place, error);
+    fs::rename(m_temporary, m_place, error);
     if (error) {
         return failOfSystem(error.value());
     }
-    _temporary.clear();
+    m_temporary.clear();
     return Outcome::Done;
 }
 
@@ -92,7 +99,7 @@ Outcome OutputFile::write(std::span<const unsigned char> bytes)
     if (create().empty()) {
         return Outcome::Failed;
     }
-    std::FILE* const file = std::fopen(_temporary.c_str(), "wb");
+    std::FILE* const file = std::fopen(m_temporary.c_str(), "wb");
     if (file == nullptr) {
         return failOfSystem(errno);
     }
@@ -106,7 +113,7 @@ Outcome OutputFile::write(std::span<const unsigned char> bytes)
 
 Outcome OutputFile::failOfSystem(int error)
 {
-    return _job.fail(std::string("can't write ").append(_path).append(": ").append(std::strerror(error)));
+    return m_job.fail(std::string("can't write ").append(m_path).append(": ").append(std::strerror(error)));
 }
 
 } // namespace pagetool

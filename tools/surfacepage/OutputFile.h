@@ -5,20 +5,21 @@
 #include <string>
 
 #include "FileJobs.h"
+#include "OverwriteRule.h"
 
 namespace pagetool {
 
 class OutputFile {
 public:
-    // Complaints go to the job.
-    OutputFile(FileJob& job, const std::string& path);
+    // Complaints go to the job. The rule lives as long.
+    OutputFile(FileJob& job, const std::string& path, const OverwriteRule& rule);
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
     // Without commit nothing stays.
     ~OutputFile();
 
     // Makes the temporary file; empty when that can't be, after saying so. The place may be a link, which stays one,
-    // but no device or folder. A file that is there keeps its permissions.
+    // but no device or folder, and nothing that the rule protects. A file that is there keeps its permissions.
     const std::string& create();
     // Gives the file its place.
     Outcome commit();
@@ -28,10 +29,11 @@ public:
 private:
     Outcome failOfSystem(int error);
 
-    FileJob& _job;
-    const std::string _path; // as the user knows it
-    std::string _place;      // behind links
-    std::string _temporary;  // empty: there is none
+    FileJob& m_job;
+    const OverwriteRule& m_rule;
+    const std::string m_path; // as the user knows it
+    std::string m_place;      // behind links
+    std::string m_temporary;  // empty: there is none
 };
 
 } // namespace pagetool

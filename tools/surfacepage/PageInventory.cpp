@@ -1,10 +1,12 @@
 #include "PageInventory.h"
 
+#include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <memory>
 
 #include "MetafileContents.h"
-#include "RecordWalk.h"
+#include "PageWholeness.h"
 #include "RecordingSurface.h"
 #include "metaFilePlayer.h"
 #include "quotedText.h"
@@ -56,8 +58,8 @@ public:
         image.append(pictureTypeName(type)).append(", ").append(std::to_string(size)).append(" bytes");
         m_inventory.images.push_back(std::move(image));
     }
-    void drawString(const char* text, RECT*, unsigned int) override { add(text); }
-    bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT*, int) override
+    void drawString(const char* text, RECT* rect, unsigned int) override { add(text, cornerOf(rect)); }
+    bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int) override
     {
         std::string text;
         for (unsigned int i = 0; chunks != nullptr && i < chunks->size(); ++i) {
@@ -65,18 +67,34 @@ public:
             text.append(chunk.m_isNewLine && i > 0 ? " " : "");
             text.append(chunk.m_text.text(), chunk.m_text.length());
         }
-        add(text.c_str());
+        add(text.c_str(), cornerOf(rect));
         return true;
     }
-    void drawText(const char* text, RECT*, unsigned int) override { add(text); }
-    void drawTextAt(const char* text, POINT*, unsigned int) override { add(text); }
-    void drawTextOnBaseLine(int, int, unsigned int, RECT*, char* text, int length) override
+    void drawText(const char* text, RECT* rect, unsigned int) override { add(text, cornerOf(rect)); }
+    void drawTextAt(const char* text, POINT* point, unsigned int) override
+    {
+        add(text, point != nullptr ? *point : POINT{});
+    }
+    void drawTextOnBaseLine(int x, int y, unsigned int, RECT*, char* text, int length) override
     {
         if (text != nullptr) {
-            add(std::string(text, strnlen(text, static_cast<std::size_t>(length))).c_str());
+            add(std::string(text, strnlen(text, static_cast<std::size_t>(length))).c_str(), {x, y});
         }
     }
-    void drawStringRotated(const char* text, RECT*, unsigned int, int, int) override { add(text); }
+    void drawStringRotated(const char* text, RECT* rect, unsigned int, int, int) override
+    {
+        add(text, cornerOf(rect));
+    }
+    void setTransform(float a, float b, float c, float d, float dx, float dy) override
+    {
+        m_transform = {a, b, c, d, dx, dy};
+        RecordingSurface::setTransform(a, b, c, d, dx, dy);
+    }
+    void clearTransform() override
+    {
+        m_transform = {1, 0, 0, 1, 0, 0};
+        RecordingSurface::clearTransform();
+    }
 
 private:
     static std::string textOf(CSurfaceFont& font)
@@ -88,13 +106,29 @@ private:
         text.append(font.getUnderline() ? " underline" : "");
         return text.append(font.getStrikethru() ? " strikethru" : "");
     }
-    void add(const char* text)
+    static POINT cornerOf(const RECT* rect)
     {
-        if (text != nullptr && *text != '\0') {
-            m_inventory.texts.push_back(quotedText(text));
+        return rect != nullptr ? POINT{rect->left, rect->top} : POINT{};
+    }
+    void add(const char* text, POINT at)
+    {
+        if (text == nullptr || *text == '\0') {
+            return;
         }
+        const double x = at.x;
+        const double y = at.y;
+        const auto [a, b, c, d, dx, dy] = m_transform;
+        m_inventory.texts.push_back(
+            {{at.x, at.y}, text, {onPage(x * a + y * c + dx), onPage(x * b + y * d + dy)}});
+    }
+    static LONG onPage(double value)
+    {
+        constexpr double Farthest = 1e9;
+        return std::isfinite(value) ? static_cast<LONG>(std::lround(std::clamp(value, -Farthest, Farthest)))
+                                    : 0;
     }
 
+    XFORM m_transform{1, 0, 0, 1, 0, 0};
     PageInventory& m_inventory;
 };
 
@@ -130,16 +164,9 @@ void takeSvgPage(StoredPage& page, PageInventory& inventory)
     if (player == nullptr || player->play(&surface, &nowhere) != 1) {
         inventory.damage = "can't be played";
     }
-}
-
-bool isPageCountMark(const metafile::Record& record)
-{
-    constexpr std::string_view Mark = "TPC";
-    constexpr std::size_t Length = Mark.size() + 2 * sizeof(LONG);
-    const auto comment = record.field<EMRGDICOMMENT>(0);
-    return record.type == EMR_GDICOMMENT && comment && comment->cbData == Length &&
-           record.bytes.size() >= sizeof(EMRGDICOMMENT) + Length &&
-           std::memcmp(record.bytes.data() + sizeof(EMRGDICOMMENT), Mark.data(), Mark.size()) == 0;
+    if (std::string damage = damageOf(page); !damage.empty()) {
+        inventory.damage = std::move(damage);
+    }
 }
 
 void takeMetafile(StoredPage& page, PageInventory& inventory)
@@ -147,7 +174,7 @@ void takeMetafile(StoredPage& page, PageInventory& inventory)
     inventory.damage = walkRecords(page.bytes, [&](const metafile::Record& record) {
         ++inventory.parts[recordName(record.type)];
         for (const PlacedText& text : textsOf(record)) {
-            inventory.texts.push_back(quotedText(text.text));
+            inventory.texts.push_back(text);
         }
         if (const std::optional<std::string> font = fontOf(record)) {
             inventory.addFont(*font);
@@ -163,9 +190,19 @@ void takeMetafile(StoredPage& page, PageInventory& inventory)
 
 void PageInventory::addFont(const std::string& font)
 {
-    if (_known.insert(font).second) {
+    if (m_known.insert(font).second) {
         fonts.push_back(font);
     }
+}
+
+bool isPageCountMark(const metafile::Record& record)
+{
+    constexpr std::string_view Mark = "TPC";
+    constexpr std::size_t Length = Mark.size() + 2 * sizeof(LONG);
+    const auto comment = record.field<EMRGDICOMMENT>(0);
+    return record.type == EMR_GDICOMMENT && comment && comment->cbData == Length &&
+           record.bytes.size() >= sizeof(EMRGDICOMMENT) + Length &&
+           std::memcmp(record.bytes.data() + sizeof(EMRGDICOMMENT), Mark.data(), Mark.size()) == 0;
 }
 
 PageInventory inventoryOf(StoredPage& page)

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "PageFile.h"
+#include "PlacedText.h"
+#include "RecordWalk.h"
 
 namespace pagetool {
 
@@ -18,14 +20,17 @@ struct PageInventory {
     std::map<std::string, std::size_t> parts; // elements or records, and how many of each
     std::vector<std::string> fonts;
     std::vector<std::string> images;
-    std::vector<std::string> texts; // in the order of drawing
-    std::size_t pageCounts = 0;     // places that a stamp looks for
-    std::string damage;             // what is wrong with the page; empty: nothing
+    std::vector<PlacedText> texts; // in the order of drawing
+    std::size_t pageCounts = 0;    // places that a stamp looks for
+    std::string damage;            // what is wrong with the page; empty: nothing
 
 private:
-    std::set<std::string> _known;
+    std::set<std::string> m_known;
 };
 
 PageInventory inventoryOf(StoredPage& page);
+
+// Whether a record lets the text after it be stamped.
+bool isPageCountMark(const metafile::Record& record);
 
 } // namespace pagetool

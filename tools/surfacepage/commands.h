@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "FileJobs.h"
+#include "OverwriteRule.h"
 
 namespace pagetool {
 
@@ -18,6 +19,7 @@ Outcome infoCommand(FileJob& job, const InfoOptions& options);
 struct PlayOptions {
     std::vector<std::string> outputs; // of each job; their endings are known
     int dpi = 96;                     // of pictures
+    const OverwriteRule* overwriting = nullptr;
 };
 // Empty when this name of an output, by its ending, can be played to.
 std::string problemOfPlayOutput(const std::string& output, bool dpiGiven);
@@ -27,8 +29,9 @@ Outcome playCommand(FileJob& job, const PlayOptions& options);
 struct StampOptions {
     int firstNumber = 1; // of the first file; the others count on
     int pageCount = 1;
+    bool dryRun = false; // say what would be stamped, and write nothing
 };
-// Stamps the page count into the file itself. Nothing: the page shows none.
+// Stamps the page count into the file itself, and says what it stamped. Nothing: the page shows none.
 Outcome stampCommand(FileJob& job, const StampOptions& options);
 
 struct FindOptions {
@@ -37,9 +40,13 @@ struct FindOptions {
     bool wholeWord = false;
     std::vector<std::string> markedPages; // of each job; empty: none
     unsigned int markedHit = 1;           // the hit that is marked there
+    const OverwriteRule* overwriting = nullptr;
 };
 // All hits with their places. Nothing: there is none.
 Outcome findCommand(FileJob& job, const FindOptions& options);
+
+// The texts in reading order, one a line, as UTF-8. Fails for a damaged page, after those that are there.
+Outcome textCommand(FileJob& job);
 
 // The surface calls of an SVG page or the records of a metafile, one a line. Fails for a damaged page, at its damage.
 Outcome traceCommand(FileJob& job);

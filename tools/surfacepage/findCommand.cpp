@@ -3,6 +3,7 @@
 
 #include "OutputFile.h"
 #include "PageFile.h"
+#include "PageWholeness.h"
 #include "commands.h"
 #include "metaFilePlayer.h"
 
@@ -72,11 +73,15 @@ Outcome findCommand(FileJob& job, const FindOptions& options)
         job.printLine(line);
         job.progress(numbered("", count, " hits"));
         if (marks && count == options.markedHit) {
-            outcome = OutputFile(job, options.markedPages[job.number()]).write(hits.marked);
+            outcome =
+                OutputFile(job, options.markedPages[job.number()], *options.overwriting).write(hits.marked);
         }
     }
     if (hits.failed) {
         return job.fail("can't be searched to its end: there is not enough memory");
+    }
+    if (const std::string damage = damageOf(*page); !damage.empty()) {
+        return job.fail(damage);
     }
     if (count == 0) {
         job.printLine("no hit");

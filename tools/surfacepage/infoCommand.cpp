@@ -78,7 +78,11 @@ Outcome infoCommand(FileJob& job, const InfoOptions& options)
     sheet.line("page counts", std::to_string(inventory.pageCounts));
     sheet.list("fonts", inventory.fonts, options.brief);
     sheet.list("images", inventory.images, options.brief);
-    sheet.list("text", inventory.texts, options.brief);
+    std::vector<std::string> texts;
+    for (const PlacedText& text : inventory.texts) {
+        texts.push_back(quotedText(text.text));
+    }
+    sheet.list("text", texts, options.brief);
     job.print(sheet.text);
     return inventory.damage.empty() ? Outcome::Done : job.fail(inventory.damage);
 }

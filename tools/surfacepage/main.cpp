@@ -4,11 +4,16 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <charconv>
+#include <cstdio>
 #include <limits>
 #include <memory>
 
+#include "FileIdentity.h"
+#include "FileOrder.h"
 #include "FilePatterns.h"
+#include "OverwriteRule.h"
 #include "commands.h"
 
 using namespace pagetool;
@@ -72,12 +77,16 @@ public:
         m_app.set_version_flag("--version", "surfacepage " SURFACEPAGE_VERSION);
         m_app.require_subcommand(1);
         m_app.formatter(std::make_shared<UsageOfArguments>());
-        m_app.footer(
-            "Exit codes: 0 done, 1 nothing found or stamped, 2 a file failed or the arguments are wrong.");
+        m_app.footer("Exit codes: 0 done, 1 nothing found or stamped, 2 a file failed or the arguments are "
+                     "wrong, 3 a damaged page "
+                     "was drawn in part.\nNothing is written over a file that is read, stamp apart, and over "
+                     "another stored page with "
+                     "--force only.");
         addInfo();
         addPlay();
         addStamp();
         addFind();
+        addText();
         addTrace();
     }
 
@@ -87,6 +96,9 @@ public:
             m_app.parse(count, arguments);
         } catch (const CLI::ParseError& problem) {
             return m_app.exit(problem) == 0 ? 0 : static_cast<int>(Outcome::Failed);
+        }
+        if (!m_warning.empty()) {
+            std::fprintf(stderr, "surfacepage: %s\n", m_warning.c_str());
         }
         return runJobs(m_files, m_threads, m_command);
     }
@@ -122,6 +134,18 @@ private:
         return names;
     }
 
+    void addForce(CLI::App* command)
+    {
+        command->add_flag("--force", m_overwriting.force, "Overwrite stored pages that are no FILE");
+    }
+
+    // Once the files are known.
+    const OverwriteRule* overwriting()
+    {
+        m_overwriting.inputs = FileSet(m_files);
+        return &m_overwriting;
+    }
+
     void addInfo()
     {
         CLI::App* const info =
@@ -139,6 +163,7 @@ private:
                 "What to write, ending in .svg, .ps, .emf or .png; a metafile plays to .png and .emf only. "
                 "{} stands for the name of FILE without folder and ending")
             ->required();
+        addForce(play);
         m_dpi = play->add_option("--dpi", m_play.dpi, "Dots per inch of a .png")
                     ->check(CLI::Range(1, 4800))
                     ->capture_default_str();
@@ -146,6 +171,7 @@ private:
 
     void checkPlay()
     {
+        m_play.overwriting = overwriting();
         m_play.outputs = outputs(m_pattern);
         for (const std::string& output : m_play.outputs) {
             if (const std::string problem = problemOfPlayOutput(output, m_dpi->count() > 0);
@@ -158,19 +184,37 @@ private:
     void addStamp()
     {
         CLI::App* const stamp = add(
-            "stamp", "Stamp the page count \"N of M\" into pages, in place",
+            "stamp", "Stamp the page count \"N of M\" into pages, in place, and say which page got which",
             [this](FileJob& job) { return stampCommand(job, m_stamp); }, [this] { checkStamp(); });
         addLast(stamp, "N", "Number of the page; further files count on from it");
         addLast(stamp, "M", "Number of pages");
+        stamp->add_flag("--sort", m_sorts, "Take the files in the order of the numbers in their names");
+        stamp->add_flag("-n,--dry-run", m_stamp.dryRun, "Say what would be stamped, and write nothing");
     }
 
     void checkStamp()
     {
-        constexpr std::size_t Most = std::numeric_limits<int>::max();
         m_stamp.pageCount = takeLastNumber(m_files, "M");
         m_stamp.firstNumber = takeLastNumber(m_files, "N");
-        if (m_files.size() > Most - static_cast<std::size_t>(m_stamp.firstNumber)) {
-            refuse("N", "is too high for so many pages");
+        if (m_stamp.firstNumber == 0) {
+            refuse("N", "pages are counted from 1");
+        }
+        const std::size_t last = static_cast<std::size_t>(m_stamp.firstNumber) + m_files.size() - 1;
+        if (last > static_cast<std::size_t>(m_stamp.pageCount)) {
+            refuse("N", std::string("the last page would be ")
+                            .append(std::to_string(last))
+                            .append(" of ")
+                            .append(std::to_string(m_stamp.pageCount)));
+        }
+        const FileSet files(m_files);
+        if (const auto& [first, second] = files.twice(); !first.empty()) {
+            refuse("FILE", std::string(first).append(" and ").append(second).append(" are one file"));
+        }
+        if (m_sorts) {
+            std::stable_sort(m_files.begin(), m_files.end(), comesBefore);
+        } else if (const std::string disorder = disorderOf(m_files); !disorder.empty()) {
+            m_warning =
+                std::string(disorder).append("; --sort takes the files in the order of their numbers");
         }
     }
 
@@ -180,6 +224,7 @@ private:
             "find", "Find a text on pages, all hits with their places",
             [this](FileJob& job) { return findCommand(job, m_find); }, [this] { checkFind(); });
         addLast(find, "TEXT", "What to find");
+        addForce(find);
         find->add_flag("--case", m_find.matchCase, "Upper and lower case differ");
         find->add_flag("--word", m_find.wholeWord, "Whole words only");
         CLI::Option* const marked =
@@ -199,6 +244,7 @@ private:
             refuse("TEXT", "is empty");
         }
         if (!m_pattern.empty()) {
+            m_find.overwriting = overwriting();
             m_find.markedPages = outputs(m_pattern);
         }
     }
@@ -208,6 +254,8 @@ private:
     {
         command->add_option(name, m_shownOnly, means)->type_name("");
     }
+
+    void addText() { add("text", "Print the texts of pages in reading order, one a line", textCommand); }
 
     void addTrace()
     {
@@ -222,6 +270,9 @@ private:
     std::string m_pattern; // of output files
     std::string m_shownOnly;
     CLI::Option* m_dpi = nullptr;
+    bool m_sorts = false;
+    std::string m_warning; // said before the work begins
+    OverwriteRule m_overwriting{FileSet({}), false};
     InfoOptions m_info;
     PlayOptions m_play;
     StampOptions m_stamp;

@@ -1,17 +1,13 @@
 #include <algorithm>
 #include <cctype>
-#include <cstdint>
 #include <filesystem>
-#include <limits>
 #include <memory>
 #include <string_view>
 
 #include "OutputFile.h"
-#include "PageFile.h"
-#include "SvgPageSize.h"
+#include "PlayedPage.h"
 #include "commands.h"
 #include "gdidevice.h"
-#include "metaFilePlayer.h"
 #include "surfaceEMF.h"
 #include "surfaceHdc.h"
 #include "surfacePSPrinter.h"
@@ -20,50 +16,6 @@
 namespace pagetool {
 
 namespace {
-
-// The paper of a page in hundredths of a millimetre, and the extent of an SVG page's coordinates.
-struct Sheet {
-    RECT frame() const { return {0, 0, static_cast<LONG>(width), static_cast<LONG>(height)}; }
-    // Of a device with so many pixels on so many millimetres.
-    static int pixels(std::int64_t length, double devicePixels, double deviceMillimetres)
-    {
-        constexpr double HundredthsPerMillimetre = 100;
-        const double exact =
-            static_cast<double>(length) * devicePixels / (deviceMillimetres * HundredthsPerMillimetre);
-        return static_cast<int>(std::clamp(exact + 0.5, 1.0, 1e9));
-    }
-
-    std::int64_t width = 0;
-    std::int64_t height = 0;
-    SIZE units{}; // 0: a metafile
-};
-
-Sheet sheetOf(StoredPage& page)
-{
-    if (!page.isMetafile()) {
-        constexpr std::int64_t HundredthsPerMillimetre = 100;
-        const SvgPageSize size = svgPageSize(page.text());
-        return size.isUsable() ? Sheet{size.millimetres.cx * HundredthsPerMillimetre,
-                                       size.millimetres.cy * HundredthsPerMillimetre, size.units}
-                               : Sheet{};
-    }
-    RECTL frame{};
-    std::memcpy(&frame, page.data() + offsetof(ENHMETAHEADER, rclFrame), sizeof(frame));
-    return {std::int64_t{frame.right} - frame.left, std::int64_t{frame.bottom} - frame.top, {}};
-}
-
-bool isUsable(const Sheet& sheet)
-{
-    constexpr std::int64_t Most = std::numeric_limits<LONG>::max();
-    return sheet.width > 0 && sheet.height > 0 && sheet.width <= Most && sheet.height <= Most;
-}
-
-bool playOn(CSurface& surface, StoredPage& page, int width, int height)
-{
-    const std::unique_ptr<CMetaFilePlayer> player(CMetaFilePlayer::createPlayer(page.data(), page.size()));
-    RECT target{0, 0, width, height};
-    return player != nullptr && player->play(&surface, &target) == 1;
-}
 
 Outcome failOfPlayback(FileJob& job)
 {
@@ -83,24 +35,25 @@ Outcome store(FileJob& job, CSurface& surface, OutputFile& output)
 
 // A surface that takes its sizes from the page.
 template <typename Surface>
-Outcome playToText(FileJob& job, StoredPage& page, const Sheet& sheet, OutputFile& output, Surface surface)
+Outcome playToText(FileJob& job, PlayedPage& page, OutputFile& output, Surface surface)
 {
-    return playOn(surface, page, sheet.units.cx, sheet.units.cy) ? store(job, surface, output)
-                                                                 : failOfPlayback(job);
+    return page.play(surface, page.sheet().units.cx, page.sheet().units.cy) ? store(job, surface, output)
+                                                                            : failOfPlayback(job);
 }
 
-Outcome playToSvg(FileJob& job, StoredPage& page, const Sheet& sheet, OutputFile& output, int)
+Outcome playToSvg(FileJob& job, PlayedPage& page, OutputFile& output, int)
 {
-    return playToText(job, page, sheet, output, CSurfaceSVG());
+    return playToText(job, page, output, CSurfaceSVG());
 }
 
-Outcome playToPostScript(FileJob& job, StoredPage& page, const Sheet& sheet, OutputFile& output, int)
+Outcome playToPostScript(FileJob& job, PlayedPage& page, OutputFile& output, int)
 {
-    return playToText(job, page, sheet, output, CSurfacePSPrinter(0, 0));
+    return playToText(job, page, output, CSurfacePSPrinter(0, 0));
 }
 
-Outcome playToMetafile(FileJob& job, StoredPage& page, const Sheet& sheet, OutputFile& output, int)
+Outcome playToMetafile(FileJob& job, PlayedPage& page, OutputFile& output, int)
 {
+    const Sheet& sheet = page.sheet();
     RECT frame = sheet.frame();
     CSurfaceEMF surface(&frame);
     const HDC device = surface.getHDC();
@@ -113,16 +66,17 @@ Outcome playToMetafile(FileJob& job, StoredPage& page, const Sheet& sheet, Outpu
         SetWindowExtEx(device, sheet.units.cx, sheet.units.cy, nullptr);
         SetViewportExtEx(device, width, height, nullptr);
     }
-    return playOn(surface, page, width, height) ? store(job, surface, output) : failOfPlayback(job);
+    return page.play(surface, width, height) ? store(job, surface, output) : failOfPlayback(job);
 }
 
 struct EndDevice {
     void operator()(HDC device) const { DeleteDC(device); }
 };
 
-Outcome playToPicture(FileJob& job, StoredPage& page, const Sheet& sheet, OutputFile& output, int dpi)
+Outcome playToPicture(FileJob& job, PlayedPage& page, OutputFile& output, int dpi)
 {
     constexpr double MillimetresPerInch = 25.4;
+    const Sheet& sheet = page.sheet();
     GdiDeviceOptions options;
     options.width = Sheet::pixels(sheet.width, dpi, MillimetresPerInch);
     options.height = Sheet::pixels(sheet.height, dpi, MillimetresPerInch);
@@ -138,7 +92,7 @@ Outcome playToPicture(FileJob& job, StoredPage& page, const Sheet& sheet, Output
     }
     {
         CSurfaceHdc surface(device.get());
-        if (!playOn(surface, page, options.width, options.height)) {
+        if (!page.play(surface, options.width, options.height)) {
             return failOfPlayback(job);
         }
         surface.closeSurface();
@@ -154,7 +108,7 @@ Outcome playToPicture(FileJob& job, StoredPage& page, const Sheet& sheet, Output
 struct Format {
     std::string_view ending;
     bool takesMetafiles;
-    Outcome (*play)(FileJob&, StoredPage&, const Sheet&, OutputFile&, int dpi);
+    Outcome (*play)(FileJob&, PlayedPage&, OutputFile&, int dpi);
 };
 
 constexpr std::string_view PictureEnding = ".png";
@@ -194,7 +148,7 @@ Outcome playCommand(FileJob& job, const PlayOptions& options)
 {
     const std::string& name = options.outputs[job.number()];
     const Format* const format = formatOf(name);
-    std::optional<StoredPage> page = readPage(job);
+    std::optional<PlayedPage> page = PlayedPage::read(job);
     if (!page || format == nullptr) {
         return Outcome::Failed;
     }
@@ -202,12 +156,13 @@ Outcome playCommand(FileJob& job, const PlayOptions& options)
         return job.fail(std::string("is an enhanced metafile, which plays to .png and .emf only, not to ")
                             .append(format->ending));
     }
-    const Sheet sheet = sheetOf(*page);
-    if (!isUsable(sheet)) {
-        return job.fail("has no usable size");
+    OutputFile output(job, name, *options.overwriting);
+    const Outcome outcome = format->play(job, *page, output, options.dpi);
+    if (outcome != Outcome::Done || page->missing().empty()) {
+        return outcome;
     }
-    OutputFile output(job, name);
-    return format->play(job, *page, sheet, output, options.dpi);
+    job.complain(std::string(page->missing()).append(": what there is was drawn"));
+    return Outcome::Partial;
 }
 
 } // namespace pagetool

@@ -3,6 +3,7 @@
 
 #include "MetafileContents.h"
 #include "PageFile.h"
+#include "PageWholeness.h"
 #include "RecordWalk.h"
 #include "RecordingSurface.h"
 #include "SvgPageSize.h"
@@ -104,8 +105,11 @@ Outcome traceCommand(FileJob& job)
     RecordingSurface surface([&](const std::string& call) { lines.add(call); });
     const std::unique_ptr<CMetaFilePlayer> player(CMetaFilePlayer::createPlayer(page->data(), page->size()));
     RECT whole{0, 0, size.units.cx, size.units.cy};
-    return player != nullptr && player->play(&surface, &whole) == 1 ? Outcome::Done
-                                                                    : job.fail("can't be played to its end");
+    if (player == nullptr || player->play(&surface, &whole) != 1) {
+        return job.fail("can't be played to its end");
+    }
+    const std::string damage = damageOf(*page);
+    return damage.empty() ? Outcome::Done : job.fail(damage);
 }
 
 } // namespace pagetool
