@@ -131,8 +131,8 @@ the place of its line.</p>
 void writeFigure(std::ostream& out, const GalleryEntry& entry, const GalleryFigure& figure)
 {
     const GalleryColumn& column = *figure.column;
-    const std::string file = fileOf(*entry.page, column, column.extension);
-    const std::string png = fileOf(*entry.page, column, ".png");
+    const std::string file = fileOf(*entry.page, column);
+    const std::string png = pictureOf(*entry.page, column);
     const std::string& shown = file.ends_with(".svg") ? file : png;
     out << "<figure>\n<a href=\"" << shown << "\"><img src=\"" << shown << "\" alt=\"" << entry.page->title
         << ": " << column.title << "\"></a>\n<figcaption><b>" << column.title << "</b>";
@@ -142,8 +142,8 @@ void writeFigure(std::ostream& out, const GalleryEntry& entry, const GalleryFigu
     for (const std::string& fact : figure.facts) {
         out << "<span>" << fact << "</span>";
     }
-    if (file != png) {
-        out << "<a href=\"" << file << "\">" << column.extension + 1 << "</a>";
+    if (!column.isPicture) {
+        out << "<a href=\"" << file << "\">" << file.substr(file.rfind('.') + 1) << "</a>";
     }
     out << "<a href=\"" << png << "\">png</a></figcaption>\n</figure>\n";
 }
@@ -181,7 +181,7 @@ void writeHits(std::ostream& out, const std::vector<GalleryEntry>& entries, cons
         if (entry.hits.empty()) {
             continue;
         }
-        const std::string svg = fileOf(*entry.page, *entry.figures.front().column, ".svg");
+        const std::string svg = fileOf(*entry.page, *entry.figures.front().column);
         out << "<figure>\n<div class=\"found\"><img src=\"" << svg << "\" alt=\"" << entry.page->title
             << ", hits framed\">";
         for (const POINT& place : entry.hits) {
@@ -196,9 +196,15 @@ void writeHits(std::ostream& out, const std::vector<GalleryEntry>& entries, cons
 
 } // namespace
 
-std::string fileOf(const ReportPage& page, const GalleryColumn& column, const char* extension)
+std::string fileOf(const ReportPage& page, const GalleryColumn& column)
 {
-    return std::string(page.name) + column.suffix + extension;
+    return column.isPicture ? pictureOf(page, column)
+                            : std::string(column.folder) + page.name + column.ending;
+}
+
+std::string pictureOf(const ReportPage& page, const GalleryColumn& column)
+{
+    return std::string(PictureFolder) + page.name + column.pictureEnding;
 }
 
 bool writeGallery(const std::filesystem::path& file, const std::vector<GalleryEntry>& entries,

@@ -1,7 +1,7 @@
 // The demo's gallery: one HTML file that shows the pages themselves, a column for each way they were made.
 //
 // Called by the run (report.cpp) when all pages are there. The file refers to the pages by their names and to
-// nothing outside its folder.
+// nothing outside its folder: stored pages and documents are beside it, pictures and further forms in PictureFolder.
 #pragma once
 
 #include <cstddef>
@@ -13,13 +13,15 @@
 
 struct ReportPage;
 
-// A way to make a page: the heading of its column, what is between page name and extension, and the latter.
+// A way to make a page. Its file and its picture have the page's name between the two parts given here.
 struct GalleryColumn {
     const char* title;
-    const char* suffix;
-    const char*
-        extension; // browsers show ".svg" itself and of others the picture; ".png": nothing else is stored
+    const char* folder; // of the file, below that of the gallery; "" or ends with a slash
+    const char* ending; // of the file; browsers show .svg itself, of others the picture
+    const char* pictureEnding;
+    bool isPicture = false; // there is nothing else
 };
+inline constexpr const char* PictureFolder = "gallery/";
 
 struct GalleryFigure {
     const GalleryColumn* column;
@@ -35,7 +37,8 @@ struct GalleryEntry {
     std::vector<POINT> hits; // of the search, on the page of the first figure
 };
 
-std::string fileOf(const ReportPage& page, const GalleryColumn& column, const char* extension);
+std::string fileOf(const ReportPage& page, const GalleryColumn& column);
+std::string pictureOf(const ReportPage& page, const GalleryColumn& column);
 
 // False when the file could not be written.
 bool writeGallery(const std::filesystem::path& file, const std::vector<GalleryEntry>& entries,

@@ -1,7 +1,7 @@
 // The demo: draws an energy report, stores its pages, stamps, replays, compares and searches them, and writes a
 // gallery.
 //
-//   report [FOLDER]     writes into FOLDER, or into "out"
+//   report [FOLDER]     writes into FOLDER, or into "out": stored pages, documents and index.html; all else below
 //
 // Each page of reportPages() is drawn on a CSurfaceSVG and stored. When all are there, the pages that show a
 // page count get it stamped into their bytes. Each page is played on a second CSurfaceSVG and stored as well;
@@ -38,13 +38,13 @@ namespace fs = std::filesystem;
 // The ways to make a page. One more way is a line in both lists and its bytes in makeEntry.
 enum Column { Drawn, Replayed, Printed, PrintedDirectly, Pixels, Recorded, Marked, ColumnCount };
 constexpr GalleryColumn Columns[] = {
-    {"Drawn on CSurfaceSVG", "", ".svg"},
-    {"Replayed on CSurfaceSVG", "-replay", ".svg"},
-    {"Replayed on CSurfacePSPrinter", "-print", ".ps"},
-    {"Drawn on CSurfacePSPrinter", "-direct", ".ps"},
-    {"Replayed on CSurfaceHdc", "-pixels", ".png"},
-    {"Drawn on CSurfaceEMF, played as pixels", "-metafile", ".emf"},
-    {"Its first hit, marked", "-found", ".emf"},
+    {"Drawn on CSurfaceSVG", "", ".svg", ".png"},
+    {"Replayed on CSurfaceSVG", PictureFolder, "-replay.svg", "-replay.png"},
+    {"Replayed on CSurfacePSPrinter", "", ".ps", "-print.png"},
+    {"Drawn on CSurfacePSPrinter", PictureFolder, "-direct.ps", "-direct.png"},
+    {"Replayed on CSurfaceHdc", "", "", "-pixels.png", true},
+    {"Drawn on CSurfaceEMF, played as pixels", "", ".emf", "-metafile.png"},
+    {"Its first hit, marked", PictureFolder, "-found.emf", "-found.png"},
 };
 static_assert(std::size(Columns) == ColumnCount);
 
@@ -56,7 +56,7 @@ constexpr const char* WantedWord = "heating";
 // The page of which a marked copy is shown.
 constexpr std::string_view MarkedPage = "words";
 
-constexpr const char* FontMapName = "Fontmap";
+const std::string FontMapName = std::string(PictureFolder).append("Fontmap");
 
 bool writeFile(const fs::path& file, const Page& page)
 {
@@ -105,9 +105,9 @@ constexpr Painter Painters[] = {
 // Writes the page and has it painted. A page that is nothing but its picture is not written.
 bool writePictures(const fs::path& folder, const ReportPage& page, const GalleryColumn& column, Page& bytes)
 {
-    const Painting painting = {bytes, folder / fileOf(page, column, column.extension),
-                               folder / fileOf(page, column, ".png"), folder / FontMapName};
-    if (painting.file != painting.png && !writeFile(painting.file, bytes)) {
+    const Painting painting = {bytes, folder / fileOf(page, column), folder / pictureOf(page, column),
+                               folder / FontMapName};
+    if (!column.isPicture && !writeFile(painting.file, bytes)) {
         std::printf("  cannot write %s\n", painting.file.c_str());
         return false;
     }
@@ -193,7 +193,7 @@ GalleryEntry makeEntry(const ReportPage& page, PageByColumn& made)
 
 bool makeReport(const fs::path& folder)
 {
-    fs::create_directories(folder);
+    fs::create_directories(folder / PictureFolder);
     if (!canEncodePictures()) {
         std::printf("FreeImage is not there: the page of pictures has places without pictures.\n");
     }
