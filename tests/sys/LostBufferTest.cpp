@@ -57,13 +57,6 @@ void kosAssertFail(const char* caption, const char* expression, const char* modu
         std::string(caption) + "|" + expression + "|" + module + "|" + file + "|" + std::to_string(line);
 }
 
-#if !defined(_WIN32)
-LPSTR CharLowerA(LPSTR text)
-{
-    return text;
-}
-#endif
-
 TEST(LostBuffer, LeavesAnEmptyStringAndWritesNothing)
 {
     using String = TovoTextString;

@@ -13,6 +13,7 @@
 
 #include "reportPages.h"
 #include "storedPage.h"
+#include "support/HandMadeMetafile.h"
 #include "surfaceEMF.h"
 
 namespace {
@@ -47,6 +48,8 @@ protected:
         std::filesystem::resize_file(m_folder / "cut.emf", 4002);
         write("text.svg", toPage("text"));
         write("bare.svg", toPage("<?xml?><!DOCTYPE svg><svg></svg>"));
+        write("records.emf", recordsOfAllKinds());
+        write("letters.svg", lettersInAllEncodings());
         std::filesystem::create_symlink("nothing", m_folder / "link.png");
     }
     ~PageTool() override { std::filesystem::remove_all(m_folder); }
@@ -69,6 +72,48 @@ protected:
     }
 
 private:
+    // Texts in all records that have some, from bottom to top, and two pictures, one of them outside of its record.
+    static Page recordsOfAllKinds()
+    {
+        const std::map<std::string, Words> bitmaps = {{"one", {40, 1, -1, 0x180001, 0, 0, 0, 0, 0, 0, 0xFF}}};
+        return HandMadeMetafile("POLYTEXTOUTA 0 0 -1 -1 1 0 0 2 1 40 4 120 0 0 0 -1 -1 0 1 50 4 900 0 0 0 -1 "
+                                "-1 0 0x64636261;"
+                                "POLYTEXTOUTW 0 0 -1 -1 1 0 0 1 1 39 2 80 0 0 0 -1 -1 0 0xDE00D83D;"
+                                "POLYTEXTOUTW 0 0 -1 -1 1 0 0 9;"
+                                "108 1 38 4 0x300 1 0 0 0xE4636280;"
+                                "108 1 37 2 0x000 1 0 0 0 0 9 9 0xD83D20AC;"
+                                "EXTTEXTOUTW 7 36 9 39 1 0 0 5 99 2 76 0 0 0 -1 -1 0 0x1000007;"
+                                "EXTTEXTOUTA 7 35 9 39 1 0 0 5 99 4 76 0 0 0 -1 -1 0 0x64E46261;"
+                                "EXTTEXTOUTW 7 34 9 39 1 0 0 5 99 9999 76 0 0 0 -1 -1 0 0x1000007;"
+                                "STRETCHDIBITS 0 0 -1 -1 0 0 0 0 1 1 @one 0 0x00CC0020 1 1; "
+                                "CREATEDIBPATTERNBRUSHPT 1 0 9999 40 0 0;"
+                                "EXTCREATEFONTINDIRECTW 2;",
+                                bitmaps)
+            .bytes();
+    }
+    static Page lettersInAllEncodings()
+    {
+        CSurfaceSVG svg = emptyPage();
+        const char* const texts[] = {"\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80",
+                                     "\xE4 \x80",
+                                     "\xC3 \xA4",
+                                     "\xED\xA0\x80",
+                                     "\xC0\x80",
+                                     "\xF4\x90\x80\x80",
+                                     "\xE2\x82"};
+        POINT place{10, 700};
+        for (const char* const text : texts) {
+            svg.drawTextAt(text, &place, 0);
+            place.y -= 20;
+        }
+        char onLine[] = "on a line";
+        svg.drawTextOnBaseLine(5, 800, 0, nullptr, onLine, 9);
+        svg.setTransform(1, 0, 0, 1, 0, -900);
+        RECT box{10, 900, 200, 950};
+        svg.drawText("first", &box, 0);
+        svg.clearTransform();
+        return stored(svg);
+    }
     static Page toPage(std::string_view text) { return {text.begin(), text.end()}; }
     void write(const std::string& name, const Page& page) const
     {
@@ -125,7 +170,8 @@ const ToolCase Cases[] = {
      "bare.svg: has no usable size|39685 x 56126 pixels are too many|link.png: it "
      "is no regular file|"
      "can't write no/d.png: No such "
-     "file|bare.svg\ncut.emf\nlink.png\nsheet.emf\nsheet.svg\ntext.svg\nwords.emf\nwords.svg\n"},
+     "file|bare.svg\ncut.emf\nletters.svg\nlink.png\nrecords.emf\nsheet.emf\nsheet.svg\ntext.svg\nwords."
+     "emf\nwords.svg\n"},
     {"StampsInPlace",
      "chmod 640 sheet.svg; surfacepage stamp sheet.svg sheet.emf 8 9; stat -c %a sheet.svg; surfacepage find "
      "sheet.svg '8 of 9' && "
@@ -173,25 +219,33 @@ const ToolCase Cases[] = {
      "room for "
      "\"1000000001|sheet.svg and hard.svg are one file"},
     {"CutPages",
-     "head -c 9000 sheet.svg >torn.svg; sed 's:</svg>::' sheet.svg >end.svg; for c in info trace text 'find "
-     "-- x' 'stamp -- 1 "
-     "2'; do set -- $c; k=$1; shift; surfacepage $k torn.svg \"$@\" >n; echo $k $?; done; surfacepage info "
-     "-b end.svg; "
-     "surfacepage play cut.emf -o b.png; surfacepage trace cut.emf | tail -n 1; surfacepage play torn.svg "
-     "cut.emf -o '{}.ps'; "
-     "echo $?; surfacepage play torn.svg cut.emf -o '{}.emf'; surfacepage play cut.emf -o cut2.emf && ls; "
-     "surfacepage info "
-     "-b cut2.emf && file=$(ls b.png) && surfacepage play torn.svg -o torn.png",
+     "head -c 120 words.emf >head.emf; surfacepage play head.emf -o no.png; ls no.png; head -c 9000 "
+     "sheet.svg >torn.svg; sed 's:</svg>::' sheet.svg >end.svg; for c in info trace text 'find -- x' 'stamp "
+     "-- 1 2'; do set -- $c; k=$1; shift; surfacepage $k torn.svg \"$@\" >n; echo $k $?; done; surfacepage "
+     "info -b end.svg; surfacepage play cut.emf -o b.png; surfacepage trace cut.emf | tail -n 1; surfacepage "
+     "play torn.svg cut.emf -o '{}.ps'; echo $?; surfacepage play torn.svg cut.emf -o '{}.emf'; surfacepage "
+     "play cut.emf -o cut2.emf && ls; surfacepage info -b cut2.emf && file=$(ls b.png) && surfacepage play "
+     "torn.svg -o torn.png",
      3,
-     "info 2|trace 2|text 2|find 2|so nothing was stamped\nstamp 2|end.svg: is cut short: 1 "
-     "elements|cut.emf: ends inside the "
-     "record at byte 3952: what there is was drawn|torn.svg: is cut short|is an enhanced metafile|2\n|can't "
-     "write cut.emf: it "
-     "is one|enhanced metafile|torn.svg: is cut short"},
+     "head.emf: ends inside the record at byte 108, and nothing of it can be drawn|no.png'|info 2|trace "
+     "2|text 2|find 2|so nothing was stamped\nstamp 2|end.svg: is cut short: 1 elements|cut.emf: ends inside "
+     "the record at byte 3952: what there is was drawn|torn.svg: is cut short|is an enhanced "
+     "metafile|2\n|can't write cut.emf: it is one|enhanced metafile|torn.svg: is cut short"},
     {"Texts",
      "surfacepage text sheet.svg sheet.emf | sort | uniq -c | sort -rn | head -n 3; surfacepage text "
      "words.svg",
      0, "Use\nThis year\nYear before\nTarget\n"},
+    {"TextsOfAllRecords",
+     "surfacepage text records.emf; surfacepage info records.emf; surfacepage trace records.emf", 0,
+     "ab\xC3\xA4"
+     "d\n \xC4\x80\n\xE2\x82\xAC\xEF\xBF\xBD\n\xE2\x82\xAC"
+     "bc\xC3\xA4\n\xF0\x9F\x98\x80\nabcd\n|images      1\n    1 x 1 pixels of 24 bits|SMALLTEXTOUT (1, 38)"},
+    {"TextsOfAllEncodings", "surfacepage text letters.svg", 0,
+     "first\n\xC3\xA2\xE2\x80\x9A\n\xC3\xB4\xC2\x90\xE2\x82\xAC\xE2\x82\xAC\n\xC3\x80\xE2\x82\xAC\n\xC3\xAD"
+     "\xC2"
+     "\xA0\xE2\x82\xAC\n\xC3\x83 \xC2\xA4\n\xC3\xA4 \xE2\x82\xAC\n\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80\non "
+     "a "
+     "line\n"},
     {"Traces", "surfacepage trace words.svg && surfacepage trace sheet.emf cut.emf", 2,
      "prepareSurface 794x1123 210x297 794x1123\ndrawSolidRectangle|setFont \"Arial\" 8|sheet.emf: 0 HEADER "
      "|EXTCREATEFONTINDIRECTW 1 \"Arial\" height -12 bold\n|GDICOMMENT \"TPC|EOF 0 16 20\n|cut.emf: 0 "

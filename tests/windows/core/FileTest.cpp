@@ -48,4 +48,17 @@ TEST(Files, ThatCannotBeReadAreRefused)
     EXPECT_EQ(openFile(empty), INVALID_HANDLE_VALUE);
 }
 
+TEST(Files, OfModulesAreNamedAsFarAsThereIsRoom)
+{
+    char whole[4096]{};
+    const DWORD length = GetModuleFileNameA(nullptr, whole, sizeof(whole));
+    ASSERT_EQ(length, std::strlen(whole));
+    char part[8]{};
+    EXPECT_EQ(GetModuleFileNameA(nullptr, part, sizeof(part)), sizeof(part));
+    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+    EXPECT_EQ(std::string(part), std::string(whole).substr(0, 7));
+    EXPECT_EQ(GetModuleFileNameA(nullptr, part, 0), 0U);
+    EXPECT_EQ(GetModuleFileNameA(reinterpret_cast<HMODULE>(&whole), part, sizeof(part)), 0U);
+}
+
 } // namespace

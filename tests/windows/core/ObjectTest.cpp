@@ -1,6 +1,7 @@
 // Handles: what is refused, what lives on while it is selected, and what is counted.
 #include <windows.h>
 
+#include <cstddef>
 #include <cstring>
 #include <thread>
 
@@ -83,6 +84,31 @@ TEST(Objects, SayWhatTheyAre)
     const HENHMETAFILE metafile = CloseEnhMetaFile(recording);
     EXPECT_EQ(GetObjectType(metafile), DWORD{OBJ_ENHMETAFILE});
     EXPECT_TRUE(DeleteEnhMetaFile(metafile) && DeleteDC(memory));
+}
+
+TEST(Objects, DescribePens)
+{
+    const HPEN plain = CreatePen(PS_DASH, 1, 0x030201);
+    LOGPEN record{};
+    EXPECT_EQ(GetObjectA(plain, 0, nullptr), int{sizeof(record)});
+    EXPECT_EQ(GetObjectA(plain, sizeof(record), &record), int{sizeof(record)});
+    EXPECT_EQ(record.lopnStyle, DWORD{PS_DASH});
+    EXPECT_EQ(record.lopnWidth.x, 1);
+    EXPECT_EQ(record.lopnColor, 0x030201U);
+
+    const LOGBRUSH hatched{BS_HATCHED, 0x060504, HS_CROSS};
+    const DWORD dashes[] = {7, 8, 9};
+    const HPEN extended = ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE, 5, &hatched, 3, dashes);
+    struct {
+        EXTLOGPEN head;
+        DWORD more[2];
+    } extendedRecord{};
+    EXPECT_EQ(GetObjectA(extended, sizeof(extendedRecord), &extendedRecord),
+              int{offsetof(EXTLOGPEN, elpStyleEntry) + sizeof(dashes)});
+    EXPECT_EQ(extendedRecord.head.elpNumEntries, 3U);
+    EXPECT_EQ(extendedRecord.head.elpHatch, ULONG_PTR{HS_CROSS});
+    EXPECT_EQ(std::memcmp(extendedRecord.head.elpStyleEntry, dashes, sizeof(dashes)), 0);
+    EXPECT_TRUE(DeleteObject(plain) && DeleteObject(extended));
 }
 
 TEST(Objects, RefuseHandlesThatNameSomethingElse)

@@ -85,4 +85,22 @@ TEST(Regions, CombineAndClip)
     ReleaseDC(nullptr, context);
 }
 
+// A quarter turn about the origin, whose rectangles stay some, and one of an eighth, whose boxes grow.
+TEST(Regions, ClipOnTurnedPages)
+{
+    const HDC context = GetDC(nullptr);
+    SetGraphicsMode(context, GM_ADVANCED);
+    const XFORM quarter{0, 1, -1, 0, 100, 0};
+    SetWorldTransform(context, &quarter);
+    EXPECT_EQ(IntersectClipRect(context, 10, 20, 30, 60), SIMPLEREGION);
+    EXPECT_EQ(boxOf(GetClipBox, context), (Box{10, 20, 30, 60}));
+    ModifyWorldTransform(context, nullptr, MWT_IDENTITY);
+    EXPECT_EQ(boxOf(GetClipBox, context), (Box{40, 10, 80, 30}));
+    const XFORM eighth{1, 1, -1, 1, 0, 0};
+    SetWorldTransform(context, &eighth);
+    EXPECT_EQ(boxOf(GetClipBox, context), (Box{25, -35, 55, -5}));
+    EXPECT_EQ(IntersectClipRect(context, 30, -30, 40, -20), COMPLEXREGION);
+    ReleaseDC(nullptr, context);
+}
+
 } // namespace

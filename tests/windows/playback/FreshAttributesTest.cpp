@@ -2,7 +2,7 @@
 // surface finds what it left.
 #include <gtest/gtest.h>
 
-#include "HandMadeMetafile.h"
+#include "MetafilePage.h"
 #include "surfaceEMF.h"
 #include "surfaceHdc.h"
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "HandMadeMetafile.h"
+#include "MetafilePage.h"
 #include "support/MetafileRecords.h"
 
 namespace {

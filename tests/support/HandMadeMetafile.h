@@ -1,4 +1,4 @@
-// Metafiles written as text, and the pages that they are played on.
+// Metafiles written as text.
 #pragma once
 
 #include <windows.h>
@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "support/MetafileRecords.h"
-#include "support/PixelPage.h"
 
 using Words = std::vector<std::int32_t>;
 
@@ -89,25 +88,4 @@ private:
 
     Words m_words;
     std::size_t m_regionLength = 0;
-};
-
-inline bool play(HDC target, const std::vector<unsigned char>& bytes, const RECT& rect)
-{
-    const HENHMETAFILE metafile = SetEnhMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data());
-    const bool played = PlayEnhMetaFile(target, metafile, &rect) != FALSE;
-    DeleteEnhMetaFile(metafile);
-    return played;
-}
-
-// A page of the frame's size; its picture has a blank after each row.
-class Page : public PixelPage {
-public:
-    Page() : PixelPage(12, 6) {}
-
-    std::string picture() const
-    {
-        std::string rows = PixelPage::picture().substr(1) + ' ';
-        std::replace(rows.begin(), rows.end(), '\n', ' ');
-        return rows;
-    }
 };
