@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+#include "PixelColor.h"
 #include "RasterOperation.h"
 
 namespace wingdi {
@@ -15,16 +16,6 @@ class Bitmap;
 class BrushObject;
 class DeviceContext;
 class PenObject;
-
-// Colours of Windows have red in the low byte, pixels blue.
-constexpr DWORD pixelOf(COLORREF color)
-{
-    return (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
-}
-constexpr COLORREF colorOf(DWORD pixel)
-{
-    return pixelOf(pixel);
-}
 
 // A hatch or a pattern, repeated without end from the brush origin on.
 struct Tile {

@@ -1,13 +1,9 @@
 #include "RasterDevice.h"
 
-#include <cairo.h>
-
 #include <algorithm>
 #include <cmath>
 
 #include "DeviceContext.h"
-#include "ManyEdges.h"
-#include "PenLook.h"
 #include "failWith.h"
 
 namespace wingdi {
@@ -64,68 +60,6 @@ int RasterDevice::capability(int index) const
     return found == std::end(CapabilityIndexes)
                ? 0
                : m_capabilities[static_cast<std::size_t>(found - std::begin(CapabilityIndexes))];
-}
-
-void RasterDevice::stateChanged(DeviceContext& /*context*/, StateField field)
-{
-    if (field == StateField::Position) {
-        m_pathMoved = true;
-    }
-}
-
-bool RasterDevice::draw(DeviceContext& context, const Outline& outline, bool filled)
-{
-    if (m_pathState == PathState::Open) {
-        m_path.append(outline);
-        m_pathMoved = false;
-        return true;
-    }
-    Canvas canvas(context);
-    if (canvas.empty() || outline.empty()) {
-        return true;
-    }
-    const ContextState& state = context.state;
-    const auto penInk = m_inks.ofPen(context, *state.pen);
-    const PenLook pen = penInk ? lookOf(context, *state.pen) : PenLook{};
-    if (filled) {
-        if (const auto ink = m_inks.ofBrush(context, *state.brush, ternaryOfBinary(state.rop2))) {
-            // Inside of a thin line the area reaches up to it.
-            const bool snaps = penInk && pen.thin && outline.hasCurves();
-            fill(canvas, snaps ? outline.onGrid() : outline, state.polyFillMode, *ink);
-        }
-    }
-    if (penInk) {
-        stroke(canvas, outline, pen, *penInk);
-    }
-    return true;
-}
-
-void RasterDevice::fill(Canvas& canvas, const Outline& outline, int fillMode, const Ink& ink)
-{
-    if (outline.size() > MostPointsForCairo) {
-        fillByRows(canvas, outline, fillMode, ink);
-        return;
-    }
-    const RECT box = outline.box();
-    m_painter.paint(canvas, box, ink, [&](cairo_t* cairo, const RECT& window) {
-        const RECT around = grown(window, Nearby);
-        if (liesWithin(box, around)) {
-            outline.trace(cairo);
-        } else {
-            outline.clippedArea(around).trace(cairo);
-        }
-        cairo_set_fill_rule(cairo, fillMode == WINDING ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
-        cairo_fill(cairo);
-    });
-}
-
-void RasterDevice::stroke(Canvas& canvas, const Outline& outline, const PenLook& pen, const Ink& ink)
-{
-    if (pen.thin) {
-        strokeThin(canvas, outline, pen, ink);
-    } else {
-        strokeWide(m_painter, canvas, outline, pen, ink);
-    }
 }
 
 bool RasterDevice::mayStretch()

@@ -5,8 +5,7 @@
 // (Canvas), in every form of bitmap and with every raster operation. Curves, wide pens and glyphs are left to cairo
 // (CairoPainter), which paints into the bitmap itself where it can and else into a mask that is laid down by rows.
 //
-// A pixel is a point of the grid: the pixel (x, y) belongs to a shape when the point (x, y) does, left and top edges
-// included, right and bottom ones not. For cairo, which asks the middle of a pixel, shapes move by half a unit.
+// For cairo, which asks the middle of a pixel, shapes move by half a unit.
 #pragma once
 
 #include <windows.h>
@@ -15,39 +14,27 @@
 #include <memory>
 
 #include "CairoPainter.h"
-#include "Device.h"
 #include "Ink.h"
-#include "Outline.h"
 #include "PixelRows.h"
+#include "ShapeDevice.h"
 #include "gdidevice.h"
 
 namespace wingdi {
 
 class PixelSource;
 struct PenLook;
-struct ShapeFrame;
 
 // A page's device.
 std::unique_ptr<Device> makeRasterDevice(const GdiDeviceOptions& options);
 // A memory context's, with the capabilities of the device that it is compatible with.
 std::unique_ptr<Device> makeRasterDevice(const Device& reference);
 
-class RasterDevice : public Device {
+class RasterDevice : public ShapeDevice {
 public:
     explicit RasterDevice(const GdiDeviceOptions& options);
     explicit RasterDevice(const Device& reference);
 
     int capability(int index) const override;
-    void stateChanged(DeviceContext& context, StateField field) override;
-
-    bool lineTo(DeviceContext& context, POINT from, POINT to) override;
-    bool poly(DeviceContext& context, PolyShape shape, std::span<const POINT> points,
-              std::span<const DWORD> counts) override;
-    bool box(DeviceContext& context, BoxShape shape, const RECT& rect, SIZE corner) override;
-    bool arc(DeviceContext& context, ArcShape shape, const RECT& rect, POINT start, POINT end) override;
-    bool angleArc(DeviceContext& context, POINT center, DWORD radius, FLOAT startAngle,
-                  FLOAT sweepAngle) override;
-    bool path(DeviceContext& context, PathStep step) override;
     bool selectClipPath(DeviceContext& context, int mode) override;
 
     bool patternBlt(DeviceContext& context, std::span<const RECT> rects, const BrushObject& brush,
@@ -65,19 +52,15 @@ public:
 
     bool text(DeviceContext& context, const TextOutput& output) override;
 
-private:
-    enum class PathState : unsigned char { None, Open, Complete };
+protected:
+    void drawShape(DeviceContext& context, const Outline& outline, bool isArea) override;
+    void drawPath(DeviceContext& context, const DrawnPath& path) override;
+    // By rows; only with a pen that is an unbroken line of one pixel, or with none.
+    bool drawPlainBox(DeviceContext& context, const ShapeFrame& frame) override;
 
-    // Into the path while one is open, else onto the pixels.
-    bool draw(DeviceContext& context, const Outline& outline, bool filled);
-    // The figure that goes on from the current position: the path's last one, or a new one.
-    void continueFrom(Outline& outline, DevicePoint from) const;
+private:
     void fill(Canvas& canvas, const Outline& outline, int fillMode, const Ink& ink);
     void stroke(Canvas& canvas, const Outline& outline, const PenLook& pen, const Ink& ink);
-    void drawPath(DeviceContext& context, PathStep step);
-    // Draws a rectangle in device units by rows; false, and nothing drawn, unless its pen is an unbroken line of one
-    // pixel, or none.
-    bool drawPlainBox(DeviceContext& context, const ShapeFrame& frame);
     void fillRects(DeviceContext& context, std::span<const RECT> rects, const Ink& ink);
     void lay(DeviceContext& context, Canvas& canvas, PixelSource& source, BYTE operation);
     void drawGlyphs(Canvas& canvas, const TextOutput& output, const Ink& ink);
@@ -91,10 +74,6 @@ private:
     int m_stretches = 0;
     InkPot m_inks;
     CairoPainter m_painter;
-    PathState m_pathState = PathState::None;
-    Outline m_path;
-    bool m_pathMoved = false; // MoveToEx: the next line begins a figure
-    bool m_pathWidened = false;
 };
 
 } // namespace wingdi

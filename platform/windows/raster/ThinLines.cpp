@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "PenLook.h"
+#include "Strokes.h"
 
 namespace wingdi {
 

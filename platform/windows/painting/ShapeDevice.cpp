@@ -1,12 +1,12 @@
-// RasterDevice: shapes with the context's pen and brush, and paths.
+#include "ShapeDevice.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 #include "DeviceContext.h"
 #include "PenLook.h"
-#include "RasterDevice.h"
-#include "ShapeOutlines.h"
 
 namespace wingdi {
 
@@ -76,24 +76,42 @@ double inRadians(double degrees)
 
 } // namespace
 
-void RasterDevice::continueFrom(Outline& outline, DevicePoint from) const
+void ShapeDevice::stateChanged(DeviceContext& /*context*/, StateField field)
+{
+    if (field == StateField::Position) {
+        m_pathMoved = true;
+    }
+}
+
+bool ShapeDevice::put(DeviceContext& context, const Outline& outline, bool filled)
+{
+    if (m_pathState == PathState::Open) {
+        m_path.append(outline);
+        m_pathMoved = false;
+    } else if (!outline.empty()) {
+        drawShape(context, outline, filled);
+    }
+    return true;
+}
+
+void ShapeDevice::continueFrom(Outline& outline, DevicePoint from) const
 {
     if (m_pathState != PathState::Open || m_pathMoved || !m_path.isOpen()) {
         outline.moveTo(from);
     }
 }
 
-bool RasterDevice::lineTo(DeviceContext& context, POINT from, POINT to)
+bool ShapeDevice::lineTo(DeviceContext& context, POINT from, POINT to)
 {
     const Mapping mapping = context.mapping();
     Outline outline;
     continueFrom(outline, wholePoint(mapping, from));
     outline.lineTo(wholePoint(mapping, to));
-    return draw(context, outline, false);
+    return put(context, outline, false);
 }
 
-bool RasterDevice::poly(DeviceContext& context, PolyShape shape, std::span<const POINT> points,
-                        std::span<const DWORD> counts)
+bool ShapeDevice::poly(DeviceContext& context, PolyShape shape, std::span<const POINT> points,
+                       std::span<const DWORD> counts)
 {
     const Mapping mapping = context.mapping();
     const DWORD whole = static_cast<DWORD>(points.size());
@@ -123,10 +141,10 @@ bool RasterDevice::poly(DeviceContext& context, PolyShape shape, std::span<const
             outline.close();
         }
     }
-    return draw(context, outline, isArea(shape));
+    return put(context, outline, isArea(shape));
 }
 
-bool RasterDevice::box(DeviceContext& context, BoxShape shape, const RECT& rect, SIZE corner)
+bool ShapeDevice::box(DeviceContext& context, BoxShape shape, const RECT& rect, SIZE corner)
 {
     ShapeFrame frame = frameOf(context, rect);
     const PenObject& pen = *context.state.pen;
@@ -147,51 +165,19 @@ bool RasterDevice::box(DeviceContext& context, BoxShape shape, const RECT& rect,
         if (inDevice && m_pathState != PathState::Open && drawPlainBox(context, frame)) {
             return true;
         }
-        return draw(context, rectangleOutline(frame), true);
+        return put(context, rectangleOutline(frame), true);
     case BoxShape::Ellipse:
-        return draw(context, ellipseOutline(frame), true);
+        return put(context, ellipseOutline(frame), true);
     case BoxShape::RoundRectangle:
         break;
     }
     const Mapping mapping = context.mapping();
     const double width = std::abs(static_cast<double>(corner.cx)) * (inDevice ? mapping.scaleX() : 1);
     const double height = std::abs(static_cast<double>(corner.cy)) * (inDevice ? mapping.scaleY() : 1);
-    return draw(context, roundRectOutline(frame, width, height), true);
+    return put(context, roundRectOutline(frame, width, height), true);
 }
 
-bool RasterDevice::drawPlainBox(DeviceContext& context, const ShapeFrame& frame)
-{
-    const PenLook look = lookOf(context, *context.state.pen);
-    const auto penInk = m_inks.ofPen(context, *context.state.pen);
-    if (penInk && (!look.thin || !look.dashes.empty())) {
-        return false;
-    }
-    Canvas canvas(context);
-    const auto unit = [](double value) {
-        constexpr double Farthest = 1 << 26;
-        return static_cast<LONG>(std::clamp(value, -Farthest, Farthest));
-    };
-    const RECT box{unit(frame.left), unit(frame.top), unit(frame.right), unit(frame.bottom)};
-    const LONG edge = penInk ? 1 : 0;
-    const RECT inside{box.left + edge, box.top + edge, box.right, box.bottom};
-    if (const auto ink = m_inks.ofBrush(context, *context.state.brush, ternaryOfBinary(context.state.rop2))) {
-        canvas.fill(inside, *ink);
-    }
-    if (!penInk) {
-        return true;
-    }
-    canvas.fill({box.left, box.top, box.right + 1, box.top + 1}, *penInk);
-    if (box.bottom > box.top) {
-        canvas.fill({box.left, box.bottom, box.right + 1, box.bottom + 1}, *penInk);
-        canvas.fill({box.left, box.top + 1, box.left + 1, box.bottom}, *penInk);
-        if (box.right > box.left) {
-            canvas.fill({box.right, box.top + 1, box.right + 1, box.bottom}, *penInk);
-        }
-    }
-    return true;
-}
-
-bool RasterDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rect, POINT start, POINT end)
+bool ShapeDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rect, POINT start, POINT end)
 {
     ShapeFrame frame = frameOf(context, rect);
     if (frame.empty()) {
@@ -204,7 +190,7 @@ bool RasterDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rect,
     if (filled && hasNoPen(context) && m_pathState != PathState::Open) {
         frame = isInPixels(frame) ? filledFrame(frame) : frame;
         if (isWhole(sweep)) {
-            return draw(context, ellipseOutline(frame), true);
+            return put(context, ellipseOutline(frame), true);
         }
     }
     Outline outline;
@@ -221,11 +207,11 @@ bool RasterDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rect,
     if (filled) {
         outline.close();
     }
-    return draw(context, outline, filled);
+    return put(context, outline, filled);
 }
 
-bool RasterDevice::angleArc(DeviceContext& context, POINT center, DWORD radius, FLOAT startAngle,
-                            FLOAT sweepAngle)
+bool ShapeDevice::angleArc(DeviceContext& context, POINT center, DWORD radius, FLOAT startAngle,
+                           FLOAT sweepAngle)
 {
     const double x = center.x;
     const double y = center.y;
@@ -237,7 +223,60 @@ bool RasterDevice::angleArc(DeviceContext& context, POINT center, DWORD radius, 
     continueFrom(outline, wholePoint(context.mapping(), context.state.position));
     outline.lineTo(arcStart(frame, sweep));
     appendArc(outline, frame, sweep);
-    return draw(context, outline, false);
+    return put(context, outline, false);
+}
+
+bool ShapeDevice::path(DeviceContext& context, PathStep step)
+{
+    switch (step) {
+    case PathStep::Begin:
+        m_path.clear();
+        m_pathState = PathState::Open;
+        m_pathMoved = true;
+        m_pathWidened = false;
+        return true;
+    case PathStep::Abort:
+        m_path.clear();
+        m_pathState = PathState::None;
+        return true;
+    case PathStep::CloseFigure:
+        m_path.close();
+        return m_pathState == PathState::Open;
+    case PathStep::End:
+        if (m_pathState != PathState::Open) {
+            return false;
+        }
+        m_pathState = PathState::Complete;
+        return true;
+    default:
+        break;
+    }
+    if (m_pathState != PathState::Complete) {
+        return false;
+    }
+    if (step == PathStep::Flatten || step == PathStep::Widen) {
+        m_path = m_path.flattened();
+        m_pathWidened = m_pathWidened || step == PathStep::Widen;
+        return true;
+    }
+    const bool filled = step == PathStep::Fill || step == PathStep::StrokeAndFill;
+    const bool stroked = step == PathStep::Stroke || step == PathStep::StrokeAndFill;
+    if (!m_path.empty()) {
+        drawPath(context, {step == PathStep::StrokeAndFill ? m_path.closed() : m_path, filled, stroked,
+                           m_pathWidened});
+    }
+    m_path.clear();
+    m_pathState = PathState::None;
+    return true;
+}
+
+std::optional<Outline> ShapeDevice::takePath()
+{
+    if (m_pathState != PathState::Complete) {
+        return std::nullopt;
+    }
+    m_pathState = PathState::None;
+    return std::exchange(m_path, {});
 }
 
 } // namespace wingdi

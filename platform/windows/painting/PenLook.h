@@ -6,14 +6,15 @@
 #include <optional>
 #include <vector>
 
-#include "CairoPainter.h"
-#include "Ink.h"
 #include "Outline.h"
 
 namespace wingdi {
 
 class DeviceContext;
 class PenObject;
+
+// A wider pen covers every page.
+constexpr double WidestPen = 1 << 17; // device units
 
 struct PenLook {
     // One device pixel, drawn by whole steps of the grid, the last point of an open figure left out.
@@ -33,8 +34,7 @@ struct PenLook {
 
 PenLook lookOf(const DeviceContext& context, const PenObject& pen);
 
-void strokeThin(Canvas& canvas, const Outline& outline, const PenLook& pen, const Ink& ink);
-void strokeWide(CairoPainter& painter, Canvas& canvas, const Outline& outline, const PenLook& pen,
-                const Ink& ink);
+// Strokes cairo's path, and leaves none behind. Dashes are left to the caller.
+void strokeTraced(cairo_t* cairo, const PenLook& pen);
 
 } // namespace wingdi
