@@ -165,3 +165,26 @@ int gdiUnplayedRecords(DWORD)
 {
     return 0;
 }
+
+// Documents are painted by this project's own layer, which Windows builds don't have.
+
+HDC gdiCreateDocument(const GdiDocumentOptions* /*options*/)
+{
+    SetLastError(ERROR_NOT_SUPPORTED);
+    return nullptr;
+}
+
+bool gdiSetPageSize(HDC /*document*/, double /*width*/, double /*height*/, int /*dpi*/)
+{
+    return false;
+}
+
+bool gdiAddOutline(HDC /*document*/, const char* /*title*/)
+{
+    return false;
+}
+
+int gdiApproximations(HDC /*document*/)
+{
+    return 0;
+}

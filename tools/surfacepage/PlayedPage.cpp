@@ -21,12 +21,22 @@ Sheet sheetOf(StoredPage& page)
     if (!page.isMetafile()) {
         const SvgPageSize size = svgPageSize(page.text());
         return size.isUsable() ? Sheet{size.millimetres.cx * HundredthsPerMillimetre,
-                                       size.millimetres.cy * HundredthsPerMillimetre, size.units}
+                                       size.millimetres.cy * HundredthsPerMillimetre, size.units,
+                                       static_cast<double>(size.units.cx)}
                                : Sheet{};
     }
     RECTL frame{};
     std::memcpy(&frame, page.data() + offsetof(ENHMETAHEADER, rclFrame), sizeof(frame));
-    return {std::int64_t{frame.right} - frame.left, std::int64_t{frame.bottom} - frame.top, {}};
+    SIZEL device{};
+    SIZEL millimetres{};
+    std::memcpy(&device, page.data() + offsetof(ENHMETAHEADER, szlDevice), sizeof(device));
+    std::memcpy(&millimetres, page.data() + offsetof(ENHMETAHEADER, szlMillimeters), sizeof(millimetres));
+    Sheet sheet{std::int64_t{frame.right} - frame.left, std::int64_t{frame.bottom} - frame.top};
+    if (device.cx > 0 && millimetres.cx > 0) {
+        sheet.devicePixels = static_cast<double>(sheet.width) * device.cx /
+                             (static_cast<double>(millimetres.cx) * HundredthsPerMillimetre);
+    }
+    return sheet;
 }
 
 } // namespace

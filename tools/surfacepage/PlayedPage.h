@@ -22,7 +22,8 @@ struct Sheet {
 
     std::int64_t width = 0;
     std::int64_t height = 0;
-    SIZE units{}; // 0: a metafile
+    SIZE units{};            // 0: a metafile
+    double devicePixels = 0; // its width on the device that the page was made for
 };
 
 class PlayedPage {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "DocumentFile.h"
 #include "FileJobs.h"
 #include "OverwriteRule.h"
 
@@ -19,8 +20,13 @@ Outcome infoCommand(FileJob& job, const InfoOptions& options);
 struct PlayOptions {
     std::vector<std::string> outputs; // of each job; their endings are known
     int dpi = 96;                     // of pictures
+    bool pixels = false;              // pictures without smoothed edges
+    DocumentTexts texts;              // of documents
+    DocumentFile* document = nullptr; // of all pages together; null: outputs are for each
     const OverwriteRule* overwriting = nullptr;
 };
+// Whether the output holds many pages.
+bool isDocument(const std::string& output);
 // Empty when this name of an output, by its ending, can be played to.
 std::string problemOfPlayOutput(const std::string& output, bool dpiGiven);
 // Plays the page to another format.

@@ -43,7 +43,7 @@ std::string summaryOf(const std::map<std::string, std::size_t>& parts)
     return std::to_string(total).append(list);
 }
 
-class Sheet {
+class Listing {
 public:
     void line(const std::string& name, const std::string& value)
     {
@@ -70,7 +70,7 @@ Outcome infoCommand(FileJob& job, const InfoOptions& options)
         return Outcome::Failed;
     }
     const PageInventory inventory = inventoryOf(*page);
-    Sheet sheet{job.file() + "\n"};
+    Listing sheet{job.file() + "\n"};
     sheet.line("format", page->isMetafile() ? "enhanced metafile" : "SVG page");
     sheet.line("length", std::to_string(page->size()).append(" bytes"));
     sheet.line("size", sizeOf(*page));

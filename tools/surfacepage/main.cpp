@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <limits>
 #include <memory>
+#include <optional>
 
 #include "FileIdentity.h"
 #include "FileOrder.h"
@@ -100,7 +101,12 @@ public:
         if (!m_warning.empty()) {
             std::fprintf(stderr, "surfacepage: %s\n", m_warning.c_str());
         }
-        return runJobs(m_files, m_threads, m_command);
+        const int code = runJobs(m_files, m_threads, m_command);
+        const std::string problem = m_document ? m_document->finish() : std::string();
+        if (!problem.empty()) {
+            std::fprintf(stderr, "surfacepage: %s\n", problem.c_str());
+        }
+        return problem.empty() ? code : static_cast<int>(Outcome::Failed);
     }
 
 private:
@@ -160,10 +166,15 @@ private:
             [this] { checkPlay(); });
         play->add_option(
                 "-o,--output", m_pattern,
-                "What to write, ending in .svg, .ps, .emf or .png; a metafile plays to .png and .emf only. "
-                "{} stands for the name of FILE without folder and ending")
+                "What to write, ending in .pdf (all pages in one, in the order given), .png, .svg, .ps or "
+                ".emf; a metafile "
+                "plays to .pdf, .png and .emf only. {} stands for the name of FILE without folder and ending")
             ->required();
         addForce(play);
+        play->add_flag("--pixels", m_play.pixels,
+                       "A .png without smoothed edges, as a device of pixels paints it");
+        play->add_option("--title", m_play.texts.title, "Title of a .pdf");
+        play->add_option("--author", m_play.texts.author, "Author of a .pdf");
         m_dpi = play->add_option("--dpi", m_play.dpi, "Dots per inch of a .png")
                     ->check(CLI::Range(1, 4800))
                     ->capture_default_str();
@@ -172,7 +183,14 @@ private:
     void checkPlay()
     {
         m_play.overwriting = overwriting();
-        m_play.outputs = outputs(m_pattern);
+        if (isDocument(m_pattern) && m_pattern.find("{}") == std::string::npos) {
+            m_document.emplace(m_pattern, m_play.texts, m_overwriting);
+            m_play.document = &*m_document;
+            m_play.outputs.assign(m_files.size(), m_pattern);
+            m_threads = 1;
+        } else {
+            m_play.outputs = outputs(m_pattern);
+        }
         for (const std::string& output : m_play.outputs) {
             if (const std::string problem = problemOfPlayOutput(output, m_dpi->count() > 0);
                 !problem.empty()) {
@@ -273,6 +291,7 @@ private:
     bool m_sorts = false;
     std::string m_warning; // said before the work begins
     OverwriteRule m_overwriting{FileSet({}), false};
+    std::optional<DocumentFile> m_document;
     InfoOptions m_info;
     PlayOptions m_play;
     StampOptions m_stamp;

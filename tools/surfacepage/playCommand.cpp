@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "DocumentFile.h"
 #include "OutputFile.h"
 #include "PlayedPage.h"
 #include "commands.h"
@@ -41,17 +42,17 @@ Outcome playToText(FileJob& job, PlayedPage& page, OutputFile& output, Surface s
                                                                             : failOfPlayback(job);
 }
 
-Outcome playToSvg(FileJob& job, PlayedPage& page, OutputFile& output, int)
+Outcome playToSvg(FileJob& job, PlayedPage& page, OutputFile& output, const PlayOptions&)
 {
     return playToText(job, page, output, CSurfaceSVG());
 }
 
-Outcome playToPostScript(FileJob& job, PlayedPage& page, OutputFile& output, int)
+Outcome playToPostScript(FileJob& job, PlayedPage& page, OutputFile& output, const PlayOptions&)
 {
     return playToText(job, page, output, CSurfacePSPrinter(0, 0));
 }
 
-Outcome playToMetafile(FileJob& job, PlayedPage& page, OutputFile& output, int)
+Outcome playToMetafile(FileJob& job, PlayedPage& page, OutputFile& output, const PlayOptions&)
 {
     const Sheet& sheet = page.sheet();
     RECT frame = sheet.frame();
@@ -73,7 +74,7 @@ struct EndDevice {
     void operator()(HDC device) const { DeleteDC(device); }
 };
 
-Outcome playToPicture(FileJob& job, PlayedPage& page, OutputFile& output, int dpi)
+Outcome playToPixels(FileJob& job, PlayedPage& page, OutputFile& output, int dpi)
 {
     constexpr double MillimetresPerInch = 25.4;
     const Sheet& sheet = page.sheet();
@@ -90,12 +91,8 @@ Outcome playToPicture(FileJob& job, PlayedPage& page, OutputFile& output, int dp
         problem.append(std::to_string(options.height)).append(" pixels are too many for a picture");
         return job.fail(problem.append(": choose a lower --dpi"));
     }
-    {
-        CSurfaceHdc surface(device.get());
-        if (!page.play(surface, options.width, options.height)) {
-            return failOfPlayback(job);
-        }
-        surface.closeSurface();
+    if (!playOver(device.get(), page)) {
+        return failOfPlayback(job);
     }
     const std::string& temporary = output.create();
     if (temporary.empty()) {
@@ -105,18 +102,79 @@ Outcome playToPicture(FileJob& job, PlayedPage& page, OutputFile& output, int dp
                                                        : job.fail("the picture can't be written");
 }
 
+// With smoothed edges; on systems without such pictures nothing, and false.
+bool playSmoothly(FileJob& job, PlayedPage& page, OutputFile& output, int dpi, Outcome& outcome)
+{
+    constexpr double HundredthsPerMillimetre = 100;
+    const Sheet& sheet = page.sheet();
+    GdiDocumentOptions options;
+    options.kind = GdiDocumentKind::Picture;
+    options.dpi = ownDotsPerInch(sheet);
+    options.pictureDpi = dpi;
+    options.pageWidth = static_cast<double>(sheet.width) / HundredthsPerMillimetre;
+    options.pageHeight = static_cast<double>(sheet.height) / HundredthsPerMillimetre;
+    const std::unique_ptr<std::remove_pointer_t<HDC>, EndDevice> device(gdiCreateDocument(&options));
+    if (device == nullptr) {
+        return false;
+    }
+    outcome = Outcome::Failed;
+    const std::string& temporary = output.create();
+    DOCINFOA info{};
+    info.cbSize = sizeof(info);
+    info.lpszOutput = temporary.c_str();
+    if (temporary.empty()) {
+        return true;
+    }
+    if (StartDocA(device.get(), &info) <= 0 || StartPage(device.get()) <= 0) {
+        outcome = job.fail("the picture can't be begun");
+    } else if (!playOver(device.get(), page)) {
+        outcome = failOfPlayback(job);
+    } else if (EndPage(device.get()) <= 0 || EndDoc(device.get()) <= 0) {
+        outcome = job.fail("the picture can't be written");
+    } else {
+        outcome = output.commit();
+    }
+    return true;
+}
+
+// One page, where each file has an output of its own.
+Outcome playToDocument(FileJob& job, PlayedPage& page, OutputFile& output, const PlayOptions& options)
+{
+    const std::string& temporary = output.create();
+    if (temporary.empty()) {
+        return Outcome::Failed;
+    }
+    DocumentFile document(temporary, options.texts, *options.overwriting);
+    const Outcome outcome = document.add(job, page);
+    if (outcome != Outcome::Done) {
+        return outcome;
+    }
+    const std::string problem = document.finish();
+    return problem.empty() ? output.commit() : job.fail(problem);
+}
+
+Outcome playToPicture(FileJob& job, PlayedPage& page, OutputFile& output, const PlayOptions& options)
+{
+    Outcome outcome = Outcome::Failed;
+    return !options.pixels && playSmoothly(job, page, output, options.dpi, outcome)
+               ? outcome
+               : playToPixels(job, page, output, options.dpi);
+}
+
 struct Format {
     std::string_view ending;
     bool takesMetafiles;
-    Outcome (*play)(FileJob&, PlayedPage&, OutputFile&, int dpi);
+    Outcome (*play)(FileJob&, PlayedPage&, OutputFile&, const PlayOptions&);
 };
 
 constexpr std::string_view PictureEnding = ".png";
+constexpr std::string_view DocumentEnding = ".pdf";
 constexpr Format Formats[] = {
     {".svg", false, playToSvg},
     {".ps", false, playToPostScript},
     {".emf", true, playToMetafile},
     {PictureEnding, true, playToPicture},
+    {DocumentEnding, true, playToDocument},
 };
 
 // Null for an ending that is none of them.
@@ -131,13 +189,29 @@ const Format* formatOf(const std::string& output)
     return format != std::end(Formats) ? format : nullptr;
 }
 
+// Of a page that was drawn in part, and of which it was to be said.
+Outcome reported(FileJob& job, const PlayedPage& page, Outcome outcome)
+{
+    if (outcome != Outcome::Done || page.missing().empty()) {
+        return outcome;
+    }
+    job.complain(std::string(page.missing()).append(": what there is was drawn"));
+    return Outcome::Partial;
+}
+
 } // namespace
+
+bool isDocument(const std::string& output)
+{
+    const Format* const format = formatOf(output);
+    return format != nullptr && format->ending == DocumentEnding;
+}
 
 std::string problemOfPlayOutput(const std::string& output, bool dpiGiven)
 {
     const Format* const format = formatOf(output);
     if (format == nullptr) {
-        return std::string(output).append(" has none of the endings .svg, .ps, .emf and .png");
+        return std::string(output).append(" has none of the endings .pdf, .png, .svg, .ps and .emf");
     }
     return dpiGiven && format->ending != PictureEnding
                ? std::string("--dpi is for .png only: ").append(output).append(" has no pixels")
@@ -153,16 +227,15 @@ Outcome playCommand(FileJob& job, const PlayOptions& options)
         return Outcome::Failed;
     }
     if (page->isMetafile() && !format->takesMetafiles) {
-        return job.fail(std::string("is an enhanced metafile, which plays to .png and .emf only, not to ")
-                            .append(format->ending));
+        return job.fail(
+            std::string("is an enhanced metafile, which plays to .pdf, .png and .emf only, not to ")
+                .append(format->ending));
+    }
+    if (options.document != nullptr) {
+        return reported(job, *page, options.document->add(job, *page));
     }
     OutputFile output(job, name, *options.overwriting);
-    const Outcome outcome = format->play(job, *page, output, options.dpi);
-    if (outcome != Outcome::Done || page->missing().empty()) {
-        return outcome;
-    }
-    job.complain(std::string(page->missing()).append(": what there is was drawn"));
-    return Outcome::Partial;
+    return reported(job, *page, format->play(job, *page, output, options));
 }
 
 } // namespace pagetool

@@ -15,6 +15,14 @@
 
 namespace wingdi {
 
+class Outline;
+
+// What a clip is confined to beside its region, on devices that can clip by outlines.
+struct ClipShape {
+    std::shared_ptr<const Outline> outline;
+    int fillMode;
+};
+
 // What SaveDC keeps.
 struct ContextState {
     std::shared_ptr<PenObject> pen;
@@ -41,11 +49,13 @@ struct ContextState {
     POINT viewportOrigin{0, 0};
     int graphicsMode = GM_COMPATIBLE;
     XFORM world{1, 0, 0, 1, 0, 0};
-    std::optional<Region> clip;     // device units; nothing: no clip
+    std::optional<Region> clip;        // device units; nothing: no clip
+    std::vector<ClipShape> clipShapes; // each of them confines it further
+    std::vector<ClipShape> metaClipShapes;
     std::optional<Region> metaClip; // what a played metafile may not leave: the clip from before playback
 };
 
-enum class ContextKind : unsigned char { Screen, Memory, Page, Metafile };
+enum class ContextKind : unsigned char { Screen, Memory, Page, Metafile, Document };
 
 class DeviceContext : public GdiObject {
 public:

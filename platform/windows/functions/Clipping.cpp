@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ClipShapes.h"
 #include "DeviceContext.h"
 #include "HandleTable.h"
 #include "failWith.h"
@@ -24,6 +25,11 @@ int complexityOf(const DeviceContext& context)
 
 void combineClip(DeviceContext& context, const Region& region, int mode)
 {
+    if (mode == RGN_COPY) {
+        context.state.clipShapes.clear();
+    } else if (mode != RGN_AND && mode != RGN_DIFF) {
+        flattenClip(context);
+    }
     Region clip = context.state.clip ? *context.state.clip : everything();
     clip.combine(region, mode);
     context.state.clip = std::move(clip);
@@ -75,6 +81,7 @@ int selectClip(DeviceContext& context, HRGN handle, int mode)
             return failWith(ERROR_INVALID_PARAMETER, ERROR);
         }
         context.state.clip.reset();
+        context.state.clipShapes.clear();
         context.device().clipSelected(context, nullptr, mode);
         return complexityOf(context);
     }
@@ -114,6 +121,7 @@ int ExcludeClipRect(HDC context, int left, int top, int right, int bottom)
 int OffsetClipRgn(HDC context, int x, int y)
 {
     return onContext(context, "OffsetClipRgn", ERROR, [&](DeviceContext& found) {
+        flattenClip(found);
         if (found.state.clip) {
             Mapping distance = found.mapping();
             distance.dx = 0;

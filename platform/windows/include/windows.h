@@ -10,6 +10,7 @@
 #include "windows/bitmaps.h"
 #include "windows/constants.h"
 #include "windows/contexts.h"
+#include "windows/documents.h"
 #include "windows/drawing.h"
 #include "windows/files.h"
 #include "windows/foreignRecords.h"

@@ -59,6 +59,14 @@ void Outline::append(const Outline& other)
     m_points.insert(m_points.end(), other.m_points.begin(), other.m_points.end());
 }
 
+void Outline::move(double x, double y) noexcept
+{
+    for (DevicePoint& point : m_points) {
+        point.x += x;
+        point.y += y;
+    }
+}
+
 void Outline::clear()
 {
     m_steps.clear();

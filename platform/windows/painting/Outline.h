@@ -26,6 +26,7 @@ public:
     // A straight line back to where the figure began; the next step moves.
     void close();
     void append(const Outline& other);
+    void move(double x, double y) noexcept;
     void clear();
 
     bool empty() const noexcept { return m_steps.empty(); }

@@ -189,7 +189,9 @@ void Playback::selectClipPath(int mode)
 // A recorder has no record for a clip that can't be given up, so its clip stays and is the one given back.
 void Playback::keepClip()
 {
-    m_context.state.metaClip = m_context.effectiveClip();
+    ContextState& state = m_context.state;
+    state.metaClip = m_context.effectiveClip();
+    state.metaClipShapes.insert(state.metaClipShapes.end(), state.clipShapes.begin(), state.clipShapes.end());
     if (m_context.state.clip && m_context.contextKind() != ContextKind::Metafile) {
         SelectClipRgn(m_target, nullptr);
     }

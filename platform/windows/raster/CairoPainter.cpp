@@ -72,16 +72,6 @@ void layCovered(DWORD* pixels, int x, int y, int count, const BYTE* coverage, co
 
 } // namespace
 
-void CairoRelease::operator()(cairo_t* cairo) const noexcept
-{
-    cairo_destroy(cairo);
-}
-
-void CairoRelease::operator()(cairo_surface_t* surface) const noexcept
-{
-    cairo_surface_destroy(surface);
-}
-
 cairo_t* CairoPainter::beginDirect(Canvas& canvas, const Ink& ink)
 {
     const BitmapView& view = canvas.view();

@@ -1,4 +1,4 @@
-// The rows of bitmaps of all forms as pixels 0x00RRGGBB, and the part of a bitmap that may be painted.
+// The part of a bitmap that may be painted, row by row as pixels 0x00RRGGBB.
 #pragma once
 
 #include <windows.h>
@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Bitmap.h"
+#include "BitmapRows.h"
 #include "DeviceRect.h"
 #include "Ink.h"
 
@@ -14,16 +15,6 @@ namespace wingdi {
 
 class DeviceContext;
 class Region;
-
-// Blue, green, red and a byte without meaning.
-inline bool hasCommonOrder(const BitmapView& view) noexcept
-{
-    return view.bitsPerPixel == 32 && view.redMask == 0xFF0000 && view.greenMask == 0xFF00 &&
-           view.blueMask == 0xFF;
-}
-
-// Reads pixels from (x, y) on to the right; all of them lie within the view.
-void readPixels(const BitmapView& view, int x, int y, int count, DWORD* pixels);
 
 // The bitmap of a context within its clip, for one call. Device units.
 class Canvas {

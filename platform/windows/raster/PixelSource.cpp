@@ -82,18 +82,6 @@ bool isRun(const std::vector<int>& positions)
 
 } // namespace
 
-void takeFirstPixel(CornerPair& corners, bool leftward, bool upward) noexcept
-{
-    if (leftward && corners.second.x < corners.first.x) {
-        corners.first.x = std::min(corners.first.x, INT32_MAX - 1) + 1;
-        ++corners.second.x;
-    }
-    if (upward && corners.second.y < corners.first.y) {
-        corners.first.y = std::min(corners.first.y, INT32_MAX - 1) + 1;
-        ++corners.second.y;
-    }
-}
-
 PixelSource::PixelSource(const BitmapView& view, const CornerPair& area, const RECT& target,
                          const Mapping& toDevice, const RECT& visible, const CopyRules& rules)
     : m_view(view), m_rules(rules),

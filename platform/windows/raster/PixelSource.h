@@ -12,15 +12,10 @@
 #include "Mapping.h"
 
 #include "ColorRule.h"
+#include "CornerPair.h"
 #include "ShrunkPixels.h"
 
 namespace wingdi {
-
-// Two corners, which may be swapped: that mirrors.
-struct CornerPair {
-    POINT first;
-    POINT second;
-};
 
 // In which colours a copy is read, what it does where it makes smaller, and where sizes below 0 begin.
 struct CopyRules {
@@ -28,10 +23,6 @@ struct CopyRules {
     Shrinking shrinking = Shrinking::Nearest;
     bool startsOnPixel = false; // takeFirstPixel() of the target
 };
-
-// Moves the corners of a rectangle that was given with a size below 0: the pixel at its position is the first, and the
-// others are to the left of it or above. An axis that the mapping turned round includes that pixel already.
-void takeFirstPixel(CornerPair& corners, bool leftward, bool upward) noexcept;
 
 class PixelSource {
 public:

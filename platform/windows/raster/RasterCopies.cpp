@@ -11,17 +11,6 @@ namespace wingdi {
 
 namespace {
 
-LONG sum(int first, int second)
-{
-    return static_cast<LONG>(std::clamp<std::int64_t>(std::int64_t{first} + second, INT32_MIN, INT32_MAX));
-}
-
-CornerPair cornersOf(const SourceArea& area, const Mapping& toPixels)
-{
-    return {toPixels.toDevice({area.x, area.y}),
-            toPixels.toDevice({sum(area.x, area.width), sum(area.y, area.height)})};
-}
-
 ColorRule ruleBetween(const DeviceContext& target, const DeviceContext& source)
 {
     const bool toMonochrome = target.bitmap->bitmap->isMonochrome();
@@ -102,28 +91,13 @@ bool RasterDevice::copyDib(DeviceContext& context, const RECT& target, const BIT
     if (!head || bits == nullptr || !holdsPixels(context)) {
         return false;
     }
-    std::optional<BitmapView> view;
     std::shared_ptr<Bitmap> expanded;
-    if (head->compression == BI_RLE8 || head->compression == BI_RLE4) {
-        expanded = Bitmap::createDib(*head, bits);
-        if (expanded) {
-            view = expanded->view();
-        }
-    } else {
-        view = viewDib({reinterpret_cast<const BYTE*>(info), head->headBytes},
-                       {static_cast<const BYTE*>(bits), head->bitsBytes}, usage);
-    }
+    const std::optional<BitmapView> view = viewOf(*head, info, bits, usage, expanded);
     if (!view) {
         return false;
     }
     Canvas canvas(context);
-    CornerPair corners = cornersOf(area, Mapping{});
-    takeFirstPixel(corners, area.width < 0, area.height < 0 && !head->bottomUp);
-    if (area.height < 0 && head->bottomUp) {
-        // Among rows that are counted from the bottom, those after the first are below it.
-        corners.first.y = sum(corners.first.y, -1);
-        corners.second.y = sum(corners.second.y, -1);
-    }
+    const CornerPair corners = cornersOfDib(area, head->bottomUp);
     const Shrinking shrinking =
         shrinkingFor(context.state.stretchMode, ternaryOf(operation), view->bitsPerPixel == 1);
     PixelSource pixels(*view, corners, target, context.mapping(), canvas.box(), {{}, shrinking, true});

@@ -6,65 +6,13 @@
 #include <vector>
 
 #include "DeviceContext.h"
+#include "LineOfText.h"
 #include "RasterDevice.h"
 #include "RealizedFont.h"
-#include "ShapeOutlines.h"
 
 namespace wingdi {
 
 namespace {
-
-// A point of the line: so far along its base line, so far below it.
-struct LineSpace {
-    double x;
-    double y;
-    double rightX;
-    double rightY;
-    double downX;
-    double downY;
-
-    DevicePoint at(double along, double below) const
-    {
-        return {x + along * rightX + below * downX, y + along * rightY + below * downY};
-    }
-    bool isUpright() const { return rightX == 1 && downY == 1; }
-};
-
-LineSpace spaceOf(const TextOutput& output)
-{
-    const TextFrame& frame = output.frame;
-    return {output.baselineX, output.baselineY, frame.right.x, frame.right.y, frame.down.x, frame.down.y};
-}
-
-// The part of the line from `left` to `right` along it, from `top` to `bottom` below its base line.
-Outline barOf(const LineSpace& space, double left, double top, double right, double bottom)
-{
-    Outline bar;
-    bar.moveTo(space.at(left, top));
-    bar.lineTo(space.at(right, top));
-    bar.lineTo(space.at(right, bottom));
-    bar.lineTo(space.at(left, bottom));
-    bar.close();
-    return bar;
-}
-
-Region textClip(const DeviceContext& context, const RECT& rect)
-{
-    const Mapping mapping = context.mapping();
-    if (mapping.isAxisAligned()) {
-        return Region(deviceBox(mapping, rect));
-    }
-    return visibleRegion(rectangleOutline(wholeFrame(mapping, rect)), context.deviceArea(), WINDING);
-}
-
-double lengthOf(std::span<const double> advances)
-{
-    double length = 0;
-    for (const double advance : advances) {
-        length += advance;
-    }
-    return length;
-}
 
 // Glyphs that may be seen, placed in the space that the letters' own directions span around the first one.
 std::vector<cairo_glyph_t> placeGlyphs(const TextOutput& output, const LineSpace& space,

@@ -49,6 +49,8 @@ public:
     // The advance of a character in whole device units; that of .notdef for one that the face lacks.
     int advance(WCHAR character) const { return alongPixels(m_found->typeface->glyph(character).advance); }
     int glyphAdvance(unsigned long glyph) const;
+    // 0 for a glyph that no character has.
+    WCHAR characterOf(unsigned long glyph) const { return m_found->typeface->characterOf(glyph); }
     unsigned long glyph(WCHAR character) const { return m_found->typeface->glyph(character).index; }
     // Device units below the base line of the underline's and the strike-out's upper edge, and their thickness.
     int underlinePosition() const noexcept;

@@ -187,6 +187,23 @@ int Typeface::glyphAdvance(unsigned long glyph) const
     return advanceOf(m_face, exists ? static_cast<unsigned int>(glyph) : 0);
 }
 
+WCHAR Typeface::characterOf(unsigned long glyph) const
+{
+    constexpr FT_ULong LastOfPlane = 0xFFFF;
+    const std::lock_guard lock(m_library->mutex());
+    if (m_characters.empty()) {
+        m_characters.resize(static_cast<std::size_t>(m_face->num_glyphs));
+        FT_UInt index = 0;
+        for (FT_ULong code = FT_Get_First_Char(m_face, &index); index != 0 && code <= LastOfPlane;
+             code = FT_Get_Next_Char(m_face, code, &index)) {
+            if (index < m_characters.size() && m_characters[index] == 0) {
+                m_characters[index] = static_cast<WCHAR>(code);
+            }
+        }
+    }
+    return glyph < m_characters.size() ? m_characters[glyph] : WCHAR{0};
+}
+
 const Typeface::GlyphPage& Typeface::loadPage(unsigned int number) const
 {
     const std::lock_guard lock(m_library->mutex());

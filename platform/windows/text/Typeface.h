@@ -53,6 +53,8 @@ public:
         return (page != nullptr ? *page : loadPage(character >> 8))[character & 0xFF];
     }
     int glyphAdvance(unsigned long glyph) const;
+    // The first character that has the glyph; 0 for none.
+    WCHAR characterOf(unsigned long glyph) const;
 
 private:
     using GlyphPage = std::array<FaceGlyph, 256>;
@@ -66,6 +68,7 @@ private:
     // 256 characters are read together, once, under the library's lock; from then on readers need none.
     mutable std::array<std::atomic<const GlyphPage*>, 256> m_pages{};
     mutable std::vector<std::unique_ptr<GlyphPage>> m_ownedPages;
+    mutable std::vector<WCHAR> m_characters; // by glyph, once somebody asked; under the library's lock
 };
 
 } // namespace wingdi

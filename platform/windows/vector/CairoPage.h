@@ -1,0 +1,58 @@
+// A page that cairo writes or paints: of a PDF document, or a smooth picture.
+#pragma once
+
+#include <windows.h>
+
+#include <compare>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "CairoRelease.h"
+#include "VectorPage.h"
+
+namespace wingdi {
+
+class CairoPage : public VectorPage {
+public:
+    // `scale`: units of the surface for one of the device. Width and height are device units. The page is painted white:
+    // blends need something to meet.
+    CairoPage(cairo_surface_t* surface, double scale, double width, double height);
+
+    void setClip(const VectorClip& clip) override;
+    void fill(const Outline& area, int fillMode, const VectorPaint& paint) override;
+    void stroke(const Outline& lines, const PenLook& pen, const VectorPaint& paint) override;
+    void picture(const std::shared_ptr<const VectorPicture>& picture, const Mapping& toPage, bool smooth,
+                 Blend blend) override;
+    void text(const TextOutput& output, COLORREF color) override;
+
+    // The page is done. False when it could not be painted.
+    bool show();
+
+private:
+    using Surface = std::unique_ptr<cairo_surface_t, CairoRelease>;
+    struct HatchKey {
+        DWORD hatch;
+        COLORREF color;
+        std::optional<COLORREF> gaps;
+        auto operator<=>(const HatchKey&) const = default;
+    };
+
+    // False for a paint that can't be made.
+    bool setSource(const VectorPaint& paint);
+    // A picture as the page may hold it once more.
+    Surface again(Surface picture, int width, int height, bool smooth) const;
+    cairo_surface_t* hatchTile(const HatchKey& key);
+    RECT visibleBox() const;
+
+    std::unique_ptr<cairo_t, CairoRelease> m_cairo;
+    double m_width;
+    double m_height;
+    std::size_t m_clipBudget; // points and rectangles that clips of the page may still have
+    std::map<HatchKey, Surface> m_hatches;
+    std::set<std::string> m_shown; // pictures
+};
+
+} // namespace wingdi
