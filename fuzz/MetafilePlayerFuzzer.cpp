@@ -1,4 +1,5 @@
-// Plays any bytes as an enhanced metafile: on a page, and on a metafile, which must be one that plays again.
+// Plays any bytes as an enhanced metafile: on a page, on a page of a document, which must end well, and on a metafile, which
+// must be one that plays again.
 #include "gdidevice.h"
 
 #include <cstdint>
@@ -17,6 +18,24 @@ void require(bool holds)
     if (!holds) {
         std::abort();
     }
+}
+
+void playOnDocument(HENHMETAFILE metafile)
+{
+    GdiDocumentOptions options;
+    options.write = [](const unsigned char*, std::size_t, void*) {
+        return true;
+    };
+    options.pageWidth = 16;
+    options.pageHeight = 12;
+    options.dpi = 100;
+    const HDC document = gdiCreateDocument(&options);
+    DOCINFOA info{};
+    info.cbSize = sizeof(info);
+    require(StartDocA(document, &info) > 0 && StartPage(document) > 0);
+    PlayEnhMetaFile(document, metafile, &Target);
+    require(EndPage(document) > 0 && EndDoc(document) > 0);
+    DeleteDC(document);
 }
 
 } // namespace
@@ -38,6 +57,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     options.height = Target.bottom;
     const HDC page = gdiCreateDevice(&options);
     PlayEnhMetaFile(page, metafile, &Target);
+
+    playOnDocument(metafile);
 
     const RECT frame{0, 0, 6400, 4800};
     const HDC recording = CreateEnhMetaFileA(nullptr, nullptr, &frame, nullptr);

@@ -160,7 +160,8 @@ const ToolCase Cases[] = {
      "surfacepage play words.emf -o again.EMF && surfacepage info -b again.EMF; surfacepage play words.emf "
      "sheet.svg -o '{}.ps'",
      2,
-     "0   0   1 141   0   0   2  49|793 x 1122|words.emf: is an enhanced metafile, which plays to .png and "
+     "0   0   1 141   0   0   2  49|793 x 1122|words.emf: is an enhanced metafile, which plays to .pdf, .png "
+     "and "
      ".emf only, not to .ps"},
     {"PlayLeavesNothingBehind",
      "surfacepage play bare.svg -o a.png; surfacepage play words.svg -o "
@@ -172,6 +173,25 @@ const ToolCase Cases[] = {
      "can't write no/d.png: No such "
      "file|bare.svg\ncut.emf\nletters.svg\nlink.png\nrecords.emf\nsheet.emf\nsheet.svg\ntext.svg\nwords."
      "emf\nwords.svg\n"},
+    {"PlaysManyToOneDocument",
+     "surfacepage play words.svg text.svg sheet.emf cut.emf -o r.pdf --title 'A \xC3\xA4' --author B; echo "
+     "code $?; qpdf "
+     "--check r.pdf | grep -c 'No syntax'; pdfinfo r.pdf | grep -E 'Title|Author|Pages|Page size'; pdffonts "
+     "r.pdf | tail -n +3 "
+     "| grep -vc 'yes yes yes'; pdftotext r.pdf - | grep -m 2 -E 'Heating 1180 MWh|The use for heating'; "
+     "mutool show r.pdf "
+     "outline; surfacepage play bare.svg -o none.pdf; ls none.pdf; surfacepage play words.svg -o "
+     "words.svg/x.pdf; surfacepage "
+     "play words.svg sheet.svg -o '{}.pdf' && surfacepage play words.svg --dpi 48 -o a.png && surfacepage "
+     "play words.svg "
+     "--pixels --dpi 48 -o b.png && od -An -tu1 -j16 -N8 a.png && cmp -s a.png b.png",
+     1,
+     "text.svg: is neither|cut.emf: ends inside the record|code 2\n1\nTitle:           A "
+     "\xC3\xA4\n|Author:          B\n|Pages:           3\nPage size:       595.276 x 841.89 pts "
+     "(A4)\n0\nHeating 1180 "
+     "MWh\nThe use for heating|words|sheet|cut|bare.svg: has no usable size|none.pdf'|can't write|  0   0   "
+     "1 141   0   0   2  "
+     "49"},
     {"StampsInPlace",
      "chmod 640 sheet.svg; surfacepage stamp sheet.svg sheet.emf 8 9; stat -c %a sheet.svg; surfacepage find "
      "sheet.svg '8 of 9' && "
@@ -251,7 +271,7 @@ const ToolCase Cases[] = {
      "|EXTCREATEFONTINDIRECTW 1 \"Arial\" height -12 bold\n|GDICOMMENT \"TPC|EOF 0 16 20\n|cut.emf: 0 "
      "HEADER"},
     {"WrongArguments",
-     "surfacepage play words.svg -o out.pdf; surfacepage play words.svg sheet.svg -o out.png; surfacepage "
+     "surfacepage play words.svg -o out.txt; surfacepage play words.svg sheet.svg -o out.png; surfacepage "
      "play words.svg "
      "-o o.ps --dpi 9; surfacepage stamp words.svg 3; surfacepage find words.svg ''; surfacepage stamp "
      "words.svg -- -1 3",
