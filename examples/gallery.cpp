@@ -54,8 +54,9 @@ a { color: inherit; }
 surface. Both pages were then played once more on a surface that only writes down its calls, and the two lists
 were compared. The page counts at the foot were stamped into the stored bytes when the number of pages was
 known.</p>
-<p>The third picture is the stored page played on a surface that writes PostScript, painted by Ghostscript; one page
-was drawn on that surface itself as well. Then comes the stored page played on a device of 150 dots per inch. The last
+<p><a href="report.pdf">report.pdf</a> holds all pages, played on a device that makes a document of them; the third picture is
+the same as that device paints it. The next one is the stored page played on a surface that writes PostScript, painted by
+Ghostscript; one page was drawn on that surface itself as well. Then comes the stored page played on a device of 150 dots per inch. The last
 column is the report drawn a second time, on a surface that records an enhanced metafile; the metafile was stamped,
 asked its size in dots of its reference device, searched for the word below, and played on such a device. Of one such
 page the copy that marks the first hit is shown too.</p>

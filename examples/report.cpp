@@ -6,6 +6,7 @@
 // Each page of reportPages() is drawn on a CSurfaceSVG and stored. When all are there, the pages that show a
 // page count get it stamped into their bytes. Each page is played on a second CSurfaceSVG and stored as well;
 // both are then played on a surface that writes down its calls. What differs is shown and makes the run fail.
+// The stored pages become one document, report.pdf, and smooth pictures.
 // Each stored page is also played on a CSurfacePSPrinter, and one is drawn on such a surface itself; and on a
 // CSurfaceHdc over a device that paints pixels. The report is drawn a second time on CSurfaceEMF: its metafiles are
 // stamped, sized, searched and played as pixels too.
@@ -27,6 +28,7 @@
 #include "pageSearch.h"
 #include "painters.h"
 #include "pictures.h"
+#include "reportDocument.h"
 #include "reportPages.h"
 #include "storedPage.h"
 #include "sys/krnos.h"
@@ -36,10 +38,12 @@ namespace {
 namespace fs = std::filesystem;
 
 // The ways to make a page. One more way is a line in both lists and its bytes in makeEntry.
-enum Column { Drawn, Replayed, Printed, PrintedDirectly, Pixels, Recorded, Marked, ColumnCount };
+enum Column { Drawn, Replayed, Smooth, Printed, PrintedDirectly, Pixels, Recorded, Marked, ColumnCount };
+constexpr const char* SmoothEnding = "-smooth.png";
 constexpr GalleryColumn Columns[] = {
     {"Drawn on CSurfaceSVG", "", ".svg", ".png"},
     {"Replayed on CSurfaceSVG", PictureFolder, "-replay.svg", "-replay.png"},
+    {"Page of report.pdf, as a smooth picture", "", "", SmoothEnding, true},
     {"Replayed on CSurfacePSPrinter", "", ".ps", "-print.png"},
     {"Drawn on CSurfacePSPrinter", PictureFolder, "-direct.ps", "-direct.png"},
     {"Replayed on CSurfaceHdc", "", "", "-pixels.png", true},
@@ -79,6 +83,9 @@ struct Painting {
 
 bool paintOnDevice(const Painting& painting)
 {
+    if (painting.png.string().ends_with(SmoothEnding)) {
+        return paintSmoothly(painting.page, painting.png, DeviceDotsPerInch);
+    }
     return paintPixels(painting.page, painting.png, DeviceDotsPerInch);
 }
 
@@ -174,6 +181,7 @@ GalleryEntry makeEntry(const ReportPage& page, PageByColumn& made)
         made[PrintedDirectly] = printedDirectly(page);
     }
     made[Pixels] = made[Drawn];
+    made[Smooth] = made[Drawn];
     if (page.name == MarkedPage) {
         made[Marked] = firstHitMarked(made[Recorded], WantedWord);
     }
@@ -183,7 +191,7 @@ GalleryEntry makeEntry(const ReportPage& page, PageByColumn& made)
         if (!made[i].empty()) {
             const Column column = static_cast<Column>(i);
             entry.figures.push_back(
-                {&Columns[i], column == Pixels ? 0 : made[i].size(), factsOf(column, made[i])});
+                {&Columns[i], Columns[i].isPicture ? 0 : made[i].size(), factsOf(column, made[i])});
         }
     }
     std::printf("%-10s %7zu bytes %10s %3zu hits   %s\n", page.name, made[Drawn].size(),
@@ -208,6 +216,10 @@ bool makeReport(const fs::path& folder)
     }
     bool good = stampPages(pages);
     good &= stampPages(metafiles);
+    if (!writeReport(pages, folder / "report.pdf")) {
+        std::printf("cannot write %s\n", (folder / "report.pdf").c_str());
+        good = false;
+    }
     std::vector<GalleryEntry> entries;
     for (std::size_t i = 0; i < pages.size(); ++i) {
         const ReportPage& page = reportPages()[i];
