@@ -24,6 +24,14 @@ bool isLowHalf(WCHAR unit)
     return unit >= 0xDC00 && unit < 0xE000;
 }
 
+// Others can't be in a text; cairo does not take them.
+bool isCharacter(char32_t character)
+{
+    const bool isHalf = character >= 0xD800 && character < 0xE000;
+    const bool isNone = (character >= 0xFDD0 && character < 0xFDF0) || (character & 0xFFFE) == 0xFFFE;
+    return character >= ' ' && !isHalf && !isNone;
+}
+
 int appendUtf8(std::string& text, char32_t character)
 {
     const std::size_t before = text.size();
@@ -55,11 +63,11 @@ struct Letters {
     {
         int bytes = 0;
         if (isHighHalf(character) && isLowHalf(next)) {
-            bytes = appendUtf8(text, 0x10000 + ((char32_t{character} - 0xD800) << 10) + (next - 0xDC00U));
+            const char32_t whole = 0x10000 + ((char32_t{character} - 0xD800) << 10) + (next - 0xDC00U);
+            bytes = appendUtf8(text, isCharacter(whole) ? whole : NoCharacter);
             secondHalf = true;
         } else if (!secondHalf) {
-            const bool isCharacter = character >= ' ' && !isHighHalf(character) && !isLowHalf(character);
-            bytes = appendUtf8(text, isCharacter ? char32_t{character} : NoCharacter);
+            bytes = appendUtf8(text, isCharacter(character) ? char32_t{character} : NoCharacter);
         } else {
             secondHalf = false;
         }
@@ -133,6 +141,7 @@ void CairoPage::text(const TextOutput& output, COLORREF color)
                            letters.clusters.data(), static_cast<int>(letters.clusters.size()),
                            cairo_text_cluster_flags_t{});
     cairo_restore(cairo);
+    recover();
 }
 
 } // namespace wingdi

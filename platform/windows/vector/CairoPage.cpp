@@ -116,12 +116,30 @@ std::unique_ptr<cairo_surface_t, CairoRelease> surfaceOf(const VectorPicture& pi
 } // namespace
 
 CairoPage::CairoPage(cairo_surface_t* surface, double scale, double width, double height)
-    : m_cairo(cairo_create(surface)), m_width(width), m_height(height), m_clipBudget(MostClipPieces)
+    : m_cairo(cairo_create(surface)), m_scale(scale), m_width(width), m_height(height),
+      m_clipBudget(MostClipPieces)
 {
-    cairo_scale(m_cairo.get(), scale, scale);
+    begin();
     setColor(m_cairo.get(), 0xFFFFFF);
     cairo_rectangle(m_cairo.get(), 0, 0, width, height);
     cairo_fill(m_cairo.get());
+}
+
+void CairoPage::begin()
+{
+    cairo_scale(m_cairo.get(), m_scale, m_scale);
+}
+
+void CairoPage::recover()
+{
+    cairo_surface_t* const surface = cairo_get_target(m_cairo.get());
+    if (cairo_status(m_cairo.get()) == CAIRO_STATUS_SUCCESS ||
+        cairo_surface_status(surface) != CAIRO_STATUS_SUCCESS) {
+        return;
+    }
+    m_cairo.reset(cairo_create(surface));
+    begin();
+    setClip(VectorClip(m_clip));
 }
 
 bool CairoPage::show()
@@ -138,6 +156,7 @@ RECT CairoPage::visibleBox() const
 
 void CairoPage::setClip(const VectorClip& clip)
 {
+    m_clip = clip;
     cairo_t* const cairo = m_cairo.get();
     cairo_reset_clip(cairo);
     std::size_t pieces = clip.rectangles ? clip.rectangles->size() : 0;
@@ -232,6 +251,7 @@ void CairoPage::fill(const Outline& area, int fillMode, const VectorPaint& paint
     }
     cairo_set_fill_rule(cairo, fillMode == WINDING ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
     cairo_fill(cairo);
+    recover();
 }
 
 void CairoPage::stroke(const Outline& lines, const PenLook& pen, const VectorPaint& paint)
@@ -252,6 +272,7 @@ void CairoPage::stroke(const Outline& lines, const PenLook& pen, const VectorPai
     }
     strokeTraced(cairo, pen);
     cairo_set_dash(cairo, nullptr, 0, 0);
+    recover();
 }
 
 // Cairo's PDF would name a picture's object twice among those of the page. As a form of its own it has a name of its own,
@@ -292,6 +313,7 @@ void CairoPage::picture(const std::shared_ptr<const VectorPicture>& picture, con
     cairo_rectangle(cairo, 0, 0, picture->width, picture->height);
     cairo_fill(cairo);
     cairo_restore(cairo);
+    recover();
 }
 
 } // namespace wingdi

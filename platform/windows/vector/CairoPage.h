@@ -40,6 +40,9 @@ private:
         auto operator<=>(const HatchKey&) const = default;
     };
 
+    // Cairo gives up all further drawing when one call goes wrong; the page goes on with a new context.
+    void recover();
+    void begin();
     // False for a paint that can't be made.
     bool setSource(const VectorPaint& paint);
     // A picture as the page may hold it once more.
@@ -48,9 +51,11 @@ private:
     RECT visibleBox() const;
 
     std::unique_ptr<cairo_t, CairoRelease> m_cairo;
+    double m_scale;
     double m_width;
     double m_height;
     std::size_t m_clipBudget; // points and rectangles that clips of the page may still have
+    VectorClip m_clip;
     std::map<HatchKey, Surface> m_hatches;
     std::set<std::string> m_shown; // pictures
 };

@@ -170,7 +170,21 @@ bool DocumentDevice::endPage()
     m_page.reset();
     ++m_pages;
     m_state = State::Document;
+    enterTitles(painted && isSound());
     return painted && isSound();
+}
+
+// Once the page is there: cairo does not bear entries that lead to none.
+void DocumentDevice::enterTitles(bool pageIsThere)
+{
+    const std::string place = "page=" + std::to_string(m_pages) + " pos=[0 0]";
+    for (const std::string& title : m_titles) {
+        if (pageIsThere) {
+            cairo_pdf_surface_add_outline(m_surface.get(), CAIRO_PDF_OUTLINE_ROOT, title.c_str(),
+                                          place.c_str(), CAIRO_PDF_OUTLINE_FLAG_OPEN);
+        }
+    }
+    m_titles.clear();
 }
 
 // A document without a page is none.
@@ -212,6 +226,7 @@ void DocumentDevice::close()
 {
     setPage(nullptr);
     m_page.reset();
+    m_titles.clear();
     m_lost = true;
     m_surface.reset();
     m_sink.reset();
@@ -255,10 +270,8 @@ bool DocumentDevice::addOutline(const char* title)
     if (m_kind != GdiDocumentKind::Pdf || m_state != State::Page || title == nullptr) {
         return false;
     }
-    const std::string place = "page=" + std::to_string(m_pages + 1) + " pos=[0 0]";
-    cairo_pdf_surface_add_outline(m_surface.get(), CAIRO_PDF_OUTLINE_ROOT, title, place.c_str(),
-                                  CAIRO_PDF_OUTLINE_FLAG_OPEN);
-    return isSound();
+    m_titles.emplace_back(title);
+    return true;
 }
 
 } // namespace wingdi

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ByteSink.h"
 #include "CairoPage.h"
@@ -39,6 +40,7 @@ private:
     bool openSurface();
     double pictureDotsPerInch() const;
     void setMetadata(const char* name);
+    void enterTitles(bool pageIsThere);
     bool isSound() const;
     void close();
     static int writeBytes(void* device, const unsigned char* bytes, unsigned int length); // cairo's status
@@ -55,6 +57,7 @@ private:
     std::unique_ptr<ByteSink> m_sink;
     bool m_lost = false; // bytes that the sink did not take
     int m_pages = 0;
+    std::vector<std::string> m_titles; // that lead to the page that is open
     std::unique_ptr<cairo_surface_t, CairoRelease> m_surface;
     std::unique_ptr<CairoPage> m_page;
 };

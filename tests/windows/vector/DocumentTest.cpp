@@ -164,6 +164,7 @@ TEST_F(Document, TakesThePlaceOfAFileAtItsEnd)
         start(d);
         StartPage(d);
         Rectangle(d, 1, 1, 900, 900);
+        EXPECT_TRUE(gdiAddOutline(d, "A page that may never be"));
         EXPECT_EQ(contents(), "old");
         EXPECT_GT(aborts ? AbortDoc(d) : EndDoc(d), 0);
         DeleteDC(d);
@@ -223,6 +224,8 @@ TEST_F(Document, EndsWellWhateverIsDrawn)
         ExtTextOutA(d, 1, 1, 0, nullptr, "A", 1, nullptr);
     }
     ModifyWorldTransform(d, nullptr, MWT_IDENTITY);
+    const WCHAR noCharacters[] = {0xFFFF, 0xD83D, 0xDE00, 0xDE00, 7, 'A'};
+    ExtTextOutW(d, 1, 1, 0, nullptr, noCharacters, 6, nullptr);
     for (int i = 0; i < 3000; ++i) {
         ExcludeClipRect(d, i % 96, i / 96 * 2, i % 96 + 1, i / 96 * 2 + 1);
         Rectangle(d, 0, 0, 96, 96);

@@ -1,4 +1,6 @@
 // Drawings as documents, painted by poppler, MuPDF and Ghostscript, beside the smooth picture of the same calls.
+#include <unistd.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -134,7 +136,7 @@ class Rendering : public testing::TestWithParam<SideBySideDrawing> {};
 TEST_P(Rendering, AgreesWithTheSmoothPicture)
 {
     const SideBySideDrawing& drawing = GetParam();
-    const fs::path folder = fs::path(testing::TempDir()) / ("rendering-" + std::to_string(std::rand()));
+    const fs::path folder = fs::path(testing::TempDir()) / ("rendering-" + std::to_string(getpid()));
     fs::create_directories(folder);
     draw(drawing, GdiDocumentKind::Pdf, folder / "d.pdf");
     draw(drawing, GdiDocumentKind::Picture, folder / "d.png");
