@@ -55,7 +55,8 @@ surface. Both pages were then played once more on a surface that only writes dow
 were compared. The page counts at the foot were stamped into the stored bytes when the number of pages was
 known.</p>
 <p><a href="report.pdf">report.pdf</a> holds all pages, played on a device that makes a document of them; the third picture is
-the same as that device paints it. The next one is the stored page played on a surface that writes PostScript, painted by
+the same as that device paints it. The next one is the page for viewers: SVG that shows what the pixels do, and that no
+player takes. Then comes the stored page played on a surface that writes PostScript, painted by
 Ghostscript; one page was drawn on that surface itself as well. Then comes the stored page played on a device of 150 dots per inch. The last
 column is the report drawn a second time, on a surface that records an enhanced metafile; the metafile was stamped,
 asked its size in dots of its reference device, searched for the word below, and played on such a device. Of one such
@@ -63,8 +64,8 @@ page the copy that marks the first hit is shown too.</p>
 )";
 
 constexpr const char* Foot = R"(<section>
-<h2>What a viewer shows differently</h2>
-<p>Hatch fills look empty here. A fill refers to a small pattern that holds only the colour, and that one refers
+<h2>What a viewer shows differently on a stored page</h2>
+<p>Nothing of this is so in PDF, in pictures, or in the SVG for viewers. Hatch fills look empty here. A fill refers to a small pattern that holds only the colour, and that one refers
 to a hatch pattern that all colours share; viewers do not let the lines of the shared pattern inherit the colour
 from the pattern that refers to it. Bars with a hatch therefore have a light ground of their own.</p>
 <p>Polylines look filled, and black: the page gives them no fill, and black is the fill that a viewer then

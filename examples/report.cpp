@@ -38,12 +38,25 @@ namespace {
 namespace fs = std::filesystem;
 
 // The ways to make a page. One more way is a line in both lists and its bytes in makeEntry.
-enum Column { Drawn, Replayed, Smooth, Printed, PrintedDirectly, Pixels, Recorded, Marked, ColumnCount };
+enum Column {
+    Drawn,
+    Replayed,
+    Smooth,
+    Plain,
+    Printed,
+    PrintedDirectly,
+    Pixels,
+    Recorded,
+    Marked,
+    ColumnCount
+};
+constexpr const char* PlainFolder = "plain/";
 constexpr const char* SmoothEnding = "-smooth.png";
 constexpr GalleryColumn Columns[] = {
     {"Drawn on CSurfaceSVG", "", ".svg", ".png"},
     {"Replayed on CSurfaceSVG", PictureFolder, "-replay.svg", "-replay.png"},
     {"Page of report.pdf, as a smooth picture", "", "", SmoothEnding, true},
+    {"For viewers, as SVG", PlainFolder, ".svg", "-plain.png"},
     {"Replayed on CSurfacePSPrinter", "", ".ps", "-print.png"},
     {"Drawn on CSurfacePSPrinter", PictureFolder, "-direct.ps", "-direct.png"},
     {"Replayed on CSurfaceHdc", "", "", "-pixels.png", true},
@@ -182,6 +195,7 @@ GalleryEntry makeEntry(const ReportPage& page, PageByColumn& made)
     }
     made[Pixels] = made[Drawn];
     made[Smooth] = made[Drawn];
+    made[Plain] = forViewers(made[Drawn]);
     if (page.name == MarkedPage) {
         made[Marked] = firstHitMarked(made[Recorded], WantedWord);
     }
@@ -202,6 +216,7 @@ GalleryEntry makeEntry(const ReportPage& page, PageByColumn& made)
 bool makeReport(const fs::path& folder)
 {
     fs::create_directories(folder / PictureFolder);
+    fs::create_directories(folder / PlainFolder);
     if (!canEncodePictures()) {
         std::printf("FreeImage is not there: the page of pictures has places without pictures.\n");
     }

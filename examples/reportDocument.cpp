@@ -76,3 +76,19 @@ bool paintSmoothly(Page& page, const std::filesystem::path& png, int dotsPerInch
     document.add(page, "");
     return document.end();
 }
+
+Page forViewers(Page& page)
+{
+    Page made;
+    GdiDocumentOptions options = optionsFor({});
+    options.path = nullptr;
+    options.kind = GdiDocumentKind::Svg;
+    options.write = [](const unsigned char* bytes, std::size_t count, void* svg) {
+        static_cast<Page*>(svg)->assign(bytes, bytes + count);
+        return true;
+    };
+    options.context = &made;
+    Document document(options);
+    document.add(page, "");
+    return document.end() ? made : Page();
+}

@@ -31,6 +31,7 @@ SURFACE_API const unsigned char* gdiDeviceBits(HDC device, int* strideBytes);
 enum class GdiDocumentKind : unsigned char {
     Pdf,
     Picture, // a PNG file of one page, with smoothed edges
+    Svg,     // of one page, for browsers and other viewers; players of stored pages do not take it
 };
 
 struct GdiDocumentOptions {
@@ -44,7 +45,7 @@ struct GdiDocumentOptions {
     double pageHeight = 297;
     int dpi = 600;      // that programs see, along both axes, up to 9600
     int pictureDpi = 0; // pixels of a picture; 0: as many as programs see
-    // UTF-8; null for none. Only PDF has them. The date is that of SOURCE_DATE_EPOCH in the environment, or none, so that
+    // UTF-8; null for none. Only PDF has them, and an outline. The date is that of SOURCE_DATE_EPOCH in the environment, or none, so that
     // the same calls make the same bytes.
     const char* title = nullptr;
     const char* author = nullptr;

@@ -160,9 +160,8 @@ const ToolCase Cases[] = {
      "surfacepage play words.emf -o again.EMF && surfacepage info -b again.EMF; surfacepage play words.emf "
      "sheet.svg -o '{}.ps'",
      2,
-     "0   0   1 141   0   0   2  49|793 x 1122|words.emf: is an enhanced metafile, which plays to .pdf, .png "
-     "and "
-     ".emf only, not to .ps"},
+     "0   0   1 141   0   0   2  49|793 x 1122|words.emf: is an enhanced metafile, which does not play to "
+     ".ps"},
     {"PlayLeavesNothingBehind",
      "surfacepage play bare.svg -o a.png; surfacepage play words.svg -o "
      "c.png --dpi 4800; "
@@ -192,6 +191,11 @@ const ToolCase Cases[] = {
      "MWh\nThe use for heating|words|sheet|cut|bare.svg: has no usable size|none.pdf'|can't write|  0   0   "
      "1 141   0   0   2  "
      "49"},
+    {"PlaysToSvgForViewers",
+     "surfacepage play words.svg sheet.emf --plain -o 'plain-{}.svg' && xmllint --noout plain-*.svg && grep "
+     "-c DOCTYPE "
+     "plain-*.svg; grep -o '>Use<' plain-words.svg && surfacepage play plain-words.svg -o again.svg",
+     2, "plain-sheet.svg:0\nplain-words.svg:0\n>Use<|plain-words.svg: is neither an SVG page"},
     {"StampsInPlace",
      "chmod 640 sheet.svg; surfacepage stamp sheet.svg sheet.emf 8 9; stat -c %a sheet.svg; surfacepage find "
      "sheet.svg '8 of 9' && "

@@ -21,6 +21,7 @@ struct PlayOptions {
     std::vector<std::string> outputs; // of each job; their endings are known
     int dpi = 96;                     // of pictures
     bool pixels = false;              // pictures without smoothed edges
+    bool plain = false;               // SVG for viewers, not as a stored page
     DocumentTexts texts;              // of documents
     DocumentFile* document = nullptr; // of all pages together; null: outputs are for each
     const OverwriteRule* overwriting = nullptr;

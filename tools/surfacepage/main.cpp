@@ -167,12 +167,14 @@ private:
         play->add_option(
                 "-o,--output", m_pattern,
                 "What to write, ending in .pdf (all pages in one, in the order given), .png, .svg, .ps or "
-                ".emf; a metafile "
-                "plays to .pdf, .png and .emf only. {} stands for the name of FILE without folder and ending")
+                ".emf; a metafile does not play to .ps, and to .svg as --plain. {} stands for the name of "
+                "FILE without folder and ending")
             ->required();
         addForce(play);
         play->add_flag("--pixels", m_play.pixels,
                        "A .png without smoothed edges, as a device of pixels paints it");
+        play->add_flag("--plain", m_play.plain,
+                       "A .svg for browsers and other viewers, which shows what pixels do; no stored page");
         play->add_option("--title", m_play.texts.title, "Title of a .pdf");
         play->add_option("--author", m_play.texts.author, "Author of a .pdf");
         m_dpi = play->add_option("--dpi", m_play.dpi, "Dots per inch of a .png")

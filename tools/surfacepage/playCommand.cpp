@@ -42,11 +42,6 @@ Outcome playToText(FileJob& job, PlayedPage& page, OutputFile& output, Surface s
                                                                             : failOfPlayback(job);
 }
 
-Outcome playToSvg(FileJob& job, PlayedPage& page, OutputFile& output, const PlayOptions&)
-{
-    return playToText(job, page, output, CSurfaceSVG());
-}
-
 Outcome playToPostScript(FileJob& job, PlayedPage& page, OutputFile& output, const PlayOptions&)
 {
     return playToText(job, page, output, CSurfacePSPrinter(0, 0));
@@ -102,13 +97,14 @@ Outcome playToPixels(FileJob& job, PlayedPage& page, OutputFile& output, int dpi
                                                        : job.fail("the picture can't be written");
 }
 
-// With smoothed edges; on systems without such pictures nothing, and false.
-bool playSmoothly(FileJob& job, PlayedPage& page, OutputFile& output, int dpi, Outcome& outcome)
+// As a document of its own; on systems without documents nothing, and false.
+bool playAlone(FileJob& job, PlayedPage& page, OutputFile& output, GdiDocumentKind kind, int dpi,
+               Outcome& outcome)
 {
     constexpr double HundredthsPerMillimetre = 100;
     const Sheet& sheet = page.sheet();
     GdiDocumentOptions options;
-    options.kind = GdiDocumentKind::Picture;
+    options.kind = kind;
     options.dpi = ownDotsPerInch(sheet);
     options.pictureDpi = dpi;
     options.pageWidth = static_cast<double>(sheet.width) / HundredthsPerMillimetre;
@@ -126,11 +122,11 @@ bool playSmoothly(FileJob& job, PlayedPage& page, OutputFile& output, int dpi, O
         return true;
     }
     if (StartDocA(device.get(), &info) <= 0 || StartPage(device.get()) <= 0) {
-        outcome = job.fail("the picture can't be begun");
+        outcome = job.fail("the page can't be begun");
     } else if (!playOver(device.get(), page)) {
         outcome = failOfPlayback(job);
     } else if (EndPage(device.get()) <= 0 || EndDoc(device.get()) <= 0) {
-        outcome = job.fail("the picture can't be written");
+        outcome = job.fail("the page can't be written");
     } else {
         outcome = output.commit();
     }
@@ -156,9 +152,21 @@ Outcome playToDocument(FileJob& job, PlayedPage& page, OutputFile& output, const
 Outcome playToPicture(FileJob& job, PlayedPage& page, OutputFile& output, const PlayOptions& options)
 {
     Outcome outcome = Outcome::Failed;
-    return !options.pixels && playSmoothly(job, page, output, options.dpi, outcome)
+    return !options.pixels && playAlone(job, page, output, GdiDocumentKind::Picture, options.dpi, outcome)
                ? outcome
                : playToPixels(job, page, output, options.dpi);
+}
+
+// A stored page again, or the form for viewers, the only one that a metafile has.
+Outcome playToSvg(FileJob& job, PlayedPage& page, OutputFile& output, const PlayOptions& options)
+{
+    if (!page.isMetafile() && !options.plain) {
+        return playToText(job, page, output, CSurfaceSVG());
+    }
+    Outcome outcome = Outcome::Failed;
+    return playAlone(job, page, output, GdiDocumentKind::Svg, 0, outcome)
+               ? outcome
+               : job.fail("SVG for viewers is not made on this system");
 }
 
 struct Format {
@@ -170,7 +178,7 @@ struct Format {
 constexpr std::string_view PictureEnding = ".png";
 constexpr std::string_view DocumentEnding = ".pdf";
 constexpr Format Formats[] = {
-    {".svg", false, playToSvg},
+    {".svg", true, playToSvg},
     {".ps", false, playToPostScript},
     {".emf", true, playToMetafile},
     {PictureEnding, true, playToPicture},
@@ -228,8 +236,7 @@ Outcome playCommand(FileJob& job, const PlayOptions& options)
     }
     if (page->isMetafile() && !format->takesMetafiles) {
         return job.fail(
-            std::string("is an enhanced metafile, which plays to .pdf, .png and .emf only, not to ")
-                .append(format->ending));
+            std::string("is an enhanced metafile, which does not play to ").append(format->ending));
     }
     if (options.document != nullptr) {
         return reported(job, *page, options.document->add(job, *page));

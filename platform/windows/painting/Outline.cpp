@@ -172,27 +172,23 @@ std::vector<Outline::Figure> Outline::figures() const
 void Outline::trace(cairo_t* cairo) const
 {
     constexpr double Half = 0.5;
-    const DevicePoint* point = m_points.data();
-    for (const Step step : m_steps) {
+    forEach([cairo](Step step, const DevicePoint* point) {
         switch (step) {
         case Step::Move:
             cairo_move_to(cairo, point->x + Half, point->y + Half);
-            ++point;
             break;
         case Step::Line:
             cairo_line_to(cairo, point->x + Half, point->y + Half);
-            ++point;
             break;
         case Step::Curve:
             cairo_curve_to(cairo, point[0].x + Half, point[0].y + Half, point[1].x + Half, point[1].y + Half,
                            point[2].x + Half, point[2].y + Half);
-            point += 3;
             break;
         case Step::Close:
             cairo_close_path(cairo);
             break;
         }
-    }
+    });
 }
 
 } // namespace wingdi

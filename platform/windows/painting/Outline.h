@@ -59,6 +59,17 @@ public:
     // What is seen of its lines within a rectangle. `dashes`: lengths on and off in turn, none for unbroken lines.
     Outline clippedLines(const RECT& rect, std::span<const double> dashes) const;
 
+    // Calls visit(step, points): one point of Move and Line, three of Curve, none of Close.
+    template <class Visit>
+    void forEach(const Visit& visit) const
+    {
+        const DevicePoint* point = m_points.data();
+        for (const Step step : m_steps) {
+            visit(step, point);
+            point += step == Step::Curve ? 3 : step == Step::Close ? 0 : 1;
+        }
+    }
+
     // Adds the shape to cairo's path, half a unit to the right and down: cairo asks the middles of pixels.
     void trace(cairo_t* cairo) const;
 

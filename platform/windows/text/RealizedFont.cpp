@@ -126,7 +126,7 @@ SharedFont RealizedFont::realize(const DeviceContext& context, const TextFrame& 
 
 RealizedFont::RealizedFont(std::shared_ptr<const FoundFont> found, const LOGFONTW& description,
                            const FontScale& scale)
-    : m_found(std::move(found))
+    : m_found(std::move(found)), m_description(description)
 {
     measure(description, scale);
 }

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <memory>
+#include <string>
 
 #include "FontCatalogue.h"
 
@@ -49,6 +50,12 @@ public:
     // The advance of a character in whole device units; that of .notdef for one that the face lacks.
     int advance(WCHAR character) const { return alongPixels(m_found->typeface->glyph(character).advance); }
     int glyphAdvance(unsigned long glyph) const;
+    // What was asked for, and the name of the face that stands for it.
+    const LOGFONTW& description() const noexcept { return m_description; }
+    std::string family() const { return m_found->typeface->family(); }
+    // Pixels.
+    int emHeight() const noexcept { return m_emHeight; }
+    double emWidth() const noexcept { return m_emWidth; }
     // 0 for a glyph that no character has.
     WCHAR characterOf(unsigned long glyph) const { return m_found->typeface->characterOf(glyph); }
     unsigned long glyph(WCHAR character) const { return m_found->typeface->glyph(character).index; }
@@ -65,6 +72,7 @@ private:
     int acrossPixels(int units) const noexcept;
 
     std::shared_ptr<const FoundFont> m_found;
+    LOGFONTW m_description;
     TEXTMETRICA m_metrics{};
     int m_emHeight = 1; // pixels
     double m_emWidth = 1;

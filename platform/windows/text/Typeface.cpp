@@ -187,6 +187,11 @@ int Typeface::glyphAdvance(unsigned long glyph) const
     return advanceOf(m_face, exists ? static_cast<unsigned int>(glyph) : 0);
 }
 
+std::string Typeface::family() const
+{
+    return m_face->family_name != nullptr ? m_face->family_name : "";
+}
+
 WCHAR Typeface::characterOf(unsigned long glyph) const
 {
     constexpr FT_ULong LastOfPlane = 0xFFFF;

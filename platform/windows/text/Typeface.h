@@ -47,6 +47,8 @@ public:
     ~Typeface();
 
     const FaceMeasures& measures() const noexcept { return m_measures; }
+    // As the file names it; empty when it does not.
+    std::string family() const;
     FaceGlyph glyph(WCHAR character) const
     {
         const GlyphPage* page = m_pages[character >> 8].load(std::memory_order_acquire);

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "CairoPicture.h"
 #include "DeviceRect.h"
 #include "PixelColor.h"
 
@@ -13,8 +14,7 @@ namespace wingdi {
 
 namespace {
 
-constexpr std::size_t MostClipPieces = std::size_t{1} << 21; // of a page
-constexpr std::size_t MostHatches = 256;                     // kept at a time
+constexpr std::size_t MostHatches = 256; // kept at a time
 constexpr double HatchSize = 8;
 
 double part(COLORREF color, int shift)
@@ -76,48 +76,10 @@ void drawHatch(cairo_t* cairo, DWORD hatch)
     cairo_stroke(cairo);
 }
 
-void freeData(void* data)
-{
-    delete[] static_cast<unsigned char*>(data);
-}
-
-void nameSurface(cairo_surface_t* surface, const std::string& id)
-{
-    auto copy = std::make_unique<unsigned char[]>(id.size());
-    std::memcpy(copy.get(), id.data(), id.size());
-    unsigned char* const data = copy.get();
-    if (cairo_surface_set_mime_data(surface, CAIRO_MIME_TYPE_UNIQUE_ID, data, id.size(), freeData, data) ==
-        CAIRO_STATUS_SUCCESS) {
-        static_cast<void>(copy.release());
-    }
-}
-
-// Null without memory. Pixels without holes have the form that cairo reads them in.
-std::unique_ptr<cairo_surface_t, CairoRelease> surfaceOf(const VectorPicture& picture)
-{
-    const cairo_format_t format = picture.hasHoles ? CAIRO_FORMAT_ARGB32 : CAIRO_FORMAT_RGB24;
-    std::unique_ptr<cairo_surface_t, CairoRelease> surface(
-        cairo_image_surface_create(format, picture.width, picture.height));
-    if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) {
-        return nullptr;
-    }
-    cairo_surface_flush(surface.get());
-    unsigned char* const bits = cairo_image_surface_get_data(surface.get());
-    const std::ptrdiff_t stride = cairo_image_surface_get_stride(surface.get());
-    const std::size_t length = static_cast<std::size_t>(picture.width) * sizeof(std::uint32_t);
-    for (int y = 0; y < picture.height; ++y) {
-        std::memcpy(bits + y * stride, picture.pixels.data() + std::ptrdiff_t{y} * picture.width, length);
-    }
-    cairo_surface_mark_dirty(surface.get());
-    nameSurface(surface.get(), picture.id);
-    return surface;
-}
-
 } // namespace
 
 CairoPage::CairoPage(cairo_surface_t* surface, double scale, double width, double height)
-    : m_cairo(cairo_create(surface)), m_scale(scale), m_width(width), m_height(height),
-      m_clipBudget(MostClipPieces)
+    : m_cairo(cairo_create(surface)), m_scale(scale), m_width(width), m_height(height)
 {
     begin();
     setColor(m_cairo.get(), 0xFFFFFF);
@@ -142,7 +104,7 @@ void CairoPage::recover()
     setClip(VectorClip(m_clip));
 }
 
-bool CairoPage::show()
+bool CairoPage::finish()
 {
     cairo_reset_clip(m_cairo.get());
     cairo_show_page(m_cairo.get());
@@ -159,32 +121,17 @@ void CairoPage::setClip(const VectorClip& clip)
     m_clip = clip;
     cairo_t* const cairo = m_cairo.get();
     cairo_reset_clip(cairo);
-    std::size_t pieces = clip.rectangles ? clip.rectangles->size() : 0;
-    for (const VectorClip::Shape& shape : clip.shapes) {
-        pieces += shape.outline->size();
-    }
-    const bool inFull = pieces <= m_clipBudget;
-    m_clipBudget -= inFull ? pieces : 0;
     const RECT around = visibleBox();
     if (clip.rectangles) {
-        RECT box{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
         for (const RECT& rect : *clip.rectangles) {
             const RECT seen = overlap(rect, around);
-            box = {std::min(box.left, seen.left), std::min(box.top, seen.top),
-                   std::max(box.right, seen.right), std::max(box.bottom, seen.bottom)};
-            if (inFull) {
-                cairo_rectangle(cairo, seen.left, seen.top, static_cast<double>(seen.right) - seen.left,
-                                static_cast<double>(seen.bottom) - seen.top);
-            }
-        }
-        if (!inFull) {
-            cairo_rectangle(cairo, box.left, box.top, static_cast<double>(box.right) - box.left,
-                            static_cast<double>(box.bottom) - box.top);
+            cairo_rectangle(cairo, seen.left, seen.top, static_cast<double>(seen.right) - seen.left,
+                            static_cast<double>(seen.bottom) - seen.top);
         }
         cairo_set_fill_rule(cairo, CAIRO_FILL_RULE_WINDING);
         cairo_clip(cairo);
     }
-    for (const VectorClip::Shape& shape : inFull ? clip.shapes : std::vector<VectorClip::Shape>()) {
+    for (const VectorClip::Shape& shape : clip.shapes) {
         shape.outline->clippedArea(around).trace(cairo);
         cairo_set_fill_rule(cairo,
                             shape.fillMode == WINDING ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);

@@ -27,9 +27,7 @@ public:
     void picture(const std::shared_ptr<const VectorPicture>& picture, const Mapping& toPage, bool smooth,
                  Blend blend) override;
     void text(const TextOutput& output, COLORREF color) override;
-
-    // The page is done. False when it could not be painted.
-    bool show();
+    bool finish() override;
 
 private:
     using Surface = std::unique_ptr<cairo_surface_t, CairoRelease>;
@@ -54,7 +52,6 @@ private:
     double m_scale;
     double m_width;
     double m_height;
-    std::size_t m_clipBudget; // points and rectangles that clips of the page may still have
     VectorClip m_clip;
     std::map<HatchKey, Surface> m_hatches;
     std::set<std::string> m_shown; // pictures

@@ -9,6 +9,8 @@
 #include <ctime>
 #include <utility>
 
+#include "SvgPage.h"
+
 namespace wingdi {
 
 namespace {
@@ -136,24 +138,33 @@ void DocumentDevice::setMetadata(const char* name)
 
 bool DocumentDevice::isSound() const
 {
+    if (m_kind == GdiDocumentKind::Svg) {
+        return !m_lost;
+    }
     return !m_lost && m_surface && cairo_surface_status(m_surface.get()) == CAIRO_STATUS_SUCCESS;
 }
 
 bool DocumentDevice::startPage()
 {
     const bool isPicture = m_kind == GdiDocumentKind::Picture;
-    if (m_state != State::Document || (isPicture && m_pages > 0)) {
+    if (m_state != State::Document || (m_kind != GdiDocumentKind::Pdf && m_pages > 0)) {
         return false;
     }
     setPageSize(m_pageWidth, m_pageHeight, m_pageDotsPerInch);
     if (isPicture && !openSurface()) {
         return false;
     }
-    if (!isPicture) {
+    if (m_kind == GdiDocumentKind::Pdf) {
         cairo_pdf_surface_set_size(m_surface.get(), points(m_pageWidth), points(m_pageHeight));
     }
-    const double scale = (isPicture ? pictureDotsPerInch() : PointsPerInch) / m_pageDotsPerInch;
-    m_page = std::make_unique<CairoPage>(m_surface.get(), scale, capability(HORZRES), capability(VERTRES));
+    const double width = capability(HORZRES);
+    const double height = capability(VERTRES);
+    if (m_kind == GdiDocumentKind::Svg) {
+        m_page = std::make_unique<SvgPage>(m_pageWidth, m_pageHeight, width, height);
+    } else {
+        const double scale = (isPicture ? pictureDotsPerInch() : PointsPerInch) / m_pageDotsPerInch;
+        m_page = std::make_unique<CairoPage>(m_surface.get(), scale, width, height);
+    }
     setPage(m_page.get());
     m_state = State::Page;
     return isSound();
@@ -166,7 +177,10 @@ bool DocumentDevice::endPage()
     }
     flush();
     setPage(nullptr);
-    const bool painted = m_page->show();
+    const bool painted = m_page->finish();
+    if (m_kind == GdiDocumentKind::Svg) {
+        m_svg = static_cast<const SvgPage&>(*m_page).bytes();
+    }
     m_page.reset();
     ++m_pages;
     m_state = State::Document;
@@ -196,20 +210,29 @@ bool DocumentDevice::endDocument()
     if (m_state != State::Document) {
         return false;
     }
-    bool done = m_pages > 0 && isSound();
-    if (done && m_kind == GdiDocumentKind::Pdf) {
+    const bool done = m_pages > 0 && isSound() && writeDocument() && isSound() && m_sink->commit();
+    close();
+    return done;
+}
+
+bool DocumentDevice::writeDocument()
+{
+    switch (m_kind) {
+    case GdiDocumentKind::Pdf:
         cairo_surface_finish(m_surface.get());
-    } else if (done) {
+        return true;
+    case GdiDocumentKind::Picture:
         cairo_surface_write_to_png_stream(
             m_surface.get(),
             [](void* device, const unsigned char* bytes, unsigned int length) {
                 return static_cast<cairo_status_t>(writeBytes(device, bytes, length));
             },
             this);
+        return true;
+    case GdiDocumentKind::Svg:
+        return m_sink->write({reinterpret_cast<const unsigned char*>(m_svg.data()), m_svg.size()});
     }
-    done = done && isSound() && m_sink->commit();
-    close();
-    return done;
+    return false;
 }
 
 bool DocumentDevice::abortDocument()
@@ -227,6 +250,7 @@ void DocumentDevice::close()
     setPage(nullptr);
     m_page.reset();
     m_titles.clear();
+    m_svg.clear();
     m_lost = true;
     m_surface.reset();
     m_sink.reset();

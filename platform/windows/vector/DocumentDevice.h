@@ -1,4 +1,4 @@
-// The device of a document: pages one after the other, as PDF or as one smooth picture. Made by gdiCreateDocument.
+// The device of a document: pages one after the other, as PDF, or one as a smooth picture or as SVG for viewers. Made by gdiCreateDocument.
 #pragma once
 
 #include <windows.h>
@@ -38,6 +38,7 @@ private:
     enum class State : unsigned char { Idle, Document, Page };
 
     bool openSurface();
+    bool writeDocument();
     double pictureDotsPerInch() const;
     void setMetadata(const char* name);
     void enterTitles(bool pageIsThere);
@@ -59,7 +60,8 @@ private:
     int m_pages = 0;
     std::vector<std::string> m_titles; // that lead to the page that is open
     std::unique_ptr<cairo_surface_t, CairoRelease> m_surface;
-    std::unique_ptr<CairoPage> m_page;
+    std::unique_ptr<VectorPage> m_page;
+    std::string m_svg; // the page that is done
 };
 
 } // namespace wingdi

@@ -62,6 +62,8 @@ VectorPaint plain(COLORREF color, Blend blend = Blend::Normal)
 // Clips of more are regions.
 constexpr std::size_t MostClipPoints = 4096;
 constexpr std::size_t MostClipShapes = 16;
+// Of all clips of a page: each is written anew wherever it begins to be in force.
+constexpr std::size_t MostClipPieces = std::size_t{1} << 21;
 
 constexpr COLORREF WhiteInk = 0xFFFFFF;
 
@@ -112,6 +114,7 @@ void VectorDevice::setPageSize(double width, double height, int dotsPerInch)
 void VectorDevice::setPage(VectorPage* page)
 {
     m_page = page;
+    m_clipBudget = MostClipPieces;
     m_clip = {};
     m_steps.reset();
 }
@@ -166,6 +169,24 @@ VectorClip VectorDevice::clipOf(const DeviceContext& context, const Region* with
     return clip;
 }
 
+VectorClip VectorDevice::affordable(const VectorClip& clip)
+{
+    std::size_t pieces = clip.rectangles ? clip.rectangles->size() : 0;
+    for (const VectorClip::Shape& shape : clip.shapes) {
+        pieces += shape.outline->size();
+    }
+    if (pieces <= m_clipBudget) {
+        m_clipBudget -= pieces;
+        return clip;
+    }
+    ++m_approximations;
+    VectorClip box;
+    if (clip.rectangles) {
+        box.rectangles = std::vector{Region(*clip.rectangles).box()};
+    }
+    return box;
+}
+
 bool VectorDevice::begin(const DeviceContext& context, const Region* within)
 {
     if (m_page == nullptr) {
@@ -174,7 +195,7 @@ bool VectorDevice::begin(const DeviceContext& context, const Region* within)
     flush();
     VectorClip clip = clipOf(context, within);
     if (!isSame(clip, m_clip)) {
-        m_page->setClip(clip);
+        m_page->setClip(affordable(clip));
         m_clip = std::move(clip);
     }
     return isPageOrPart(m_clip);

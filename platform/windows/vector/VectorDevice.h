@@ -68,6 +68,8 @@ private:
     static VectorClip clipOf(const DeviceContext& context, const Region* within = nullptr);
     // False without a page; with one the context's clip is in force.
     bool begin(const DeviceContext& context, const Region* within = nullptr);
+    // A clip whose rectangles and points the page still takes, else the box around it.
+    VectorClip affordable(const VectorClip& clip);
     void fill(const Outline& area, int fillMode, const VectorPaint& paint, BYTE operation);
     void stroke(const DeviceContext& context, const Outline& lines);
     std::optional<VectorPaint> paintOf(const DeviceContext& context, const BrushObject& brush) const;
@@ -84,7 +86,8 @@ private:
     double m_width = 210;
     double m_height = 297;
     VectorPage* m_page = nullptr;
-    VectorClip m_clip; // in force on the page
+    VectorClip m_clip; // in force on the page, as the context has it
+    std::size_t m_clipBudget = 0;
     std::optional<MaskedSteps> m_steps;
     int m_approximations = 0;
 };

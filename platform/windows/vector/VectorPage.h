@@ -70,6 +70,8 @@ public:
                          bool smooth, Blend blend) = 0;
     // The letters alone: backgrounds and lines of text come as areas.
     virtual void text(const TextOutput& output, COLORREF color) = 0;
+    // The page is done. False when it could not be made.
+    virtual bool finish() = 0;
 };
 
 } // namespace wingdi

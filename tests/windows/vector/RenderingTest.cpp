@@ -1,4 +1,4 @@
-// Drawings as documents, painted by poppler, MuPDF and Ghostscript, beside the smooth picture of the same calls.
+// Drawings as documents, painted by poppler, MuPDF, Ghostscript and librsvg, beside the smooth picture of the same calls.
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -140,6 +140,7 @@ TEST_P(Rendering, AgreesWithTheSmoothPicture)
     fs::create_directories(folder);
     draw(drawing, GdiDocumentKind::Pdf, folder / "d.pdf");
     draw(drawing, GdiDocumentKind::Picture, folder / "d.png");
+    draw(drawing, GdiDocumentKind::Svg, folder / "d.svg");
     const std::string go = "cd '" + folder.string() + "' && ";
     const auto run = [&go](const char* command) {
         return std::system((go + command).c_str()) == 0;
@@ -147,6 +148,7 @@ TEST_P(Rendering, AgreesWithTheSmoothPicture)
     // MuPDF takes a picture without a resolution as one of 96 dpi.
     ASSERT_TRUE(run("mutool draw -q -r 96 -o smooth.ppm d.png 1 2>/dev/null"));
     EXPECT_TRUE(run("qpdf --check d.pdf >/dev/null 2>&1"));
+    EXPECT_TRUE(run("xmllint --noout d.svg"));
     const struct {
         const char* name;
         const char* command;
