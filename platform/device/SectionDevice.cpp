@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <mutex>
 #include <new>
 #include <vector>
@@ -106,9 +105,9 @@ HDC createPage(const GdiDeviceOptions& options)
     const HDC device = CreateCompatibleDC(nullptr);
     if (bitmap != nullptr && device != nullptr && SelectObject(device, bitmap) != nullptr) {
         auto* const pixels = static_cast<unsigned char*>(bits);
-        std::memset(bits, 0xFF,
-                    static_cast<std::size_t>(options.width) * BytesPerPixel *
-                        static_cast<std::size_t>(options.height));
+        // With zero in the unused byte, as the system's own painting leaves it: a flood looks at it.
+        std::fill_n(static_cast<std::uint32_t*>(bits),
+                    std::size_t(options.width) * std::size_t(options.height), 0xFFFFFFU);
         try {
             pages().add({device, bitmap, pixels, options.width, options.height});
             return device;

@@ -169,6 +169,7 @@ constexpr Difference Differences[] = {
     {"wide polyline", 852, WideLine},
     {"polygon alternate", 998, Slope},
     {"polygon winding", 998, Slope},
+    {"path of lines that leave the position", 998, Slope},
     {"curve", 477, Curve},
     {"pen widths", 983, WideLine},
     {"pen styles", 643, ThinDashes},
@@ -242,7 +243,10 @@ TEST_P(SideBySide, Recorded)
         EXPECT_EQ(own, readBytes(OwnFolder + file));
     }
     const int alike = agreement(drawing, played(own), played(readBytes(OtherFolder + file)));
-    EXPECT_EQ(alike, 1000);
+    // Wine takes the black and white of the brush's table, and the layer the colours of text and background.
+    constexpr int BrushOnWine = 529;
+    const bool isBrush = std::string_view(drawing.name) == "picture brush of one bit";
+    EXPECT_EQ(alike, UnderWine && isBrush ? BrushOnWine : 1000);
 }
 
 INSTANTIATE_TEST_SUITE_P(Drawings, SideBySide,

@@ -299,7 +299,8 @@ constexpr SideBySideDrawing Drawings[] = {
          use(d, CreatePatternBrush(mask));
          Rectangle(d, 4, 4, 60, 44);
          DeleteObject(mask);
-     }},
+     },
+     false, true},
     {"filled and framed rectangles",
      [](HDC d) {
          const HBRUSH brush = CreateSolidBrush(Red);
@@ -371,6 +372,17 @@ constexpr SideBySideDrawing Drawings[] = {
          StrokeAndFillPath(d);
      },
      false, true},
+    {"path of lines that leave the position",
+     [](HDC d) {
+         BeginPath(d);
+         MoveToEx(d, 6, 40, nullptr);
+         Polyline(d, Zigzag, 3);
+         LineTo(d, 6, 6);
+         LineTo(d, 30, 6);
+         EndPath(d);
+         useBrush(d, Yellow);
+         StrokeAndFillPath(d);
+     }},
     {"scaled page",
      [](HDC d) {
          SetMapMode(d, MM_ANISOTROPIC);

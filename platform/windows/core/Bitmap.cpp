@@ -112,7 +112,7 @@ std::shared_ptr<Bitmap> Bitmap::create(int width, int height, int bitsPerPixel, 
         bitmap->m_bottomUp = bottomUp;
         bitmap->m_dibSection = dibSection;
         bitmap->m_stride = static_cast<std::ptrdiff_t>(stride);
-        bitmap->m_bits.resize(stride * static_cast<unsigned int>(height));
+        bitmap->m_bits.resize(static_cast<std::size_t>(stride * static_cast<unsigned int>(height)));
         if (bitsPerPixel == 1) {
             bitmap->m_palette.assign(std::begin(BlackAndWhite), std::end(BlackAndWhite));
         } else if (bitsPerPixel == 16) {

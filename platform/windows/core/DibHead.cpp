@@ -73,9 +73,9 @@ std::optional<DibHead> readHead(const BYTE* info, std::size_t known, UINT usage)
     if (rows > LargestBitmap || header.biSizeImage > LargestBitmap) {
         return std::nullopt;
     }
-    head.stride = stride;
+    head.stride = static_cast<std::size_t>(stride);
     const bool compressed = head.compression == BI_RLE8 || head.compression == BI_RLE4;
-    head.bitsBytes = compressed ? header.biSizeImage : rows;
+    head.bitsBytes = compressed ? header.biSizeImage : static_cast<std::size_t>(rows);
 
     // Masks are after the shortest header and are part of the longer ones.
     const bool hasMasks = head.compression == BI_BITFIELDS;

@@ -184,10 +184,11 @@ void* MapViewOfFile(HANDLE mapping, DWORD access, DWORD offsetHigh, DWORD offset
             size > found.size - offset) {
             return failWith(ERROR_INVALID_PARAMETER, nullptr);
         }
-        const std::uint64_t length = size != 0 ? size : found.size - offset;
-        if (length > std::numeric_limits<std::size_t>::max()) {
+        const std::uint64_t wanted = size != 0 ? size : found.size - offset;
+        if (wanted > std::numeric_limits<std::size_t>::max()) {
             return failWith(ERROR_NOT_ENOUGH_MEMORY, nullptr);
         }
+        const auto length = static_cast<std::size_t>(wanted);
         void* view = mmap(nullptr, length, PROT_READ, MAP_PRIVATE, found.descriptor->get(),
                           static_cast<off_t>(offset));
         if (view == MAP_FAILED) { // NOLINT(*-cstyle-cast,performance-no-int-to-ptr): the system's macro

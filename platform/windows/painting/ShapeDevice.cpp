@@ -87,11 +87,18 @@ bool ShapeDevice::put(DeviceContext& context, const Outline& outline, bool fille
 {
     if (m_pathState == PathState::Open) {
         m_path.append(outline);
-        m_pathMoved = false;
+        m_pathMoved = true;
     } else if (!outline.empty()) {
         drawShape(context, outline, filled);
     }
     return true;
+}
+
+bool ShapeDevice::putFromPosition(DeviceContext& context, const Outline& outline)
+{
+    const bool done = put(context, outline, false);
+    m_pathMoved = false;
+    return done;
 }
 
 void ShapeDevice::continueFrom(Outline& outline, DevicePoint from) const
@@ -107,7 +114,7 @@ bool ShapeDevice::lineTo(DeviceContext& context, POINT from, POINT to)
     Outline outline;
     continueFrom(outline, wholePoint(mapping, from));
     outline.lineTo(wholePoint(mapping, to));
-    return put(context, outline, false);
+    return putFromPosition(context, outline);
 }
 
 bool ShapeDevice::poly(DeviceContext& context, PolyShape shape, std::span<const POINT> points,
@@ -141,7 +148,7 @@ bool ShapeDevice::poly(DeviceContext& context, PolyShape shape, std::span<const 
             outline.close();
         }
     }
-    return put(context, outline, isArea(shape));
+    return goesOn ? putFromPosition(context, outline) : put(context, outline, isArea(shape));
 }
 
 bool ShapeDevice::box(DeviceContext& context, BoxShape shape, const RECT& rect, SIZE corner)
@@ -207,7 +214,7 @@ bool ShapeDevice::arc(DeviceContext& context, ArcShape shape, const RECT& rect, 
     if (filled) {
         outline.close();
     }
-    return put(context, outline, filled);
+    return shape == ArcShape::ArcTo ? putFromPosition(context, outline) : put(context, outline, filled);
 }
 
 bool ShapeDevice::angleArc(DeviceContext& context, POINT center, DWORD radius, FLOAT startAngle,
@@ -223,7 +230,7 @@ bool ShapeDevice::angleArc(DeviceContext& context, POINT center, DWORD radius, F
     continueFrom(outline, wholePoint(context.mapping(), context.state.position));
     outline.lineTo(arcStart(frame, sweep));
     appendArc(outline, frame, sweep);
-    return put(context, outline, false);
+    return putFromPosition(context, outline);
 }
 
 bool ShapeDevice::path(DeviceContext& context, PathStep step)

@@ -51,12 +51,15 @@ private:
 
     // Into the path while one is open, else onto the page.
     bool put(DeviceContext& context, const Outline& outline, bool isArea);
+    // The same of a figure from the current position on, which ends where the next one goes on.
+    bool putFromPosition(DeviceContext& context, const Outline& outline);
     // The figure that goes on from the current position: the path's last one, or a new one.
     void continueFrom(Outline& outline, DevicePoint from) const;
 
     PathState m_pathState = PathState::None;
     Outline m_path;
-    bool m_pathMoved = false; // MoveToEx: the next line begins a figure
+    // The path's last point is not the current position: the next line begins a figure.
+    bool m_pathMoved = false;
     bool m_pathWidened = false;
 };
 

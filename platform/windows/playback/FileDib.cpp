@@ -31,6 +31,16 @@ DWORD colorsHeld(const BITMAPINFOHEADER& header, std::size_t length)
     return held < std::size_t{1} << header.biBitCount ? static_cast<DWORD>(held) : 0;
 }
 
+// A monochrome bitmap is said to have no colour table ([MS-WMF] 2.1.1.6): it gets the one of all others.
+void addMonochromeColors(std::vector<BYTE>& head, BITMAPINFOHEADER& header)
+{
+    constexpr RGBQUAD Colors[] = {{0, 0, 0, 0}, {255, 255, 255, 0}};
+    header.biClrUsed = 0;
+    std::memcpy(head.data(), &header, sizeof(header));
+    head.resize(header.biSize + sizeof(Colors));
+    std::memcpy(head.data() + header.biSize, Colors, sizeof(Colors));
+}
+
 } // namespace
 
 bool FileDib::stands(const metafile::Record& record, const DibPlace& place) noexcept
@@ -51,6 +61,11 @@ std::optional<FileDib> FileDib::read(Playback& playback, const metafile::Record&
     if (rows > 0 && rows < std::abs(std::int64_t{header.biHeight}) && !isRunLength(header.biCompression)) {
         header.biHeight = header.biHeight < 0 ? -rows : rows;
         std::memcpy(head->data(), &header, sizeof(header));
+    }
+    if (usage == DIB_PAL_INDICES && header.biBitCount == 1 && header.biSize >= sizeof(header) &&
+        header.biSize <= head->size()) {
+        addMonochromeColors(*head, header);
+        usage = DIB_RGB_COLORS;
     }
     if (const DWORD colors = colorsHeld(header, head->size())) {
         header.biClrUsed = colors;

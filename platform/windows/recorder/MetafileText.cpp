@@ -51,7 +51,7 @@ bool MetafileDevice::text(DeviceContext& context, const TextOutput& output)
     if (!output.text.empty()) {
         std::memcpy(tail, output.text.data(), output.text.size_bytes());
         if (hasAdvances) {
-            std::memcpy(tail + textLength, output.advances.data(), advancesLength);
+            std::memcpy(tail + textLength, output.advances.data(), static_cast<std::size_t>(advancesLength));
         }
     }
 

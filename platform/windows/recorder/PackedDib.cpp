@@ -37,7 +37,8 @@ void PackedDib::writeHead(BYTE* target) const noexcept
         return;
     }
     // Colours that the bitmap does not have stay black, as in the bytes written on.
-    const std::size_t colors = std::min<std::size_t>(m_view.palette.size(), colorCount());
+    const auto colors =
+        static_cast<std::size_t>(std::min<std::uint64_t>(m_view.palette.size(), colorCount()));
     if (colors != 0) {
         std::memcpy(target, m_view.palette.data(), colors * sizeof(RGBQUAD));
     }

@@ -181,6 +181,7 @@ constexpr DWORD BI_RLE4 = 2;
 constexpr DWORD BI_BITFIELDS = 3;
 constexpr UINT DIB_RGB_COLORS = 0;
 constexpr UINT DIB_PAL_COLORS = 1;
+constexpr UINT DIB_PAL_INDICES = 2; // of a record only
 
 // Text output.
 constexpr UINT ETO_OPAQUE = 0x0002;
