@@ -1,10 +1,11 @@
-// The peer: the table page on cairo's SVG surface and on its PostScript surface, written to memory, and on an image.
+// The peer: the table page on cairo's SVG, PDF and PostScript surfaces, written to memory, and on an image.
 // Each call draws what the same call of a surface means; hatches are six repeated tiles, made once for the page.
 #include <array>
 #include <numbers>
 
 #include "CairoWriter.h"
 #include "DevicePage.h"
+#include "DocumentPage.h"
 #include "PostScriptPage.h"
 #include "TablePage.h"
 
@@ -152,10 +153,7 @@ private:
 
 void writeTable(PageFormat format, int rows, std::string& page)
 {
-    writeCairoPage(format, tableBounds(rows), page, [rows](cairo_t* cairo) {
-        CairoPage canvas(cairo);
-        drawTable(canvas, rows);
-    });
+    writeCairoPage(format, tableBounds(rows), page, [rows](cairo_t* cairo) { drawCairoTable(cairo, rows); });
 }
 
 class CairoSheet : public TableSheet {
@@ -189,6 +187,17 @@ private:
 std::unique_ptr<TableSheet> makeCairoSheet(bool smooth)
 {
     return std::make_unique<CairoSheet>(smooth);
+}
+
+void drawCairoTable(cairo_t* cairo, int rows)
+{
+    CairoPage canvas(cairo);
+    drawTable(canvas, rows);
+}
+
+void makeCairoDocumentTable(int rows, std::string& document)
+{
+    writeTable(PageFormat::Pdf, rows, document);
 }
 
 void makeCairoPage(int rows, std::string& page)

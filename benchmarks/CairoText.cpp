@@ -1,9 +1,10 @@
-// The peer: the text page on cairo's SVG surface and on its PostScript surface, written to memory. Each call draws what the same call of a
-// surface means in a viewer: its clip, its alignment, its fitted width, its underline. Only the characters of a
+// The peer: the text page on cairo's SVG, PDF and PostScript surfaces, written to memory. Each call draws what the same
+// call of a surface means in a viewer: its clip, its alignment, its fitted width, its underline. Only the characters of a
 // turned line lie along it, which costs less than to turn them back.
 #include <numbers>
 
 #include "CairoWriter.h"
+#include "DocumentPage.h"
 #include "PostScriptPage.h"
 #include "TextPage.h"
 
@@ -96,17 +97,25 @@ private:
 
 void writeText(PageFormat format, int rows, std::string& page)
 {
-    writeCairoPage(format, textBounds(rows), page, [rows](cairo_t* cairo) {
-        // A painted ground covers the page from the start. Without it cairo unites the areas of all texts, one
-        // by one, which costs it the square of their number.
-        setColor(cairo, 0xFFFFFF);
-        cairo_paint(cairo);
-        CairoText canvas(cairo);
-        drawText(canvas, rows);
-    });
+    writeCairoPage(format, textBounds(rows), page, [rows](cairo_t* cairo) { drawCairoText(cairo, rows); });
 }
 
 } // namespace
+
+void drawCairoText(cairo_t* cairo, int rows)
+{
+    // A painted ground covers the page from the start. Without it cairo unites the areas of all texts, one
+    // by one, which costs it the square of their number.
+    setColor(cairo, 0xFFFFFF);
+    cairo_paint(cairo);
+    CairoText canvas(cairo);
+    drawText(canvas, rows);
+}
+
+void makeCairoDocumentText(int rows, std::string& document)
+{
+    writeText(PageFormat::Pdf, rows, document);
+}
 
 void makeCairoText(int rows, std::string& page)
 {

@@ -1,11 +1,12 @@
-// What the pages of the peer share: owners of cairo's objects, and a page written to memory by cairo's SVG surface
-// or by its PostScript surface, held to language level 2.
+// What the pages of the peer share: owners of cairo's objects, and a page written to memory by cairo's SVG surface,
+// by its PDF surface or by its PostScript surface, held to language level 2.
 #pragma once
 
 #include <memory>
 #include <stdexcept>
 #include <string>
 
+#include <cairo-pdf.h>
 #include <cairo-ps.h>
 #include <cairo-svg.h>
 #include <cairo.h>
@@ -37,13 +38,17 @@ inline void setColor(cairo_t* cairo, unsigned long color)
     cairo_set_source_rgb(cairo, part(0), part(8), part(16));
 }
 
-enum class PageFormat { Svg, PostScript };
+enum class PageFormat { Svg, PostScript, Pdf };
 
 inline CairoSurface makeCairoSurface(PageFormat format, const RECT& bounds, std::string& page)
 {
     if (format == PageFormat::Svg) {
         return CairoSurface(
             cairo_svg_surface_create_for_stream(appendBytes, &page, bounds.right, bounds.bottom));
+    }
+    if (format == PageFormat::Pdf) {
+        return CairoSurface(
+            cairo_pdf_surface_create_for_stream(appendBytes, &page, bounds.right, bounds.bottom));
     }
     CairoSurface surface(cairo_ps_surface_create_for_stream(appendBytes, &page, bounds.right, bounds.bottom));
     cairo_ps_surface_restrict_to_level(surface.get(), CAIRO_PS_LEVEL_2);

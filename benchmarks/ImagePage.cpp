@@ -21,14 +21,19 @@ void appendNumber(std::string& out, unsigned int value)
 
 void writeImage(CSurface& surface, std::string& image, int pictureType, std::string& page)
 {
-    RECT rect = ImageRect;
-    surface.includeImage(1, reinterpret_cast<unsigned char*>(image.data()), static_cast<int>(image.size()),
-                         ImageSide, ImageSide, pictureType);
-    surface.drawImage(&rect, 1, 1, 0, 0);
+    drawImageOn(surface, image, pictureType);
     takePage(surface, page);
 }
 
 } // namespace
+
+void drawImageOn(CSurface& surface, std::string& image, int pictureType)
+{
+    RECT rect = ImageRect;
+    surface.includeImage(1, reinterpret_cast<unsigned char*>(image.data()), static_cast<int>(image.size()),
+                         ImageSide, ImageSide, pictureType);
+    surface.drawImage(&rect, 1, 1, 0, 0);
+}
 
 CairoSurface drawImage()
 {

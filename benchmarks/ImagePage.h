@@ -20,6 +20,8 @@ std::string pngOf(cairo_surface_t* image);
 // 24 bits a pixel.
 std::string bitmapOf(cairo_surface_t* image);
 
+class CSurface;
+void drawImageOn(CSurface& surface, std::string& image, int pictureType);
 void makeSurfaceImage(std::string& image, int pictureType, std::string& page);
 void makePostScriptImage(std::string& image, int pictureType, std::string& page);
 // From now on cairo keeps these bytes when it writes the image; they stay the caller's.

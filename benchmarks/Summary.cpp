@@ -45,14 +45,14 @@ constexpr Ratio Ratios[] = {
 constexpr Ratio ImageRatios[] = {
     {PngName, PngCairoName, NoLimit},       {BitmapName, BitmapCairoName, NoLimit},
     {PsPngName, PsImageCairoName, NoLimit}, {PsBitmapName, PsImageCairoName, NoLimit},
-    {PsEncodeName, PsDigitsName, 3.0},
+    {PsEncodeName, PsDigitsName, 3.0},      {PdfImageName, PdfImageCairoName, 1.3},
 };
 
 // Of the small table alone.
 constexpr Ratio SheetRatios[] = {
-    {RecordPeerName, RecordName, NoLimit},
-    {PixelsName, PixelsCairoName, NoLimit},
-    {PixelsName, PixelsSmoothName, NoLimit},
+    {RecordPeerName, RecordName, NoLimit},   {PixelsName, PixelsCairoName, NoLimit},
+    {PixelsName, PixelsSmoothName, NoLimit}, {PdfName, PdfCairoName, 1.3},
+    {PdfTextName, PdfTextCairoName, 1.3},
 };
 
 // Pages of one content, by their bytes.
@@ -60,6 +60,7 @@ struct Sizes {
     const char* name;
     const char* baseName;
     int argument;
+    double limit = NoLimit;
 };
 
 constexpr Sizes SizePairs[] = {
@@ -75,6 +76,10 @@ constexpr Sizes SizePairs[] = {
     {PngName, PngCairoName, ImageSide},
     {BitmapName, BitmapCairoName, ImageSide},
     {PsPngName, PsImageCairoName, ImageSide},
+    {PdfName, PdfCairoName, SmallTable, 1.1},
+    {PdfTextName, PdfTextCairoName, SmallTable, 1.1},
+    {PdfImageName, PdfImageCairoName, ImageSide, 1.1},
+    {PdfPagesName, PdfPagesCairoName, ManyPages, 1.1},
 };
 
 // A large page beside a small one. The cost of a call must not grow with the page; that of a search may grow
@@ -172,28 +177,33 @@ void Summary::printRatios(std::ostream& out) const
     for (const Ratio& ratio : SheetRatios) {
         printRatio(out, key(ratio.name, SmallTable), key(ratio.baseName, SmallTable), ratio.limit);
     }
+    printRatio(out, key(PdfPagesName, ManyPages), key(PdfPagesCairoName, ManyPages), 1.3);
     for (const Growth& growth : Growths) {
         printRatio(out, key(growth.name, LargeTable), key(growth.name, SmallTable), growth.limit);
     }
     out << "\nBytes of the page                         ratio\n";
     for (const Sizes& pair : SizePairs) {
-        printBytes(out, key(pair.name, pair.argument), key(pair.baseName, pair.argument));
+        printBytes(out, key(pair.name, pair.argument), key(pair.baseName, pair.argument), pair.limit);
     }
 }
 
-void Summary::printBytes(std::ostream& out, const std::string& key, const std::string& baseKey) const
+void Summary::printBytes(std::ostream& out, const std::string& key, const std::string& baseKey,
+                         double limit) const
 {
     const double base = medianOf(baseKey).page;
-    out << std::left << std::setw(NameWidth) << key + " : " + baseKey << std::right;
-    printNumber(out, 7, 2, base > 0 ? medianOf(key).page / base : 0);
-    out << '\n';
+    printAgainstLimit(out, key, baseKey, base > 0 ? medianOf(key).page / base : 0, limit);
 }
 
 void Summary::printRatio(std::ostream& out, const std::string& key, const std::string& baseKey,
                          double limit) const
 {
     const double calls = medianOf(key).calls;
-    const double value = calls > 0 ? medianOf(baseKey).calls / calls : 0;
+    printAgainstLimit(out, key, baseKey, calls > 0 ? medianOf(baseKey).calls / calls : 0, limit);
+}
+
+void Summary::printAgainstLimit(std::ostream& out, const std::string& key, const std::string& baseKey,
+                                double value, double limit)
+{
     out << std::left << std::setw(NameWidth) << key + " : " + baseKey << std::right;
     printNumber(out, 7, 2, value);
     if (limit > 0) {

@@ -71,6 +71,17 @@ inline constexpr const char* PsDecodeName = "ps_decode";
 inline constexpr const char* PsEncodeName = "ps_encode";
 inline constexpr const char* PsDigitsName = "ps_digits";
 
+// Both pages and the image as PDF; the last two with the number of their pages as argument.
+inline constexpr const char* PdfName = "pdf_surface";
+inline constexpr const char* PdfCairoName = "pdf_cairo";
+inline constexpr const char* PdfTextName = "pdf_text_surface";
+inline constexpr const char* PdfTextCairoName = "pdf_text_cairo";
+inline constexpr const char* PdfImageName = "pdf_bmp_surface";
+inline constexpr const char* PdfImageCairoName = "pdf_bmp_cairo";
+inline constexpr const char* PdfPagesName = "pdf_pages_surface";
+inline constexpr const char* PdfPagesCairoName = "pdf_pages_cairo";
+inline constexpr int ManyPages = 1000;
+
 inline constexpr int SmallTable = 50;
 inline constexpr int LargeTable = 5000;
 
@@ -103,7 +114,10 @@ private:
     void printRatios(std::ostream& out) const;
     void printRatio(std::ostream& out, const std::string& key, const std::string& baseKey,
                     double limit) const;
-    void printBytes(std::ostream& out, const std::string& key, const std::string& baseKey) const;
+    void printBytes(std::ostream& out, const std::string& key, const std::string& baseKey,
+                    double limit) const;
+    static void printAgainstLimit(std::ostream& out, const std::string& key, const std::string& baseKey,
+                                  double value, double limit);
 
     std::map<std::pair<std::int64_t, std::int64_t>, Median> m_medians; // in the order of registration
 };

@@ -83,21 +83,25 @@ private:
 
 } // namespace
 
+void drawSurfaceText(CSurface& surface, int rows)
+{
+    SurfaceText canvas(surface);
+    drawText(canvas, rows);
+}
+
 void makeSurfaceText(int rows, std::string& page)
 {
     RECT millimetres = PageMillimetres;
     RECT bounds = textBounds(rows);
     CSurfaceSVG surface(&millimetres, &bounds);
-    SurfaceText canvas(surface);
-    drawText(canvas, rows);
+    drawSurfaceText(surface, rows);
     takePage(surface, page);
 }
 
 void makePostScriptText(int rows, std::string& page)
 {
     CSurfacePSPrinter surface = makePostScriptSurface(PageMillimetres, textBounds(rows));
-    SurfaceText canvas(surface);
-    drawText(canvas, rows);
+    drawSurfaceText(surface, rows);
     takePage(surface, page);
 }
 

@@ -118,6 +118,9 @@ void drawText(Canvas& canvas, int rows)
     canvas.cell(ClosingText, textCell(rows, 0), NoClipFlag);
 }
 
+class CSurface;
+void drawSurfaceText(CSurface& surface, int rows);
+
 // Each makes the whole page and leaves its bytes in `page`, whose room is used again when it has some.
 void makeSurfaceText(int rows, std::string& page);
 void makeCairoText(int rows, std::string& page);

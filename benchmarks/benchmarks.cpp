@@ -25,6 +25,7 @@
 
 #include "Checks.h"
 #include "DevicePage.h"
+#include "DocumentPage.h"
 #include "ImagePage.h"
 #include "MetafilePage.h"
 #include "NullSurface.h"
@@ -300,6 +301,38 @@ void registerImages()
     registerSamples(bitmap);
 }
 
+int callsOfPages(int pages)
+{
+    return pages / 2 * (shapeCalls(RowsOfManyPages) + textCalls(RowsOfManyPages));
+}
+
+void registerDocuments()
+{
+    struct Writer {
+        const char* name;
+        PageMaker make;
+        CallCount calls;
+        int argument;
+    };
+    constexpr Writer Writers[] = {{PdfName, makeDocumentTable, shapeCalls, SmallTable},
+                                  {PdfCairoName, makeCairoDocumentTable, shapeCalls, SmallTable},
+                                  {PdfTextName, makeDocumentText, textCalls, SmallTable},
+                                  {PdfTextCairoName, makeCairoDocumentText, textCalls, SmallTable},
+                                  {PdfPagesName, makeDocument, callsOfPages, ManyPages},
+                                  {PdfPagesCairoName, makeCairoDocument, callsOfPages, ManyPages}};
+    for (const Writer& writer : Writers) {
+        benchmark::RegisterBenchmark(writer.name, measurePage, writer.make, writer.calls, Memory::Kept)
+            ->Arg(writer.argument)
+            ->Unit(benchmark::kMicrosecond);
+    }
+    static const CairoSurface Plain = drawImage();
+    static std::string bitmap = bitmapOf(Plain.get());
+    registerImage(PdfImageName,
+                  [](std::string& document) { makeDocumentImage(bitmap, BitmapType, document); });
+    registerImage(PdfImageCairoName,
+                  [](std::string& document) { makeCairoImage(PageFormat::Pdf, Plain.get(), document); });
+}
+
 void keepFreedMemory()
 {
     constexpr int LargestMappingThreshold = 32 << 20; // the allocator accepts no higher one
@@ -327,7 +360,7 @@ int main(int argc, char** argv)
             return 1;
         }
     }
-    if (!imagesSurvive() || !samplesSurvive() || !sheetsAgree(SmallTable)) {
+    if (!imagesSurvive() || !samplesSurvive() || !sheetsAgree(SmallTable) || !documentsStream()) {
         return 1;
     }
 
@@ -337,6 +370,7 @@ int main(int argc, char** argv)
     registerMetafiles();
     registerSheets();
     registerImages();
+    registerDocuments();
     std::cout << "Measuring; the lines come together at the end, all of them after about a minute and a half."
               << std::endl;
     Summary summary;

@@ -83,8 +83,7 @@ CairoPage::CairoPage(cairo_surface_t* surface, double scale, double width, doubl
 {
     begin();
     setColor(m_cairo.get(), 0xFFFFFF);
-    cairo_rectangle(m_cairo.get(), 0, 0, width, height);
-    cairo_fill(m_cairo.get());
+    cairo_paint(m_cairo.get());
 }
 
 void CairoPage::begin()
@@ -210,15 +209,27 @@ void CairoPage::stroke(const Outline& lines, const PenLook& pen, const VectorPai
     const int reach = static_cast<int>(std::ceil(pen.reach()));
     const RECT around = grown(visibleBox(), reach);
     const bool isNear = liesWithin(grown(lines.box(), reach), around);
-    cairo_set_dash(cairo, pen.dashes.data(), static_cast<int>(pen.dashes.size()), 0);
     if (isNear) {
         lines.trace(cairo);
     } else {
         lines.clippedLines(around, pen.dashes).trace(cairo);
-        cairo_set_dash(cairo, nullptr, 0, 0);
     }
-    strokeTraced(cairo, pen);
+    // In the surface's own units a line takes fewer bytes: a document writes down each scale that is in force.
+    const double scale = pen.nib ? 1 : m_scale;
+    PenLook look = pen;
+    look.width *= scale;
+    for (double& dash : look.dashes) {
+        dash *= scale;
+    }
+    cairo_matrix_t before;
+    cairo_get_matrix(cairo, &before);
+    if (!pen.nib) {
+        cairo_identity_matrix(cairo);
+    }
+    cairo_set_dash(cairo, look.dashes.data(), isNear ? static_cast<int>(look.dashes.size()) : 0, 0);
+    strokeTraced(cairo, look);
     cairo_set_dash(cairo, nullptr, 0, 0);
+    cairo_set_matrix(cairo, &before);
     recover();
 }
 

@@ -20,9 +20,11 @@ constexpr double MillimetersPerInch = 25.4;
 constexpr double LargestPage = 5080;            // millimetres: 200 inches, the most that readers of PDF take
 constexpr double MostPixels = double{64 << 20}; // of a picture: 256 MiB
 
+// To a thousandth: what was meant as whole points stays that. Cairo cuts pages off at whole points.
 double points(double millimeters)
 {
-    return millimeters * PointsPerInch / MillimetersPerInch;
+    constexpr double Parts = 1000;
+    return std::round(millimeters * PointsPerInch / MillimetersPerInch * Parts) / Parts;
 }
 
 const char* orNull(const std::string& text)
