@@ -41,15 +41,19 @@ struct DibHead {
     int height = 0; // above 0
     int bitsPerPixel = 0;
     bool bottomUp = true;
-    DWORD compression = BI_RGB; // BI_RGB, BI_BITFIELDS, BI_RLE8 or BI_RLE4
-    std::size_t stride = 0;     // of a row without compression
-    std::size_t headBytes = 0;  // of head, masks and palette
-    std::size_t bitsBytes = 0;  // of the rows, as compressed
+    DWORD compression =
+        BI_RGB;                // BI_RGB, BI_BITFIELDS, BI_RLE8 or BI_RLE4; of pictures also BI_JPEG or BI_PNG
+    std::size_t stride = 0;    // of a row without compression; 0 for JPEG and PNG
+    std::size_t headBytes = 0; // of head, masks and palette
+    std::size_t bitsBytes = 0; // of the rows, as compressed
     std::span<const RGBQUAD> palette;
     DWORD masks[3] = {}; // red, green, blue; 16 bits and more
 };
 // Nothing for an unsound head, for one that leaves `info`, and for DIB_PAL_COLORS.
 std::optional<DibHead> readDibHead(std::span<const BYTE> info, UINT usage) noexcept;
+// The same, or that of a picture that is encoded as JPEG or PNG: it can be copied, but is no bitmap of an object.
+std::optional<DibHead> readPictureHead(std::span<const BYTE> info, UINT usage) noexcept;
+bool isEncoded(const DibHead& head) noexcept;
 
 // Reads the head of a device-independent bitmap that is in `info` with its rows in `bits`: 1, 4, 8, 16, 24 or 32 bits, uncompressed or with masks. Nothing when head, sizes or rows are
 // unsound or leave the bytes given. RLE is decoded by expandRle() first.
@@ -61,8 +65,9 @@ struct DibSize {
     std::size_t head = 0;
     std::size_t bits = 0;
 };
-DibSize measureDib(const BITMAPINFO* info, UINT usage) noexcept;
+DibSize measurePicture(const BITMAPINFO* info, UINT usage) noexcept;
 std::optional<DibHead> readDibHead(const BITMAPINFO* info, UINT usage) noexcept;
+std::optional<DibHead> readPictureHead(const BITMAPINFO* info, UINT usage) noexcept;
 
 // Rows decoded from BI_RLE8 or BI_RLE4 (8 or 4 bits a pixel, bottom-up, pixels without a code are 0); nothing when unsound.
 std::optional<std::vector<BYTE>> expandRle(const DibHead& head, std::span<const BYTE> bits);

@@ -1,6 +1,7 @@
 // The reader of device-independent bitmaps ([MS-WMF] 2.2.2.9) that callers and files bring.
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 
@@ -15,6 +16,13 @@ constexpr std::size_t LongestHeader = 256; // beyond every version of the header
 constexpr DWORD MostColors = 256;
 
 constexpr std::size_t MaskBytes = 3 * sizeof(DWORD);
+
+enum class Use : unsigned char { Bitmap, Picture };
+
+constexpr bool isEncodedForm(DWORD compression) noexcept
+{
+    return compression == BI_JPEG || compression == BI_PNG;
+}
 
 bool knownForm(const BITMAPINFOHEADER& header) noexcept
 {
@@ -33,10 +41,11 @@ bool knownForm(const BITMAPINFOHEADER& header) noexcept
     }
 }
 
-bool soundHeader(const BITMAPINFOHEADER& header) noexcept
+bool soundHeader(const BITMAPINFOHEADER& header, Use use) noexcept
 {
     return header.biSize >= HeaderSize && header.biSize <= LongestHeader && header.biWidth > 0 &&
-           header.biHeight != 0 && header.biHeight != std::numeric_limits<LONG>::min() && knownForm(header) &&
+           header.biHeight != 0 && header.biHeight != std::numeric_limits<LONG>::min() &&
+           (knownForm(header) || (use == Use::Picture && isEncodedForm(header.biCompression))) &&
            header.biClrUsed <= MostColors;
 }
 
@@ -49,16 +58,36 @@ void defaultMasks(DibHead& head) noexcept
     }
 }
 
+// Of a picture whose data say the rest.
+std::optional<DibHead> readEncodedHead(const BITMAPINFOHEADER& header) noexcept
+{
+    constexpr std::uint64_t PixelBytes = 4; // once it is decoded
+    DibHead head;
+    head.width = header.biWidth;
+    head.height = std::abs(header.biHeight);
+    head.bottomUp = header.biHeight > 0;
+    head.compression = header.biCompression;
+    head.headBytes = header.biSize;
+    head.bitsBytes = header.biSizeImage;
+    const std::uint64_t pixels = std::uint64_t(head.width) * static_cast<unsigned int>(head.height);
+    const bool isSound =
+        head.bitsBytes > 0 && head.bitsBytes <= LargestBitmap && pixels <= LargestBitmap / PixelBytes;
+    return isSound ? std::optional(head) : std::nullopt;
+}
+
 // Reads from `info`, which may be longer than the head; `known` is how many of its bytes may be read.
-std::optional<DibHead> readHead(const BYTE* info, std::size_t known, UINT usage) noexcept
+std::optional<DibHead> readHead(const BYTE* info, std::size_t known, UINT usage, Use use) noexcept
 {
     BITMAPINFOHEADER header;
     if (info == nullptr || known < HeaderSize || usage != DIB_RGB_COLORS) {
         return std::nullopt;
     }
     std::memcpy(&header, info, sizeof header);
-    if (!soundHeader(header)) {
+    if (!soundHeader(header, use) || header.biSize > known) {
         return std::nullopt;
+    }
+    if (isEncodedForm(header.biCompression)) {
+        return readEncodedHead(header);
     }
     DibHead head;
     head.width = header.biWidth;
@@ -104,12 +133,29 @@ std::optional<DibHead> readHead(const BYTE* info, std::size_t known, UINT usage)
 
 std::optional<DibHead> readDibHead(std::span<const BYTE> info, UINT usage) noexcept
 {
-    return readHead(info.data(), info.size(), usage);
+    return readHead(info.data(), info.size(), usage, Use::Bitmap);
+}
+
+std::optional<DibHead> readPictureHead(std::span<const BYTE> info, UINT usage) noexcept
+{
+    return readHead(info.data(), info.size(), usage, Use::Picture);
+}
+
+bool isEncoded(const DibHead& head) noexcept
+{
+    return isEncodedForm(head.compression);
 }
 
 std::optional<DibHead> readDibHead(const BITMAPINFO* info, UINT usage) noexcept
 {
-    return readHead(reinterpret_cast<const BYTE*>(info), std::numeric_limits<std::size_t>::max(), usage);
+    return readHead(reinterpret_cast<const BYTE*>(info), std::numeric_limits<std::size_t>::max(), usage,
+                    Use::Bitmap);
+}
+
+std::optional<DibHead> readPictureHead(const BITMAPINFO* info, UINT usage) noexcept
+{
+    return readHead(reinterpret_cast<const BYTE*>(info), std::numeric_limits<std::size_t>::max(), usage,
+                    Use::Picture);
 }
 
 std::optional<BitmapView> viewDib(std::span<const BYTE> info, std::span<const BYTE> bits, UINT usage)
@@ -131,9 +177,9 @@ std::optional<BitmapView> viewDib(std::span<const BYTE> info, std::span<const BY
                       head->masks[2]};
 }
 
-DibSize measureDib(const BITMAPINFO* info, UINT usage) noexcept
+DibSize measurePicture(const BITMAPINFO* info, UINT usage) noexcept
 {
-    const std::optional<DibHead> head = readDibHead(info, usage);
+    const std::optional<DibHead> head = readPictureHead(info, usage);
     return head ? DibSize{head->headBytes, head->bitsBytes} : DibSize{};
 }
 

@@ -80,7 +80,7 @@ int StretchDIBits(HDC target, int x, int y, int width, int height, int sourceX, 
         if (!needsSource(operation)) {
             return fillWithPattern(context, rect, operation) ? std::max(1, std::abs(height)) : 0;
         }
-        const std::optional<DibHead> head = readDibHead(info, usage);
+        const std::optional<DibHead> head = readPictureHead(info, usage);
         if (!head || bits == nullptr) {
             return failWith(ERROR_INVALID_PARAMETER, 0);
         }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "EncodedPicture.h"
+
 namespace wingdi {
 
 namespace {
@@ -49,6 +51,10 @@ std::optional<BitmapView> viewOf(const DibHead& head, const BITMAPINFO* info, co
 {
     if (head.compression == BI_RLE8 || head.compression == BI_RLE4) {
         expanded = Bitmap::createDib(head, bits);
+        return expanded ? std::optional(expanded->view()) : std::nullopt;
+    }
+    if (isEncoded(head)) {
+        expanded = decodePicture(head, {static_cast<const BYTE*>(bits), head.bitsBytes});
         return expanded ? std::optional(expanded->view()) : std::nullopt;
     }
     return viewDib({reinterpret_cast<const BYTE*>(info), head.headBytes},

@@ -62,6 +62,14 @@ bool stretchBlt(Playback& playback, const metafile::Record& record)
     return playCopy(playback, record, fields->blt, &size);
 }
 
+// Whether a JPEG or a PNG is sound is known when a device has decoded it.
+void countUndecoded(const FileDib& dib, int rows, DWORD recordType)
+{
+    if (rows == 0 && dib.isEncoded()) {
+        countUnplayed(recordType);
+    }
+}
+
 bool stretchDibits(Playback& playback, const metafile::Record& record)
 {
     const auto fields = record.field<EMRSTRETCHDIBITS>(0);
@@ -73,14 +81,15 @@ bool stretchDibits(Playback& playback, const metafile::Record& record)
         PatBlt(target, fields->xDest, fields->yDest, fields->cxDest, fields->cyDest, fields->dwRop);
         return true;
     }
-    const auto dib = FileDib::read(playback, record, sourceOf(*fields), fields->iUsageSrc);
+    const auto dib = FileDib::read(playback, record, sourceOf(*fields), fields->iUsageSrc, 0, true);
     if (!dib) {
         countUnplayed(record.type);
         return true;
     }
-    StretchDIBits(target, fields->xDest, fields->yDest, fields->cxDest, fields->cyDest, fields->xSrc,
-                  fields->ySrc, fields->cxSrc, fields->cySrc, dib->bits(), dib->info(), DIB_RGB_COLORS,
-                  fields->dwRop);
+    const int rows = StretchDIBits(target, fields->xDest, fields->yDest, fields->cxDest, fields->cyDest,
+                                   fields->xSrc, fields->ySrc, fields->cxSrc, fields->cySrc, dib->bits(),
+                                   dib->info(), DIB_RGB_COLORS, fields->dwRop);
+    countUndecoded(*dib, rows, record.type);
     return true;
 }
 
@@ -113,7 +122,7 @@ bool setDibitsToDevice(Playback& playback, const metafile::Record& record)
     }
     constexpr DWORD MostRows = 1 << 24;
     const auto held = static_cast<LONG>(std::min(fields->cScans, MostRows));
-    const auto dib = FileDib::read(playback, record, sourceOf(*fields), fields->iUsageSrc, held);
+    const auto dib = FileDib::read(playback, record, sourceOf(*fields), fields->iUsageSrc, held, true);
     if (!dib) {
         countUnplayed(record.type);
         return true;
@@ -122,9 +131,11 @@ bool setDibitsToDevice(Playback& playback, const metafile::Record& record)
     if (band.rows > 0) {
         const POINT place = playback.fileMapping().toDevice({fields->xDest, fields->yDest});
         playback.applyMappingOnce({});
-        StretchDIBits(playback.target(), place.x, toDeviceUnit(static_cast<double>(place.y) + band.targetRow),
-                      fields->cxSrc, band.rows, fields->xSrc, band.sourceRow, fields->cxSrc, band.rows,
-                      dib->bits(), dib->info(), DIB_RGB_COLORS, SRCCOPY);
+        const int rows = StretchDIBits(playback.target(), place.x,
+                                       toDeviceUnit(static_cast<double>(place.y) + band.targetRow),
+                                       fields->cxSrc, band.rows, fields->xSrc, band.sourceRow, fields->cxSrc,
+                                       band.rows, dib->bits(), dib->info(), DIB_RGB_COLORS, SRCCOPY);
+        countUndecoded(*dib, rows, record.type);
     }
     return true;
 }

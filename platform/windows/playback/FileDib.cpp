@@ -1,5 +1,6 @@
 #include "FileDib.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -11,6 +12,11 @@ namespace {
 bool isRunLength(DWORD compression) noexcept
 {
     return compression == BI_RLE4 || compression == BI_RLE8;
+}
+
+bool isEncodedForm(DWORD compression) noexcept
+{
+    return compression == BI_JPEG || compression == BI_PNG;
 }
 
 BITMAPINFOHEADER headerOf(const std::vector<BYTE>& head)
@@ -50,7 +56,7 @@ bool FileDib::stands(const metafile::Record& record, const DibPlace& place) noex
 }
 
 std::optional<FileDib> FileDib::read(Playback& playback, const metafile::Record& record,
-                                     const DibPlace& place, UINT usage, LONG rows)
+                                     const DibPlace& place, UINT usage, LONG rows, bool encoded)
 {
     auto head = record.values<BYTE>(place.headOffset, place.headLength);
     const auto bits = record.piece(place.bitsOffset, place.bitsLength);
@@ -58,6 +64,9 @@ std::optional<FileDib> FileDib::read(Playback& playback, const metafile::Record&
         return std::nullopt;
     }
     BITMAPINFOHEADER header = headerOf(*head);
+    if (encoded && isEncodedForm(header.biCompression)) {
+        return readEncoded(playback, *std::move(head), *bits);
+    }
     if (rows > 0 && rows < std::abs(std::int64_t{header.biHeight}) && !isRunLength(header.biCompression)) {
         header.biHeight = header.biHeight < 0 ? -rows : rows;
         std::memcpy(head->data(), &header, sizeof(header));
@@ -102,6 +111,30 @@ std::optional<FileDib> FileDib::read(Playback& playback, const metafile::Record&
     head->resize(described->headBytes);
     dib.m_head = *std::move(head);
     return dib;
+}
+
+// What it takes when it is decoded is spent here, wherever it goes.
+std::optional<FileDib> FileDib::readEncoded(Playback& playback, std::vector<BYTE> head,
+                                            std::span<const BYTE> bits)
+{
+    BITMAPINFOHEADER header = headerOf(head);
+    header.biSizeImage = static_cast<DWORD>(std::min<std::size_t>(bits.size(), UINT32_MAX));
+    std::memcpy(head.data(), &header, sizeof(header));
+    const auto described = readPictureHead(head, DIB_RGB_COLORS);
+    if (!described || !playback.spendDecodedBytes(sizeof(DWORD) * static_cast<std::size_t>(described->width) *
+                                                  static_cast<std::size_t>(described->height))) {
+        return std::nullopt;
+    }
+    FileDib dib;
+    dib.m_bits = bits;
+    head.resize(described->headBytes);
+    dib.m_head = std::move(head);
+    return dib;
+}
+
+bool FileDib::isEncoded() const noexcept
+{
+    return isEncodedForm(info()->bmiHeader.biCompression);
 }
 
 std::vector<BYTE> FileDib::packed() const

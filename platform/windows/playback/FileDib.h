@@ -27,8 +27,10 @@ public:
     // False when the place leaves the record.
     static bool stands(const metafile::Record& record, const DibPlace& place) noexcept;
     // Nothing for a bitmap of unsound or unknown form. With `rows` above 0 only so many are there, from the first.
+    // `encoded`: it may be JPEG or PNG, which StretchDIBits alone takes.
     static std::optional<FileDib> read(Playback& playback, const metafile::Record& record,
-                                       const DibPlace& place, UINT usage, LONG rows = 0);
+                                       const DibPlace& place, UINT usage, LONG rows = 0,
+                                       bool encoded = false);
 
     const BITMAPINFO* info() const noexcept { return reinterpret_cast<const BITMAPINFO*>(m_head.data()); }
     const BYTE* bits() const noexcept { return m_bits.data(); }
@@ -37,6 +39,7 @@ public:
     // Head and rows in one piece.
     std::vector<BYTE> packed() const;
     BitmapView view() const;
+    bool isEncoded() const noexcept;
     int width() const noexcept { return info()->bmiHeader.biWidth; }
     int height() const noexcept { return std::abs(info()->bmiHeader.biHeight); }
     bool bottomUp() const noexcept { return info()->bmiHeader.biHeight > 0; }
@@ -44,6 +47,9 @@ public:
     bool isMonochrome() const noexcept;
 
 private:
+    static std::optional<FileDib> readEncoded(Playback& playback, std::vector<BYTE> head,
+                                              std::span<const BYTE> bits);
+
     std::vector<BYTE> m_head; // with palette
     std::vector<BYTE> m_owned;
     std::span<const BYTE> m_bits;

@@ -87,7 +87,7 @@ bool RasterDevice::copy(DeviceContext& context, const RECT& target, DeviceContex
 bool RasterDevice::copyDib(DeviceContext& context, const RECT& target, const BITMAPINFO* info,
                            const void* bits, UINT usage, const SourceArea& area, DWORD operation)
 {
-    const std::optional<DibHead> head = readDibHead(info, usage);
+    const std::optional<DibHead> head = readPictureHead(info, usage);
     if (!head || bits == nullptr || !holdsPixels(context)) {
         return false;
     }

@@ -131,7 +131,7 @@ bool MetafileDevice::copy(DeviceContext& context, const RECT& target, DeviceCont
 bool MetafileDevice::copyDib(DeviceContext& context, const RECT& target, const BITMAPINFO* info,
                              const void* bits, UINT usage, const SourceArea& area, DWORD operation)
 {
-    const DibSize size = info == nullptr || bits == nullptr ? DibSize{} : measureDib(info, usage);
+    const DibSize size = info == nullptr || bits == nullptr ? DibSize{} : measurePicture(info, usage);
     if (size.head == 0 || size.bits == 0 || size.head + size.bits > LargestMetafile) {
         return false;
     }

@@ -3,6 +3,7 @@
 #include <cairo.h>
 
 #include <cstring>
+#include <span>
 
 namespace wingdi {
 
@@ -13,12 +14,12 @@ void freeData(void* data)
     delete[] static_cast<unsigned char*>(data);
 }
 
-void nameSurface(cairo_surface_t* surface, const std::string& id)
+void attach(cairo_surface_t* surface, const char* type, std::span<const unsigned char> bytes)
 {
-    auto copy = std::make_unique<unsigned char[]>(id.size());
-    std::memcpy(copy.get(), id.data(), id.size());
+    auto copy = std::make_unique<unsigned char[]>(bytes.size());
+    std::memcpy(copy.get(), bytes.data(), bytes.size());
     unsigned char* const data = copy.get();
-    if (cairo_surface_set_mime_data(surface, CAIRO_MIME_TYPE_UNIQUE_ID, data, id.size(), freeData, data) ==
+    if (cairo_surface_set_mime_data(surface, type, data, bytes.size(), freeData, data) ==
         CAIRO_STATUS_SUCCESS) {
         static_cast<void>(copy.release());
     }
@@ -42,7 +43,11 @@ std::unique_ptr<cairo_surface_t, CairoRelease> surfaceOf(const VectorPicture& pi
         std::memcpy(bits + y * stride, picture.pixels.data() + std::ptrdiff_t{y} * picture.width, length);
     }
     cairo_surface_mark_dirty(surface.get());
-    nameSurface(surface.get(), picture.id);
+    attach(surface.get(), CAIRO_MIME_TYPE_UNIQUE_ID,
+           {reinterpret_cast<const unsigned char*>(picture.id.data()), picture.id.size()});
+    if (!picture.jpeg.empty()) {
+        attach(surface.get(), CAIRO_MIME_TYPE_JPEG, picture.jpeg);
+    }
     return surface;
 }
 

@@ -5,6 +5,7 @@
 #include "BlendRule.h"
 #include "CornerPair.h"
 #include "DeviceContext.h"
+#include "EncodedPicture.h"
 #include "PixelColor.h"
 #include "VectorDevice.h"
 #include "VectorPictures.h"
@@ -70,7 +71,7 @@ bool VectorDevice::copy(DeviceContext& context, const RECT& target, DeviceContex
 bool VectorDevice::copyDib(DeviceContext& context, const RECT& target, const BITMAPINFO* info,
                            const void* bits, UINT usage, const SourceArea& area, DWORD operation)
 {
-    const std::optional<DibHead> head = readDibHead(info, usage);
+    const std::optional<DibHead> head = readPictureHead(info, usage);
     if (!head || bits == nullptr || m_page == nullptr) {
         return false;
     }
@@ -79,12 +80,18 @@ bool VectorDevice::copyDib(DeviceContext& context, const RECT& target, const BIT
     if (!view) {
         return false;
     }
-    place(context, *view, cornersOfDib(area, head->bottomUp), target, {}, operation);
+    std::span<const BYTE> jpeg(static_cast<const BYTE*>(bits),
+                               head->compression == BI_JPEG ? head->bitsBytes : 0);
+    if (!isCommonJpeg(jpeg, head->width, head->height)) {
+        jpeg = {};
+    }
+    place(context, *view, cornersOfDib(area, head->bottomUp), target, {}, operation, jpeg);
     return true;
 }
 
 void VectorDevice::place(const DeviceContext& context, const BitmapView& view, const CornerPair& corners,
-                         const RECT& target, const ColorRule& colors, DWORD operation)
+                         const RECT& target, const ColorRule& colors, DWORD operation,
+                         std::span<const BYTE> jpeg)
 {
     const RECT part{std::clamp<LONG>(std::min(corners.first.x, corners.second.x), 0, view.width),
                     std::clamp<LONG>(std::min(corners.first.y, corners.second.y), 0, view.height),
@@ -94,7 +101,11 @@ void VectorDevice::place(const DeviceContext& context, const BitmapView& view, c
     if (part.left >= part.right || part.top >= part.bottom || isEmptyTarget) {
         return;
     }
-    const Placed placed{pictureOf(view, part, colors), wayToPage(corners, part, target, context.mapping()),
+    const std::shared_ptr<VectorPicture> picture = pictureOf(view, part, colors);
+    if (picture->width == view.width && picture->height == view.height) {
+        picture->jpeg.assign(jpeg.begin(), jpeg.end());
+    }
+    const Placed placed{picture, wayToPage(corners, part, target, context.mapping()),
                         context.state.stretchMode == HALFTONE};
     const BYTE table = ternaryOf(operation);
     if (takeStep(context, placed, table)) {

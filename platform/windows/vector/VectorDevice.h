@@ -76,7 +76,7 @@ private:
     std::optional<VectorPaint> paintOf(const DeviceContext& context, const PenObject& pen) const;
     PenLook lookOnPage(const DeviceContext& context) const;
     void place(const DeviceContext& context, const BitmapView& view, const CornerPair& corners,
-               const RECT& target, const ColorRule& colors, DWORD operation);
+               const RECT& target, const ColorRule& colors, DWORD operation, std::span<const BYTE> jpeg = {});
     // Takes one of the three steps; false when it is none.
     bool takeStep(const DeviceContext& context, const Placed& placed, BYTE operation);
     void put(const Placed& placed, const BlendRule& rule);

@@ -30,6 +30,7 @@ struct VectorPicture {
     bool hasHoles = false;             // pixels that are not there: 0
     std::vector<std::uint32_t> pixels; // 0xFFRRGGBB, top row first
     std::string id;                    // letters and digits
+    std::vector<unsigned char> jpeg;   // the same picture, as it came; may be empty
 };
 
 // A colour, the lines of a hatch, or a picture repeated without end.

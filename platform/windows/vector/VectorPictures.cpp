@@ -65,6 +65,7 @@ bool isBlackAndWhite(const VectorPicture& picture)
 std::shared_ptr<const VectorPicture> masked(const VectorPicture& picture, const VectorPicture& mask)
 {
     auto result = std::make_shared<VectorPicture>(picture);
+    result->jpeg.clear();
     for (std::size_t i = 0; i < result->pixels.size(); ++i) {
         if ((mask.pixels[i] & Colors) != 0) {
             result->pixels[i] = 0;
@@ -78,6 +79,7 @@ std::shared_ptr<const VectorPicture> masked(const VectorPicture& picture, const 
 std::shared_ptr<const VectorPicture> inverted(const VectorPicture& picture)
 {
     auto result = std::make_shared<VectorPicture>(picture);
+    result->jpeg.clear();
     for (std::uint32_t& pixel : result->pixels) {
         pixel ^= Colors;
     }

@@ -7,6 +7,7 @@
 
 #include "MetafilePage.h"
 #include "support/MetafileRecords.h"
+#include "support/encodedPicture.h"
 
 namespace {
 
@@ -283,6 +284,42 @@ TEST(Playback, PlaysWhatIsSound)
     EXPECT_TRUE(play(page.context(), metafile("PLGBLT; SELECTPALETTE 0;"), WholePage));
     EXPECT_EQ(gdiUnplayedRecords(EMR_PLGBLT), before + 1);
     EXPECT_EQ(gdiUnplayedRecords(EMR_SELECTPALETTE), 0);
+}
+
+// Kept as they are in a metafile, decoded when it is painted; what can't be is counted.
+TEST(Playback, DecodesPictures)
+{
+    struct Case {
+        FREE_IMAGE_FORMAT format;
+        DWORD compression;
+        LONG side; // that the record says
+        bool whole;
+        bool painted;
+    };
+    for (const Case& each : {Case{FIF_JPEG, BI_JPEG, 4, true, true}, Case{FIF_PNG, BI_PNG, 4, true, true},
+                             Case{FIF_PNG, BI_JPEG, 4, true, true}, Case{FIF_JPEG, BI_JPEG, 5, true, false},
+                             Case{FIF_PNG, BI_PNG, 4, false, false}}) {
+        std::vector<unsigned char> data = encodedPicture(each.format, 4);
+        ASSERT_FALSE(data.empty());
+        data.resize(each.whole ? data.size() : data.size() / 2);
+        const BITMAPINFO info = encodedHead(each.compression, each.side, data.size());
+        const RECT frame{0, 0, 12 * 2540 / 96, 6 * 2540 / 96};
+        const HDC recording = CreateEnhMetaFileA(nullptr, nullptr, &frame, nullptr);
+        StretchDIBits(recording, 2, 1, 4, 4, 0, 0, 4, 4, data.data(), &info, DIB_RGB_COLORS, SRCCOPY);
+        const HENHMETAFILE file = CloseEnhMetaFile(recording);
+        std::vector<unsigned char> bytes(GetEnhMetaFileBits(file, 0, nullptr));
+        GetEnhMetaFileBits(file, static_cast<UINT>(bytes.size()), bytes.data());
+        DeleteEnhMetaFile(file);
+        EXPECT_NE(std::ranges::search(bytes, data).begin(), bytes.end());
+
+        Page page;
+        const int before = gdiUnplayedRecords(EMR_STRETCHDIBITS);
+        EXPECT_TRUE(play(page.context(), bytes, WholePage));
+        EXPECT_EQ(gdiUnplayedRecords(EMR_STRETCHDIBITS), before + (each.painted ? 0 : 1));
+        const std::string row = each.painted ? "..####......" : "............";
+        EXPECT_EQ(page.picture().substr(13, 12), row) << each.format << ' ' << each.compression;
+        EXPECT_FALSE(CreateDIBPatternBrushPt(&info, DIB_RGB_COLORS));
+    }
 }
 
 // Files of other writers, where they are at hand.

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "support/PixelPage.h"
+#include "support/encodedPicture.h"
 
 namespace {
 
@@ -196,6 +197,32 @@ TEST_F(Document, IsTheSameForTheSameCalls)
         DeleteDC(d);
     }
     unsetenv("SOURCE_DATE_EPOCH");
+    begin();
+}
+
+// JPEG data stay what they are; of a part of the picture the pixels are taken.
+TEST_F(Document, KeepsJpegAsJpeg)
+{
+    constexpr int Side = 8;
+    const std::vector<unsigned char> jpeg = encodedPicture(FIF_JPEG, Side, 0x40);
+    const BITMAPINFO info = encodedHead(BI_JPEG, Side, jpeg.size());
+    for (const int part : {Side, Side - 1}) {
+        m_sink = {};
+        const HDC d = begin();
+        start(d);
+        StartPage(d);
+        for (const int x : {0, 20}) {
+            EXPECT_EQ(
+                StretchDIBits(d, x, 0, 16, 16, 0, 0, part, part, jpeg.data(), &info, DIB_RGB_COLORS, SRCCOPY),
+                part);
+        }
+        EXPECT_GT(EndDoc(d), 0);
+        const std::string kept(jpeg.begin(), jpeg.end());
+        const std::size_t first = m_sink.bytes.find(kept);
+        EXPECT_EQ(first != std::string::npos, part == Side);
+        EXPECT_EQ(m_sink.bytes.find(kept, first + 1), std::string::npos);
+        DeleteDC(d);
+    }
     begin();
 }
 
