@@ -8,6 +8,7 @@
 
 #include "CairoPicture.h"
 #include "DeviceRect.h"
+#include "LongStroke.h"
 #include "PixelColor.h"
 
 namespace wingdi {
@@ -16,6 +17,7 @@ namespace {
 
 constexpr std::size_t MostHatches = 256; // kept at a time
 constexpr double HatchSize = 8;
+constexpr std::size_t MostPointsOfDashes = 1024; // that cairo dashes itself
 
 double part(COLORREF color, int shift)
 {
@@ -108,6 +110,11 @@ bool CairoPage::finish()
     cairo_reset_clip(m_cairo.get());
     cairo_show_page(m_cairo.get());
     return cairo_status(m_cairo.get()) == CAIRO_STATUS_SUCCESS;
+}
+
+bool CairoPage::isDocument() const
+{
+    return cairo_surface_get_type(cairo_get_target(m_cairo.get())) == CAIRO_SURFACE_TYPE_PDF;
 }
 
 RECT CairoPage::visibleBox() const
@@ -205,39 +212,64 @@ void CairoPage::stroke(const Outline& lines, const PenLook& pen, const VectorPai
     if (!setSource(paint)) {
         return;
     }
-    cairo_t* const cairo = m_cairo.get();
     const int reach = static_cast<int>(std::ceil(pen.reach()));
     const RECT around = grown(visibleBox(), reach);
     const bool isNear = liesWithin(grown(lines.box(), reach), around);
-    if (isNear) {
-        lines.trace(cairo);
+    if (isDocument()) {
+        write(isNear ? lines : lines.clippedLines(around, pen.dashes), pen, isNear);
+    } else if (isNear && (pen.dashes.empty() || lines.size() <= MostPointsOfDashes)) {
+        paintStroke(lines, pen, paint.blend);
     } else {
-        lines.clippedLines(around, pen.dashes).trace(cairo);
+        PenLook plain = pen;
+        plain.dashes.clear();
+        paintStroke(lines.clippedLines(around, pen.dashes), plain, paint.blend);
     }
-    // In the surface's own units a line takes fewer bytes: a document writes down each scale that is in force.
-    const double scale = pen.nib ? 1 : m_scale;
-    PenLook look = pen;
-    look.width *= scale;
-    for (double& dash : look.dashes) {
-        dash *= scale;
-    }
+    recover();
+}
+
+// In the surface's own units a line takes fewer bytes: a document writes down each scale that is in force.
+void CairoPage::write(const Outline& lines, const PenLook& pen, bool dashed)
+{
+    cairo_t* const cairo = m_cairo.get();
     cairo_matrix_t before;
     cairo_get_matrix(cairo, &before);
+    lines.trace(cairo);
+    PenLook look = pen;
     if (!pen.nib) {
         cairo_identity_matrix(cairo);
+        look.width *= m_scale;
+        std::ranges::for_each(look.dashes, [this](double& dash) { dash *= m_scale; });
     }
-    cairo_set_dash(cairo, look.dashes.data(), isNear ? static_cast<int>(look.dashes.size()) : 0, 0);
+    cairo_set_dash(cairo, look.dashes.data(), dashed ? static_cast<int>(look.dashes.size()) : 0, 0);
     strokeTraced(cairo, look);
     cairo_set_dash(cairo, nullptr, 0, 0);
     cairo_set_matrix(cairo, &before);
-    recover();
+}
+
+// What many strokes cover meets the page once.
+void CairoPage::paintStroke(const Outline& lines, const PenLook& pen, Blend blend)
+{
+    cairo_t* const cairo = m_cairo.get();
+    const bool grouped = blend != Blend::Normal;
+    if (grouped) {
+        cairo_push_group(cairo);
+        cairo_set_operator(cairo, CAIRO_OPERATOR_OVER);
+    }
+    cairo_set_dash(cairo, pen.dashes.data(), static_cast<int>(pen.dashes.size()), 0);
+    strokeOutline(cairo, pen, lines);
+    cairo_set_dash(cairo, nullptr, 0, 0);
+    if (grouped) {
+        cairo_pop_group_to_source(cairo);
+        cairo_set_operator(cairo, operatorOf(blend));
+        cairo_paint(cairo);
+    }
 }
 
 // Cairo's PDF would name a picture's object twice among those of the page. As a form of its own it has a name of its own,
 // and the pixels are still the same object.
 CairoPage::Surface CairoPage::again(Surface picture, int width, int height, bool smooth) const
 {
-    if (cairo_surface_get_type(cairo_get_target(m_cairo.get())) != CAIRO_SURFACE_TYPE_PDF) {
+    if (!isDocument()) {
         return picture;
     }
     const cairo_rectangle_t extent{0, 0, static_cast<double>(width), static_cast<double>(height)};

@@ -41,6 +41,9 @@ private:
     // Cairo gives up all further drawing when one call goes wrong; the page goes on with a new context.
     void recover();
     void begin();
+    bool isDocument() const;
+    void write(const Outline& lines, const PenLook& pen, bool dashed);
+    void paintStroke(const Outline& lines, const PenLook& pen, Blend blend);
     // False for a paint that can't be made.
     bool setSource(const VectorPaint& paint);
     // A picture as the page may hold it once more.
