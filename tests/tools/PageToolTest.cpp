@@ -191,6 +191,19 @@ const ToolCase Cases[] = {
      "MWh\nThe use for heating|words|sheet|cut|bare.svg: has no usable size|none.pdf'|can't write|  0   0   "
      "1 141   0   0   2  "
      "49"},
+    // Poppler takes letters one by one along lines that slant. On a device an ampersand underlines, and what UTF-8 writes as
+    // two bytes is two letters.
+    {"DocumentsKeepTheirWords",
+     "export LC_ALL=C; surfacepage text words.svg | tr -s ' ' '\\n' | sort -u > w; surfacepage play "
+     "words.svg -o w.pdf; "
+     "pdftotext "
+     "w.pdf - | tr -s ' \\f' '\\n' | sort -u > p; comm -23 w p | tr '\\n' ' '; echo; mutool draw -q -F text "
+     "w.pdf "
+     "| tr -s ' ' '\\n' | sort -u > m; comm -23 w m | tr '\\n' ' '",
+     0,
+     "& -30° 15° 30° 45° 90° April August CO₂ December February January July June March May November October "
+     "September "
+     "lineFitted read6Meters \n|\n& -30° 15° 30° 45° 90° CO₂ lineFitted read6Meters "},
     {"PlaysToSvgForViewers",
      "surfacepage play words.svg sheet.emf --plain -o 'plain-{}.svg' && xmllint --noout plain-*.svg && grep "
      "-c DOCTYPE "
