@@ -64,8 +64,8 @@ public:
     void drawRoundedRectangle(RECT* rect, unsigned int width, unsigned int height) override;
     void drawSolidRectangle(RECT* rect, unsigned long color) override;
     // In the colour and rotation of the text style; m_foreColor does not follow. With DT_CENTER the text is centred
-    // vertically as well, and rect->top moves down to where it begins. The height is measured on the screen, so on a
-    // device of another resolution the centring is approximate.
+    // vertically as well, and rect->top moves down to where it begins. The height is measured beside the context,
+    // which is not touched by it; where the map mode has no height, or without memory, nothing moves.
     void drawText(const char* text, RECT* rect, unsigned int flags) override;
     // DT_RIGHT: the point is the right end of the text; DT_CENTER: its middle.
     void drawTextAt(const char* text, POINT* point, unsigned int flags) override;

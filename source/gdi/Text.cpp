@@ -1,4 +1,5 @@
 // Text in one piece. drawString() is the one place that draws it, in device units.
+#include <optional>
 #include <string_view>
 
 #include "DeviceScale.h"
@@ -69,16 +70,24 @@ private:
     XFORM m_world;
 };
 
-// The text's height on the screen, whose dots are not those of the device.
-int heightOnScreen(const char* text, const RECT& rect, UINT flags, HFONT font)
+// The text's height in the units of the context's map mode, measured on a context beside it of the same dots, so that
+// nothing of it is touched or recorded. Nothing when there is none, or when the mode has no height.
+std::optional<int> heightOn(HDC hdc, const char* text, const RECT& rect, UINT flags, HFONT font)
 {
-    RECT measured = rect;
-    const HDC screen = GetDC(nullptr);
-    const HGDIOBJ former = SelectObject(screen, font);
-    DrawTextA(screen, text, -1, &measured, flags | DT_CALCRECT);
-    SelectObject(screen, former);
-    ReleaseDC(nullptr, screen);
-    return wrapSubtract(measured.bottom, measured.top);
+    const bool inDeviceUnits = GetMapMode(hdc) == MM_TEXT;
+    const DeviceScale scale(hdc);
+    const HDC beside = CreateCompatibleDC(hdc);
+    if (beside == nullptr || (!inDeviceUnits && scale.y == 0)) {
+        DeleteDC(beside);
+        return std::nullopt;
+    }
+    RECT measured = inDeviceUnits ? rect : scale.rect(rect);
+    const HGDIOBJ former = SelectObject(beside, font);
+    DrawTextA(beside, text, -1, &measured, flags | DT_CALCRECT);
+    SelectObject(beside, former);
+    DeleteDC(beside);
+    const int height = wrapSubtract(measured.bottom, measured.top);
+    return inDeviceUnits ? height : saturateToInt(static_cast<float>(height) / scale.y);
 }
 
 } // namespace
@@ -123,7 +132,8 @@ void CSurfaceGDI::drawText(const char* text, RECT* rect, unsigned int flags)
     }
     if ((flags & DT_CENTER) != 0) {
         const int room = wrapSubtract(rect->bottom, rect->top);
-        const int offset = wrapSubtract(room, heightOnScreen(text, *rect, flags, m_createdFont)) / 2;
+        const int height = heightOn(m_hdc, text, *rect, flags, m_createdFont).value_or(room);
+        const int offset = wrapSubtract(room, height) / 2;
         if (offset > 0) {
             rect->top = wrapAdd(rect->top, offset);
         }

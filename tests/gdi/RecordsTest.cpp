@@ -1,6 +1,8 @@
 // What calls on a recording surface leave in the metafile, in their order.
 #include "RecordedPage.h"
 
+#include <gdidevice.h>
+
 #include "support/Runs.h"
 #include "surfaceHdc.h"
 
@@ -17,7 +19,7 @@ RECT* in(RECT&& rect)
     return &rect;
 }
 
-void chooseArial(CSurfaceEMF& s, float size)
+void chooseArial(CSurface& s, float size)
 {
     char face[] = "Arial";
     s.setFont(face, size, false, false, false, false);
@@ -309,6 +311,35 @@ TEST(RecordedSurfaceLife, ClosesOnceAndReportsWhatItNeverHad)
     empty.printerNofMMarker({});
     EXPECT_EQ(-1, empty.closeSurface());
     EXPECT_EQ(0, empty.getDataLength());
+}
+
+// By the height that the text has on the device, in the units of the map mode.
+TEST(Centring, GoesByTheDevice)
+{
+    for (const int dpi : {96, 600}) {
+        GdiDeviceOptions options;
+        options.dpi = dpi;
+        const HDC device = gdiCreateDevice(&options);
+        RECT rect{0, 0, 2000, 1000};
+        TEXTMETRICA metrics{};
+        {
+            CSurfaceHdc surface(device);
+            chooseArial(surface, 12);
+            surface.drawText("C", &rect, DT_CENTER);
+            GetTextMetricsA(device, &metrics);
+            EXPECT_EQ((1000 - metrics.tmHeight) / 2, rect.top) << dpi;
+        }
+        {
+            constexpr int Scale = 10;
+            CSurfaceHdc surface(device, {Scale, Scale}, {1, 1});
+            surface.setMapMode(MM_ANISOTROPIC);
+            chooseArial(surface, 12);
+            rect = {0, 0, 200, 100};
+            surface.drawText("C", &rect, DT_CENTER);
+            EXPECT_EQ((100 - metrics.tmHeight / Scale) / 2, rect.top) << dpi;
+        }
+        DeleteDC(device);
+    }
 }
 
 } // namespace

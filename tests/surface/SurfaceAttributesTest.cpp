@@ -57,6 +57,23 @@ TEST(SurfaceAttributes, DifferByEachField)
     EXPECT_TRUE(sizeless != sizeless);
 }
 
+TEST(SurfaceAttributes, SettersReachTheirField)
+{
+    CSurfaceFont set = font("Arial", 10);
+    set.setBold(true);
+    EXPECT_EQ(set, font("Arial", 10, true));
+    set.setItalic(true);
+    EXPECT_EQ(set, font("Arial", 10, true, true));
+    set.setStrikethru(true);
+    EXPECT_EQ(set, font("Arial", 10, true, true, true));
+    set.setStrikethru(false);
+    set.setUnderline(true);
+    EXPECT_EQ(set, font("Arial", 10, true, true, false, true));
+    CSurfaceBrush brush(1, 2);
+    brush.setStyle(3);
+    EXPECT_EQ(brush, CSurfaceBrush(1, 3));
+}
+
 // A colour has 32 bits, also where unsigned long has more.
 TEST(SurfaceAttributes, ColoursAreCut)
 {

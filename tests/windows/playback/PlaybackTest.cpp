@@ -310,7 +310,7 @@ TEST(Playback, DecodesPictures)
         std::vector<unsigned char> bytes(GetEnhMetaFileBits(file, 0, nullptr));
         GetEnhMetaFileBits(file, static_cast<UINT>(bytes.size()), bytes.data());
         DeleteEnhMetaFile(file);
-        EXPECT_NE(std::ranges::search(bytes, data).begin(), bytes.end());
+        EXPECT_NE(std::search(bytes.begin(), bytes.end(), data.begin(), data.end()), bytes.end());
 
         Page page;
         const int before = gdiUnplayedRecords(EMR_STRETCHDIBITS);
