@@ -19,8 +19,8 @@ void drawCairoText(cairo_t* cairo, int rows);
 
 // Documents of many pages, the table and the text by turns.
 inline constexpr int RowsOfManyPages = 50;
-void makeDocument(int pages, std::string& document);
-void makeCairoDocument(int pages, std::string& document);
+void makeDocument(int pages, std::string& bytes);
+void makeCairoDocument(int pages, std::string& bytes);
 
 // Whether the memory that a document takes grows by no more than a page's entry in its lists: says on standard error when
 // it does not.

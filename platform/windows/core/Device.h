@@ -92,6 +92,12 @@ struct SourceArea {
     int height;
 };
 
+// Of a source in a blend: AlphaBlend's.
+struct AlphaShare {
+    BYTE whole = 255;
+    bool ofPixels = false; // the fourth byte of each, by which its colours are multiplied already
+};
+
 class Device {
 public:
     virtual ~Device() = default;
@@ -147,6 +153,13 @@ public:
     // `area.y` counts from the top row of the view; `info` is the bitmap's head as the caller gave it.
     virtual bool copyDib(DeviceContext& context, const RECT& target, const BITMAPINFO* info, const void* bits,
                          UINT usage, const SourceArea& area, DWORD operation) = 0;
+
+    // Lays the source over the target by its share, that of the whole and, when they have one, those of the pixels.
+    virtual bool alphaBlend(DeviceContext& /*context*/, const RECT& /*target*/, DeviceContext& /*source*/,
+                            const SourceArea& /*area*/, const AlphaShare& /*share*/)
+    {
+        return false;
+    }
 
     virtual bool text(DeviceContext& context, const TextOutput& output) = 0;
     virtual bool comment(DeviceContext& /*context*/, std::span<const BYTE> /*data*/) { return true; }

@@ -40,13 +40,14 @@ class PenObject : public GdiObject {
 public:
     PenObject() noexcept : GdiObject(ObjectKind::Pen) {}
 
-    DWORD style = PS_SOLID; // with cap, join and PS_GEOMETRIC
-    DWORD width = 0;        // logical units; 0 is one device pixel
-    COLORREF color = 0;     // top byte 0
-    UINT brushStyle = BS_SOLID;
+    DWORD style = PS_SOLID;     // with cap, join and PS_GEOMETRIC
+    DWORD width = 0;            // logical units; 0 is one device pixel
+    COLORREF color = 0;         // top byte 0
+    UINT brushStyle = BS_SOLID; // also BS_NULL, BS_HATCHED, BS_PATTERN or BS_DIBPATTERNPT
     DWORD hatch = 0;
-    bool extended = false;     // made by ExtCreatePen
-    std::vector<DWORD> dashes; // PS_USERSTYLE: logical units
+    std::shared_ptr<const Bitmap> pattern; // as that of a brush
+    bool extended = false;                 // made by ExtCreatePen
+    std::vector<DWORD> dashes;             // PS_USERSTYLE: logical units
 };
 
 class BrushObject : public GdiObject {

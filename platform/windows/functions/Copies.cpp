@@ -37,6 +37,17 @@ bool fillWithPattern(DeviceContext& context, const RECT& rect, DWORD operation)
     return context.device().patternBlt(context, {&ordered, 1}, *context.state.brush, operation);
 }
 
+// Whether the area lies on the context's bitmap.
+bool holds(DeviceContext& context, const SourceArea& area)
+{
+    const Mapping mapping = context.mapping();
+    const POINT first = mapping.toDevice({area.x, area.y});
+    const POINT second = mapping.toDevice({sum(area.x, area.width), sum(area.y, area.height)});
+    const Bitmap& bitmap = *context.bitmap->bitmap;
+    return std::min(first.x, second.x) >= 0 && std::min(first.y, second.y) >= 0 &&
+           std::max(first.x, second.x) <= bitmap.width() && std::max(first.y, second.y) <= bitmap.height();
+}
+
 BOOL copyBetween(HDC targetHandle, const char* function, const RECT& target, HDC sourceHandle,
                  const SourceArea& area, DWORD operation, bool stretch)
 {
@@ -70,6 +81,33 @@ BOOL StretchBlt(HDC target, int x, int y, int width, int height, HDC source, int
 {
     return copyBetween(target, "StretchBlt", rectAt(x, y, width, height), source,
                        {sourceX, sourceY, sourceWidth, sourceHeight}, operation, true);
+}
+
+BOOL GdiAlphaBlend(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+                   int sourceWidth, int sourceHeight, BLENDFUNCTION function)
+{
+    return onContext(target, "GdiAlphaBlend", FALSE, [&](DeviceContext& context) {
+        const auto blend = [&](DeviceContext& from) {
+            const bool isSound = width >= 0 && height >= 0 && sourceWidth >= 0 && sourceHeight >= 0 &&
+                                 function.BlendOp == AC_SRC_OVER && function.AlphaFormat <= AC_SRC_ALPHA &&
+                                 from.bitmap && from.bitmap->bitmap;
+            if (!isSound || !holds(from, {sourceX, sourceY, sourceWidth, sourceHeight})) {
+                return failWith(ERROR_INVALID_PARAMETER, FALSE);
+            }
+            const bool ofPixels = function.AlphaFormat == AC_SRC_ALPHA;
+            if (ofPixels && from.bitmap->bitmap->bitsPerPixel() != 32) {
+                return failWith(ERROR_INVALID_PARAMETER, FALSE);
+            }
+            const bool nothing = width == 0 || height == 0 || sourceWidth == 0 || sourceHeight == 0;
+            const AlphaShare share{function.SourceConstantAlpha, ofPixels};
+            return nothing ||
+                           context.device().alphaBlend(context, rectAt(x, y, width, height), from,
+                                                       {sourceX, sourceY, sourceWidth, sourceHeight}, share)
+                       ? TRUE
+                       : FALSE;
+        };
+        return source == target ? blend(context) : onContext(source, "GdiAlphaBlend", FALSE, blend);
+    });
 }
 
 int StretchDIBits(HDC target, int x, int y, int width, int height, int sourceX, int sourceY, int sourceWidth,

@@ -45,8 +45,37 @@ bool soundPen(DWORD style, DWORD width, const LOGBRUSH& brush)
     if (!geometric) {
         return width <= 1 && line != PS_INSIDEFRAME && brush.lbStyle == BS_SOLID;
     }
-    return line != PS_ALTERNATE && (brush.lbStyle == BS_SOLID || brush.lbStyle == BS_NULL ||
-                                    (brush.lbStyle == BS_HATCHED && isHatch(brush.lbHatch)));
+    return line != PS_ALTERNATE &&
+           (brush.lbStyle == BS_SOLID || brush.lbStyle == BS_NULL || brush.lbStyle == BS_PATTERN ||
+            brush.lbStyle == BS_DIBPATTERNPT || (brush.lbStyle == BS_HATCHED && isHatch(brush.lbHatch)));
+}
+
+// A copy of a bitmap's pixels; null when there is none of this handle.
+std::shared_ptr<const Bitmap> patternOf(HBITMAP bitmap)
+{
+    const auto found = HandleTable::instance().find<BitmapObject>(bitmap, ObjectKind::Bitmap);
+    return found ? std::make_shared<const Bitmap>(*found->bitmap)
+                 : failWith(ERROR_INVALID_HANDLE, std::shared_ptr<const Bitmap>());
+}
+
+// Of head, colours and rows in one piece; null for a form that brushes do not have.
+std::shared_ptr<const Bitmap> patternOf(const void* packed, UINT usage)
+{
+    const std::optional<DibHead> head = readDibHead(static_cast<const BITMAPINFO*>(packed), usage);
+    return head ? Bitmap::createDib(*head, static_cast<const BYTE*>(packed) + head->headBytes)
+                : failWith(ERROR_INVALID_PARAMETER, std::shared_ptr<Bitmap>());
+}
+
+std::shared_ptr<const Bitmap> patternOf(const LOGBRUSH& brush)
+{
+    switch (brush.lbStyle) {
+    case BS_PATTERN:
+        return patternOf(std::bit_cast<HBITMAP>(brush.lbHatch));
+    case BS_DIBPATTERNPT:
+        return patternOf(std::bit_cast<const void*>(brush.lbHatch), brush.lbColor & 0xFFFF);
+    default:
+        return nullptr;
+    }
 }
 
 HBRUSH addBrush(std::shared_ptr<BrushObject> brush)
@@ -57,7 +86,7 @@ HBRUSH addBrush(std::shared_ptr<BrushObject> brush)
 HBRUSH addPatternBrush(UINT style, std::shared_ptr<const Bitmap> pattern)
 {
     if (!pattern) {
-        return failWith(ERROR_INVALID_PARAMETER, nullptr);
+        return nullptr;
     }
     auto brush = std::make_shared<BrushObject>();
     brush->style = style;
@@ -89,11 +118,16 @@ HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD dashCou
         !soundDashes(style & PS_STYLE_MASK, dashCount, dashes)) {
         return failWith(ERROR_INVALID_PARAMETER, nullptr);
     }
-    return guarded<HPEN>(nullptr, [&] {
+    return guarded<HPEN>(nullptr, [&]() -> HPEN {
         auto pen = std::make_shared<PenObject>();
+        pen->pattern = patternOf(*brush);
+        const bool isPatterned = brush->lbStyle == BS_PATTERN || brush->lbStyle == BS_DIBPATTERNPT;
+        if (isPatterned && !pen->pattern) {
+            return nullptr;
+        }
         pen->style = style;
         pen->width = width;
-        pen->color = brush->lbColor & ColorMask;
+        pen->color = isPatterned ? 0 : brush->lbColor & ColorMask;
         pen->brushStyle = brush->lbStyle;
         pen->hatch = brush->lbStyle == BS_HATCHED ? static_cast<DWORD>(brush->lbHatch) : 0;
         pen->extended = true;
@@ -148,23 +182,11 @@ HBRUSH CreateHatchBrush(int hatch, COLORREF color)
 
 HBRUSH CreatePatternBrush(HBITMAP bitmap)
 {
-    return guarded<HBRUSH>(nullptr, [&]() -> HBRUSH {
-        const auto found = HandleTable::instance().find<BitmapObject>(bitmap, ObjectKind::Bitmap);
-        if (!found) {
-            return failWith(ERROR_INVALID_HANDLE, nullptr);
-        }
-        return addPatternBrush(BS_PATTERN, std::make_shared<const Bitmap>(*found->bitmap));
-    });
+    return guarded<HBRUSH>(nullptr, [&] { return addPatternBrush(BS_PATTERN, patternOf(bitmap)); });
 }
 
 HBRUSH CreateDIBPatternBrushPt(const void* packed, UINT usage)
 {
-    return guarded<HBRUSH>(nullptr, [&]() -> HBRUSH {
-        const std::optional<DibHead> head = readDibHead(static_cast<const BITMAPINFO*>(packed), usage);
-        if (!head) {
-            return failWith(ERROR_INVALID_PARAMETER, nullptr);
-        }
-        const BYTE* bits = static_cast<const BYTE*>(packed) + head->headBytes;
-        return addPatternBrush(BS_DIBPATTERNPT, Bitmap::createDib(*head, bits));
-    });
+    return guarded<HBRUSH>(nullptr,
+                           [&] { return addPatternBrush(BS_DIBPATTERNPT, patternOf(packed, usage)); });
 }

@@ -50,7 +50,7 @@ private:
     enum class PathState : unsigned char { None, Open, Complete };
 
     // Into the path while one is open, else onto the page.
-    bool put(DeviceContext& context, const Outline& outline, bool isArea);
+    bool put(DeviceContext& context, const Outline& outline, bool filled);
     // The same of a figure from the current position on, which ends where the next one goes on.
     bool putFromPosition(DeviceContext& context, const Outline& outline);
     // The figure that goes on from the current position: the path's last one, or a new one.

@@ -1,5 +1,6 @@
 // Records that copy some pixels of a bitmap and leave others: by a mask, or all but those of one colour. The pixels to
 // be copied become a clip, so that they come out on any device.
+#include <bit>
 #include <cstdint>
 #include <cstdlib>
 #include <utility>
@@ -159,8 +160,91 @@ bool transparentBlt(Playback& playback, const metafile::Record& record)
     return true;
 }
 
+// The operation is a BLENDFUNCTION.
+bool alphaBlend(Playback& playback, const metafile::Record& record)
+{
+    const auto fields = record.field<EMRSTRETCHBLT>(0);
+    if (!fields || !FileDib::stands(record, sourceOf(fields->blt))) {
+        return false;
+    }
+    const EMRBITBLT& blt = fields->blt;
+    const auto dib = FileDib::read(playback, record, sourceOf(blt), blt.iUsageSrc);
+    if (!dib) {
+        countUnplayed(record.type);
+        return true;
+    }
+    const HDC target = playback.target();
+    const SourceBitmap bitmap(target, *dib, false);
+    const SourceContext source(target, bitmap, blt.xformSrc, blt.crBkColorSrc);
+    if (GdiAlphaBlend(target, blt.xDest, blt.yDest, blt.cxDest, blt.cyDest, source.handle(), blt.xSrc,
+                      blt.ySrc, fields->cxSrc, fields->cySrc,
+                      std::bit_cast<BLENDFUNCTION>(blt.dwRop)) == FALSE) {
+        countUnplayed(record.type);
+    }
+    return true;
+}
+
+// What brings a rectangle of this size at (0, 0) to the parallelogram.
+XFORM toParallelogram(const POINTL (&corners)[3], LONG width, LONG height)
+{
+    const auto share = [](LONG to, LONG from, LONG size) {
+        return static_cast<FLOAT>((static_cast<double>(to) - from) / size);
+    };
+    const auto& [first, right, below] = corners;
+    return {share(right.x, first.x, width),  share(right.y, first.y, width), share(below.x, first.x, height),
+            share(below.y, first.y, height), static_cast<FLOAT>(first.x),    static_cast<FLOAT>(first.y)};
+}
+
+// With a mask, where its bits are set.
+bool parallelogramBlt(Playback& playback, const metafile::Record& record)
+{
+    const auto fields = record.field<EMRPLGBLT>(0);
+    if (!fields) {
+        return false;
+    }
+    const DibPlace place{fields->offBmiSrc, fields->cbBmiSrc, fields->offBitsSrc, fields->cbBitsSrc};
+    const DibPlace maskPlace{fields->offBmiMask, fields->cbBmiMask, fields->offBitsMask, fields->cbBitsMask};
+    if (!FileDib::stands(record, place) || !FileDib::stands(record, maskPlace)) {
+        return false;
+    }
+    const auto dib = FileDib::read(playback, record, place, fields->iUsageSrc);
+    const auto mask = FileDib::read(playback, record, maskPlace, fields->iUsageMask);
+    if (!dib || (fields->cbBmiMask != 0 && !mask)) {
+        countUnplayed(record.type);
+        return true;
+    }
+    const HDC target = playback.target();
+    const SIZEL size{fields->cxSrc, fields->cySrc};
+    if (size.cx <= 0 || size.cy <= 0 || SaveDC(target) == 0) {
+        return true;
+    }
+    const SourceBitmap bitmap(target, *dib, dib->isMonochrome());
+    const SourceContext source(target, bitmap, fields->xformSrc, fields->crBkColorSrc);
+    SetGraphicsMode(target, GM_ADVANCED);
+    const XFORM transform = toParallelogram(fields->aptlDest, size.cx, size.cy);
+    ModifyWorldTransform(target, &transform, MWT_LEFTMULTIPLY);
+    const auto copy = [&] {
+        StretchBlt(target, 0, 0, size.cx, size.cy, source.handle(), fields->xSrc, fields->ySrc, size.cx,
+                   size.cy, SRCCOPY);
+    };
+    if (mask) {
+        const BitmapView view = mask->view();
+        const Coverage coverage{{fields->xMask, fields->yMask}, size, {0, 0}, size};
+        drawWithin(target,
+                   regionOf(target, view, coverage,
+                            [&](int x, int y) { return view.bitsPerPixel == 1 && view.index(x, y) == 1; }),
+                   copy);
+    } else {
+        copy();
+    }
+    RestoreDC(target, -1);
+    return true;
+}
+
 constexpr RecordEntry Entries[] = {
+    {EMR_ALPHABLEND, alphaBlend},
     {EMR_MASKBLT, maskBlt},
+    {EMR_PLGBLT, parallelogramBlt},
     {EMR_TRANSPARENTBLT, transparentBlt},
 };
 

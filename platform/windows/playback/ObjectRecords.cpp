@@ -1,4 +1,5 @@
 // Records that make, select and delete pens, brushes and fonts.
+#include <bit>
 #include <cstring>
 
 #include "FileDib.h"
@@ -26,6 +27,27 @@ void createPen(Playback& playback, const EMRCREATEPEN& record)
 {
     const auto style = static_cast<int>(record.style & PS_STYLE_MASK);
     playback.objects().add(record.ihPen, CreatePen(style, record.width.x, record.color));
+}
+
+bool createPatternPen(Playback& playback, const metafile::Record& record, const EMREXTCREATEPEN& fields,
+                      const std::vector<DWORD>& dashes)
+{
+    const DibPlace place{fields.offBmi, fields.cbBmi, fields.offBits, fields.cbBits};
+    if (!FileDib::stands(record, place)) {
+        return false;
+    }
+    const auto dib = FileDib::read(playback, record, place, DIB_RGB_COLORS);
+    if (!dib) {
+        countUnplayed(record.type);
+        return true;
+    }
+    const SourceBitmap bitmap(playback.target(), *dib,
+                              fields.elp.elpBrushStyle == BS_PATTERN && dib->isMonochrome());
+    const LOGBRUSH brush{BS_PATTERN, 0, std::bit_cast<ULONG_PTR>(bitmap.handle())};
+    playback.objects().add(fields.ihPen, ExtCreatePen(fields.elp.elpPenStyle, fields.elp.elpWidth, &brush,
+                                                      static_cast<DWORD>(dashes.size()),
+                                                      dashes.empty() ? nullptr : dashes.data()));
+    return true;
 }
 
 // The brush of a file's pen or brush. Hatches beyond those of calls ([MS-EMF] 2.1.17) are plain areas in the colour
@@ -66,6 +88,12 @@ bool createExtendedPen(Playback& playback, const metafile::Record& record)
     const auto dashes = record.values<DWORD>(DashStart, userStyle ? pen.elpNumEntries : 0);
     if (!dashes) {
         return false;
+    }
+    const auto places = record.field<EMREXTCREATEPEN>(0);
+    const bool isPatterned = pen.elpBrushStyle == BS_PATTERN || pen.elpBrushStyle == BS_DIBPATTERN ||
+                             pen.elpBrushStyle == BS_DIBPATTERNPT;
+    if (isPatterned && places && places->cbBmi != 0) {
+        return createPatternPen(playback, record, *places, *dashes);
     }
     const LOGBRUSH brush = brushOf(playback.target(), {pen.elpBrushStyle, pen.elpColor, pen.elpHatch});
     playback.objects().add(*number, ExtCreatePen(pen.elpPenStyle, pen.elpWidth, &brush,

@@ -103,13 +103,8 @@ std::optional<Ink> InkPot::ofBrush(const DeviceContext& context, const BrushObje
         return ink;
     case BS_PATTERN:
     case BS_DIBPATTERNPT:
-        if (brush.pattern) {
-            const bool inkMono = brush.style == BS_PATTERN && brush.pattern->isMonochrome();
-            ink.tile = patternTile(brush.pattern, inkMono, pixelOf(context.state.textColor),
-                                   pixelOf(context.state.backColor));
-            return ink;
-        }
-        return std::nullopt;
+        ink.tile = brush.pattern ? patternTile(context.state, brush.pattern, brush.style) : nullptr;
+        return ink.tile ? std::optional(ink) : std::nullopt;
     default:
         return std::nullopt;
     }
@@ -123,13 +118,18 @@ std::optional<Ink> InkPot::ofPen(const DeviceContext& context, const PenObject& 
     Ink ink{ternaryOfBinary(context.state.rop2), pixelOf(pen.color), nullptr, context.state.brushOrigin};
     if (pen.brushStyle == BS_HATCHED) {
         ink.tile = hatchTile(context.state, pen.color, pen.hatch);
+    } else if (pen.pattern) {
+        ink.tile = patternTile(context.state, pen.pattern, pen.brushStyle);
     }
     return ink;
 }
 
-std::shared_ptr<const Tile> InkPot::patternTile(const std::shared_ptr<const Bitmap>& pattern, bool inkMono,
-                                                DWORD textColor, DWORD backColor)
+std::shared_ptr<const Tile> InkPot::patternTile(const ContextState& state,
+                                                const std::shared_ptr<const Bitmap>& pattern, UINT style)
 {
+    const bool inkMono = style == BS_PATTERN && pattern->isMonochrome();
+    const DWORD textColor = pixelOf(state.textColor);
+    const DWORD backColor = pixelOf(state.backColor);
     const bool known = m_tile && m_pattern == pattern && m_inkMono == inkMono &&
                        (!inkMono || (m_textColor == textColor && m_backColor == backColor));
     if (known) {

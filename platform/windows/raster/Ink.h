@@ -16,6 +16,7 @@ class Bitmap;
 class BrushObject;
 class DeviceContext;
 class PenObject;
+struct ContextState;
 
 // A hatch or a pattern, repeated without end from the brush origin on.
 struct Tile {
@@ -50,8 +51,8 @@ public:
     std::optional<Ink> ofPen(const DeviceContext& context, const PenObject& pen);
 
 private:
-    std::shared_ptr<const Tile> patternTile(const std::shared_ptr<const Bitmap>& pattern, bool inkMono,
-                                            DWORD textColor, DWORD backColor);
+    std::shared_ptr<const Tile> patternTile(const ContextState& state,
+                                            const std::shared_ptr<const Bitmap>& pattern, UINT style);
 
     std::shared_ptr<const Bitmap> m_pattern;
     bool m_inkMono = false;

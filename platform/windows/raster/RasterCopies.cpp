@@ -29,6 +29,20 @@ bool holdsPixels(const DeviceContext& context)
     return context.bitmap && context.bitmap->bitmap;
 }
 
+// AlphaBlend's formula, of one pixel.
+DWORD blended(DWORD below, DWORD above, const AlphaShare& share)
+{
+    constexpr DWORD Full = 255;
+    const DWORD ofPixel = share.ofPixels ? above >> 24 : Full;
+    const DWORD rest = Full - (ofPixel * share.whole + Full / 2) / Full;
+    DWORD result = 0;
+    for (int shift = 0; shift < 24; shift += 8) {
+        const DWORD sum = (above >> shift & Full) * share.whole + (below >> shift & Full) * rest;
+        result |= std::min((sum + Full / 2) / Full, Full) << shift;
+    }
+    return result;
+}
+
 } // namespace
 
 void RasterDevice::lay(DeviceContext& context, Canvas& canvas, PixelSource& source, BYTE operation)
@@ -102,6 +116,31 @@ bool RasterDevice::copyDib(DeviceContext& context, const RECT& target, const BIT
         shrinkingFor(context.state.stretchMode, ternaryOf(operation), view->bitsPerPixel == 1);
     PixelSource pixels(*view, corners, target, context.mapping(), canvas.box(), {{}, shrinking, true});
     lay(context, canvas, pixels, ternaryOf(operation));
+    return true;
+}
+
+bool RasterDevice::alphaBlend(DeviceContext& context, const RECT& target, DeviceContext& source,
+                              const SourceArea& area, const AlphaShare& share)
+{
+    if (!holdsPixels(context) || !holdsPixels(source)) {
+        return false;
+    }
+    Canvas canvas(context);
+    BitmapView view = source.bitmap->bitmap->view();
+    std::vector<BYTE> before;
+    if (source.bitmap == context.bitmap) {
+        before.assign(view.bits.begin(), view.bits.end());
+        view.bits = before;
+    }
+    PixelSource pixels(view, cornersOf(area, source.mapping()), target, context.mapping(), canvas.box(),
+                       {ruleBetween(context, source), Shrinking::Nearest, false});
+    canvas.change(pixels.box(), [&](DWORD* row, int x, int y, int count) {
+        const PixelSource::Stretch stretch = pixels.read(x, y, count);
+        for (int i = 0; i < stretch.count; ++i) {
+            DWORD& below = row[stretch.offset + i];
+            below = blended(below, stretch.pixels[i], share);
+        }
+    });
     return true;
 }
 

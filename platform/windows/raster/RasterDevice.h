@@ -49,6 +49,8 @@ public:
               DWORD operation, bool stretch) override;
     bool copyDib(DeviceContext& context, const RECT& target, const BITMAPINFO* info, const void* bits,
                  UINT usage, const SourceArea& area, DWORD operation) override;
+    bool alphaBlend(DeviceContext& context, const RECT& target, DeviceContext& source, const SourceArea& area,
+                    const AlphaShare& share) override;
 
     bool text(DeviceContext& context, const TextOutput& output) override;
 

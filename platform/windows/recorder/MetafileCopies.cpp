@@ -98,6 +98,20 @@ bool MetafileDevice::patternBlt(DeviceContext& context, std::span<const RECT> re
 bool MetafileDevice::copy(DeviceContext& context, const RECT& target, DeviceContext& source,
                           const SourceArea& area, DWORD operation, bool stretch)
 {
+    return recordCopy(context, target, source, area, operation, stretch ? EMR_STRETCHBLT : EMR_BITBLT);
+}
+
+bool MetafileDevice::alphaBlend(DeviceContext& context, const RECT& target, DeviceContext& source,
+                                const SourceArea& area, const AlphaShare& share)
+{
+    const DWORD format = share.ofPixels ? AC_SRC_ALPHA : 0;
+    return recordCopy(context, target, source, area, DWORD{share.whole} << 16 | format << 24, EMR_ALPHABLEND);
+}
+
+bool MetafileDevice::recordCopy(DeviceContext& context, const RECT& target, DeviceContext& source,
+                                const SourceArea& area, DWORD operation, DWORD type)
+{
+    const bool stretch = type != EMR_BITBLT;
     if (!source.bitmap || !source.bitmap->bitmap) {
         return false;
     }
@@ -116,9 +130,8 @@ bool MetafileDevice::copy(DeviceContext& context, const RECT& target, DeviceCont
     fields.offBitsSrc = fields.offBmiSrc + fields.cbBmiSrc;
     fields.cbBitsSrc = static_cast<DWORD>(dib.bitsLength());
     const std::uint64_t length = dib.headLength() + dib.bitsLength();
-    BYTE* const tail = stretch
-                           ? record(EMR_STRETCHBLT, EMRSTRETCHBLT{fields, area.width, area.height}, length)
-                           : record(EMR_BITBLT, fields, length);
+    BYTE* const tail = stretch ? record(type, EMRSTRETCHBLT{fields, area.width, area.height}, length)
+                               : record(type, fields, length);
     if (tail == nullptr) {
         return false;
     }

@@ -64,12 +64,17 @@ public:
               DWORD operation, bool stretch) override;
     bool copyDib(DeviceContext& context, const RECT& target, const BITMAPINFO* info, const void* bits,
                  UINT usage, const SourceArea& area, DWORD operation) override;
+    bool alphaBlend(DeviceContext& context, const RECT& target, DeviceContext& source, const SourceArea& area,
+                    const AlphaShare& share) override;
 
     bool text(DeviceContext& context, const TextOutput& output) override;
     bool comment(DeviceContext& context, std::span<const BYTE> data) override;
 
 private:
     enum class PathState : unsigned char { None, Open, Ended };
+
+    bool recordCopy(DeviceContext& context, const RECT& target, DeviceContext& source, const SourceArea& area,
+                    DWORD operation, DWORD type);
 
     // Appends a record, after those that deletions since the last one ask for. As RecordBuffer::append().
     template <class Record>

@@ -1,6 +1,7 @@
 // The part of MetafileDevice that records pens, brushes and fonts: created when they are first used, deleted when the
 // application has deleted them and they are not selected any more.
 #include <cstring>
+#include <optional>
 
 #include "DeviceContext.h"
 #include "MetafileDevice.h"
@@ -76,16 +77,34 @@ bool MetafileDevice::recordPen(const PenObject& pen, DWORD entry)
     fields.elp = {pen.style, pen.width, pen.brushStyle,
                   pen.color, pen.hatch, static_cast<DWORD>(pen.dashes.size()),
                   {}};
-    if (pen.dashes.empty()) {
-        return record(EMR_EXTCREATEPEN, fields) != nullptr;
+    std::size_t further = 0; // dashes
+    if (!pen.dashes.empty()) {
+        fields.elp.elpStyleEntry[0] = pen.dashes.front();
+        further = (pen.dashes.size() - 1) * sizeof(DWORD);
     }
-    fields.elp.elpStyleEntry[0] = pen.dashes.front();
-    const std::size_t further = (pen.dashes.size() - 1) * sizeof(DWORD);
-    BYTE* const tail = record(EMR_EXTCREATEPEN, fields, further);
-    if (tail != nullptr && further != 0) {
+    const BitmapView view = pen.pattern ? pen.pattern->view() : BitmapView{};
+    std::optional<PackedDib> dib;
+    if (pen.pattern) {
+        dib.emplace(view);
+        const bool monochrome = pen.brushStyle == BS_PATTERN && pen.pattern->isMonochrome();
+        fields.elp.elpBrushStyle = monochrome ? BS_PATTERN : BS_DIBPATTERNPT;
+        fields.offBmi = static_cast<DWORD>(sizeof(fields) + further);
+        fields.cbBmi = static_cast<DWORD>(dib->headLength());
+        fields.offBits = fields.offBmi + fields.cbBmi;
+        fields.cbBits = static_cast<DWORD>(dib->bitsLength());
+    }
+    BYTE* const tail = record(EMR_EXTCREATEPEN, fields, further + fields.cbBmi + fields.cbBits);
+    if (tail == nullptr) {
+        return false;
+    }
+    if (further != 0) {
         std::memcpy(tail, pen.dashes.data() + 1, further);
     }
-    return tail != nullptr;
+    if (dib) {
+        dib->writeHead(tail + further);
+        dib->writeBits(tail + further + dib->headLength());
+    }
+    return true;
 }
 
 bool MetafileDevice::recordBrush(const BrushObject& brush, DWORD entry)

@@ -89,6 +89,23 @@ bool VectorDevice::copyDib(DeviceContext& context, const RECT& target, const BIT
     return true;
 }
 
+bool VectorDevice::alphaBlend(DeviceContext& context, const RECT& target, DeviceContext& source,
+                              const SourceArea& area, const AlphaShare& share)
+{
+    if (m_page == nullptr || !holdsPixels(source)) {
+        return false;
+    }
+    const BitmapView view = source.bitmap->bitmap->view();
+    const CornerPair corners = cornersOf(area, source.mapping());
+    const RECT part{corners.first.x, corners.first.y, corners.second.x, corners.second.y};
+    if (begin(context) && part.left < part.right && part.top < part.bottom) {
+        m_page->picture(transparentPictureOf(view, part, colorsOf(context, source), share),
+                        wayToPage(corners, part, target, context.mapping()),
+                        context.state.stretchMode == HALFTONE, Blend::Normal);
+    }
+    return true;
+}
+
 void VectorDevice::place(const DeviceContext& context, const BitmapView& view, const CornerPair& corners,
                          const RECT& target, const ColorRule& colors, DWORD operation,
                          std::span<const BYTE> jpeg)

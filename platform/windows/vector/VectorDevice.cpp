@@ -59,6 +59,16 @@ VectorPaint plain(COLORREF color, Blend blend = Blend::Normal)
     return paint;
 }
 
+std::shared_ptr<const VectorPicture> tileOf(const ContextState& state, const Bitmap& pattern, UINT style)
+{
+    const BitmapView view = pattern.view();
+    ColorRule colors;
+    if (style == BS_PATTERN && pattern.isMonochrome()) {
+        colors = {ColorRule::Kind::FromMonochrome, pixelOf(state.backColor), pixelOf(state.textColor)};
+    }
+    return pictureOf(view, {0, 0, view.width, view.height}, colors);
+}
+
 // Clips of more are regions.
 constexpr std::size_t MostClipPoints = 4096;
 constexpr std::size_t MostClipShapes = 16;
@@ -274,19 +284,9 @@ std::optional<VectorPaint> VectorDevice::paintOf(const DeviceContext& context, c
         paint.gaps = opaque ? std::optional(context.state.backColor) : std::nullopt;
         return paint;
     case BS_PATTERN:
-    case BS_DIBPATTERNPT: {
-        if (!brush.pattern) {
-            return std::nullopt;
-        }
-        const BitmapView view = brush.pattern->view();
-        ColorRule colors;
-        if (brush.style == BS_PATTERN && brush.pattern->isMonochrome()) {
-            colors = {ColorRule::Kind::FromMonochrome, pixelOf(context.state.backColor),
-                      pixelOf(context.state.textColor)};
-        }
-        paint.tile = pictureOf(view, {0, 0, view.width, view.height}, colors);
-        return paint;
-    }
+    case BS_DIBPATTERNPT:
+        paint.tile = brush.pattern ? tileOf(context.state, *brush.pattern, brush.style) : nullptr;
+        return paint.tile ? std::optional(paint) : std::nullopt;
     default:
         return std::nullopt;
     }
@@ -303,6 +303,10 @@ std::optional<VectorPaint> VectorDevice::paintOf(const DeviceContext& context, c
         paint.unit = screenPixel();
         paint.origin = context.state.brushOrigin;
         paint.gaps = context.state.backMode == OPAQUE ? std::optional(context.state.backColor) : std::nullopt;
+    } else if (pen.pattern) {
+        paint.unit = screenPixel();
+        paint.origin = context.state.brushOrigin;
+        paint.tile = tileOf(context.state, *pen.pattern, pen.brushStyle);
     }
     return paint;
 }

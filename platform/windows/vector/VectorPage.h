@@ -27,8 +27,8 @@ enum class Blend : unsigned char { Normal, Multiply, Screen, Difference };
 struct VectorPicture {
     int width = 0;
     int height = 0;
-    bool hasHoles = false;             // pixels that are not there: 0
-    std::vector<std::uint32_t> pixels; // 0xFFRRGGBB, top row first
+    bool hasHoles = false;             // pixels whose first byte is below 0xFF
+    std::vector<std::uint32_t> pixels; // 0xFFRRGGBB, top row first; colours are multiplied by the first byte
     std::string id;                    // letters and digits
     std::vector<unsigned char> jpeg;   // the same picture, as it came; may be empty
 };

@@ -36,9 +36,9 @@ void name(VectorPicture& picture)
     }
 }
 
-} // namespace
-
-std::shared_ptr<VectorPicture> pictureOf(const BitmapView& view, const RECT& part, const ColorRule& colors)
+template <class Convert>
+std::shared_ptr<VectorPicture> made(const BitmapView& view, const RECT& part, const ColorRule& colors,
+                                    const Convert& convert)
 {
     auto picture = std::make_shared<VectorPicture>();
     picture->width = part.right - part.left;
@@ -49,9 +49,33 @@ std::shared_ptr<VectorPicture> pictureOf(const BitmapView& view, const RECT& par
         DWORD* const row = picture->pixels.data() + std::ptrdiff_t{y} * picture->width;
         readPixels(view, part.left, part.top + y, picture->width, row);
         colors.apply(row, picture->width);
-        std::transform(row, row + picture->width, row, [](DWORD pixel) { return pixel | Opaque; });
+        std::transform(row, row + picture->width, row, convert);
     }
     name(*picture);
+    return picture;
+}
+
+} // namespace
+
+std::shared_ptr<VectorPicture> pictureOf(const BitmapView& view, const RECT& part, const ColorRule& colors)
+{
+    return made(view, part, colors, [](DWORD pixel) { return pixel | Opaque; });
+}
+
+std::shared_ptr<VectorPicture> transparentPictureOf(const BitmapView& view, const RECT& part,
+                                                    const ColorRule& colors, const AlphaShare& share)
+{
+    auto picture = made(view, part, colors, [&share](DWORD pixel) {
+        constexpr DWORD Full = 255;
+        const DWORD opacity = share.ofPixels ? pixel >> 24 : Full;
+        const DWORD limited = (opacity * share.whole + Full / 2) / Full;
+        DWORD result = limited << 24;
+        for (int shift = 0; shift < 24; shift += 8) { // no colour is stronger than its pixel is there
+            result |= std::min(((pixel >> shift & Full) * share.whole + Full / 2) / Full, limited) << shift;
+        }
+        return result;
+    });
+    picture->hasHoles = true;
     return picture;
 }
 

@@ -21,6 +21,8 @@ const std::map<std::string, Words> Bitmaps{
     // A run of two, the end of the row, a pixel each.
     {"runs", {40, 2, 2, 0x80001, BI_RLE8, 8, 0, 0, 2, 0, 0, 0xFF0000, 0x00000102, 0x00010101, 0x0100}},
     {"bits", {40, 4, 2, 0x10001, 0, 8, 0, 0, 2, 0, 0, 0xFFFFFF, 0x50, 0xA0}},
+    // Red, and a pixel that is not there.
+    {"alpha", {40, 2, -1, 0x200001, 0, 8, 0, 0, 0, 0, static_cast<std::int32_t>(0xFFFF0000), 0}},
     {"mask", {40, 2, 2, 0x10001, 0, 8, 0, 0, 2, 0, 0, 0xFFFFFF, 0x80, 0x40}},
 };
 
@@ -116,6 +118,21 @@ TEST(Playback, PaintsRecords)
              "TRANSPARENTBLT 0 0 0 0 8 4 2 1 0xFFFFFF 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 2 2;" // no colour mixed
              "MASKBLT 0 0 0 0 6 0 2 2 0xAACC0020 0 0 1f 0f 0f 1f 0f 0f 0 0 @four 0 0 0 @mask;",
          "##bbbbb.bbbb ##bbbbrbbbbb rrggbbbbbbbb rrggbbbbbbbb bbbbbbbbrbbb bbbbbbbbbbbb "},
+        {"parallelograms",
+         "PLGBLT 0 0 0 0 4 0 4 4 0 0 0 0 2 2 1f 0f 0f 1f 0f 0f 0 0 @four 0 0 0 0 0 0 0;"
+         "PLGBLT 0 0 0 0 6 0 10 0 6 4 0 0 2 2 1f 0f 0f 1f 0f 0f 0 0 @four 0 0 0 @mask;",
+         "rr##........ rr##........ gg....rr.... gg....rr.... ............ ............ "},
+        {"transparent pictures",
+         "CREATEBRUSHINDIRECT 1 0 0xFF0000 0; SELECTOBJECT 1; SELECTOBJECT 0x80000008;" + All +
+             "ALPHABLEND 0 0 0 0 0 0 4 2 0x01FF0000 0 0 1f 0f 0f 1f 0f 0f 0 0 @alpha 2 1;"
+             "ALPHABLEND 0 0 0 0 4 0 4 2 0x00FF0000 0 0 1f 0f 0f 1f 0f 0f 0 0 @alpha 2 1;"
+             "ALPHABLEND 0 0 0 0 8 0 4 2 0x01000000 0 0 1f 0f 0f 1f 0f 0f 0 0 @alpha 2 1;",
+         "rrbbrr##bbbb rrbbrr##bbbb bbbbbbbbbbbb bbbbbbbbbbbb bbbbbbbbbbbb bbbbbbbbbbbb "},
+        {"pens with patterns",
+         "EXTCREATEPEN 1 @four 0x10200 2 5 0 0 0 0; SELECTOBJECT 1; MOVETOEX 2 2; LINETO 8 2;"
+         "SETTEXTCOLOR 0xFF; SETBKCOLOR 0xFF0000; EXTCREATEPEN 2 @bits 0x10200 2 3 0 0 0 0; SELECTOBJECT 2;"
+         "MOVETOEX 2 5; LINETO 8 5;",
+         "............ ..rgrgrg.... ..#.#.#..... ............ ..brbrbr.... ..rbrbrb.... "},
         {"gradients",
          "GRADIENTFILL 0 0 0 0 2 1 0 1 1 0xFF000000 0 4 3 0xFF000000 0 0 1;"
          "GRADIENTFILL 0 0 0 0 3 1 2 6 0 0 0xFF00 12 0 0 0xFF00 6 6 0 0xFF00 0 1 2;",
@@ -280,9 +297,10 @@ TEST(Playback, PlaysWhatIsSound)
     }
     Page page;
     EXPECT_FALSE(play(page.context(), metafile(Bar, false), WholePage));
-    const int before = gdiUnplayedRecords(EMR_PLGBLT);
-    EXPECT_TRUE(play(page.context(), metafile("PLGBLT; SELECTPALETTE 0;"), WholePage));
-    EXPECT_EQ(gdiUnplayedRecords(EMR_PLGBLT), before + 1);
+    constexpr DWORD Escape = 106;
+    const int before = gdiUnplayedRecords(Escape);
+    EXPECT_TRUE(play(page.context(), metafile("106 0 0; SELECTPALETTE 0;"), WholePage));
+    EXPECT_EQ(gdiUnplayedRecords(Escape), before + 1);
     EXPECT_EQ(gdiUnplayedRecords(EMR_SELECTPALETTE), 0);
 }
 

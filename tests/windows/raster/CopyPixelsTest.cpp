@@ -300,6 +300,24 @@ TEST(CopyPixels, MirrorInPlace)
     EXPECT_EQ(page.picture(), "\nr#\n##");
 }
 
+// The share of the whole, and that of each pixel; what does not lie on the source's bitmap is none.
+TEST(CopyPixels, AreLaidOverByTheirShare)
+{
+    const PixelPage page(2, 1);
+    const MemoryBitmap source(2, 1, 32, false);
+    SetPixelV(page.context(), 0, 0, 0x0000C8);
+    SetPixelV(page.context(), 1, 0, 0x0000C8);
+    SetPixelV(source.context(), 0, 0, 0x640000);
+    const BLENDFUNCTION half{AC_SRC_OVER, 0, 128, 0};
+    EXPECT_TRUE(GdiAlphaBlend(page.context(), 0, 0, 1, 1, source.context(), 0, 0, 1, 1, half));
+    EXPECT_EQ(page.at(0, 0), 0x320064U);
+    const BLENDFUNCTION byPixels{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA}; // whose fourth byte is 0
+    EXPECT_TRUE(GdiAlphaBlend(page.context(), 1, 0, 1, 1, source.context(), 1, 0, 1, 1, byPixels));
+    EXPECT_EQ(page.at(1, 0), 0x0000C8U);
+    EXPECT_FALSE(GdiAlphaBlend(page.context(), 0, 0, 1, 1, source.context(), 2, 0, 1, 1, half));
+    EXPECT_FALSE(GdiAlphaBlend(page.context(), 0, 0, 1, 1, source.context(), 0, 0, -1, 1, half));
+}
+
 // Every form of bitmap takes and gives the same picture as a page.
 TEST(CopyPixels, AreTheSameInAllFormsOfBitmaps)
 {

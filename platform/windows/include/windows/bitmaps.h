@@ -46,6 +46,16 @@ struct BITMAP {
 };
 static_assert(sizeof(BITMAP) == (sizeof(void*) == 8 ? 32 : 24));
 
+struct BLENDFUNCTION {
+    BYTE BlendOp; // AC_SRC_OVER
+    BYTE BlendFlags;
+    BYTE SourceConstantAlpha;
+    BYTE AlphaFormat; // 0 or AC_SRC_ALPHA
+};
+static_assert(sizeof(BLENDFUNCTION) == 4);
+constexpr BYTE AC_SRC_OVER = 0;
+constexpr BYTE AC_SRC_ALPHA = 1;
+
 extern "C" {
 
 // Sizes are checked in 64 bits, and 256 MiB is the most that one bitmap may take: null beyond that.
@@ -79,6 +89,12 @@ SURFACE_API int WINAPI StretchDIBits(HDC target, int x, int y, int width, int he
                                      int sourceY, int sourceWidth, int sourceHeight, const void* bits,
                                      const BITMAPINFO* info, UINT usage,
                                      DWORD operation) __asm__("surface_StretchDIBits");
+// Lays the source over the target. AC_SRC_ALPHA: by the fourth byte of its pixels, of which it has 32 bits and by which
+// their colours are multiplied already; and by the constant share of all. Sizes below 0 and a source rectangle that
+// leaves its bitmap are errors (ERROR_INVALID_PARAMETER). On a printed page and in SVG the picture is transparent.
+SURFACE_API BOOL WINAPI GdiAlphaBlend(HDC target, int x, int y, int width, int height, HDC source,
+                                      int sourceX, int sourceY, int sourceWidth, int sourceHeight,
+                                      BLENDFUNCTION function) __asm__("surface_GdiAlphaBlend");
 SURFACE_API COLORREF WINAPI GetPixel(HDC context, int x, int y) __asm__("surface_GetPixel");
 SURFACE_API BOOL WINAPI SetPixelV(HDC context, int x, int y, COLORREF color) __asm__("surface_SetPixelV");
 

@@ -41,6 +41,32 @@ struct EMRMASKBLT {
 };
 static_assert(sizeof(EMRMASKBLT) == 128);
 
+// [MS-EMF] 2.3.1.4: the corners are those of the source's upper left, upper right and lower left ones.
+struct EMRPLGBLT {
+    EMR emr;
+    RECTL rclBounds;
+    POINTL aptlDest[3];
+    LONG xSrc;
+    LONG ySrc;
+    LONG cxSrc;
+    LONG cySrc;
+    XFORM xformSrc;
+    COLORREF crBkColorSrc;
+    DWORD iUsageSrc;
+    DWORD offBmiSrc;
+    DWORD cbBmiSrc;
+    DWORD offBitsSrc;
+    DWORD cbBitsSrc;
+    LONG xMask;
+    LONG yMask;
+    DWORD iUsageMask;
+    DWORD offBmiMask;
+    DWORD cbBmiMask;
+    DWORD offBitsMask;
+    DWORD cbBitsMask;
+};
+static_assert(sizeof(EMRPLGBLT) == 140);
+
 // [MS-EMF] 2.3.5.12; nTriVert vertices follow, then nGradObj triples (pairs, for rectangles) of their numbers.
 struct EMRGRADIENTFILL {
     EMR emr;
