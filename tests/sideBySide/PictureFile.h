@@ -15,7 +15,10 @@ struct Picture {
     std::vector<COLORREF> pixels; // the top row first
 
     bool operator==(const Picture&) const = default;
-    COLORREF at(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
+    COLORREF at(int x, int y) const
+    {
+        return pixels[static_cast<std::size_t>(std::ptrdiff_t{y} * width + x)];
+    }
 };
 
 inline void writePicture(std::ostream& out, const Picture& picture)

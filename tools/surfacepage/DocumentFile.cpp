@@ -64,7 +64,7 @@ DocumentFile::~DocumentFile()
 
 std::string DocumentFile::open()
 {
-    if (const std::string objection = m_rule.objectionTo(m_path); !objection.empty()) {
+    if (std::string objection = m_rule.objectionTo(m_path); !objection.empty()) {
         return objection;
     }
     std::error_code error;

@@ -75,8 +75,8 @@ const std::string& OutputFile::create()
     close(descriptor);
     if (exists) {
         // Best effort: on file systems without permissions there is nothing to keep.
-        constexpr fs::perms kept = fs::perms::owner_all | fs::perms::group_all | fs::perms::others_all;
-        fs::permissions(temporary, status.permissions() & kept, error);
+        constexpr fs::perms Kept = fs::perms::owner_all | fs::perms::group_all | fs::perms::others_all;
+        fs::permissions(temporary, status.permissions() & Kept, error);
     }
     m_place = place.string();
     m_temporary = temporary;

@@ -3,11 +3,11 @@
 
 #include <windows.h>
 
-#include <compare>
 #include <map>
 #include <memory>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "CairoRelease.h"
@@ -35,7 +35,10 @@ private:
         DWORD hatch;
         COLORREF color;
         std::optional<COLORREF> gaps;
-        auto operator<=>(const HatchKey&) const = default;
+        bool operator<(const HatchKey& other) const
+        {
+            return std::tie(hatch, color, gaps) < std::tie(other.hatch, other.color, other.gaps);
+        }
     };
 
     // Cairo gives up all further drawing when one call goes wrong; the page goes on with a new context.

@@ -125,7 +125,7 @@ std::string SvgPage::defined(const std::string& kind, const std::string& content
     if (const auto found = m_definitions.find(key); found != m_definitions.end()) {
         return found->second;
     }
-    const std::string id = numbered("d", ++m_count);
+    std::string id = numbered("d", ++m_count);
     const std::string element = kind.substr(0, kind.find(' '));
     m_bytes.append("<defs><").append(kind).append(attribute("id", id)).append(">").append(contents);
     m_bytes.append("</").append(element).append("></defs>\n");
@@ -171,7 +171,7 @@ std::string SvgPage::idOf(const VectorPicture& picture)
     if (const auto found = m_pictures.find(picture.id); found != m_pictures.end()) {
         return found->second;
     }
-    const std::string id = numbered("p", ++m_count);
+    std::string id = numbered("p", ++m_count);
     m_bytes += "<defs><image" + attribute("id", id) + attribute("width", std::to_string(picture.width)) +
                attribute("height", std::to_string(picture.height)) +
                attribute("xlink:href", "data:image/png;base64," + base64(pngOf(picture))) + "/></defs>\n";

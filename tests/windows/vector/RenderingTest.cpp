@@ -27,6 +27,8 @@ struct Gray {
     int width = 0;
     int height = 0;
     std::vector<int> pixels; // 0 to 765, by the sum of the colours
+
+    int at(int x, int y) const { return pixels[static_cast<std::size_t>(std::ptrdiff_t{y} * width + x)]; }
 };
 
 Gray readPpm(const fs::path& file)
@@ -68,8 +70,7 @@ Gray blurred(const Gray& gray)
         for (int x = 0; x < result.width; ++x) {
             int sum = 0;
             for (int i = 0; i < Blur * Blur; ++i) {
-                sum += gray.pixels[static_cast<std::size_t>((y * Blur + i / Blur) * gray.width + x * Blur +
-                                                            i % Blur)];
+                sum += gray.at(x * Blur + i % Blur, y * Blur + i / Blur);
             }
             result.pixels.push_back(sum / (Blur * Blur));
         }
@@ -87,8 +88,8 @@ double similarity(const Gray& first, const Gray& second)
     double inks[2] = {0, 0};
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            const int a = first.pixels[static_cast<std::size_t>(y * first.width + x)];
-            const int b = second.pixels[static_cast<std::size_t>(y * second.width + x)];
+            const int a = first.at(x, y);
+            const int b = second.at(x, y);
             difference += std::abs(a - b);
             inks[0] += White - a;
             inks[1] += White - b;
