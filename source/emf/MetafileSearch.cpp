@@ -51,10 +51,10 @@ MetafileSearch::MetafileSearch(metafile::Page page, TovoTextString text, bool ma
     }
 }
 
-bool MetafileSearch::find(unsigned int position, unsigned int textOffset, POINTL& place,
+bool MetafileSearch::find(unsigned int& field, unsigned int position, unsigned int textOffset, POINTL& place,
                           MatchEntries& entries)
 {
-    for (unsigned int field = 0; field < m_fields.size(); ++field) {
+    for (; field < m_fields.size(); ++field) {
         place = m_fields[field].place;
         if (m_fields[field].position < position) {
             continue;

@@ -62,10 +62,11 @@ public:
     // Whether there is anything to be found: a search for words needs one.
     bool hasTarget() const { return !m_wholeWord || m_words.size() != 0; }
 
-    // Looks through the fields whose records begin at `position` or after it, in the first of those for a hit
+    // Looks, from a field on, through those whose records begin at `position` or after it, in the first of those for a hit
     // that begins at `textOffset` or after it. `place` becomes that of the last field met, searched or not: of
-    // the one that a hit begins in. Adds the entries of the hit, in its order.
-    bool find(unsigned int position, unsigned int textOffset, POINTL& place, MatchEntries& entries);
+    // the one that a hit begins in, and `field` too. Adds the entries of the hit, in its order.
+    bool find(unsigned int& field, unsigned int position, unsigned int textOffset, POINTL& place,
+              MatchEntries& entries);
 
 private:
     // What became of a candidate. One that failed after its first field ends the search of that field.

@@ -35,7 +35,8 @@ int CMetaFilePlayerEMF::searchPageForString(unsigned char* page, unsigned int le
     MetafileSearch search(bytes, TovoTextString(text), matchCase, wholeWord);
     POINTL place{x, y};
     MatchEntries entries;
-    const bool found = search.hasTarget() && search.find(position, textOffset, place, entries);
+    unsigned int field = 0;
+    const bool found = search.hasTarget() && search.find(field, position, textOffset, place, entries);
     x = place.x;
     y = place.y;
     if (!found) {

@@ -220,6 +220,13 @@ const ToolCase Cases[] = {
      1,
      "hit 1 at (60, 120)|hit 6 at (62, 900)|hit 1 at (60, 120)|words.emf: hit 1 at (|words.svg: hit "
      "6|sheet.svg: no hit"},
+    {"FindsInEitherEncoding",
+     "printf \"<?xml?><!DOCTYPE svg><svg><text x='1' y='2'>caf\\303\\251 au lait</text><text x='1' "
+     "y='9'>caf\\351"
+     "</text></svg>\" > both.svg; surfacepage find both.svg caf\xC3\xA9; surfacepage find -c both.svg "
+     "caf\xE9; "
+     "surfacepage find --count words.svg heating",
+     0, "hit 1 at (1, 2): caf\xC3\xA9 au lait\n|hit 2 at (1, 9): caf\xC3\xA9\n|2 hits\n6 hits\n"},
     {"MarksAHit",
      "surfacepage find words.svg heating -o m.svg --hit 3 && grep -c \"find='[0-9]*,[1-9]\" m.svg; "
      "surfacepage find words.svg heating -o n.svg --hit 7; ls n.svg",

@@ -42,14 +42,15 @@ struct StampOptions {
 Outcome stampCommand(FileJob& job, const StampOptions& options);
 
 struct FindOptions {
-    std::string text; // bytes, compared with those of the page
+    std::string text; // as it is, and as UTF-8 or code page 1252 has it
     bool matchCase = false;
     bool wholeWord = false;
+    bool countOnly = false;               // how many hits, not each of them
     std::vector<std::string> markedPages; // of each job; empty: none
     unsigned int markedHit = 1;           // the hit that is marked there
     const OverwriteRule* overwriting = nullptr;
 };
-// All hits with their places. Nothing: there is none.
+// All hits with their places and the text around them, as they are found. Nothing: there is none.
 Outcome findCommand(FileJob& job, const FindOptions& options);
 
 // The texts in reading order, one a line, as UTF-8. Fails for a damaged page, after those that are there.

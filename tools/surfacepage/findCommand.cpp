@@ -6,51 +6,54 @@
 #include "PageWholeness.h"
 #include "commands.h"
 #include "metaFilePlayer.h"
+#include "pageHits.h"
+#include "sys/krnos.h"
+#include "utf8Text.h"
 
 namespace pagetool {
 
 namespace {
 
+constexpr const char* OutOfMemory = "can't be searched to its end: there is not enough memory";
+
 struct FreeFoundPage {
     void operator()(unsigned char* page) const { CMetaFilePlayer::freeFoundPage(page); }
 };
-using FoundPage = std::unique_ptr<unsigned char, FreeFoundPage>;
 
-// The hits of a page, one after the other.
-class Hits {
-public:
-    Hits(StoredPage& page, const FindOptions& options) : m_page(page), m_options(options) {}
-
-    // False after the last one, and when the search failed.
-    bool next()
-    {
-        unsigned char* found = nullptr;
-        unsigned int length = 0;
-        x = y = 0;
-        failed = CMetaFilePlayer::searchPageForString(m_page.data(), m_page.size(), m_options.text.c_str(),
-                                                      m_options.matchCase, m_options.wholeWord, m_position,
-                                                      m_textOffset, found, length, x, y) != 0;
-        m_found.reset(found);
-        marked = {found, length};
-        return !failed && found != nullptr && length > 0;
-    }
-
-    int x = 0; // of the text in which the hit begins, in logical units
+// Writes the page with the hit marked.
+Outcome writeMarked(FileJob& job, StoredPage& page, const PageHit& hit, const std::string& text,
+                    const FindOptions& options)
+{
+    unsigned char* found = nullptr;
+    unsigned int length = 0;
+    unsigned int position = hit.position;
+    unsigned int textOffset = hit.textOffset;
+    int x = 0;
     int y = 0;
-    std::span<const unsigned char> marked; // the page with the hit marked, until the next call
-    bool failed = false;
-
-private:
-    StoredPage& m_page;
-    const FindOptions& m_options;
-    unsigned int m_position = 0; // the search's own cursor
-    unsigned int m_textOffset = 0;
-    FoundPage m_found;
-};
+    CMetaFilePlayer::searchPageForString(page.data(), page.size(), text.c_str(), options.matchCase,
+                                         options.wholeWord, position, textOffset, found, length, x, y);
+    const std::unique_ptr<unsigned char, FreeFoundPage> marked(found);
+    if (length == 0) {
+        return job.fail(OutOfMemory);
+    }
+    return OutputFile(job, options.markedPages[job.number()], *options.overwriting)
+        .write({marked.get(), length});
+}
 
 std::string numbered(const char* before, std::size_t number, const char* after)
 {
     return std::string(before).append(std::to_string(number)).append(after);
+}
+
+void show(FileJob& job, const PageHit& hit, std::size_t count, const FindOptions& options)
+{
+    job.progress(numbered("", count, " hits"));
+    if (options.countOnly) {
+        return;
+    }
+    std::string line = numbered("hit ", count, " at (");
+    line.append(std::to_string(hit.x)).append(", ").append(std::to_string(hit.y)).append("): ");
+    job.printLine(line + excerpt({hit.text, hit.textLength}, hit.start));
 }
 
 } // namespace
@@ -64,29 +67,32 @@ Outcome findCommand(FileJob& job, const FindOptions& options)
     const bool marks = !options.markedPages.empty();
     Outcome outcome = Outcome::Nothing;
     std::size_t count = 0;
-    Hits hits(*page, options);
-    while (hits.next()) {
-        ++count;
-        outcome = outcome == Outcome::Nothing ? Outcome::Done : outcome;
-        std::string line = numbered("hit ", count, " at (");
-        line.append(std::to_string(hits.x)).append(", ").append(std::to_string(hits.y)).append(")");
-        job.printLine(line);
-        job.progress(numbered("", count, " hits"));
-        if (marks && count == options.markedHit) {
-            outcome =
-                OutputFile(job, options.markedPages[job.number()], *options.overwriting).write(hits.marked);
+    try {
+        for (const std::string& text : spellingsOf(options.text)) {
+            PageHits hits(page->data(), page->size(), text.c_str(), options.matchCase, options.wholeWord);
+            while (hits.next()) {
+                ++count;
+                outcome = outcome == Outcome::Nothing ? Outcome::Done : outcome;
+                show(job, hits.hit(), count, options);
+                if (marks && count == options.markedHit) {
+                    outcome = writeMarked(job, *page, hits.hit(), text, options);
+                }
+            }
         }
+    } catch (const KrnException&) {
+        return job.fail(OutOfMemory);
     }
-    if (hits.failed) {
-        return job.fail("can't be searched to its end: there is not enough memory");
+    if (options.countOnly) {
+        job.printLine(numbered("", count, count == 1 ? " hit" : " hits"));
     }
     if (const std::string damage = damageOf(*page); !damage.empty()) {
         return job.fail(damage);
     }
-    if (count == 0) {
-        job.printLine("no hit");
-    } else if (marks && count < options.markedHit) {
+    if (marks && count != 0 && count < options.markedHit) {
         return job.fail(numbered("has no hit ", options.markedHit, " to mark"));
+    }
+    if (count == 0 && !options.countOnly) {
+        job.printLine("no hit");
     }
     return outcome;
 }

@@ -247,6 +247,7 @@ private:
         addForce(find);
         find->add_flag("--case", m_find.matchCase, "Upper and lower case differ");
         find->add_flag("--word", m_find.wholeWord, "Whole words only");
+        find->add_flag("-c,--count", m_find.countOnly, "Print how many hits each page has, and no hit");
         CLI::Option* const marked =
             find->add_option("-o,--output", m_pattern,
                              "Write a copy of the page with a hit marked; {} stands for the name of FILE "

@@ -1,6 +1,7 @@
 #include "utf8Text.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "sys/krnos.h"
 
@@ -52,6 +53,19 @@ char32_t ofCodePage(char character)
     unsigned short wide[2] = {};
     intlCStringToUnicode(text, wide, 2);
     return wide[0];
+}
+
+// The byte that stands for the character of this sequence; nothing when none does.
+std::optional<char> inCodePage(std::string_view sequence)
+{
+    for (int byte = 0; byte < 256; ++byte) {
+        std::string there;
+        appendUtf8(there, ofCodePage(static_cast<char>(byte)));
+        if (there == sequence) {
+            return static_cast<char>(byte);
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -116,6 +130,42 @@ std::string utf8Line(std::string_view text)
         line.begin(), line.end(),
         [](char character) { return static_cast<unsigned char>(character) < ' ' || character == '\x7F'; },
         ' ');
+    return line;
+}
+
+std::vector<std::string> spellingsOf(const std::string& text)
+{
+    if (!isUtf8(text)) {
+        return {text, utf8Of(text)};
+    }
+    std::string bytes;
+    for (std::string_view rest = text; !rest.empty();) {
+        const std::string_view sequence = rest.substr(0, sequenceLength(rest));
+        const std::optional<char> byte = inCodePage(sequence);
+        if (!byte) {
+            return {text};
+        }
+        bytes.push_back(*byte);
+        rest.remove_prefix(sequence.size());
+    }
+    return bytes == text ? std::vector{text} : std::vector{text, bytes};
+}
+
+std::string excerpt(std::string_view text, std::size_t start)
+{
+    constexpr std::size_t Around = 60; // bytes
+    constexpr std::string_view More = "...";
+    std::size_t begin = start > Around ? start - Around : 0;
+    std::size_t end = std::min(text.size(), start + Around);
+    while (begin > 0 && begin < start && isFollower(text[begin])) {
+        ++begin;
+    }
+    while (end < text.size() && isFollower(text[end])) {
+        ++end;
+    }
+    std::string line(begin > 0 ? More : "");
+    line += utf8Line(text.substr(begin, end - begin));
+    line += end < text.size() ? More : "";
     return line;
 }
 

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pagetool {
 
@@ -15,5 +16,10 @@ std::string utf8Of(std::u16string_view text);
 std::string utf8Of(std::string_view text);
 // The same on one line: control characters become blanks.
 std::string utf8Line(std::string_view text);
+
+// A text to be sought: as it is, and as the other of UTF-8 and code page 1252 has it where these differ and both can hold it.
+std::vector<std::string> spellingsOf(const std::string& text);
+// The line with a place of a text in it, with so much before and after it as fits on a terminal; on one line, UTF-8.
+std::string excerpt(std::string_view text, std::size_t start);
 
 } // namespace pagetool

@@ -15,48 +15,31 @@
 
 using namespace drawing;
 
-// A text cut into words.
-struct PageTextSearch::WordText {
-    const char* word(unsigned int index) const { return text.text() + words[index]; }
-
-    TovoTextString text;
-    WordPlaces words;
-};
-
-// A chain of records with a blank at each seam, cut into words.
-struct PageTextSearch::WordChain : WordText {
-    struct Record {
-        unsigned int start;    // of its text in the chain's
-        unsigned int wordsEnd; // how many words the chain has up to its end
-    };
-
-    unsigned int first = 0; // index of the first record
-    unsigned int after = 0; // index after the last one
-    Vector<Record, 10> records;
-};
-
 bool PageTextSearch::findSubstring(unsigned int& position, unsigned int& textOffset, bool matchCase,
                                    const TovoTextString& search, unsigned int& recordIndex)
 {
-    TovoTextString text;
     int place = -1;
     unsigned int index = firstRecord(position, textOffset);
+    unsigned int start = 0;
     while (place < 0 && index < m_records.size()) {
-        const unsigned int after = joinRecords(index, false, matchCase, text);
+        if (!m_plainChain.holds(index)) {
+            joinText(index, matchCase);
+        }
+        start = m_plainChain.starts[index - m_plainChain.first];
         // Past its own text the record has no hit, and the next one is searched from its beginning.
-        const unsigned int from = std::min(textOffset, m_records[index]->m_text.length());
-        place = text.find(search.text(), static_cast<int>(from));
+        const unsigned int from = start + std::min(textOffset, m_records[index]->m_text.length());
+        place = m_plainChain.text.find(search.text(), static_cast<int>(from));
         textOffset = 0;
-        index = place < 0 ? after : index;
+        index = place < 0 ? m_plainChain.after : index;
     }
     if (place >= 0) {
-        textOffset = static_cast<unsigned int>(place);
+        textOffset = static_cast<unsigned int>(place) - start;
         for (; textOffset >= m_records[index]->m_text.length(); ++index) {
             textOffset -= m_records[index]->m_text.length();
         }
         position = static_cast<unsigned int>(m_records[index]->m_offset);
         recordIndex = index;
-        markRange(index, textOffset, search.length());
+        m_foundLength = search.length();
     }
     ++textOffset;
     return place >= 0;
@@ -69,12 +52,12 @@ bool PageTextSearch::findWords(unsigned int& position, unsigned int& textOffset,
     if (splitWords(&phrase.text, &phrase.words) == 0) {
         return false;
     }
-    WordChain chain;
+    const WordChain& chain = m_wordChain;
     bool found = false;
-    unsigned int index = firstRecord(position, textOffset);
-    for (chain.after = index; !found && index < m_records.size(); ++index) {
-        if (index == chain.after) {
-            joinWords(index, matchCase, chain);
+    for (unsigned int index = firstRecord(position, textOffset); !found && index < m_records.size();
+         ++index) {
+        if (!chain.holds(index)) {
+            joinWords(index, matchCase);
         }
         const auto offset = static_cast<unsigned int>(m_records[index]->m_offset);
         if (offset != position) {
@@ -88,8 +71,8 @@ bool PageTextSearch::findWords(unsigned int& position, unsigned int& textOffset,
             recordIndex = index;
             const unsigned int last = word + phrase.words.size() - 1;
             const std::string_view lastWord(chain.word(last));
-            markRange(index, textOffset,
-                      chain.words[last] - chain.words[word] + static_cast<unsigned int>(lastWord.size()));
+            m_foundLength =
+                chain.words[last] - chain.words[word] + static_cast<unsigned int>(lastWord.size());
         }
     }
     ++textOffset;
@@ -108,10 +91,9 @@ unsigned int PageTextSearch::findPhrase(const WordChain& chain, unsigned int rec
     const unsigned int nowhere = chain.words.size();
     const unsigned int ownEnd = chain.records[record].wordsEnd;
     unsigned int seenEnd = ownEnd;
-    for (unsigned int first = record > 0 ? chain.records[record - 1].wordsEnd : 0; first < seenEnd; ++first) {
-        if (chain.words[first] - chain.records[record].start < textOffset) {
-            continue;
-        }
+    const unsigned int own = record > 0 ? chain.records[record - 1].wordsEnd : 0;
+    for (unsigned int first = firstWordFrom(chain, own, chain.records[record].start, textOffset);
+         first < seenEnd; ++first) {
         unsigned int matched = 0;
         while (lstrcmpA(chain.word(first + matched), phrase.word(matched)) == 0) {
             if (++matched == phrase.words.size()) {
@@ -132,6 +114,20 @@ unsigned int PageTextSearch::findPhrase(const WordChain& chain, unsigned int rec
     return nowhere;
 }
 
+// The first word of the chain from number `begin` on that is at least `offset` after `start`.
+unsigned int PageTextSearch::firstWordFrom(const WordChain& chain, unsigned int begin, unsigned int start,
+                                           unsigned int offset)
+{
+    if (begin >= chain.words.size()) {
+        return begin;
+    }
+    const unsigned int* const words = &chain.words[0];
+    return static_cast<unsigned int>(
+        std::partition_point(words + begin, words + chain.words.size(),
+                             [=](unsigned int place) { return place - start < offset; }) -
+        words);
+}
+
 // How many words the chain has up to the end of the record with its word number `seenEnd`. Found by
 // halving: any number of records without words may lie before that one.
 unsigned int PageTextSearch::wordsWithNextRecord(const WordChain& chain, unsigned int seenEnd)
@@ -143,8 +139,23 @@ unsigned int PageTextSearch::wordsWithNextRecord(const WordChain& chain, unsigne
         ->wordsEnd;
 }
 
-void PageTextSearch::joinWords(unsigned int recordIndex, bool matchCase, WordChain& chain) const
+void PageTextSearch::joinText(unsigned int recordIndex, bool matchCase)
 {
+    PlainChain& chain = m_plainChain;
+    chain.first = chain.after = 0; // while memory may end
+    chain.starts.clear();
+    const unsigned int after = joinRecords(recordIndex, false, matchCase, chain.text);
+    for (unsigned int index = recordIndex, start = 0; index < after; ++index) {
+        chain.starts.add(start);
+        start += m_records[index]->m_text.length();
+    }
+    chain.first = recordIndex;
+    chain.after = after;
+}
+
+void PageTextSearch::joinWords(unsigned int recordIndex, bool matchCase)
+{
+    WordChain& chain = m_wordChain;
     chain.first = recordIndex;
     chain.after = joinRecords(recordIndex, true, matchCase, chain.text);
     chain.words.clear();
@@ -190,6 +201,13 @@ unsigned int PageTextSearch::splitWords(TovoTextString* text, WordPlaces* words)
 // else a hit there would come again and again.
 unsigned int PageTextSearch::firstRecord(unsigned int position, unsigned int textOffset) const
 {
+    const auto isThere = [&](unsigned int record) {
+        return record < m_records.size() &&
+               static_cast<unsigned int>(m_records[record]->m_offset) == position;
+    };
+    if (position != 0 && isThere(m_lastRecord)) {
+        return m_lastRecord;
+    }
     unsigned int index = 0;
     while (index < m_records.size() && static_cast<unsigned int>(m_records[index]->m_offset) != position) {
         ++index;

@@ -65,18 +65,34 @@ void PageTextSearch::findText(std::string_view page, TovoTextString search, bool
     if (search.isEmpty()) {
         return;
     }
-    TovoTextString copy(page.data(), static_cast<unsigned int>(page.size()));
-    parsePage(&copy);
+    read(page);
     if (!matchCase) {
         search.toLower();
     }
-    unsigned int recordIndex = 0;
-    if (wholeWord ? findWords(position, textOffset, matchCase, search, recordIndex)
-                  : findSubstring(position, textOffset, matchCase, search, recordIndex)) {
+    if (const TextRecord* const record = find(search, matchCase, wholeWord, position, textOffset)) {
+        markRange(m_lastRecord, textOffset - 1, m_foundLength);
         writeMarkedPage(page, marked);
-        x = m_records[recordIndex]->m_x;
-        y = m_records[recordIndex]->m_y;
+        x = record->m_x;
+        y = record->m_y;
     }
+}
+
+void PageTextSearch::read(std::string_view page)
+{
+    TovoTextString copy(page.data(), static_cast<unsigned int>(page.size()));
+    parsePage(&copy);
+}
+
+const TextRecord* PageTextSearch::find(const TovoTextString& search, bool matchCase, bool wholeWord,
+                                       unsigned int& position, unsigned int& textOffset)
+{
+    unsigned int recordIndex = 0;
+    if (wholeWord ? !findWords(position, textOffset, matchCase, search, recordIndex)
+                  : !findSubstring(position, textOffset, matchCase, search, recordIndex)) {
+        return nullptr;
+    }
+    m_lastRecord = recordIndex;
+    return m_records[recordIndex];
 }
 
 // Quoted text between tags is passed over, so what looks like a tag there is none. A text element that cannot

@@ -1,5 +1,5 @@
 // PageTextSearch: the search for text on a stored SVG page, made by CMetaFilePlayerSVG::searchPageForString for
-// one call.
+// one call, and by SvgHits for many.
 //
 // The page's text elements become records in reading order (PageTextSearch.cpp), the records are searched for a
 // plain text or for whole words (PageTextFinding.cpp), and the page is written anew with the found range marked
@@ -61,11 +61,42 @@ public:
     void findText(std::string_view page, TovoTextString search, bool matchCase, bool wholeWord,
                   unsigned int& position, unsigned int& textOffset, TovoTextString& marked, int& x, int& y);
 
+    // The same in two steps, for searches of one text and one kind that go on where the last one ended. Gives the record
+    // that a hit begins in, null without one.
+    void read(std::string_view page);
+    const TextRecord* find(const TovoTextString& search, bool matchCase, bool wholeWord,
+                           unsigned int& position, unsigned int& textOffset);
+
 private:
     using WordPlaces = Vector<unsigned int, 10>; // where words begin in their text
 
-    struct WordText;
-    struct WordChain;
+    // A text cut into words.
+    struct WordText {
+        const char* word(unsigned int index) const { return text.text() + words[index]; }
+
+        TovoTextString text;
+        WordPlaces words;
+    };
+    // Records that run on into one another, joined.
+    struct Chain {
+        bool holds(unsigned int record) const { return record >= first && record < after; }
+
+        unsigned int first = 0; // index of the first record
+        unsigned int after = 0; // index after the last one
+    };
+    struct PlainChain : Chain {
+        TovoTextString text;
+        Vector<unsigned int, 10> starts; // of the records' texts in the chain's
+    };
+    // With a blank at each seam, cut into words.
+    struct WordChain : Chain, WordText {
+        struct Record {
+            unsigned int start;    // of its text in the chain's
+            unsigned int wordsEnd; // how many words the chain has up to its end
+        };
+
+        Vector<Record, 10> records;
+    };
 
     void parsePage(TovoTextString* page);
     char* parseTextElement(char* element, char* pageStart);
@@ -77,17 +108,24 @@ private:
                    const TovoTextString& search, unsigned int& recordIndex);
     static unsigned int findPhrase(const WordChain& chain, unsigned int record, unsigned int textOffset,
                                    const WordText& phrase);
+    static unsigned int firstWordFrom(const WordChain& chain, unsigned int begin, unsigned int start,
+                                      unsigned int offset);
     static unsigned int wordsWithNextRecord(const WordChain& chain, unsigned int seenEnd);
     static unsigned int splitWords(TovoTextString* text, WordPlaces* words);
     unsigned int firstRecord(unsigned int position, unsigned int textOffset) const;
+    void joinText(unsigned int recordIndex, bool matchCase);
     TextRecord* nextRecord(unsigned int recordIndex, bool words) const;
     unsigned int joinRecords(unsigned int recordIndex, bool words, bool matchCase,
                              TovoTextString& text) const;
-    void joinWords(unsigned int recordIndex, bool matchCase, WordChain& chain) const;
+    void joinWords(unsigned int recordIndex, bool matchCase);
 
     void markRange(unsigned int recordIndex, unsigned int start, unsigned int length);
     void writeMarkedPage(std::string_view page, TovoTextString& marked) const;
     static void writeRecord(std::string_view page, const TextRecord& record, TovoTextString& marked);
 
     Array<TextRecord, 25> m_records; // owned; by m_y, in page order where that is equal
+    PlainChain m_plainChain;         // those looked at last
+    WordChain m_wordChain;
+    unsigned int m_lastRecord = 0; // in which the last hit begins
+    unsigned int m_foundLength = 0;
 };
