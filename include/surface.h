@@ -127,7 +127,8 @@ public:
     virtual void polygon(POINT* points, unsigned int count) = 0;
     // Open. Required.
     virtual void polyline(POINT* points, unsigned int count) = 0;
-    // Marks the next text as a page count, which is stamped when the total is known. For a page that can be stamped,
+    // Marks the next text as a page count, which is stamped when the total is known; on CSurfaceSVG the next of drawString
+    // and drawText in a rectangle, not of drawTextAt. For a page that can be stamped,
     // CSurfaceSVG or CSurfaceEMF: CSurfacePSPrinter does nothing, and a device context that is no metafile reports a
     // failed assertion. Required.
     virtual void printerNofMMarker(POINT point) = 0;

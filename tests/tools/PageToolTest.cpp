@@ -229,8 +229,12 @@ const ToolCase Cases[] = {
      0, "hit 1 at (1, 2): caf\xC3\xA9 au lait\n|hit 2 at (1, 9): caf\xC3\xA9\n|2 hits\n6 hits\n"},
     {"MarksAHit",
      "surfacepage find words.svg heating -o m.svg --hit 3 && grep -c \"find='[0-9]*,[1-9]\" m.svg; "
-     "surfacepage find words.svg heating -o n.svg --hit 7; ls n.svg",
-     2, "hit 6|1\n|words.svg: has no hit 7 to mark|n.svg"},
+     "surfacepage find words.svg heating -o n.svg --hit 7; ls n.svg; surfacepage find words.svg heating -o "
+     "v.svg --show "
+     "--hit 2 > no && xmllint --noout v.svg && grep -o '<tspan style=.*MWh' v.svg",
+     0,
+     "hit 6|1\n|words.svg: has no hit 7 to mark|n.svg|<tspan style='fill:rgb(208,0,0)'>Heating</tspan> 1180 "
+     "MWh"},
     {"NoInputIsOverwritten",
      "ln -s words.svg soft.svg; ln words.svg hard.png; for o in words.svg ./soft.svg hard.png; do "
      "surfacepage play --force "

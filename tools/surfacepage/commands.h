@@ -48,6 +48,7 @@ struct FindOptions {
     bool countOnly = false;               // how many hits, not each of them
     std::vector<std::string> markedPages; // of each job; empty: none
     unsigned int markedHit = 1;           // the hit that is marked there
+    bool shown = false;                   // in a colour, for viewers
     const OverwriteRule* overwriting = nullptr;
 };
 // All hits with their places and the text around them, as they are found. Nothing: there is none.

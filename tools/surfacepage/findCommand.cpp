@@ -1,13 +1,10 @@
-#include <memory>
-#include <span>
+#include <string>
 
 #include "OutputFile.h"
 #include "PageFile.h"
 #include "PageWholeness.h"
 #include "commands.h"
-#include "metaFilePlayer.h"
-#include "pageHits.h"
-#include "sys/krnos.h"
+#include "surfacePage.h"
 #include "utf8Text.h"
 
 namespace pagetool {
@@ -16,28 +13,19 @@ namespace {
 
 constexpr const char* OutOfMemory = "can't be searched to its end: there is not enough memory";
 
-struct FreeFoundPage {
-    void operator()(unsigned char* page) const { CMetaFilePlayer::freeFoundPage(page); }
-};
-
 // Writes the page with the hit marked.
 Outcome writeMarked(FileJob& job, StoredPage& page, const PageHit& hit, const std::string& text,
                     const FindOptions& options)
 {
-    unsigned char* found = nullptr;
-    unsigned int length = 0;
-    unsigned int position = hit.position;
-    unsigned int textOffset = hit.textOffset;
-    int x = 0;
-    int y = 0;
-    CMetaFilePlayer::searchPageForString(page.data(), page.size(), text.c_str(), options.matchCase,
-                                         options.wholeWord, position, textOffset, found, length, x, y);
-    const std::unique_ptr<unsigned char, FreeFoundPage> marked(found);
-    if (length == 0) {
+    surfaces::Bytes marked =
+        surfaces::markedPage({page.data(), page.size()}, text, hit, {options.matchCase, options.wholeWord});
+    if (marked.empty()) {
         return job.fail(OutOfMemory);
     }
-    return OutputFile(job, options.markedPages[job.number()], *options.overwriting)
-        .write({marked.get(), length});
+    if (options.shown) {
+        marked = surfaces::shownHit(marked);
+    }
+    return OutputFile(job, options.markedPages[job.number()], *options.overwriting).write(marked);
 }
 
 std::string numbered(const char* before, std::size_t number, const char* after)

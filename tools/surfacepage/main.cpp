@@ -252,6 +252,7 @@ private:
             find->add_option("-o,--output", m_pattern,
                              "Write a copy of the page with a hit marked; {} stands for the name of FILE "
                              "without folder and ending");
+        find->add_flag("--show", m_find.shown, "Colour the hit there, so that viewers of SVG show it");
         find->add_option("--hit", m_find.markedHit, "Which hit is marked there")
             ->needs(marked)
             ->check(CLI::Range(1, std::numeric_limits<int>::max()))
