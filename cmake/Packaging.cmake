@@ -8,8 +8,10 @@ set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/surface)
 set(windows_folder ${CMAKE_INSTALL_INCLUDEDIR}/surface-windows)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/surface)
 
-target_include_directories(surface INTERFACE
-    $<INSTALL_INTERFACE:${header_folder}> $<INSTALL_INTERFACE:${windows_folder}>)
+# A <windows.h> of the consumer's own comes before ours.
+target_compile_features(surface INTERFACE cxx_std_20)
+target_include_directories(surface INTERFACE $<INSTALL_INTERFACE:${header_folder}>)
+target_compile_options(surface INTERFACE $<INSTALL_INTERFACE:-idirafter$<INSTALL_PREFIX>/${windows_folder}>)
 install(TARGETS surface EXPORT surface)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${header_folder})
 foreach(folder IN LISTS SURFACE_WINDOWS_FOLDERS)

@@ -23,6 +23,9 @@ using namespace krnutil;
 
 // FreeImage's header declares Windows types under their own names, so it gets a namespace to do that in. The
 // system headers that it asks for are above and are not read again.
+#if !defined(_WIN32)
+#undef _WINDOWS_ // it shall declare the types itself, to be compared
+#endif
 namespace freeImage {
 #include <FreeImage.h>
 } // namespace freeImage

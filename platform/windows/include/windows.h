@@ -7,6 +7,18 @@
 // All of them may be called from any thread; a device context belongs to one thread at a time.
 #pragma once
 
+// Types of these names cannot be declared twice, and macros of common words come out of X11's headers.
+#if defined(FREEIMAGE_H)
+#error "include surface's headers before FreeImage.h"
+#include "the error above" // which ends the compilation here
+#elif defined(X_PROTOCOL) || defined(XMD_H)
+#error "include surface's headers before those of X11"
+#include "the error above"
+#endif
+
+// By which FreeImage.h knows that these types are there, as on Windows.
+#define _WINDOWS_ // NOLINT(bugprone-reserved-identifier): the name that Windows gives it
+
 #include "windows/bitmaps.h"
 #include "windows/constants.h"
 #include "windows/contexts.h"
