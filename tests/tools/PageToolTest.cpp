@@ -298,15 +298,34 @@ const ToolCase Cases[] = {
      "prepareSurface 794x1123 210x297 794x1123\ndrawSolidRectangle|setFont \"Arial\" 8|sheet.emf: 0 HEADER "
      "|EXTCREATEFONTINDIRECTW 1 \"Arial\" height -12 bold\n|GDICOMMENT \"TPC|EOF 0 16 20\n|cut.emf: 0 "
      "HEADER"},
+    {"StreamsListsAndFolders",
+     "surfacepage find - heating < words.svg | tail -n 1; surfacepage play words.svg sheet.emf -o - > "
+     "all.pdf && pdfinfo "
+     "all.pdf | grep Pages; surfacepage play --format png -o - - < words.svg | od -An -tc -N4; mkdir -p a/b "
+     "&& cp "
+     "words.svg a/b/p10.svg && cp words.emf a/p2.emf && cp words.svg a/b/p9.SVG; surfacepage find -rc a "
+     "heating; ls "
+     "a/b/*.svg | surfacepage text -q --files-from -; echo code $?; printf 'a/p2.emf\\0' | surfacepage find "
+     "-c -0 "
+     "--files-from - Words; surfacepage find -q words.svg nowhere; echo code $?; surfacepage stamp - 1 2; ls "
+     "-d "
+     "${TMPDIR:-/tmp}/surfacepage-*; true",
+     0,
+     "hit 6 at (62, 900)|Pages:           2\n| 211   P   N   G\n|a/b/p9.SVG: 6 hits\na/b/p10.svg: 6 "
+     "hits\na/p2.emf: "
+     "|code 0\n1 hit\n|code 1\n|standard input can't be stamped|No such file"},
     {"WrongArguments",
      "surfacepage play words.svg -o out.txt; surfacepage play words.svg sheet.svg -o out.png; surfacepage "
      "play words.svg "
      "-o o.ps --dpi 9; surfacepage stamp words.svg 3; surfacepage find words.svg ''; surfacepage stamp "
-     "words.svg -- -1 3",
+     "words.svg -- -1 3; surfacepage foo words.svg; surfacepage play words.svg -o a.png --dpi 150dpi; : > "
+     "-x.svg; "
+     "surfacepage info -x.svg",
      2,
      "none of the endings|words.svg and sheet.svg would both be written to out.png|--dpi is for .png only|N "
      "is required|"
-     "TEXT: is empty|-1 is no page number"},
+     "TEXT: is empty|-1 is no page number|foo is no command|150dpi is no number|-x.svg looks like an option: "
+     "write --"},
     {"OutputIsLost", "surfacepage trace words.svg >/dev/full", 2,
      "standard output can't be written: No space"},
 };

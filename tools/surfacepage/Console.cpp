@@ -37,10 +37,16 @@ void writeError(const std::string& text)
 
 } // namespace
 
-Console::Console() : m_onTerminal(isatty(STDERR_FILENO) == 1), m_nextProgress(Clock::now() + Moment) {}
+Console::Console(bool quiet)
+    : m_quiet(quiet), m_onTerminal(isatty(STDERR_FILENO) == 1), m_nextProgress(Clock::now() + Moment)
+{
+}
 
 void Console::print(std::size_t job, std::string_view text)
 {
+    if (m_quiet) {
+        return;
+    }
     const std::lock_guard lock(m_mutex);
     if (job == m_turn) {
         write(text);

@@ -12,7 +12,8 @@ namespace pagetool {
 
 class Console {
 public:
-    Console();
+    // Quiet: what is printed goes nowhere; complaints stay.
+    explicit Console(bool quiet);
 
     // To standard output: at once for the job whose turn it is, else once its turn has come.
     void print(std::size_t job, std::string_view text);
@@ -40,6 +41,7 @@ private:
     std::map<std::size_t, Waiting> m_waiting; // jobs after the one whose turn it is
     std::size_t m_turn = 0;
     bool m_outputLost = false;
+    const bool m_quiet;
 
     const bool m_onTerminal;
     bool m_progressShown = false;

@@ -93,9 +93,10 @@ std::string FileJob::takeAssertion()
     return std::exchange(violated, {});
 }
 
-int runJobs(const std::vector<std::string>& files, unsigned int threads, const FileCommand& command)
+int runJobs(const std::vector<std::string>& files, unsigned int threads, const FileCommand& command,
+            bool quiet)
 {
-    Console console;
+    Console console(quiet);
     krnSetLogSink(complainOfLogLine, &console);
     kosSetAssertHandler(noteAssertion, nullptr);
     std::atomic<std::size_t> next = 0;

@@ -52,7 +52,8 @@ private:
 using FileCommand = std::function<Outcome(FileJob& job)>;
 
 // Runs the command on each file in `threads` threads and gives the exit code. What the library logs meanwhile is a
-// complaint about the file that it works on.
-int runJobs(const std::vector<std::string>& files, unsigned int threads, const FileCommand& command);
+// complaint about the file that it works on. `quiet`: nothing goes to standard output.
+int runJobs(const std::vector<std::string>& files, unsigned int threads, const FileCommand& command,
+            bool quiet);
 
 } // namespace pagetool

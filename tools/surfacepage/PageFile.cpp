@@ -10,6 +10,12 @@
 #include <memory>
 #include <string>
 
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
+#endif
+
+#include "FileLists.h"
 #include "metaFilePlayer.h"
 
 namespace pagetool {
@@ -21,8 +27,25 @@ constexpr std::size_t LongestPage = std::numeric_limits<int>::max();
 constexpr std::size_t Step = std::size_t{1} << 20;
 
 struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
+    void operator()(std::FILE* file) const
+    {
+        if (file != stdin) {
+            std::fclose(file);
+        }
+    }
 };
+
+// Null, and errno, when there is none.
+std::FILE* opened(const std::string& name)
+{
+    if (name != StandardStream) {
+        return std::fopen(name.c_str(), "rb");
+    }
+#if defined(_WIN32)
+    _setmode(_fileno(stdin), _O_BINARY);
+#endif
+    return stdin;
+}
 
 bool failOfSystem(FileJob& job, int error)
 {
@@ -39,7 +62,7 @@ bool failOfLength(FileJob& job)
 // Pipes have no size to ask for, and a file may grow meanwhile: what counts is what comes.
 bool readBytes(FileJob& job, std::vector<unsigned char>& bytes)
 {
-    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(job.file().c_str(), "rb"));
+    const std::unique_ptr<std::FILE, CloseFile> file(opened(job.file()));
     if (file == nullptr) {
         return failOfSystem(job, errno);
     }

@@ -7,14 +7,19 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <filesystem>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "FileIdentity.h"
+#include "FileLists.h"
 #include "FileOrder.h"
 #include "FilePatterns.h"
 #include "OverwriteRule.h"
+#include "StandardOutput.h"
 #include "commands.h"
 
 using namespace pagetool;
@@ -33,10 +38,18 @@ void refuse(const std::string& option, const std::string& problem)
     throw CLI::ValidationError(option, problem);
 }
 
-// Several files come before other arguments, which the parser can't tell from them: it takes all as files.
-std::string takeLast(std::vector<std::string>& arguments, const char* name)
+// Says of a text that it is no number before a range is asked for.
+std::string objectionToNumber(const std::string& text)
 {
-    if (arguments.size() < 2) {
+    const bool isNumber = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+    return isNumber ? std::string() : std::string(text).append(" is no number");
+}
+
+// Several files come before other arguments, which the parser can't tell from them: it takes all as files. Where a list
+// names the files there may be none.
+std::string takeLast(std::vector<std::string>& arguments, const char* name, bool afterFiles)
+{
+    if (arguments.size() < (afterFiles ? 2U : 1U)) {
         throw CLI::RequiredError(name);
     }
     std::string last = std::move(arguments.back());
@@ -44,9 +57,9 @@ std::string takeLast(std::vector<std::string>& arguments, const char* name)
     return last;
 }
 
-int takeLastNumber(std::vector<std::string>& arguments, const char* name)
+int takeLastNumber(std::vector<std::string>& arguments, const char* name, bool afterFiles)
 {
-    const std::string text = takeLast(arguments, name);
+    const std::string text = takeLast(arguments, name, afterFiles);
     int number = 0;
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, number);
@@ -96,13 +109,21 @@ public:
         try {
             m_app.parse(count, arguments);
         } catch (const CLI::ParseError& problem) {
+            if (const std::string cause = causeOf(problem, {arguments + 1, arguments + count});
+                !cause.empty()) {
+                std::fprintf(stderr, "surfacepage: %s\nsurfacepage --help says more.\n", cause.c_str());
+                return static_cast<int>(Outcome::Failed);
+            }
             return m_app.exit(problem) == 0 ? 0 : static_cast<int>(Outcome::Failed);
         }
         if (!m_warning.empty()) {
             std::fprintf(stderr, "surfacepage: %s\n", m_warning.c_str());
         }
-        const int code = runJobs(m_files, m_threads, m_command);
-        const std::string problem = m_document ? m_document->finish() : std::string();
+        const int code = runJobs(m_files, m_threads, m_command, m_quiet);
+        std::string problem = m_document ? m_document->finish() : std::string();
+        if (problem.empty() && m_standardOutput.isBegun()) {
+            problem = m_standardOutput.send();
+        }
         if (!problem.empty()) {
             std::fprintf(stderr, "surfacepage: %s\n", problem.c_str());
         }
@@ -110,24 +131,73 @@ public:
     }
 
 private:
+    // In plain words, where the parser's own would not say it; else empty.
+    std::string causeOf(const CLI::ParseError& problem, const std::vector<std::string>& arguments) const
+    {
+        const auto isNamed = [&](const CLI::App* command) {
+            return command->get_name() == arguments[0];
+        };
+        if (!arguments.empty() && !arguments[0].starts_with('-') &&
+            std::ranges::none_of(m_app.get_subcommands({}), isNamed)) {
+            return std::string(arguments[0]).append(" is no command");
+        }
+        const bool isExtra = dynamic_cast<const CLI::ExtrasError*>(&problem) != nullptr;
+        for (const std::string& argument : arguments) {
+            std::error_code unknown;
+            if (isExtra && argument.starts_with('-') && std::filesystem::exists(argument, unknown)) {
+                return std::string(argument).append(
+                    " looks like an option: write -- before the names of files");
+            }
+        }
+        return {};
+    }
+
     // A command on files; `check` looks at its options once all are known.
     CLI::App* add(const char* name, const char* does, FileCommand command,
                   const std::function<void()>& check = {})
     {
         CLI::App* const added = m_app.add_subcommand(name, does);
-        added->add_option("FILE", m_files, "Stored pages: SVG pages or enhanced metafiles")
-            ->required()
+        added
+            ->add_option("FILE", m_files,
+                         "Stored pages: SVG pages or enhanced metafiles; - is standard input")
             ->type_name("");
+        added->add_flag("-r,--recursive", m_opensFolders,
+                        "Take the .svg and .emf files of folders and below");
+        added
+            ->add_option("--files-from", m_fileList,
+                         "Take further names from a file, one a line; - is standard input")
+            ->type_name("LIST");
+        added->add_flag("-0", m_zeroEnded, "Names there end with a zero byte, as find -print0 writes them");
+        added->add_flag("-q,--quiet", m_quiet, "Print nothing; the exit code says it");
         added->add_option("-j,--jobs", m_threads, "Files worked on at the same time")
+            ->check(objectionToNumber)
             ->check(CLI::Range(1, 256))
             ->capture_default_str();
         added->final_callback([this, command = std::move(command), check] {
             if (check) {
                 check();
+            } else {
+                completeFiles();
+            }
+            if (m_files.empty()) {
+                throw CLI::RequiredError("FILE");
             }
             m_command = command;
         });
         return added;
+    }
+
+    // Once what is not a file has been taken away.
+    void completeFiles()
+    {
+        std::string problem;
+        if (!m_fileList.empty() &&
+            !readFileList(std::exchange(m_fileList, {}), m_zeroEnded, m_files, problem)) {
+            refuse("--files-from", problem);
+        }
+        if (m_opensFolders) {
+            m_files = withFoldersOpened(m_files);
+        }
     }
 
     std::vector<std::string> outputs(const std::string& pattern)
@@ -170,6 +240,9 @@ private:
                 ".emf; a metafile does not play to .ps, and to .svg as --plain. {} stands for the name of "
                 "FILE without folder and ending")
             ->required();
+        play->add_option("--format", m_format, "What to write to standard output, which -o - names")
+            ->check(CLI::IsMember({"pdf", "png", "svg", "ps", "emf"}))
+            ->capture_default_str();
         addForce(play);
         play->add_flag("--pixels", m_play.pixels,
                        "A .png without smoothed edges, as a device of pixels paints it");
@@ -178,12 +251,20 @@ private:
         play->add_option("--title", m_play.texts.title, "Title of a .pdf");
         play->add_option("--author", m_play.texts.author, "Author of a .pdf");
         m_dpi = play->add_option("--dpi", m_play.dpi, "Dots per inch of a .png")
+                    ->check(objectionToNumber)
                     ->check(CLI::Range(1, 4800))
                     ->capture_default_str();
     }
 
     void checkPlay()
     {
+        completeFiles();
+        if (m_pattern == StandardStream) {
+            m_pattern = m_standardOutput.begin(m_format);
+            if (m_pattern.empty()) {
+                refuse("-o", "there is no folder for temporary files");
+            }
+        }
         m_play.overwriting = overwriting();
         if (isDocument(m_pattern) && m_pattern.find("{}") == std::string::npos) {
             m_document.emplace(m_pattern, m_play.texts, m_overwriting);
@@ -214,8 +295,12 @@ private:
 
     void checkStamp()
     {
-        m_stamp.pageCount = takeLastNumber(m_files, "M");
-        m_stamp.firstNumber = takeLastNumber(m_files, "N");
+        m_stamp.pageCount = takeLastNumber(m_files, "M", m_fileList.empty());
+        m_stamp.firstNumber = takeLastNumber(m_files, "N", m_fileList.empty());
+        completeFiles();
+        if (std::ranges::find(m_files, StandardStream) != m_files.end()) {
+            refuse("FILE", "standard input can't be stamped in place");
+        }
         if (m_stamp.firstNumber == 0) {
             refuse("N", "pages are counted from 1");
         }
@@ -255,13 +340,15 @@ private:
         find->add_flag("--show", m_find.shown, "Colour the hit there, so that viewers of SVG show it");
         find->add_option("--hit", m_find.markedHit, "Which hit is marked there")
             ->needs(marked)
+            ->check(objectionToNumber)
             ->check(CLI::Range(1, std::numeric_limits<int>::max()))
             ->capture_default_str();
     }
 
     void checkFind()
     {
-        m_find.text = takeLast(m_files, "TEXT");
+        m_find.text = takeLast(m_files, "TEXT", m_fileList.empty());
+        completeFiles();
         if (m_find.text.empty()) {
             refuse("TEXT", "is empty");
         }
@@ -288,6 +375,12 @@ private:
     CLI::App m_app{"Looks into stored pages of the surface library, plays, stamps, searches and traces them.",
                    "surfacepage"};
     std::vector<std::string> m_files;
+    bool m_opensFolders = false;
+    std::string m_fileList;
+    bool m_zeroEnded = false;
+    bool m_quiet = false;
+    StandardOutput m_standardOutput;
+    std::string m_format = "pdf"; // on standard output
     unsigned int m_threads = 1;
     std::string m_pattern; // of output files
     std::string m_shownOnly;
