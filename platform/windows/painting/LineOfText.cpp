@@ -1,6 +1,10 @@
 #include "LineOfText.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "DeviceContext.h"
+#include "RealizedFont.h"
 #include "ShapeOutlines.h"
 
 namespace wingdi {
@@ -38,6 +42,28 @@ double lengthOf(std::span<const double> advances)
         length += advance;
     }
     return length;
+}
+
+double letterSize(const TextOutput& output)
+{
+    const TextFrame& frame = output.frame;
+    const double stretch = std::max(std::hypot(frame.glyphRight.x, frame.glyphRight.y),
+                                    std::hypot(frame.glyphDown.x, frame.glyphDown.y));
+    const TEXTMETRICA& metrics = output.font->metrics();
+    return stretch * std::max(metrics.tmHeight, metrics.tmAveCharWidth);
+}
+
+void fillOutlines(cairo_t* cairo, std::span<const cairo_glyph_t> glyphs)
+{
+    const cairo_antialias_t before = cairo_get_antialias(cairo);
+    cairo_set_antialias(cairo, CAIRO_ANTIALIAS_GRAY);
+    cairo_set_fill_rule(cairo, CAIRO_FILL_RULE_WINDING);
+    for (const cairo_glyph_t& glyph : glyphs) {
+        cairo_new_path(cairo);
+        cairo_glyph_path(cairo, &glyph, 1);
+        cairo_fill(cairo);
+    }
+    cairo_set_antialias(cairo, before);
 }
 
 } // namespace wingdi

@@ -68,7 +68,11 @@ void RasterDevice::drawGlyphs(Canvas& canvas, const TextOutput& output, const In
         if (!space.isUpright() || turn.xx != 1 || turn.yy != 1) {
             cairo_transform(cairo, &turn);
         }
-        cairo_show_glyphs(cairo, glyphs.data(), static_cast<int>(glyphs.size()));
+        if (letterSize(output) > LargestKeptLetter) {
+            fillOutlines(cairo, glyphs);
+        } else {
+            cairo_show_glyphs(cairo, glyphs.data(), static_cast<int>(glyphs.size()));
+        }
         cairo_set_matrix(cairo, &before);
     });
 }

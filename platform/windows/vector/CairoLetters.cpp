@@ -67,6 +67,12 @@ void CairoPage::text(const TextOutput& output, COLORREF color)
     cairo_set_font_matrix(cairo, &size);
     cairo_set_font_options(cairo, options);
     cairo_font_options_destroy(options);
+    if (!isDocument() && letterSize(output) * m_scale > LargestKeptLetter) {
+        fillOutlines(cairo, letters.glyphs);
+        cairo_restore(cairo);
+        recover();
+        return;
+    }
     cairo_show_text_glyphs(cairo, letters.text.data(), static_cast<int>(letters.text.size()),
                            letters.glyphs.data(), static_cast<int>(letters.glyphs.size()),
                            letters.clusters.data(), static_cast<int>(letters.clusters.size()),
