@@ -63,7 +63,7 @@ file(WRITE ${packaging}/shlibs
 file(WRITE ${packaging}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${packaging}/shlibs ${packaging}/triggers)
 find_program(DPKG_GENSYMBOLS dpkg-gensymbols)
-if(DPKG_GENSYMBOLS AND NOT SURFACE_SANITIZE AND NOT SURFACE_SANITIZE_THREADS AND NOT SURFACE_COVERAGE)
+if(DPKG_GENSYMBOLS AND NOT SURFACE_SANITIZE AND NOT SURFACE_SANITIZE_THREADS)
     add_custom_command(TARGET surface POST_BUILD
         COMMAND ${DPKG_GENSYMBOLS} -q -p${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} -v${PROJECT_VERSION}
             -e$<TARGET_FILE:surface> -O${packaging}/symbols
