@@ -3,10 +3,11 @@
 
 #include <string>
 
+#include "surfacePages.h"
+
 void chooseFace(CSurface& surface, const Face& face)
 {
-    std::string name = face.name;
-    surface.setFont(name.data(), face.size, face.bold, face.italic, face.strikethru, face.underline);
+    pages::setFont(surface, face.name, face.size, {face.bold, face.italic, face.strikethru, face.underline});
 }
 
 void drawCaption(CSurface& surface, const Caption& caption)

@@ -1,7 +1,6 @@
 // Metafiles of the report's pages; see metafilePage.h.
 #include "metafilePage.h"
 
-#include "metaFilePlayer.h"
 #include "reportPages.h"
 #include "surfaceEMF.h"
 
@@ -35,19 +34,4 @@ Page recorded(const ReportPage& page)
     mapPage(sheet.getHDC());
     drawReportPage(sheet, page);
     return stored(sheet);
-}
-
-Page firstHitMarked(Page& page, const char* text)
-{
-    unsigned int position = 0;
-    unsigned int textOffset = 0;
-    unsigned char* found = nullptr;
-    unsigned int foundLength = 0;
-    int x = 0;
-    int y = 0;
-    CMetaFilePlayer::searchPageForString(page.data(), static_cast<unsigned int>(page.size()), text, false,
-                                         false, position, textOffset, found, foundLength, x, y);
-    Page marked(found, found + foundLength);
-    CMetaFilePlayer::freeFoundPage(found);
-    return marked;
 }

@@ -1,4 +1,4 @@
-// A page of the report as an enhanced metafile: how the demo records one, and the marked copy of a hit in it.
+// A page of the report as an enhanced metafile: how the demo records one.
 //
 // Used by the run (report.cpp) and by tests. The stored bytes are stamped, searched, sized and played like any page.
 #pragma once
@@ -7,5 +7,3 @@
 
 // The page drawn on a CSurfaceEMF whose frame is A4; empty when nothing was recorded.
 Page recorded(const ReportPage& page);
-// A copy of the stored page in which the first hit is red; empty when the text does not occur. Case does not count.
-Page firstHitMarked(Page& page, const char* text);

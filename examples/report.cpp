@@ -47,7 +47,8 @@ enum Column {
     PrintedDirectly,
     Pixels,
     Recorded,
-    Marked,
+    HitOnMetafile,
+    HitOnPage,
     ColumnCount
 };
 constexpr const char* PlainFolder = "plain/";
@@ -61,7 +62,8 @@ constexpr GalleryColumn Columns[] = {
     {"Drawn on CSurfacePSPrinter", PictureFolder, "-direct.ps", "-direct.png"},
     {"Replayed on CSurfaceHdc", "", "", "-pixels.png", true},
     {"Drawn on CSurfaceEMF, played as pixels", "", ".emf", "-metafile.png"},
-    {"Its first hit, marked", PictureFolder, "-found.emf", "-found.png"},
+    {"The first hit on the metafile", PictureFolder, "-found.emf", "-found.png"},
+    {"The first hit on the SVG page, for viewers", PictureFolder, "-hit.svg", "-hit.png"},
 };
 static_assert(std::size(Columns) == ColumnCount);
 
@@ -156,8 +158,7 @@ bool stampPages(std::vector<Page>& pages)
     for (int number = 1; number <= total; ++number) {
         Page& page = pages[static_cast<std::size_t>(number - 1)];
         const ReportPage& drawing = reportPages()[static_cast<std::size_t>(number - 1)];
-        const bool stamped =
-            CMetaFilePlayer::insertPageCount(page.data(), static_cast<int>(page.size()), number, total);
+        const bool stamped = pages::stamp(page, number, total);
         if (stamped != drawing.counted) {
             std::printf("%-10s the page count was %s\n", drawing.name, stamped ? "stamped" : "not stamped");
             good = false;
@@ -197,7 +198,8 @@ GalleryEntry makeEntry(const ReportPage& page, PageByColumn& made)
     made[Smooth] = made[Drawn];
     made[Plain] = forViewers(made[Drawn]);
     if (page.name == MarkedPage) {
-        made[Marked] = firstHitMarked(made[Recorded], WantedWord);
+        made[HitOnMetafile] = firstHitShown(made[Recorded], WantedWord);
+        made[HitOnPage] = firstHitShown(made[Drawn], WantedWord);
     }
     const Comparison comparison = compareReplay(made[Drawn], made[Replayed]);
     GalleryEntry entry = {&page, {}, comparison.agrees, comparison.verdict, findAll(made[Drawn], WantedWord)};

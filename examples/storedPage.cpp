@@ -1,9 +1,6 @@
 // A page as bytes; see storedPage.h.
 #include "storedPage.h"
 
-#include <memory>
-
-#include "metaFilePlayer.h"
 #include "reportPages.h"
 
 RECT wholePage()
@@ -32,19 +29,12 @@ void drawReportPage(CSurface& surface, const ReportPage& page)
 
 Page stored(CSurface& surface)
 {
-    surface.closeSurface();
-    Page page(static_cast<std::size_t>(surface.getDataLength()));
-    unsigned int size = static_cast<unsigned int>(page.size());
-    surface.getData(page.data(), size);
-    page.resize(size);
-    return page;
+    return pages::finished(surface);
 }
 
 bool playOn(CSurface& surface, Page& page, RECT target)
 {
-    const std::unique_ptr<CMetaFilePlayer> player(
-        CMetaFilePlayer::createPlayer(page.data(), static_cast<unsigned int>(page.size())));
-    return player != nullptr && player->play(&surface, &target) == 1;
+    return pages::play(page, surface, target);
 }
 
 Page replayed(Page& page)

@@ -5,14 +5,14 @@
 #pragma once
 
 #include <string_view>
-#include <vector>
 
 #include "surfacePSPrinter.h"
+#include "surfacePages.h"
 #include "surfaceSVG.h"
 
 struct ReportPage;
 
-using Page = std::vector<unsigned char>;
+using Page = pages::Bytes;
 
 RECT wholePage();
 CSurfaceSVG emptyPage();
