@@ -5,6 +5,8 @@
 #include <ostream>
 
 #include "reportPages.h"
+#include "trapPictures.h"
+#include "traps.h"
 
 namespace {
 
@@ -38,6 +40,7 @@ figure img { display: block; width: 100%; aspect-ratio: 210 / 297; background: #
 figcaption { display: flex; flex-wrap: wrap; gap: .1rem .9rem; margin-top: .5rem; color: var(--soft);
              font-size: .9rem; }
 figcaption b { color: var(--text); }
+.trap { width: 100%; max-width: 72rem; margin-top: 1rem; background: #fff; }
 .found { position: relative; }
 /* The search gives the place where a text with the word begins: the frame is open to its right. */
 .found i { position: absolute; width: 11%; height: 1.9%; margin: -.3% 0 0 -.5%;
@@ -63,70 +66,7 @@ asked its size in dots of its reference device, searched for the word below, and
 page the copy that marks the first hit is shown too.</p>
 )";
 
-constexpr const char* Foot = R"(<section>
-<h2>What a viewer shows differently on a stored page</h2>
-<p>Nothing of this is so in PDF, in pictures, or in the SVG for viewers. Hatch fills look empty here. A fill refers to a small pattern that holds only the colour, and that one refers
-to a hatch pattern that all colours share; viewers do not let the lines of the shared pattern inherit the colour
-from the pattern that refers to it. Bars with a hatch therefore have a light ground of their own.</p>
-<p>Polylines look filled, and black: the page gives them no fill, and black is the fill that a viewer then
-takes.</p>
-<p>Focus rectangles do not show: the symbol that they share has no colour of its own.</p>
-<p>Centred text begins in the middle of its rectangle here, and right-aligned text at the right edge: the page
-gives the alignment to players only, who measure the text. Dotted guides mark those places in the table of the
-page of words. Runs that follow one another have blanks between them, which are the line ends of the page.</p>
-<p>Quarter turns of glyphs against their line do not show in browsers, which do not know the attribute: the line
-that is turned by 90 degrees is to have upright glyphs. Other angles show.</p>
-<p>librsvg, which paints the PNG pictures, gives solid rectangles and frames the size of the page instead of
-their own. The report uses them only where that makes no difference. It also leaves out our images, because it
-does not take the word for their aspect ratio, and text that is turned by line, because it paints no text on
-paths. Runs are not fitted there, glyphs not turned, and a face's lines under or through the text not drawn.
-Browsers show all of that.</p>
-<p>The page format stays: pages are made to be played, and a player gives back hatches, open lines, focus
-rectangles, frames, alignment and runs as they were drawn.</p>
-</section>
-<section>
-<h2>What PostScript shows differently</h2>
-<p>Hatches, open lines, focus rectangles, pictures, fitted runs and turned text show here. Pens have no dashes, and
-lines are drawn without a pen too. Polygons in one colour are left out, such as the area under the summer day.
-Ellipses are stroked before they are filled, and hatches and pictures fill them plainly. Angles of arcs are whole
-degrees, so that level tanks lean a little.</p>
-<p>Plain text has neither alignment nor lines through or under it, and begins a little higher: the point size counts
-as so many units down to its base line. A formatted text that is clipped and underlined gets a frame, the clip's own
-path. Bytes above 127 show what the face has at their place. Text in upright glyphs along a turned line takes the
-unit of a face to be a thousandth of its size, as in Type 1: with TrueType faces only its first glyph stays on the
-page.</p>
-<p>Offsets of pictures are not carried, and a mask is either there or not. A pen of the colour that a picture brush
-has hidden strokes with the picture. Inside of clips and transforms, colours and widths that were set before them
-come back when they end.</p>
-</section>
-<section>
-<h2>What a device shows differently</h2>
-<p>Hatches, dashes, open lines, one-coloured polygons, pictures and alignment show here. Shapes have no smoothed edges,
-text has. Hatches and tiles count in dots of the device, so that they are the smaller the finer it is, and the gaps of
-hatches are white on a page until its first text leaves them transparent: the light grounds of the bars don't show.
-</p>
-<p>Numbers along axes are larger on the device, and right in the metafile: text on a base line stays in the page's units
-while its face is made for the device's dots, and the mapping enlarges it once more. A metafile records one dot to a
-unit.</p>
-<p>Formatted text is joined into lines and drawn at once: lines follow one another as the face has it and begin at the
-rectangle's edge, runs are moved together but never apart, and of an underlined run the first character has the line.
-Centred text is in the middle of its height too. An ampersand underlines what follows it. Text is of 8 bits in code
-page 1252, so that signs written as UTF-8 come as two or three others. Letters turned against their line keep the
-distances of unturned ones.</p>
-<p>A picture is transparent by one colour, that of its first transparent pixel, and hard-edged. Offsets count in the
-picture, not on the page: they move it the other way.</p>
-</section>
-<section>
-<h2>What a metafile shows differently</h2>
-<p>What was drawn, not what was stored, decides: a colour that came with a text style reaches formatted text only when
-the page is replayed, so that the turned names are dark here, and formatted text with angles of its own, as the two
-lines about meters, draws nothing on such a surface. Letters keep the places that the reference device of 96 dots per
-inch gave them, and a little uneven on a finer one. Right and lower edges of shapes are recorded as the last
-dots of that device, where a finer one begins them later: neighbours with a common edge show it twice.</p>
-<p>A search counts texts as they were recorded. Lines of runs are one text each, and a word over two runs is found at
-the place of its line.</p>
-</section>
-</body>
+constexpr const char* Foot = R"(</body>
 </html>
 )";
 
@@ -196,6 +136,24 @@ void writeHits(std::ostream& out, const std::vector<GalleryEntry>& entries, cons
     out << "</div>\n</section>\n";
 }
 
+// What back ends do otherwise, each beside its picture.
+void writeTraps(std::ostream& out)
+{
+    out << "<section>\n<h2>What back ends do otherwise</h2>\n<p>The same calls on four back ends, one small "
+           "sheet "
+           "each. None of what is said of viewers is so in PDF, in pictures, or in the SVG for viewers. The "
+           "page "
+           "format stays: pages are made to be played, and a player gives back what was drawn. The project's "
+           "page "
+           "docs/drawing.md says more.</p>\n</section>\n";
+    for (const Trap& trap : traps()) {
+        const std::string png = std::string(TrapPrefix) + trap.name + ".png";
+        out << "<section>\n<h2>" << trap.title << "</h2>\n<p>" << trap.caption << "</p>\n<a href=\"" << png
+            << "\"><img class=\"trap\" src=\"" << png << "\" alt=\"" << trap.title
+            << " on four back ends\"></a>\n</section>\n";
+    }
+}
+
 } // namespace
 
 std::string fileOf(const ReportPage& page, const GalleryColumn& column)
@@ -218,6 +176,7 @@ bool writeGallery(const std::filesystem::path& file, const std::vector<GalleryEn
         writePage(out, entry);
     }
     writeHits(out, entries, wantedWord);
+    writeTraps(out);
     out << Foot;
     out.close();
     return out.good();

@@ -7,31 +7,37 @@
 namespace {
 
 // Millimetres as whole pixels, where `all` of them are `pixels`.
-int pixelsOf(int millimetres, int pixels, int all)
+int pixelsOf(LONG millimetres, int pixels, int all)
 {
-    return all > 0 ? (millimetres * pixels + all / 2) / all : millimetres;
+    return all > 0 ? (static_cast<int>(millimetres) * pixels + all / 2) / all : static_cast<int>(millimetres);
 }
 
 // A surface that records takes its context as it is: the page's units are stretched onto the frame here.
-void mapPage(HDC recording)
+void mapPage(HDC recording, SIZE millimetres, SIZE logical)
 {
     SetMapMode(recording, MM_ANISOTROPIC);
-    SetWindowExtEx(recording, LogicalWidth, LogicalHeight, nullptr);
+    SetWindowExtEx(recording, logical.cx, logical.cy, nullptr);
     SetViewportExtEx(
         recording,
-        pixelsOf(PageMillimetresWide, GetDeviceCaps(recording, HORZRES), GetDeviceCaps(recording, HORZSIZE)),
-        pixelsOf(PageMillimetresHigh, GetDeviceCaps(recording, VERTRES), GetDeviceCaps(recording, VERTSIZE)),
+        pixelsOf(millimetres.cx, GetDeviceCaps(recording, HORZRES), GetDeviceCaps(recording, HORZSIZE)),
+        pixelsOf(millimetres.cy, GetDeviceCaps(recording, VERTRES), GetDeviceCaps(recording, VERTSIZE)),
         nullptr);
 }
 
 } // namespace
 
-Page recorded(const ReportPage& page)
+Page recorded(SIZE millimetres, SIZE logical, const std::function<void(CSurface&)>& draw)
 {
     constexpr int Hundredths = 100;
-    RECT frame = {0, 0, PageMillimetresWide * Hundredths, PageMillimetresHigh * Hundredths};
+    RECT frame = {0, 0, millimetres.cx * Hundredths, millimetres.cy * Hundredths};
     CSurfaceEMF sheet(&frame);
-    mapPage(sheet.getHDC());
-    drawReportPage(sheet, page);
+    mapPage(sheet.getHDC(), millimetres, logical);
+    draw(sheet);
     return stored(sheet);
+}
+
+Page recorded(const ReportPage& page)
+{
+    return recorded({PageMillimetresWide, PageMillimetresHigh}, {LogicalWidth, LogicalHeight},
+                    [&page](CSurface& surface) { drawReportPage(surface, page); });
 }

@@ -77,10 +77,11 @@ bool paintSvg(const fs::path& svg, const fs::path& png, double dotsPerInch)
 }
 
 bool paintPostScript(const fs::path& document, const fs::path& png, double dotsPerInch,
-                     const fs::path& fontMap)
+                     const fs::path& fontMap, Paper paper)
 {
     return run({"gs", "-q", "-dSAFER", "-dBATCH", "-dNOPAUSE", "-sDEVICE=png16m", "-dTextAlphaBits=4",
-                "-dGraphicsAlphaBits=4", "-dDEVICEWIDTHPOINTS=595", "-dDEVICEHEIGHTPOINTS=841",
+                "-dGraphicsAlphaBits=4", "-dDEVICEWIDTHPOINTS=" + std::to_string(paper.pointsWide),
+                "-dDEVICEHEIGHTPOINTS=" + std::to_string(paper.pointsHigh),
                 "-r" + std::to_string(dotsPerInch), "-sFONTMAP=" + fontMap.string() + ":Fontmap.GS",
                 "--permit-file-read=" + filesIn(fontMap), "-sOutputFile=" + png.string(), document.string()});
 }

@@ -9,8 +9,12 @@
 // Whether there is a picture now; false when the program can't be run or fails.
 bool paintSvg(const std::filesystem::path& svg, const std::filesystem::path& png, double dotsPerInch);
 // The paper is A4 in whole points as the document counts them, so that both pictures begin at the same edge.
+struct Paper {
+    int pointsWide = 595;
+    int pointsHigh = 841;
+};
 bool paintPostScript(const std::filesystem::path& document, const std::filesystem::path& png,
-                     double dotsPerInch, const std::filesystem::path& fontMap);
+                     double dotsPerInch, const std::filesystem::path& fontMap, Paper paper = {});
 
 // Writes the table that says to Ghostscript where the faces' files are; false when fontconfig's fc-match could not be
 // asked. Ghostscript then takes faces of its own.

@@ -32,6 +32,8 @@
 #include "reportPages.h"
 #include "storedPage.h"
 #include "sys/krnos.h"
+#include "trapPictures.h"
+#include "traps.h"
 
 namespace {
 
@@ -249,6 +251,9 @@ bool makeReport(const fs::path& folder)
             good &= made[column].empty() || writePictures(folder, page, Columns[column], made[column]);
         }
         std::fflush(stdout);
+    }
+    for (const Trap& trap : traps()) {
+        good &= paintTrap(trap, folder, folder / FontMapName);
     }
     const fs::path index = folder / "index.html";
     if (!writeGallery(index, entries, WantedWord)) {
