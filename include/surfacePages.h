@@ -148,7 +148,8 @@ inline bool play(View page, CSurface& surface, RECT target)
     return made != nullptr && made->play(&surface, &target) == 1;
 }
 
-// Writes "number of count" into the place that waits for it; false when there is none, or when it is too short.
+// Writes "number of count" into the places that wait for it; the length stays. On an SVG page true when something was written, on a
+// metafile when a text comes after a mark, also where its place is too short.
 inline bool stamp(Bytes& page, int number, int count)
 {
     const detail::Argument argument{View(page)};

@@ -301,4 +301,21 @@ TEST(RoundTrip, CallsComeOutChangedAsStatedAndInNothingElse)
     }
 }
 
+// The one order of groups that a page does not keep, for which random pages have none of it.
+TEST(RoundTrip, AFontEndsTheTransformThatItIsSetIn)
+{
+    RECT sheet{0, 0, 9, 9};
+    CSurfaceSVG surface(&sheet, &sheet);
+    char face[] = "A";
+    surface.setFont(face, 9, false, false, false, false);
+    surface.setTransform(1, 0, 0, 1, 5, 0);
+    surface.setFont(face, 8, false, false, false, false);
+    surface.drawFocusRect(&sheet);
+    surface.clearTransform();
+    const Lines expected = {"setFont \"A\" 9", "setTransform 1 0 0 1 5 0", "clearTransform",
+                            "setFont \"A\" 8", "drawFocusRect (0, 0, 9, 9)"};
+    const Lines calls = played(closedPage(surface)).first;
+    EXPECT_EQ(difference(expected, {calls.begin() + 1, calls.end()}), "");
+}
+
 } // namespace
