@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstddef>
+#include <fstream>
 #include <iterator>
 #include <memory>
 #include <optional>
@@ -90,6 +91,17 @@ inline void setFont(CSurface& surface, const char* face, float size, FontLook lo
     surface.setFont(&chosen);
 }
 
+// Flags as those of the Windows DrawText.
+inline void drawText(CSurface& surface, const std::string& text, RECT rect, unsigned int flags = 0)
+{
+    surface.drawText(text.c_str(), &rect, flags);
+}
+
+inline void drawTextAt(CSurface& surface, const std::string& text, POINT point, unsigned int flags = 0)
+{
+    surface.drawTextAt(text.c_str(), &point, flags);
+}
+
 // Text on a base line that begins at (x, y), without a clip.
 inline void drawTextOnBaseLine(CSurface& surface, int x, int y, std::string text)
 {
@@ -119,6 +131,22 @@ inline SIZE textSize(HDC device, CSurfaceFont font, std::string_view text, int u
 }
 
 // --- Stored pages
+
+// The whole file; nothing when it can't be read.
+inline std::optional<Bytes> loadFile(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    Bytes bytes{std::istreambuf_iterator<char>(file), {}};
+    return file.is_open() && !file.bad() ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+// In place of what the file held. False when not all of it could be written.
+inline bool saveFile(const std::string& path, View bytes)
+{
+    std::ofstream file(path, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    return static_cast<bool>(file.flush());
+}
 
 // Closes the surface and takes its page; empty where there is none.
 inline Bytes finished(CSurface& surface)

@@ -231,9 +231,10 @@ const ToolCase Cases[] = {
      "surfacepage find words.svg heating -o m.svg --hit 3 && grep -c \"find='[0-9]*,[1-9]\" m.svg; "
      "surfacepage find words.svg heating -o n.svg --hit 7; ls n.svg; surfacepage find words.svg heating -o "
      "v.svg --show "
-     "--hit 2 > no && xmllint --noout v.svg && grep -o '<tspan style=.*MWh' v.svg",
+     "--hit 2 > no && xmllint --noout v.svg && grep -o '<tspan fill=.*MWh' v.svg",
      0,
-     "hit 6|1\n|words.svg: has no hit 7 to mark|n.svg|<tspan style='fill:rgb(208,0,0)'>Heating</tspan> 1180 "
+     "hit 6|1\n|words.svg: has no hit 7 to mark|n.svg|<tspan fill='rgb(255,0,0)' "
+     "text-decoration='underline'>Heating</tspan> 1180 "
      "MWh"},
     {"NoInputIsOverwritten",
      "ln -s words.svg soft.svg; ln words.svg hard.png; for o in words.svg ./soft.svg hard.png; do "

@@ -4,7 +4,7 @@
 #include "PageFile.h"
 #include "PageWholeness.h"
 #include "commands.h"
-#include "surfacePage.h"
+#include "surfacePages.h"
 #include "utf8Text.h"
 
 namespace pagetool {
@@ -14,18 +14,16 @@ namespace {
 constexpr const char* OutOfMemory = "can't be searched to its end: there is not enough memory";
 
 // Writes the page with the hit marked.
-Outcome writeMarked(FileJob& job, StoredPage& page, const PageHit& hit, const std::string& text,
+Outcome writeMarked(FileJob& job, StoredPage& page, const pages::Hits& hits, const PageHit& hit,
                     const FindOptions& options)
 {
-    surfaces::Bytes marked =
-        surfaces::markedPage({page.data(), page.size()}, text, hit, {options.matchCase, options.wholeWord});
+    const pages::FoundPage marked = hits.marked(hit);
     if (marked.empty()) {
         return job.fail(OutOfMemory);
     }
-    if (options.shown) {
-        marked = surfaces::shownHit(marked);
-    }
-    return OutputFile(job, options.markedPages[job.number()], *options.overwriting).write(marked);
+    OutputFile file(job, options.markedPages[job.number()], *options.overwriting);
+    return options.shown ? file.write(pages::highlighted({page.data(), page.size()}, marked.bytes()))
+                         : file.write(marked.bytes());
 }
 
 std::string numbered(const char* before, std::size_t number, const char* after)
@@ -57,13 +55,13 @@ Outcome findCommand(FileJob& job, const FindOptions& options)
     std::size_t count = 0;
     try {
         for (const std::string& text : spellingsOf(options.text)) {
-            PageHits hits(page->data(), page->size(), text.c_str(), options.matchCase, options.wholeWord);
-            while (hits.next()) {
+            pages::Hits hits({page->data(), page->size()}, text, {options.matchCase, options.wholeWord});
+            for (const PageHit& hit : hits) {
                 ++count;
                 outcome = outcome == Outcome::Nothing ? Outcome::Done : outcome;
-                show(job, hits.hit(), count, options);
+                show(job, hit, count, options);
                 if (marks && count == options.markedHit) {
-                    outcome = writeMarked(job, *page, hits.hit(), text, options);
+                    outcome = writeMarked(job, *page, hits, hit, options);
                 }
             }
         }
