@@ -1,4 +1,4 @@
-// What the module still holds for its callers. A host asks before it unloads the module: whatever is not 0 then would
+// ModuleUse: what the module still holds for its callers. A host asks before it unloads the module: whatever is not 0 then would
 // live on in memory whose code is gone.
 #pragma once
 

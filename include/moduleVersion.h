@@ -1,4 +1,4 @@
-// The version that a module's file reports: read from the version resource of a Windows PE file, or of an ELF file of
+// CModuleVersion: the version that a module's file reports: read from the version resource of a Windows PE file, or of an ELF file of
 // 32 or 64 bits and either byte order that carries such a resource tree at the symbol "__rsrc".
 #pragma once
 

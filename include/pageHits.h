@@ -7,6 +7,7 @@
 #include "sys/moduleObject.h"
 #include "sys/surfaceExport.h"
 
+// A place where the text is.
 struct PageHit {
     int x = 0; // of the text in which the hit begins, in logical units
     int y = 0;

@@ -72,6 +72,7 @@ Value* temporary(Value&& value)
     return std::addressof(value);
 }
 
+// How a font looks, all of it off unless it is named.
 struct FontLook {
     bool bold = false;
     bool italic = false;
@@ -186,6 +187,7 @@ inline bool stamp(Bytes& page, int number, int count)
 
 // --- Search
 
+// How a search compares.
 struct Match {
     bool sameCase = false;
     bool wholeWords = false;
@@ -214,6 +216,7 @@ private:
 // The page has to stay as it is for as long as this lives. The text is compared with the bytes of the page; see utf8Of.
 class Hits {
 public:
+    // A hit, or the place after the last one.
     class Iterator {
     public:
         using value_type = PageHit;

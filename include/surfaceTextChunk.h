@@ -1,4 +1,4 @@
-// One run of formatted text that knows its place on the page. A caller, or a player that replays a page,
+// CSurfaceTextChunk: one run of formatted text that knows its place on the page. A caller, or a player that replays a page,
 // builds an array of them and hands it to CSurface::drawString in one call.
 #pragma once
 

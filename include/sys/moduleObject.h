@@ -1,4 +1,4 @@
-// What all classes have in common whose objects live on the module's own heap "SRF".
+// ModuleObject: what all classes have in common whose objects live on the module's own heap "SRF".
 //
 // The module is a shared library in somebody else's process, so the global operator new is left alone.
 #pragma once

@@ -30,6 +30,7 @@ Page pageOf(const unsigned char* page, Length length)
     return page != nullptr && length > 0 ? Page(page, static_cast<std::size_t>(length)) : Page();
 }
 
+// A record of a metafile, within the page.
 struct Record {
     // The value, or all fields of a layout, at an offset in the record, in bytes; nothing where it leaves the record.
     template <typename T>
@@ -89,6 +90,7 @@ enum class Fault {
     CutInRecord, // the size leads out of the page
 };
 
+// What is in a place of a page.
 struct Found {
     std::optional<Record> record;
     Fault fault = Fault::None;
@@ -122,6 +124,7 @@ class Records {
 public:
     explicit Records(Page page) : m_page(page) {}
 
+    // The place of a record.
     class Iterator {
     public:
         explicit Iterator(Page page) : m_page(page) { moveTo(0); }

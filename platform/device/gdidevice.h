@@ -10,6 +10,7 @@
 
 #include "sys/surfaceExport.h"
 
+// What a page of pixels is to be.
 struct GdiDeviceOptions {
     int width = 794; // pixels
     int height = 1123;
@@ -34,6 +35,7 @@ enum class GdiDocumentKind : unsigned char {
     Svg,     // of one page, for browsers and other viewers; players of stored pages do not take it
 };
 
+// What a document is to be, and where it goes.
 struct GdiDocumentOptions {
     GdiDocumentKind kind = GdiDocumentKind::Pdf;
     // Where the bytes go: to a file, which takes its place when the document ends and is whole, or else to the host, piece
