@@ -375,17 +375,12 @@ private:
     CLI::App m_app{"Looks into stored pages of the surface library, plays, stamps, searches and traces them.",
                    "surfacepage"};
     std::vector<std::string> m_files;
-    bool m_opensFolders = false;
     std::string m_fileList;
-    bool m_zeroEnded = false;
-    bool m_quiet = false;
     StandardOutput m_standardOutput;
     std::string m_format = "pdf"; // on standard output
-    unsigned int m_threads = 1;
-    std::string m_pattern; // of output files
+    std::string m_pattern;        // of output files
     std::string m_shownOnly;
     CLI::Option* m_dpi = nullptr;
-    bool m_sorts = false;
     std::string m_warning; // said before the work begins
     OverwriteRule m_overwriting{FileSet({}), false};
     std::optional<DocumentFile> m_document;
@@ -394,6 +389,11 @@ private:
     StampOptions m_stamp;
     FindOptions m_find;
     FileCommand m_command;
+    unsigned int m_threads = 1;
+    bool m_opensFolders = false;
+    bool m_zeroEnded = false;
+    bool m_quiet = false;
+    bool m_sorts = false;
 };
 
 } // namespace
