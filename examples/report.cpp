@@ -14,7 +14,6 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -79,14 +78,6 @@ constexpr std::string_view MarkedPage = "words";
 
 const std::string FontMapName = std::string(PictureFolder).append("Fontmap");
 
-bool writeFile(const fs::path& file, const Page& page)
-{
-    std::ofstream out(file, std::ios::binary);
-    out.write(reinterpret_cast<const char*>(page.data()), static_cast<std::streamsize>(page.size()));
-    out.close();
-    return out.good();
-}
-
 constexpr double DotsPerInch = 120;
 constexpr int DeviceDotsPerInch = 150;
 
@@ -131,7 +122,7 @@ bool writePictures(const fs::path& folder, const ReportPage& page, const Gallery
 {
     const Painting painting = {bytes, folder / fileOf(page, column), folder / pictureOf(page, column),
                                folder / FontMapName};
-    if (!column.isPicture && !writeFile(painting.file, bytes)) {
+    if (!column.isPicture && !pages::saveFile(painting.file.string(), bytes)) {
         std::printf("  cannot write %s\n", painting.file.c_str());
         return false;
     }

@@ -1,8 +1,6 @@
 // Four back ends beside one another; see trapPictures.h.
 #include "trapPictures.h"
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include <gdidevice.h>
@@ -38,14 +36,6 @@ bool save(HDC device, const fs::path& png)
     return saved;
 }
 
-bool write(const fs::path& file, const Page& page)
-{
-    std::ofstream out(file, std::ios::binary);
-    out.write(reinterpret_cast<const char*>(page.data()), static_cast<std::streamsize>(page.size()));
-    out.close();
-    return out.good();
-}
-
 // What a player would set.
 void setSizes(CSurface& surface)
 {
@@ -77,7 +67,7 @@ bool asViewed(const Target& target, const fs::path& png)
     Page page = stored(surface);
     stamp(page);
     const fs::path file = target.stem.string() + ".svg";
-    return write(file, page) && paintSvg(file, png, DotsPerInch);
+    return pages::saveFile(file.string(), page) && paintSvg(file, png, DotsPerInch);
 }
 
 bool asPrinted(const Target& target, const fs::path& png)
@@ -87,7 +77,7 @@ bool asPrinted(const Target& target, const fs::path& png)
     target.trap.draw(surface);
     const fs::path file = target.stem.string() + ".ps";
     constexpr double PointsPerMillimetre = 2.83465;
-    return write(file, stored(surface)) &&
+    return pages::saveFile(file.string(), stored(surface)) &&
            paintPostScript(file, png, DotsPerInch, target.fontMap,
                            {static_cast<int>(TrapMillimetresWide * PointsPerMillimetre),
                             static_cast<int>(TrapMillimetresHigh * PointsPerMillimetre)});
@@ -129,12 +119,6 @@ constexpr BackEnd BackEnds[] = {
     {"Metafile (CSurfaceEMF), played", "-metafile.png", asRecorded},
 };
 
-Page readFile(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 // A picture with its title above it, in the place of this number, two beside one another.
 void place(CSurface& surface, int number, const BackEnd& backEnd, const fs::path& png)
 {
@@ -146,7 +130,7 @@ void place(CSurface& surface, int number, const BackEnd& backEnd, const fs::path
     surface.setTextColor(pages::rgb(70, 80, 95));
     surface.drawTextAt(backEnd.title, pages::temporary(POINT{left, top - Title + 7}), 0);
     RECT box = {left, top, left + Dots.right, top + Dots.bottom};
-    Page bytes = readFile(png);
+    Page bytes = pages::loadFile(png.string()).value_or(Page());
     const auto id = static_cast<unsigned int>(number);
     constexpr int Png = 8;
     surface.includeImage(id, bytes.data(), static_cast<int>(bytes.size()), Dots.right, Dots.bottom, Png);
