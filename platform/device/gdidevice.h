@@ -33,6 +33,7 @@ enum class GdiDocumentKind : unsigned char {
     Pdf,
     Picture, // a PNG file of one page, with smoothed edges
     Svg,     // of one page, for browsers and other viewers; players of stored pages do not take it
+    Jpeg,    // as Picture, in less room where there are photographs; sides of up to 65,500 pixels
 };
 
 // What a document is to be, and where it goes.
@@ -45,8 +46,9 @@ struct GdiDocumentOptions {
     void* context = nullptr;
     double pageWidth = 210; // millimetres
     double pageHeight = 297;
-    int dpi = 600;      // that programs see, along both axes, up to 9600
-    int pictureDpi = 0; // pixels of a picture; 0: as many as programs see
+    int dpi = 600;         // that programs see, along both axes, up to 9600
+    double pictureDpi = 0; // pixels of a picture; 0: as many as programs see
+    int quality = 90;      // of JPEG, from 1 to 100
     // UTF-8; null for none. Only PDF has them, and an outline. The date is that of SOURCE_DATE_EPOCH in the environment, or none, so that
     // the same calls make the same bytes.
     const char* title = nullptr;

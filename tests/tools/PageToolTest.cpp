@@ -26,14 +26,15 @@ struct ToolCase {
     friend void PrintTo(const ToolCase& shown, std::ostream* out) { *out << shown.name; }
 };
 
-// In a folder with two pages of the report that show a page count or not, each in both formats, and with bad files.
+// In a folder with three pages of the report, each in both formats, and with bad files.
 class PageTool : public testing::TestWithParam<ToolCase> {
 protected:
     PageTool() : m_folder(testing::TempDir() + "page-tool-" + std::to_string(getpid()))
     {
         std::filesystem::create_directory(m_folder);
         for (const ReportPage& page : reportPages()) {
-            if (std::string_view(page.name) == "words" || std::string_view(page.name) == "sheet") {
+            const std::string_view name = page.name;
+            if (name == "words" || name == "sheet" || name == "pictures") {
                 CSurfaceSVG svg = emptyPage();
                 RECT frame{0, 0, 21000, 29700};
                 CSurfaceEMF metafile(&frame);
@@ -170,7 +171,8 @@ const ToolCase Cases[] = {
      "bare.svg: has no usable size|39685 x 56126 pixels are too many|link.png: it "
      "is no regular file|"
      "can't write no/d.png: No such "
-     "file|bare.svg\ncut.emf\nletters.svg\nlink.png\nrecords.emf\nsheet.emf\nsheet.svg\ntext.svg\nwords."
+     "file|bare.svg\ncut.emf\nletters.svg\nlink.png\npictures.emf\npictures.svg\nrecords.emf\nsheet."
+     "emf\nsheet.svg\ntext.svg\nwords."
      "emf\nwords.svg\n"},
     {"PlaysManyToOneDocument",
      "surfacepage play words.svg text.svg sheet.emf cut.emf -o r.pdf --title 'A \xC3\xA4' --author B; echo "
@@ -280,6 +282,37 @@ const ToolCase Cases[] = {
      "2|text 2|find 2|so nothing was stamped\nstamp 2|end.svg: is cut short: 1 elements|cut.emf: ends inside "
      "the record at byte 3952: what there is was drawn|torn.svg: is cut short|is an enhanced "
      "metafile|2\n|can't write cut.emf: it is one|enhanced metafile|torn.svg: is cut short"},
+    {"PicturesOfAnySize",
+     "surfacepage play words.svg --width 400 -o w.png; surfacepage play words.emf --height 283 --crop "
+     "10,20,30x40 -o c.png; surfacepage play words.svg --width 30 --height 20 --pixels -o s.png; for p in w "
+     "c s; do od -An -tu1 -j16 -N8 $p.png; done; surfacepage play words.svg --quality 40 -o l.jpg && "
+     "surfacepage play words.svg -o m.JPEG; test $(stat -c %s l.jpg) -lt $(stat -c %s m.JPEG); echo $?; "
+     "surfacepage play words.svg --dpi 48 --crop 80,100,100x80 -o p.jpg && file p.jpg; surfacepage play "
+     "words.svg --crop 900,1,1x1 -o n.png; ls n.png",
+     2,
+     "  0   0   1 144   0   0   2  54\n   0   0   0  30   0   0   0  40\n   0   0   0  30   0   0   0  "
+     "20\n0\np.jpg: JPEG image data|, 100x80, |nothing in the part that --crop names|n.png'"},
+    {"TakesPicturesOut",
+     "surfacepage images pictures.svg records.emf -o 'x-{}'; head -c 4 x-pictures-1.png; od -An -tu1 -N15 "
+     "x-records-1.bmp; surfacepage images pictures.svg pictures.emf; surfacepage images letters.svg",
+     1,
+     "pictures.svg: x-pictures-1.png: |x-pictures-2.jpg|records.emf: x-records-1.bmp: 58 bytes\n\x89PNG|  66 "
+     " 77  58   0   0   0   0   0   0   0  54   0   0   0  40\n|would both be written to pictures;|no "
+     "picture"},
+    {"SpeaksJson",
+     "n=$(printf '\\344.svg'); cp letters.svg $n; surfacepage text --json $n; surfacepage find --json "
+     "letters.svg '\xE2\x82\xAC' | tail -n 1; surfacepage find --json -c words.svg letters.svg line; "
+     "surfacepage info --json pictures.svg words.emf cut.emf",
+     2,
+     "{\"file\":\"\xC3\xA4.svg\",\"texts\":[|{\"x\":10,\"y\":660,\"text\":\"\xC3\x83 "
+     "\xC2\xA4\"}|{\"file\":\"letters.svg\",\"hit\":|{\"file\":\"letters.svg\",\"hits\":1}|\"format\":\"SVG "
+     "page\"|\"unit\":\"mm\",\"units\":[794,1123]|\"points\":|\"images\":[{\"id\":|\"type\":\"PNG\"|words."
+     "emf|\"unit\":\"pixels\"|\"height\":-|\"damage\":\"ends inside the record"},
+    {"Completes",
+     "bash -c '. " SURFACE_COMPLETION
+     "; for l in im \"play --wi\" \"find words.s\" \"play --format p\"; do COMP_WORDS=(" SURFACE_PAGE_TOOL
+     " $l); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _surfacepage; echo ${COMPREPLY[*]}; done'",
+     0, "images\n--width\nwords.svg\npdf png ps\n"},
     {"Texts",
      "surfacepage text sheet.svg sheet.emf | sort | uniq -c | sort -rn | head -n 3; surfacepage text "
      "words.svg",
@@ -323,7 +356,8 @@ const ToolCase Cases[] = {
      "-x.svg; "
      "surfacepage info -x.svg",
      2,
-     "none of the endings|words.svg and sheet.svg would both be written to out.png|--dpi is for .png only|N "
+     "none of the endings|words.svg and sheet.svg would both be written to out.png|--dpi is for .png and "
+     ".jpg only|N "
      "is required|"
      "TEXT: is empty|-1 is no page number|foo is no command|150dpi is no number|-x.svg looks like an option: "
      "write --"},

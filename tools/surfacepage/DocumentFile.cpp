@@ -18,6 +18,12 @@ namespace fs = std::filesystem;
 
 constexpr double HundredthsPerMillimetre = 100;
 
+int rounded(double value)
+{
+    constexpr double Farthest = 1e9;
+    return static_cast<int>(std::lround(std::clamp(value, -Farthest, Farthest)));
+}
+
 // The last part of the name, as readers show it.
 std::string outlineTitle(const std::string& file)
 {
@@ -35,11 +41,20 @@ int ownDotsPerInch(const Sheet& sheet)
     return own >= Least && own <= Most ? static_cast<int>(std::lround(own)) : 600;
 }
 
-bool playOver(HDC device, PlayedPage& page)
+bool playOver(HDC device, PlayedPage& page, const PictureSize* part)
 {
-    const int width = GetDeviceCaps(device, HORZRES);
-    const int height = GetDeviceCaps(device, VERTRES);
+    int width = GetDeviceCaps(device, HORZRES);
+    int height = GetDeviceCaps(device, VERTRES);
     const int saved = SaveDC(device);
+    if (part != nullptr) {
+        // The whole page goes on, with the part that is shown over the device.
+        const auto& [left, top, right, bottom] = part->shown;
+        const double across = static_cast<double>(width) / (right - left);
+        const double down = static_cast<double>(height) / (bottom - top);
+        width = rounded(part->pixels.cx * across);
+        height = rounded(part->pixels.cy * down);
+        SetViewportOrgEx(device, rounded(-left * across), rounded(-top * down), nullptr);
+    }
     bool played = false;
     {
         CSurfaceHdc surface(device);

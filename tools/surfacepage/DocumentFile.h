@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include "OverwriteRule.h"
+#include "PictureSize.h"
 #include "PlayedPage.h"
 
 namespace pagetool {
@@ -42,6 +43,6 @@ private:
 // The resolution at which a page's own units are those of a device, as nearly as whole numbers are.
 int ownDotsPerInch(const Sheet& sheet);
 // Plays a page over the whole of a device.
-bool playOver(HDC device, PlayedPage& page);
+bool playOver(HDC device, PlayedPage& page, const PictureSize* part = nullptr);
 
 } // namespace pagetool

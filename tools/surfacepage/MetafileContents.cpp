@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 
-#include "quotedText.h"
 #include "utf8Text.h"
 
 namespace pagetool {
@@ -75,7 +75,7 @@ void addPolyText(const metafile::Record& record, std::vector<PlacedText>& texts)
     }
 }
 
-// Where the offset of a picture's head is in the records that may have one.
+// Where the offset of a picture's head is in the records that may have one; its length, and those of the bits, follow.
 struct PictureField {
     DWORD type;
     std::size_t offset;
@@ -94,6 +94,22 @@ constexpr PictureField PictureFields[] = {
     {EMR_CREATEMONOBRUSH, offsetof(EMRCREATEMONOBRUSH, offBmi)},
     {EMR_CREATEDIBPATTERNBRUSHPT, offsetof(EMRCREATEDIBPATTERNBRUSHPT, offBmi)},
 };
+
+// Null for records that have no picture.
+const PictureField* pictureFieldOf(const metafile::Record& record)
+{
+    const auto* const field =
+        std::find_if(std::begin(PictureFields), std::end(PictureFields),
+                     [&](const PictureField& known) { return known.type == record.type; });
+    return field != std::end(PictureFields) ? field : nullptr;
+}
+
+std::optional<BITMAPINFOHEADER> headAt(const metafile::Record& record, const PictureField& place)
+{
+    const DWORD offset = record.field<DWORD>(place.offset).value_or(0);
+    const auto head = record.field<BITMAPINFOHEADER>(offset);
+    return offset != 0 && head && head->biSize >= sizeof(BITMAPINFOHEADER) ? head : std::nullopt;
+}
 
 // The bounds of a text record are in units of the page's device, whatever mapping and turn were in force.
 void placeByBounds(const metafile::Record& record, std::vector<PlacedText>& texts)
@@ -134,7 +150,7 @@ std::vector<PlacedText> textsOf(const metafile::Record& record)
     return texts;
 }
 
-std::optional<std::string> fontOf(const metafile::Record& record)
+std::optional<PageFont> fontOf(const metafile::Record& record)
 {
     constexpr LONG Bold = 700;
     if (record.type != EMR_EXTCREATEFONTINDIRECTW) {
@@ -147,32 +163,59 @@ std::optional<std::string> fontOf(const metafile::Record& record)
     }
     const WCHAR* const end = std::find(font->lfFaceName, std::end(font->lfFaceName), 0);
     const auto length = static_cast<std::size_t>(end - font->lfFaceName);
-    std::string text = quotedText(wideText(record, Offset + offsetof(LOGFONTW, lfFaceName), length));
-    text.append(" height ").append(std::to_string(font->lfHeight));
-    text.append(font->lfWeight >= Bold ? " bold" : "").append(font->lfItalic != 0 ? " italic" : "");
-    text.append(font->lfUnderline != 0 ? " underline" : "");
-    return text.append(font->lfStrikeOut != 0 ? " strikethru" : "");
+    return PageFont{wideText(record, Offset + offsetof(LOGFONTW, lfFaceName), length),
+                    0,
+                    font->lfHeight,
+                    font->lfWeight >= Bold,
+                    font->lfItalic != 0,
+                    font->lfUnderline != 0,
+                    font->lfStrikeOut != 0};
 }
 
-std::optional<std::string> pictureOf(const metafile::Record& record)
+std::optional<PagePicture> pictureOf(const metafile::Record& record)
 {
-    for (const PictureField& field : PictureFields) {
-        if (field.type != record.type) {
-            continue;
-        }
-        const DWORD offset = record.field<DWORD>(field.offset).value_or(0);
-        const auto head = record.field<BITMAPINFOHEADER>(offset);
-        if (offset == 0 || !head || head->biSize < sizeof(BITMAPINFOHEADER)) {
-            return std::nullopt;
-        }
-        return std::to_string(head->biWidth)
-            .append(" x ")
-            .append(std::to_string(std::abs(std::int64_t{head->biHeight})))
-            .append(" pixels of ")
-            .append(std::to_string(head->biBitCount))
-            .append(" bits");
+    const PictureField* const place = pictureFieldOf(record);
+    const auto head = place != nullptr ? headAt(record, *place) : std::nullopt;
+    if (!head) {
+        return std::nullopt;
     }
-    return std::nullopt;
+    PagePicture picture;
+    picture.width = head->biWidth;
+    picture.height = std::abs(std::int64_t{head->biHeight});
+    picture.bits = head->biBitCount;
+    return picture;
+}
+
+std::optional<std::vector<unsigned char>> pictureFileOf(const metafile::Record& record)
+{
+    const PictureField* const place = pictureFieldOf(record);
+    const auto head = place != nullptr ? headAt(record, *place) : std::nullopt;
+    if (!head) {
+        return std::nullopt;
+    }
+    // The places of the head and of the bits, and their lengths, are four words in a row.
+    const auto word = [&](std::size_t number) {
+        return record.field<DWORD>(place->offset + number * sizeof(DWORD)).value_or(0);
+    };
+    const auto heading = record.piece(word(0), word(1));
+    const auto bits = record.piece(word(2), word(3));
+    if (!heading || !bits || bits->empty()) {
+        return std::nullopt;
+    }
+    std::vector<unsigned char> file;
+    if (head->biCompression != BI_JPEG && head->biCompression != BI_PNG) {
+        constexpr std::size_t FileHead = 14; // "BM", the length, a zero, the place of the bits
+        const std::size_t start = FileHead + heading->size();
+        file = {'B', 'M'};
+        for (const std::size_t field : {start + bits->size(), std::size_t{0}, start}) {
+            for (unsigned int shift = 0; shift < 32; shift += 8) {
+                file.push_back(static_cast<unsigned char>(field >> shift));
+            }
+        }
+        file.insert(file.end(), heading->begin(), heading->end());
+    }
+    file.insert(file.end(), bits->begin(), bits->end());
+    return file;
 }
 
 } // namespace pagetool

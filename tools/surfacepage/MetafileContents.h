@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "PageParts.h"
 #include "PlacedText.h"
 #include "RecordWalk.h"
 
@@ -13,10 +14,10 @@ namespace pagetool {
 // The texts that a text record draws; none for other records and where they leave the record.
 std::vector<PlacedText> textsOf(const metafile::Record& record);
 
-// "Arial" height -13 bold italic
-std::optional<std::string> fontOf(const metafile::Record& record);
-
-// 100 x 50 pixels of 24 bits
-std::optional<std::string> pictureOf(const metafile::Record& record);
+std::optional<PageFont> fontOf(const metafile::Record& record);
+std::optional<PagePicture> pictureOf(const metafile::Record& record);
+// The picture as a file: of the kind that it is stored as, or a bitmap. Nothing for records without one and where it leaves
+// the record.
+std::optional<std::vector<unsigned char>> pictureFileOf(const metafile::Record& record);
 
 } // namespace pagetool

@@ -9,7 +9,6 @@
 #include "PageWholeness.h"
 #include "RecordingSurface.h"
 #include "metaFilePlayer.h"
-#include "quotedText.h"
 
 namespace pagetool {
 
@@ -47,16 +46,15 @@ public:
     void setFont(CSurfaceFont* font) override
     {
         if (font != nullptr) {
-            m_inventory.addFont(textOf(*font));
+            m_inventory.addFont({font->getFaceName(), font->getSize(), 0, font->getBold(), font->getItalic(),
+                                 font->getUnderline(), font->getStrikethru()});
         }
         RecordingSurface::setFont(font);
     }
     void includeImage(unsigned int id, unsigned char*, int size, int width, int height, int type) override
     {
-        std::string image = std::to_string(id).append(": ");
-        image.append(std::to_string(width)).append(" x ").append(std::to_string(height)).append(" pixels, ");
-        image.append(pictureTypeName(type)).append(", ").append(std::to_string(size)).append(" bytes");
-        m_inventory.images.push_back(std::move(image));
+        m_inventory.images.push_back(
+            {id, width, height, pictureTypeName(type), static_cast<std::size_t>(size), 0});
     }
     void drawString(const char* text, RECT* rect, unsigned int) override { add(text, cornerOf(rect)); }
     bool drawString(Array<CSurfaceTextChunk, 2>* chunks, RECT* rect, int) override
@@ -97,15 +95,6 @@ public:
     }
 
 private:
-    static std::string textOf(CSurfaceFont& font)
-    {
-        std::string text = quotedText(font.getFaceName());
-        char size[32];
-        text.append(" ").append(size, std::to_chars(size, std::end(size), font.getSize()).ptr);
-        text.append(font.getBold() ? " bold" : "").append(font.getItalic() ? " italic" : "");
-        text.append(font.getUnderline() ? " underline" : "");
-        return text.append(font.getStrikethru() ? " strikethru" : "");
-    }
     static POINT cornerOf(const RECT* rect)
     {
         return rect != nullptr ? POINT{rect->left, rect->top} : POINT{};
@@ -176,11 +165,11 @@ void takeMetafile(StoredPage& page, PageInventory& inventory)
         for (const PlacedText& text : textsOf(record)) {
             inventory.texts.push_back(text);
         }
-        if (const std::optional<std::string> font = fontOf(record)) {
+        if (const std::optional<PageFont> font = fontOf(record)) {
             inventory.addFont(*font);
         }
-        if (std::optional<std::string> picture = pictureOf(record)) {
-            inventory.images.push_back(std::move(*picture));
+        if (const std::optional<PagePicture> picture = pictureOf(record)) {
+            inventory.images.push_back(*picture);
         }
         inventory.pageCounts += isPageCountMark(record) ? 1 : 0;
     });
@@ -188,9 +177,9 @@ void takeMetafile(StoredPage& page, PageInventory& inventory)
 
 } // namespace
 
-void PageInventory::addFont(const std::string& font)
+void PageInventory::addFont(const PageFont& font)
 {
-    if (m_known.insert(font).second) {
+    if (m_known.insert(font.inWords()).second) {
         fonts.push_back(font);
     }
 }

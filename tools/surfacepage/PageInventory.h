@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "PageFile.h"
+#include "PageParts.h"
 #include "PlacedText.h"
 #include "RecordWalk.h"
 
@@ -15,11 +16,11 @@ namespace pagetool {
 
 struct PageInventory {
     // Listed once, in the order of their first use.
-    void addFont(const std::string& font);
+    void addFont(const PageFont& font);
 
     std::map<std::string, std::size_t> parts; // elements or records, and how many of each
-    std::vector<std::string> fonts;
-    std::vector<std::string> images;
+    std::vector<PageFont> fonts;
+    std::vector<PagePicture> images;
     std::vector<PlacedText> texts; // in the order of drawing
     std::size_t pageCounts = 0;    // places that a stamp looks for
     std::string damage;            // what is wrong with the page; empty: nothing

@@ -1,5 +1,6 @@
 #include <string>
 
+#include "JsonLine.h"
 #include "OutputFile.h"
 #include "PageFile.h"
 #include "PageWholeness.h"
@@ -37,6 +38,15 @@ void show(FileJob& job, const PageHit& hit, std::size_t count, const FindOptions
     if (options.countOnly) {
         return;
     }
+    if (options.json) {
+        Json found = jsonOf(job);
+        found["hit"] = count;
+        found["x"] = hit.x;
+        found["y"] = hit.y;
+        found["text"] = excerpt({hit.text, hit.textLength}, hit.start);
+        printJson(job, found);
+        return;
+    }
     std::string line = numbered("hit ", count, " at (");
     line.append(std::to_string(hit.x)).append(", ").append(std::to_string(hit.y)).append("): ");
     job.printLine(line + excerpt({hit.text, hit.textLength}, hit.start));
@@ -68,7 +78,11 @@ Outcome findCommand(FileJob& job, const FindOptions& options)
     } catch (const KrnException&) {
         return job.fail(OutOfMemory);
     }
-    if (options.countOnly) {
+    if (options.countOnly && options.json) {
+        Json counted = jsonOf(job);
+        counted["hits"] = count;
+        printJson(job, counted);
+    } else if (options.countOnly) {
         job.printLine(numbered("", count, count == 1 ? " hit" : " hits"));
     }
     if (const std::string damage = damageOf(*page); !damage.empty()) {
@@ -77,7 +91,7 @@ Outcome findCommand(FileJob& job, const FindOptions& options)
     if (marks && count != 0 && count < options.markedHit) {
         return job.fail(numbered("has no hit ", options.markedHit, " to mark"));
     }
-    if (count == 0 && !options.countOnly) {
+    if (count == 0 && !options.countOnly && !options.json) {
         job.printLine("no hit");
     }
     return outcome;

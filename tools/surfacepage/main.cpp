@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
 #include <filesystem>
 #include <functional>
@@ -14,6 +13,7 @@
 #include <optional>
 #include <utility>
 
+#include "Arguments.h"
 #include "FileIdentity.h"
 #include "FileLists.h"
 #include "FileOrder.h"
@@ -32,58 +32,6 @@ constexpr const char* NullDevice = "NUL";
 constexpr const char* NullDevice = "/dev/null";
 #endif
 
-// What is wrong with the arguments; CLI11 reports it.
-void refuse(const std::string& option, const std::string& problem)
-{
-    throw CLI::ValidationError(option, problem);
-}
-
-// Says of a text that it is no number before a range is asked for.
-std::string objectionToNumber(const std::string& text)
-{
-    const bool isNumber = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
-    return isNumber ? std::string() : std::string(text).append(" is no number");
-}
-
-// Several files come before other arguments, which the parser can't tell from them: it takes all as files. Where a list
-// names the files there may be none.
-std::string takeLast(std::vector<std::string>& arguments, const char* name, bool afterFiles)
-{
-    if (arguments.size() < (afterFiles ? 2U : 1U)) {
-        throw CLI::RequiredError(name);
-    }
-    std::string last = std::move(arguments.back());
-    arguments.pop_back();
-    return last;
-}
-
-int takeLastNumber(std::vector<std::string>& arguments, const char* name, bool afterFiles)
-{
-    const std::string text = takeLast(arguments, name, afterFiles);
-    int number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || stop != end || number < 0) {
-        refuse(name, std::string(text).append(" is no page number"));
-    }
-    return number;
-}
-
-// Shows every argument without brackets, those that takeLast takes too.
-class UsageOfArguments : public CLI::Formatter {
-public:
-    std::string make_option_usage(const CLI::Option* option) const override
-    {
-        return get_option_name(option);
-    }
-
-private:
-    static std::string get_option_name(const CLI::Option* option)
-    {
-        return option->get_name(true) + (option->get_expected_max() > 1 ? "..." : "");
-    }
-};
-
 class CommandLine {
 public:
     CommandLine()
@@ -91,16 +39,18 @@ public:
         m_app.set_version_flag("--version", "surfacepage " SURFACEPAGE_VERSION);
         m_app.require_subcommand(1);
         m_app.formatter(std::make_shared<UsageOfArguments>());
-        m_app.footer("Exit codes: 0 done, 1 nothing found or stamped, 2 a file failed or the arguments are "
-                     "wrong, 3 a damaged page "
-                     "was drawn in part.\nNothing is written over a file that is read, stamp apart, and over "
-                     "another stored page with "
-                     "--force only.");
+        m_app.footer(
+            "Exit codes: 0 done, 1 nothing found, stamped or taken out, 2 a file failed or the arguments are "
+            "wrong, 3 a damaged page "
+            "was drawn in part.\nNothing is written over a file that is read, stamp apart, and over "
+            "another stored page with "
+            "--force only.");
         addInfo();
         addPlay();
         addStamp();
         addFind();
         addText();
+        addImages();
         addTrace();
     }
 
@@ -226,6 +176,7 @@ private:
     {
         CLI::App* const info =
             add("info", "Show what is on pages", [this](FileJob& job) { return infoCommand(job, m_info); });
+        addJson(info, m_info.json, "Print an object of JSON for each page, on a line");
         info->add_flag("-b,--brief", m_info.brief, "Count fonts, images and texts, and list none");
     }
 
@@ -236,12 +187,13 @@ private:
             [this] { checkPlay(); });
         play->add_option(
                 "-o,--output", m_pattern,
-                "What to write, ending in .pdf (all pages in one, in the order given), .png, .svg, .ps or "
+                "What to write, ending in .pdf (all pages in one, in the order given), .png, .jpg, .svg, .ps "
+                "or "
                 ".emf; a metafile does not play to .ps, and to .svg as --plain. {} stands for the name of "
                 "FILE without folder and ending")
             ->required();
         play->add_option("--format", m_format, "What to write to standard output, which -o - names")
-            ->check(CLI::IsMember({"pdf", "png", "svg", "ps", "emf"}))
+            ->check(CLI::IsMember({"pdf", "png", "jpg", "svg", "ps", "emf"}))
             ->capture_default_str();
         addForce(play);
         play->add_flag("--pixels", m_play.pixels,
@@ -250,10 +202,29 @@ private:
                        "A .svg for browsers and other viewers, which shows what pixels do; no stored page");
         play->add_option("--title", m_play.texts.title, "Title of a .pdf");
         play->add_option("--author", m_play.texts.author, "Author of a .pdf");
-        m_dpi = play->add_option("--dpi", m_play.dpi, "Dots per inch of a .png")
-                    ->check(objectionToNumber)
-                    ->check(CLI::Range(1, 4800))
-                    ->capture_default_str();
+        addPictureOptions(play);
+    }
+
+    void addPictureOptions(CLI::App* play)
+    {
+        PictureOptions& picture = m_play.picture;
+        const auto addNumber = [&](const char* name, int& number, int most, const char* means) {
+            CLI::Option* const option =
+                play->add_option(name, number, means)->check(objectionToNumber)->check(CLI::Range(1, most));
+            m_pictureOptions.push_back(option);
+            return option;
+        };
+        constexpr int LongestSide = 65500;
+        CLI::Option* const dpi =
+            addNumber("--dpi", picture.dpi, 4800, "Dots per inch of a .png or .jpg")->capture_default_str();
+        addNumber("--width", picture.width, LongestSide,
+                  "Pixels across of the whole page in place of --dpi; with --height it is stretched")
+            ->excludes(dpi);
+        addNumber("--height", picture.height, LongestSide, "Pixels down of the whole page")->excludes(dpi);
+        m_pictureOptions.push_back(
+            play->add_option("--crop", m_crop, "Only this part of the picture, in pixels")
+                ->type_name("X,Y,WIDTHxHEIGHT"));
+        addNumber("--quality", picture.quality, 100, "Of a .jpg")->capture_default_str();
     }
 
     void checkPlay()
@@ -263,6 +234,12 @@ private:
             m_pattern = m_standardOutput.begin(m_format);
             if (m_pattern.empty()) {
                 refuse("-o", "there is no folder for temporary files");
+            }
+        }
+        if (!m_crop.empty()) {
+            m_play.picture.crop = cropOf(m_crop);
+            if (!m_play.picture.crop) {
+                refuse("--crop", m_crop + " is no part such as 10,20,300x200");
             }
         }
         m_play.overwriting = overwriting();
@@ -275,7 +252,10 @@ private:
             m_play.outputs = outputs(m_pattern);
         }
         for (const std::string& output : m_play.outputs) {
-            if (const std::string problem = problemOfPlayOutput(output, m_dpi->count() > 0);
+            const auto given = std::ranges::find_if(
+                m_pictureOptions, [](const CLI::Option* option) { return option->count() > 0; });
+            if (const std::string problem = problemOfPlayOutput(
+                    output, given != m_pictureOptions.end() ? (*given)->get_name() : std::string());
                 !problem.empty()) {
                 refuse("-o", problem);
             }
@@ -330,6 +310,7 @@ private:
             [this](FileJob& job) { return findCommand(job, m_find); }, [this] { checkFind(); });
         addLast(find, "TEXT", "What to find");
         addForce(find);
+        addJson(find, m_find.json, "Print an object of JSON for each hit, on a line");
         find->add_flag("--case", m_find.matchCase, "Upper and lower case differ");
         find->add_flag("--word", m_find.wholeWord, "Whole words only");
         find->add_flag("-c,--count", m_find.countOnly, "Print how many hits each page has, and no hit");
@@ -364,7 +345,34 @@ private:
         command->add_option(name, m_shownOnly, means)->type_name("");
     }
 
-    void addText() { add("text", "Print the texts of pages in reading order, one a line", textCommand); }
+    void addText()
+    {
+        CLI::App* const text = add("text", "Print the texts of pages in reading order, one a line",
+                                   [this](FileJob& job) { return textCommand(job, m_textJson); });
+        addJson(text, m_textJson, "Print an object of JSON for each page, on a line");
+    }
+
+    void addImages()
+    {
+        CLI::App* const images = add(
+            "images", "Take the pictures out of pages, each as a file",
+            [this](FileJob& job) { return imagesCommand(job, m_images); },
+            [this] {
+                completeFiles();
+                m_images.overwriting = overwriting();
+                m_images.stems = outputs(m_pattern.empty() ? "{}" : m_pattern);
+            });
+        images->add_option(
+            "-o,--output", m_pattern,
+            "How the names begin, which end in -1.png, -2.jpg; {} (also without this) stands for "
+            "the name of FILE without folder and ending");
+        addForce(images);
+    }
+
+    static void addJson(CLI::App* command, bool& json, const char* means)
+    {
+        command->add_flag("--json", json, means);
+    }
 
     void addTrace()
     {
@@ -380,7 +388,8 @@ private:
     std::string m_format = "pdf"; // on standard output
     std::string m_pattern;        // of output files
     std::string m_shownOnly;
-    CLI::Option* m_dpi = nullptr;
+    std::vector<const CLI::Option*> m_pictureOptions; // what only pictures have
+    std::string m_crop;
     std::string m_warning; // said before the work begins
     OverwriteRule m_overwriting{FileSet({}), false};
     std::optional<DocumentFile> m_document;
@@ -388,12 +397,14 @@ private:
     PlayOptions m_play;
     StampOptions m_stamp;
     FindOptions m_find;
+    ImagesOptions m_images;
     FileCommand m_command;
     unsigned int m_threads = 1;
     bool m_opensFolders = false;
     bool m_zeroEnded = false;
     bool m_quiet = false;
     bool m_sorts = false;
+    bool m_textJson = false;
 };
 
 } // namespace

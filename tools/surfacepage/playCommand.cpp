@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -69,24 +70,29 @@ struct EndDevice {
     void operator()(HDC device) const { DeleteDC(device); }
 };
 
-Outcome playToPixels(FileJob& job, PlayedPage& page, OutputFile& output, int dpi)
+using Device = std::unique_ptr<std::remove_pointer_t<HDC>, EndDevice>;
+
+Outcome failOfSize(FileJob& job, const PictureSize& size)
 {
-    constexpr double MillimetresPerInch = 25.4;
-    const Sheet& sheet = page.sheet();
+    const auto& [left, top, right, bottom] = size.shown;
+    std::string problem = std::to_string(right - left).append(" x ").append(std::to_string(bottom - top));
+    return job.fail(problem.append(" pixels are too many for a picture: choose a lower --dpi or --width"));
+}
+
+Outcome playToPixels(FileJob& job, PlayedPage& page, OutputFile& output, const PictureSize& size)
+{
     GdiDeviceOptions options;
-    options.width = Sheet::pixels(sheet.width, dpi, MillimetresPerInch);
-    options.height = Sheet::pixels(sheet.height, dpi, MillimetresPerInch);
-    options.dpi = dpi;
-    const std::unique_ptr<std::remove_pointer_t<HDC>, EndDevice> device(gdiCreateDevice(&options));
+    options.width = size.shown.right - size.shown.left;
+    options.height = size.shown.bottom - size.shown.top;
+    options.dpi = std::max(1, static_cast<int>(std::lround(size.dotsPerInch)));
+    const Device device(gdiCreateDevice(&options));
     if (device == nullptr && GetLastError() == ERROR_NOT_SUPPORTED) {
-        return job.fail("pictures have the resolution of the screen here, and --dpi can't change it");
+        return job.fail("pictures have the resolution of the screen here, and no other");
     }
     if (device == nullptr) {
-        std::string problem = std::to_string(options.width).append(" x ");
-        problem.append(std::to_string(options.height)).append(" pixels are too many for a picture");
-        return job.fail(problem.append(": choose a lower --dpi"));
+        return failOfSize(job, size);
     }
-    if (!playOver(device.get(), page)) {
+    if (!playOver(device.get(), page, &size)) {
         return failOfPlayback(job);
     }
     const std::string& temporary = output.create();
@@ -97,40 +103,24 @@ Outcome playToPixels(FileJob& job, PlayedPage& page, OutputFile& output, int dpi
                                                        : job.fail("the picture can't be written");
 }
 
-// As a document of its own; on systems without documents nothing, and false.
-bool playAlone(FileJob& job, PlayedPage& page, OutputFile& output, GdiDocumentKind kind, int dpi,
-               Outcome& outcome)
+// On a document of its own; `part` is null for all of the page.
+Outcome playAlone(FileJob& job, PlayedPage& page, OutputFile& output, HDC document, const PictureSize* part)
 {
-    constexpr double HundredthsPerMillimetre = 100;
-    const Sheet& sheet = page.sheet();
-    GdiDocumentOptions options;
-    options.kind = kind;
-    options.dpi = ownDotsPerInch(sheet);
-    options.pictureDpi = dpi;
-    options.pageWidth = static_cast<double>(sheet.width) / HundredthsPerMillimetre;
-    options.pageHeight = static_cast<double>(sheet.height) / HundredthsPerMillimetre;
-    const std::unique_ptr<std::remove_pointer_t<HDC>, EndDevice> device(gdiCreateDocument(&options));
-    if (device == nullptr) {
-        return false;
-    }
-    outcome = Outcome::Failed;
     const std::string& temporary = output.create();
+    if (temporary.empty()) {
+        return Outcome::Failed;
+    }
     DOCINFOA info{};
     info.cbSize = sizeof(info);
     info.lpszOutput = temporary.c_str();
-    if (temporary.empty()) {
-        return true;
+    if (StartDocA(document, &info) <= 0 || StartPage(document) <= 0) {
+        return job.fail("the page can't be begun");
     }
-    if (StartDocA(device.get(), &info) <= 0 || StartPage(device.get()) <= 0) {
-        outcome = job.fail("the page can't be begun");
-    } else if (!playOver(device.get(), page)) {
-        outcome = failOfPlayback(job);
-    } else if (EndPage(device.get()) <= 0 || EndDoc(device.get()) <= 0) {
-        outcome = job.fail("the page can't be written");
-    } else {
-        outcome = output.commit();
+    if (!playOver(document, page, part)) {
+        return failOfPlayback(job);
     }
-    return true;
+    return EndPage(document) > 0 && EndDoc(document) > 0 ? output.commit()
+                                                         : job.fail("the page can't be written");
 }
 
 // One page, where each file has an output of its own.
@@ -149,12 +139,48 @@ Outcome playToDocument(FileJob& job, PlayedPage& page, OutputFile& output, const
     return problem.empty() ? output.commit() : job.fail(problem);
 }
 
+Device smoothPicture(const PlayedPage& page, const PictureSize& size, GdiDocumentKind kind, int quality)
+{
+    GdiDocumentOptions options;
+    options.kind = kind;
+    options.dpi = ownDotsPerInch(page.sheet());
+    options.pictureDpi = size.dotsPerInch;
+    options.pageWidth = size.millimetresWide;
+    options.pageHeight = size.millimetresHigh;
+    options.quality = quality;
+    return Device(gdiCreateDocument(&options));
+}
+
+Outcome failOfCrop(FileJob& job)
+{
+    return job.fail("has nothing in the part that --crop names");
+}
+
+// On systems without smooth pictures, of pixels.
 Outcome playToPicture(FileJob& job, PlayedPage& page, OutputFile& output, const PlayOptions& options)
 {
-    Outcome outcome = Outcome::Failed;
-    return !options.pixels && playAlone(job, page, output, GdiDocumentKind::Picture, options.dpi, outcome)
-               ? outcome
-               : playToPixels(job, page, output, options.dpi);
+    const std::optional<PictureSize> size = pictureSizeOf(page.sheet(), options.picture);
+    if (!size) {
+        return failOfCrop(job);
+    }
+    const Device document =
+        options.pixels ? nullptr : smoothPicture(page, *size, GdiDocumentKind::Picture, 0);
+    return document != nullptr ? playAlone(job, page, output, document.get(), &*size)
+                               : playToPixels(job, page, output, *size);
+}
+
+Outcome playToJpeg(FileJob& job, PlayedPage& page, OutputFile& output, const PlayOptions& options)
+{
+    const std::optional<PictureSize> size = pictureSizeOf(page.sheet(), options.picture);
+    if (!size) {
+        return failOfCrop(job);
+    }
+    const Device document = smoothPicture(page, *size, GdiDocumentKind::Jpeg, options.picture.quality);
+    if (document != nullptr) {
+        return playAlone(job, page, output, document.get(), &*size);
+    }
+    return GetLastError() == ERROR_NOT_SUPPORTED ? job.fail("JPEG is not made on this system")
+                                                 : failOfSize(job, *size);
 }
 
 // A stored page again, or the form for viewers, the only one that a metafile has.
@@ -163,10 +189,15 @@ Outcome playToSvg(FileJob& job, PlayedPage& page, OutputFile& output, const Play
     if (!page.isMetafile() && !options.plain) {
         return playToText(job, page, output, CSurfaceSVG());
     }
-    Outcome outcome = Outcome::Failed;
-    return playAlone(job, page, output, GdiDocumentKind::Svg, 0, outcome)
-               ? outcome
-               : job.fail("SVG for viewers is not made on this system");
+    constexpr double HundredthsPerMillimetre = 100;
+    GdiDocumentOptions document;
+    document.kind = GdiDocumentKind::Svg;
+    document.dpi = ownDotsPerInch(page.sheet());
+    document.pageWidth = static_cast<double>(page.sheet().width) / HundredthsPerMillimetre;
+    document.pageHeight = static_cast<double>(page.sheet().height) / HundredthsPerMillimetre;
+    const Device device(gdiCreateDocument(&document));
+    return device != nullptr ? playAlone(job, page, output, device.get(), nullptr)
+                             : job.fail("SVG for viewers is not made on this system");
 }
 
 struct Format {
@@ -182,6 +213,8 @@ constexpr Format Formats[] = {
     {".ps", false, playToPostScript},
     {".emf", true, playToMetafile},
     {PictureEnding, true, playToPicture},
+    {".jpg", true, playToJpeg},
+    {".jpeg", true, playToJpeg},
     {DocumentEnding, true, playToDocument},
 };
 
@@ -215,15 +248,18 @@ bool isDocument(const std::string& output)
     return format != nullptr && format->ending == DocumentEnding;
 }
 
-std::string problemOfPlayOutput(const std::string& output, bool dpiGiven)
+std::string problemOfPlayOutput(const std::string& output, const std::string& pictureOption)
 {
     const Format* const format = formatOf(output);
     if (format == nullptr) {
-        return std::string(output).append(" has none of the endings .pdf, .png, .svg, .ps and .emf");
+        return std::string(output).append(" has none of the endings .pdf, .png, .jpg, .svg, .ps and .emf");
     }
-    return dpiGiven && format->ending != PictureEnding
-               ? std::string("--dpi is for .png only: ").append(output).append(" has no pixels")
-               : std::string();
+    const bool isPicture = format->play == playToPicture || format->play == playToJpeg;
+    return !pictureOption.empty() && !isPicture ? std::string(pictureOption)
+                                                      .append(" is for .png and .jpg only: ")
+                                                      .append(output)
+                                                      .append(" has no pixels")
+                                                : std::string();
 }
 
 Outcome playCommand(FileJob& job, const PlayOptions& options)

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "JsonLine.h"
 #include "PageInventory.h"
 #include "commands.h"
 #include "utf8Text.h"
@@ -16,7 +17,7 @@ bool isReadBefore(const PlacedText& first, const PlacedText& second)
 
 } // namespace
 
-Outcome textCommand(FileJob& job)
+Outcome textCommand(FileJob& job, bool json)
 {
     std::optional<StoredPage> page = readPage(job);
     if (!page) {
@@ -24,8 +25,14 @@ Outcome textCommand(FileJob& job)
     }
     PageInventory inventory = inventoryOf(*page);
     std::stable_sort(inventory.texts.begin(), inventory.texts.end(), isReadBefore);
-    for (const PlacedText& text : inventory.texts) {
-        job.printLine(utf8Line(text.text));
+    if (json) {
+        Json object = jsonOf(job);
+        object["texts"] = jsonOf(inventory.texts);
+        printJson(job, object);
+    } else {
+        for (const PlacedText& text : inventory.texts) {
+            job.printLine(utf8Line(text.text));
+        }
     }
     return inventory.damage.empty() ? Outcome::Done : job.fail(inventory.damage);
 }

@@ -66,9 +66,9 @@ std::string contentsOf(const metafile::Record& record)
     if (record.type == EMR_GDICOMMENT) {
         return commentOf(record);
     }
-    if (const std::optional<std::string> font = fontOf(record)) {
+    if (const std::optional<PageFont> font = fontOf(record)) {
         const DWORD index = record.field<DWORD>(sizeof(EMR)).value_or(0);
-        return std::to_string(index).append(" ").append(*font);
+        return std::to_string(index).append(" ").append(font->inWords());
     }
     std::string text;
     for (const PlacedText& placed : textsOf(record)) {

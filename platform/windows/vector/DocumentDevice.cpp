@@ -9,6 +9,7 @@
 #include <ctime>
 #include <utility>
 
+#include "JpegPicture.h"
 #include "SvgPage.h"
 
 namespace wingdi {
@@ -148,7 +149,7 @@ bool DocumentDevice::isSound() const
 
 bool DocumentDevice::startPage()
 {
-    const bool isPicture = m_kind == GdiDocumentKind::Picture;
+    const bool isPicture = this->isPicture();
     if (m_state != State::Document || (m_kind != GdiDocumentKind::Pdf && m_pages > 0)) {
         return false;
     }
@@ -231,6 +232,10 @@ bool DocumentDevice::writeDocument()
             },
             this);
         return true;
+    case GdiDocumentKind::Jpeg: {
+        const JpegPicture picture(m_surface.get(), m_options.quality);
+        return !picture.bytes().empty() && m_sink->write(picture.bytes());
+    }
     case GdiDocumentKind::Svg:
         return m_sink->write({reinterpret_cast<const unsigned char*>(m_svg.data()), m_svg.size()});
     }
@@ -259,6 +264,11 @@ void DocumentDevice::close()
     m_state = State::Idle;
 }
 
+bool DocumentDevice::isPicture() const
+{
+    return m_kind == GdiDocumentKind::Picture || m_kind == GdiDocumentKind::Jpeg;
+}
+
 double DocumentDevice::pictureDotsPerInch() const
 {
     return m_options.pictureDpi > 0 ? m_options.pictureDpi : m_pageDotsPerInch;
@@ -271,15 +281,16 @@ bool DocumentDevice::setNextPage(double width, double height, int dotsPerInch)
         return length > 0 && length <= LargestPage;
     };
     if (!isLength(width) || !isLength(height) || dotsPerInch < 0 || dotsPerInch > MostDotsPerInch ||
-        m_options.pictureDpi < 0 || m_options.pictureDpi > MostDotsPerInch) {
+        m_options.pictureDpi < 0 || m_options.pictureDpi > MostDotsPerInch ||
+        std::isnan(m_options.pictureDpi)) {
         return false;
     }
     const int seen = dotsPerInch > 0 ? dotsPerInch : m_pageDotsPerInch;
     const double units = seen / MillimetersPerInch;
     const double pixels = (m_options.pictureDpi > 0 ? m_options.pictureDpi : seen) / MillimetersPerInch;
     const double smallest = std::min(units, pixels) * std::min(width, height);
-    if (smallest < 1 ||
-        (m_kind == GdiDocumentKind::Picture && width * pixels * height * pixels > MostPixels)) {
+    if (smallest < 1 || (isPicture() && width * pixels * height * pixels > MostPixels) ||
+        (m_kind == GdiDocumentKind::Jpeg && pixels * std::max(width, height) > JpegPicture::LongestSide)) {
         return false;
     }
     m_pageWidth = width;

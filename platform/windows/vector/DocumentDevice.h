@@ -39,6 +39,7 @@ private:
 
     bool openSurface();
     bool writeDocument();
+    bool isPicture() const;
     double pictureDotsPerInch() const;
     void setMetadata(const char* name);
     void enterTitles(bool pageIsThere);

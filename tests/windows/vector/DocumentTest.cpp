@@ -108,7 +108,7 @@ TEST_F(Document, RefusesSizesThatItCannotHave)
         double width;
         double height;
         int dpi;
-        int pictureDpi;
+        double pictureDpi;
         GdiDocumentKind kind;
     } cases[] = {
         {0, 10, 96, 0, GdiDocumentKind::Pdf},
@@ -120,6 +120,8 @@ TEST_F(Document, RefusesSizesThatItCannotHave)
         {1000, 1000, 600, 0, GdiDocumentKind::Picture},
         {1000, 1000, 96, 9600, GdiDocumentKind::Picture},
         {0.1, 10, 96, 0, GdiDocumentKind::Picture},
+        {10, 10, 96, std::numeric_limits<double>::quiet_NaN(), GdiDocumentKind::Picture},
+        {5000, 10, 400, 0, GdiDocumentKind::Jpeg}, // wider than its format can be
     };
     for (const auto& entry : cases) {
         GdiDocumentOptions options;
